@@ -1,0 +1,72 @@
+#include "DesktopSupport/DisplayableText.h"
+
+#include <algorithm>
+
+#include "DesktopSupport/GLibHandles.h"
+
+namespace DesktopSupport {
+
+namespace {
+
+bool becomesSpace(gunichar character) {
+  const bool lineSeparator = character == 0x85 || character == 0x2028 || character == 0x2029;
+  return (character >= '\t' && character <= '\r') || lineSeparator;
+}
+
+// Cuts the first character off a text that is valid UTF-8; CR LF is one.
+std::string_view takeCharacter(std::string_view& text) {
+  const std::size_t length = static_cast<unsigned char>(g_utf8_skip[static_cast<unsigned char>(text.front())]);
+  const std::string_view character = text.substr(0, text.starts_with("\r\n") ? 2 : length);
+  text.remove_prefix(character.size());
+  return character;
+}
+
+void append(std::string& line, std::string_view character) {
+  const gunichar value = g_utf8_get_char_validated(character.data(), std::ssize(character));
+  if (becomesSpace(value))
+    line += ' ';
+  else if (g_unichar_type(value) != G_UNICODE_CONTROL)
+    line += character;
+}
+
+CharsHandle validUtf8(std::string_view text) {
+  std::string withoutNul(text);
+  std::erase(withoutNul, '\0');
+  return CharsHandle(g_utf8_make_valid(withoutNul.data(), static_cast<gssize>(withoutNul.size())));
+}
+
+}  // namespace
+
+std::string displayable(std::string_view text) {
+  const CharsHandle valid = validUtf8(text);
+  std::string_view rest = valid.get();
+  std::string line;
+  line.reserve(rest.size());
+  while (!rest.empty())
+    append(line, takeCharacter(rest));
+  return line;
+}
+
+bool isDisplayable(std::string_view text) {
+  return displayable(text) == text;
+}
+
+std::string utf8FromLatin1(std::string_view bytes) {
+  std::string text;
+  text.reserve(bytes.size());
+  for (const char byte : bytes) {
+    const auto value = static_cast<unsigned char>(byte);
+    if (value >= 0x80)
+      text += static_cast<char>(0xC0 | value >> 6);
+    text += static_cast<char>(value >= 0x80 ? 0x80 | (value & 0x3F) : value);
+  }
+  return text;
+}
+
+std::string lowerCase(std::string_view text) {
+  const CharsHandle valid = validUtf8(text);
+  const CharsHandle lower(g_utf8_strdown(valid.get(), -1));
+  return lower.get();
+}
+
+}  // namespace DesktopSupport

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace DesktopSupport {
+
+/// The text as one line of valid UTF-8: a line break (LF, CR, CR LF as one, VT, FF, NEL, U+2028, U+2029) or tab becomes
+/// a space, other control characters (NUL among them) are dropped, and each byte that is not UTF-8 becomes U+FFFD.
+std::string displayable(std::string_view text);
+
+/// Whether the text is already as `displayable` would make it. Asked of paths, which cannot be changed and still be
+/// true.
+bool isDisplayable(std::string_view text);
+
+/// The text as UTF-8, given its bytes in ISO 8859-1.
+std::string utf8FromLatin1(std::string_view bytes);
+
+/// The text with its upper-case letters as lower-case ones, in the manner of no particular language.
+std::string lowerCase(std::string_view text);
+
+}  // namespace DesktopSupport

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <unistd.h>
+
+namespace DesktopSupport {
+
+/// Owns a file descriptor and closes it at the end of its scope.
+class FileDescriptor {
+ public:
+  explicit FileDescriptor(int number) : number_(number) {}
+  FileDescriptor(const FileDescriptor&) = delete;
+  FileDescriptor& operator=(const FileDescriptor&) = delete;
+  ~FileDescriptor() {
+    if (isOpen())
+      close(number_);
+  }
+
+  /// False where opening it failed.
+  [[nodiscard]] bool isOpen() const { return number_ >= 0; }
+  [[nodiscard]] int number() const { return number_; }
+
+ private:
+  int number_;
+};
+
+}  // namespace DesktopSupport

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <memory>
+
+#include <gio/gio.h>
+
+namespace DesktopSupport {
+
+/// Deleter that hands the pointer to the C function `release`.
+template <auto release>
+struct ReleasedBy {
+  template <typename T>
+  void operator()(T* pointer) const {
+    release(pointer);
+  }
+};
+
+/// Owners of GLib's things: each gives up its one reference, or frees the memory, at the end of its scope.
+template <typename T>
+using ObjectHandle = std::unique_ptr<T, ReleasedBy<g_object_unref>>;
+using VariantHandle = std::unique_ptr<GVariant, ReleasedBy<g_variant_unref>>;
+using ErrorHandle = std::unique_ptr<GError, ReleasedBy<g_error_free>>;
+using CharsHandle = std::unique_ptr<gchar, ReleasedBy<g_free>>;
+using StringsHandle = std::unique_ptr<gchar*, ReleasedBy<g_strfreev>>;
+using MainContextHandle = std::unique_ptr<GMainContext, ReleasedBy<g_main_context_unref>>;
+using MainLoopHandle = std::unique_ptr<GMainLoop, ReleasedBy<g_main_loop_unref>>;
+using NodeInfoHandle = std::unique_ptr<GDBusNodeInfo, ReleasedBy<g_dbus_node_info_unref>>;
+
+/// Lets a C function fill a handle through its `T**` parameter: `f(…, Out(error))`. The handle has its new pointer
+/// after the full expression.
+template <typename Handle>
+class Out {
+ public:
+  explicit Out(Handle& handle) : handle_(handle) {}
+  Out(const Out&) = delete;
+  Out& operator=(const Out&) = delete;
+  ~Out() { handle_.reset(pointer_); }
+
+  operator typename Handle::pointer *() { return &pointer_; }
+
+ private:
+  Handle& handle_;
+  typename Handle::pointer pointer_ = nullptr;
+};
+
+/// A further owner of the GObject that `object` points to.
+template <typename T>
+ObjectHandle<T> shared(T* object) {
+  g_object_ref(object);
+  return ObjectHandle<T>(object);
+}
+
+/// Owns a variant that was just made (and is still floating).
+inline VariantHandle owned(GVariant* variant) {
+  return VariantHandle(g_variant_ref_sink(variant));
+}
+
+}  // namespace DesktopSupport

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace DesktopSupport {
+
+/// One group of a key file ("[Desktop Entry]" and the lines below it), as desktop entries and sandboxes' information
+/// files have them. Keys and values are views into the text that was read.
+class KeyFileGroup {
+ public:
+  /// Reads the group called `name`; the groups behind it are not looked at. None where there is no such group or a line
+  /// up to its end is neither a comment, a group's heading nor a key with a value.
+  static std::optional<KeyFileGroup> parse(std::string_view text, std::string_view name);
+
+  /// The value of `key` with its escapes (\s \n \t \r \\) resolved. None where the key is missing or its value is not
+  /// UTF-8.
+  [[nodiscard]] std::optional<std::string> text(std::string_view key) const;
+
+  /// The value of `key` in the user's language (LANGUAGE, LC_ALL, LC_MESSAGES, LANG), else the untranslated one.
+  [[nodiscard]] std::optional<std::string> localizedText(std::string_view key) const;
+
+  /// Whether the value of `key` is "true".
+  [[nodiscard]] bool isTrue(std::string_view key) const;
+
+ private:
+  [[nodiscard]] std::optional<std::string_view> value(std::string_view key) const;
+
+  std::vector<std::pair<std::string_view, std::string_view>> values_;
+};
+
+}  // namespace DesktopSupport

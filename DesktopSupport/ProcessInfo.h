@@ -1,0 +1,43 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace DesktopSupport {
+
+/// What /proc tells about a process. Everything is read when asked for, and what cannot be read, as the process is gone
+/// or belongs to somebody else, is absent. A process that is not known at all has nothing.
+class ProcessInfo {
+ public:
+  explicit ProcessInfo(std::optional<pid_t> pid, const std::filesystem::path& processes = "/proc");
+
+  [[nodiscard]] std::optional<pid_t> pid() const { return pid_; }
+
+  /// The path of the program that runs, also where its file was replaced meanwhile.
+  [[nodiscard]] std::optional<std::filesystem::path> executable() const;
+
+  /// The command line, the program's name included; empty where it cannot be read.
+  [[nodiscard]] std::vector<std::string> arguments() const;
+
+  /// The variable's value at the start of the program.
+  [[nodiscard]] std::optional<std::string> environment(std::string_view variable) const;
+
+  /// The text that lists the control groups of the process, one a line; empty where it cannot be read.
+  [[nodiscard]] std::string controlGroups() const;
+
+  /// The application id of the Flatpak sandbox in which the process runs.
+  [[nodiscard]] std::optional<std::string> flatpakId() const;
+
+ private:
+  [[nodiscard]] std::optional<std::string> contents(const std::filesystem::path& file) const;
+
+  std::optional<pid_t> pid_;
+  std::filesystem::path folder_;
+};
+
+}  // namespace DesktopSupport

@@ -1,0 +1,77 @@
+#include "DesktopSupport/SessionBus.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <limits>
+#include <utility>
+
+namespace DesktopSupport {
+
+namespace {
+
+// GIO would start a bus of its own through dbus-launch where it finds none.
+bool isRunning() {
+  if (std::getenv("DBUS_SESSION_BUS_ADDRESS") != nullptr)
+    return true;
+  const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
+  std::error_code ignored;
+  return runtimeFolder != nullptr && std::filesystem::exists(std::filesystem::path(runtimeFolder) / "bus", ignored);
+}
+
+std::string nameOf(const GError& error) {
+  if (g_error_matches(&error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) != FALSE)
+    return std::string(BusErrorName::timeout);
+  if (g_error_matches(&error, G_IO_ERROR, G_IO_ERROR_CLOSED) != FALSE)
+    return std::string(BusErrorName::disconnected);
+  const CharsHandle remoteName(g_dbus_error_get_remote_error(&error));
+  if (remoteName)
+    return remoteName.get();
+  const CharsHandle name(g_dbus_error_encode_gerror(&error));
+  return name.get();
+}
+
+int millisecondsFor(std::chrono::milliseconds timeout) {
+  constexpr auto longest = std::numeric_limits<int>::max() - 1;
+  return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(timeout.count(), 0, longest));
+}
+
+}  // namespace
+
+BusError busErrorFrom(const GError& error) {
+  const ErrorHandle copy(g_error_copy(&error));
+  g_dbus_error_strip_remote_error(copy.get());
+  return {.name = nameOf(error), .message = copy->message};
+}
+
+std::expected<SessionBus, BusError> SessionBus::connect() {
+  if (!isRunning())
+    return std::unexpected(BusError{std::string(BusErrorName::noServer), "There is no session bus."});
+  ErrorHandle error;
+  ObjectHandle<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, Out(error)));
+  if (!connection)
+    return std::unexpected(BusError{std::string(BusErrorName::noServer), error->message});
+  g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
+  return SessionBus(std::move(connection));
+}
+
+std::expected<VariantHandle, BusError> SessionBus::call(const BusMethod& method, GVariant* arguments,
+                                                        const GVariantType* replyType,
+                                                        std::chrono::milliseconds timeout) const {
+  ErrorHandle error;
+  VariantHandle reply(g_dbus_connection_call_sync(
+      connection_.get(), method.destination.c_str(), method.path.c_str(), method.interface.c_str(), method.name.c_str(),
+      arguments, replyType, G_DBUS_CALL_FLAGS_NO_AUTO_START, millisecondsFor(timeout), nullptr, Out(error)));
+  if (!reply)
+    return std::unexpected(busErrorFrom(*error));
+  return reply;
+}
+
+std::expected<VariantHandle, BusError> busString(const std::string& text) {
+  if (g_utf8_validate_len(text.data(), text.size(), nullptr) == FALSE)
+    return std::unexpected(
+        BusError{std::string(BusErrorName::invalidArguments), "The text cannot be sent over D-Bus."});
+  return owned(g_variant_new_string(text.c_str()));
+}
+
+}  // namespace DesktopSupport

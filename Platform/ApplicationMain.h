@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "Platform/ApplicationDelegate.h"
+
+namespace Platform {
+
+using MakeApplicationDelegate = std::function<std::unique_ptr<ApplicationDelegate>()>;
+
+/// The application main routine (NSApplicationMain): installs this desktop's services, makes the delegate, delivers the
+/// launch URLs, and runs until the application terminates. Takes the process's arguments and yields its exit status;
+/// each desktop supplies one.
+int applicationMain(int argumentCount, char** arguments, const MakeApplicationDelegate& makeDelegate);
+
+}  // namespace Platform

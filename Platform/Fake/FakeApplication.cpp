@@ -1,0 +1,36 @@
+#include "Platform/Fake/FakeApplication.h"
+
+#include <utility>
+
+namespace Platform::Fake {
+
+FakeApplication::FakeApplication(AppleEventManager& appleEvents, NotificationCenter& notifications)
+    : appleEvents_(appleEvents), notifications_(notifications) {}
+
+void FakeApplication::terminate() {
+  ++terminateRequests;
+  if (!delivering_)
+    postWillTerminateOnce();
+}
+
+void FakeApplication::deliver(std::string launchURL) {
+  delivering_ = true;
+  appleEvents_.dispatch(AppleEvent::getURL(std::move(launchURL)));
+  delivering_ = false;
+  if (terminateRequests > 0)
+    postWillTerminateOnce();
+}
+
+void FakeApplication::finishLaunching() {
+  if (terminateRequests == 0)
+    notifications_.post({applicationDidFinishLaunchingNotification, this});
+}
+
+void FakeApplication::postWillTerminateOnce() {
+  if (terminations > 0)
+    return;
+  ++terminations;
+  notifications_.post({applicationWillTerminateNotification, this});
+}
+
+}  // namespace Platform::Fake

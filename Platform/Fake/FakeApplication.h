@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "Platform/AppleEventManager.h"
+#include "Platform/Application.h"
+
+namespace Platform::Fake {
+
+/// An application that lives and ends when the test says so.
+class FakeApplication : public Application {
+ public:
+  FakeApplication(AppleEventManager& appleEvents, NotificationCenter& notifications);
+
+  /// Counts the request. The will-terminate notification is posted by `deliver` behind the launch URL, or at once where
+  /// none is being delivered.
+  void terminate() override;
+
+  /// Delivers a launch URL as the desktop would, and ends the application behind it where it asked for that.
+  void deliver(std::string launchURL);
+
+  /// Posts the finished-launching notification, unless the application has been asked to terminate.
+  void finishLaunching();
+
+  /// How often `terminate` was called.
+  int terminateRequests = 0;
+  /// How often the will-terminate notification was posted.
+  int terminations = 0;
+
+ private:
+  void postWillTerminateOnce();
+
+  AppleEventManager& appleEvents_;
+  NotificationCenter& notifications_;
+  bool delivering_ = false;
+};
+
+}  // namespace Platform::Fake

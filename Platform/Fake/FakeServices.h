@@ -1,0 +1,80 @@
+#pragma once
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Platform/Fake/FakeApplication.h"
+#include "Platform/Fake/FakeScriptEngine.h"
+#include "Platform/Services.h"
+
+namespace Platform::Fake {
+
+/// Notes the URLs that are opened.
+class FakeWorkspace : public Workspace {
+ public:
+  void open(const URL& url) override { opened.push_back(url.absoluteString()); }
+
+  std::vector<std::string> opened;
+};
+
+/// Notes the alerts that are shown; each is dismissed at once.
+class FakeAlerts : public Alerts {
+ public:
+  void runModal(const Alert& alert) override { shown.push_back(alert); }
+
+  std::vector<Alert> shown;
+};
+
+/// A bundle that is where the test says.
+class FakeBundle : public Bundle {
+ public:
+  [[nodiscard]] std::filesystem::path path() const override { return bundlePath; }
+  [[nodiscard]] std::optional<std::string> identifier() const override { return bundleIdentifier; }
+
+  std::filesystem::path bundlePath = "/plugins/com.example.Plugin";
+  std::optional<std::string> bundleIdentifier = "com.example.Plugin";
+};
+
+/// Translations that the test has made.
+class FakeStrings : public Strings {
+ public:
+  [[nodiscard]] std::string localized(std::string_view key, std::string_view comment) const override;
+
+  /// The translation of a key; a key that has none is its own.
+  std::map<std::string, std::string, std::less<>> translations;
+  /// The comments that went with the keys looked up.
+  mutable std::map<std::string, std::string, std::less<>> comments;
+};
+
+/// Notes what is logged.
+class FakeLog : public Log {
+ public:
+  void write(std::string_view message) override { messages.emplace_back(message); }
+
+  std::vector<std::string> messages;
+};
+
+/// A whole desktop of fakes, for testing what runs on `Platform` without one. It is the ambient one for as long as it
+/// lives; its fields record what was asked of it and can be told what to answer.
+class FakeServices {
+ public:
+  AppleEventManager appleEvents;
+  NotificationCenter notifications;
+  FakeApplication application{appleEvents, notifications};
+  FakeScriptEngine scripts;
+  FakeWorkspace workspace;
+  FakeAlerts alerts;
+  FakeBundle bundle;
+  FakeStrings strings;
+  FakeLog log;
+  /// What `services()` yields; a test may take the application away.
+  Services services{&application, appleEvents, notifications, scripts, workspace, alerts, bundle, strings, log};
+
+ private:
+  ServicesInstallation installation_{services};
+};
+
+}  // namespace Platform::Fake

@@ -1,0 +1,19 @@
+#include "Platform/FatalError.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace Platform {
+
+void fatalError(std::string_view message, std::source_location where) {
+  std::string_view file = where.file_name();
+  file.remove_prefix(file.rfind('/') + 1);
+
+  std::string line = "Fatal error: ";
+  line.append(message).append(": file ").append(file).append(", line ").append(std::to_string(where.line())) += '\n';
+  std::fputs(line.c_str(), stderr);
+  std::abort();
+}
+
+}  // namespace Platform

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Platform {
+
+/// The names of the notifications that the application posts about itself.
+inline constexpr std::string_view applicationDidFinishLaunchingNotification =
+    "NSApplicationDidFinishLaunchingNotification";
+inline constexpr std::string_view applicationWillTerminateNotification = "NSApplicationWillTerminateNotification";
+
+/// Something that happened, and to whom (NSNotification). `object` is only compared, never used.
+struct Notification {
+  std::string_view name;
+  const void* object = nullptr;
+};
+
+/// Tells observers what has happened, synchronously and in the order in which they came (NSNotificationCenter). For the
+/// main thread alone.
+class NotificationCenter {
+ public:
+  using Observer = std::function<void(const Notification&)>;
+  enum class Token : std::uint64_t {};
+
+  /// Calls `observer` for every notification of this name that `object` posts, or that anyone posts where `object` is
+  /// null. The token ends the observation; dropping it does not.
+  Token addObserver(std::string_view name, const void* object, Observer observer);
+
+  /// Ends an observation. Does nothing for one that has ended.
+  void removeObserver(Token token);
+
+  /// Calls the observers of this notification. One that is removed meanwhile is not called any more, one that is added
+  /// meanwhile is not called yet.
+  void post(const Notification& notification);
+
+ private:
+  struct Entry {
+    Token token;
+    std::string name;
+    const void* object;
+    Observer observer;
+  };
+
+  [[nodiscard]] const Entry* find(Token token) const;
+
+  std::vector<Entry> entries_;
+  std::uint64_t lastToken_ = 0;
+};
+
+}  // namespace Platform

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace Platform {
+
+/// The texts of the main bundle in the user's language (NSLocalizedString).
+class Strings {
+ public:
+  virtual ~Strings() = default;
+
+  /// The translation of `key`, or the key itself where there is none. `comment` is for translators.
+  [[nodiscard]] virtual std::string localized(std::string_view key, std::string_view comment) const = 0;
+};
+
+}  // namespace Platform

@@ -1,0 +1,73 @@
+#include <gtest/gtest.h>
+
+#include "DesktopSupport/ApplicationUnit.h"
+
+namespace {
+
+using DesktopSupport::ApplicationUnit;
+using DesktopSupport::snapId;
+
+std::optional<ApplicationUnit> unitIn(const std::string& path) {
+  return ApplicationUnit::find("0::" + path + '\n');
+}
+
+TEST(ApplicationUnit, OfAScopeHasLauncherIdAndProcess) {
+  const auto unit = unitIn("/user.slice/user@1000.service/app.slice/app-gnome-org.gnome.Terminal-4242.scope");
+  ASSERT_TRUE(unit);
+  EXPECT_EQ(unit->launcher, "gnome");
+  EXPECT_EQ(unit->applicationId, "org.gnome.Terminal");
+  EXPECT_EQ(unit->random, "4242");
+}
+
+TEST(ApplicationUnit, MayHaveNoLauncher) {
+  const auto unit = unitIn("/app.slice/app-org.kde.konsole-8a1b.scope");
+  ASSERT_TRUE(unit);
+  EXPECT_EQ(unit->launcher, "");
+  EXPECT_EQ(unit->applicationId, "org.kde.konsole");
+}
+
+TEST(ApplicationUnit, OfAServiceHasItsInstanceBehindAnAt) {
+  const auto unit = unitIn("/app.slice/app-gnome-org.example.Files@12ab.service");
+  ASSERT_TRUE(unit);
+  EXPECT_EQ(unit->applicationId, "org.example.Files");
+  EXPECT_EQ(unit->random, "12ab");
+  EXPECT_EQ(unitIn("/app.slice/app-org.example.Files.service")->applicationId, "org.example.Files");
+}
+
+TEST(ApplicationUnit, HasItsIdUnescaped) {
+  EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-debian\x2dxterm-1.scope)")->applicationId, "debian-xterm");
+  EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-a\xzz-1.scope)")->applicationId, R"(a\xzz)");
+  EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-a\x2-1.scope)")->applicationId, R"(a\x2)");
+}
+
+TEST(ApplicationUnit, IsTheInnermost) {
+  EXPECT_EQ(unitIn("/app-gnome-outer-1.scope/app-gnome-inner-2.scope/deeper")->applicationId, "inner");
+}
+
+TEST(ApplicationUnit, IsFoundInWhicheverHierarchyHasIt) {
+  const auto unit = ApplicationUnit::find("12:cpu:/\n1:name=systemd:/app-gnome-a-1.scope\n0::/\n");
+  ASSERT_TRUE(unit);
+  EXPECT_EQ(unit->applicationId, "a");
+}
+
+TEST(ApplicationUnit, IsNoneInOtherUnits) {
+  for (const char* path : {"", "/", "/init.scope", "/user.slice/session-2.scope", "/app.slice", "/app-a-b.slice",
+                           "/app.slice/vte-spawn-1.scope", "/app.slice/dbus.service", "/app-.scope"})
+    EXPECT_FALSE(unitIn(path)) << path;
+  EXPECT_FALSE(ApplicationUnit::find(""));
+  EXPECT_FALSE(ApplicationUnit::find("rubbish"));
+}
+
+TEST(SnapId, JoinsSnapAndApplication) {
+  EXPECT_EQ(snapId("0::/app.slice/snap.firefox.firefox-0a1b2c3d-0011-2233-4455-66778899aabb.scope\n"),
+            "firefox_firefox");
+  EXPECT_EQ(snapId("0::/app.slice/snap.code.url-handler.1234.scope\n"), "code_url-handler");
+}
+
+TEST(SnapId, IsNoneElsewhere) {
+  EXPECT_EQ(snapId("0::/app.slice/app-gnome-a-1.scope\n"), std::nullopt);
+  EXPECT_EQ(snapId("0::/system.slice/snap.firefox.mount\n"), std::nullopt);
+  EXPECT_EQ(snapId("0::/snap.firefox.scope\n"), std::nullopt);
+}
+
+}  // namespace

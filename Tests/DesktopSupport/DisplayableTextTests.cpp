@@ -1,0 +1,92 @@
+#include <gtest/gtest.h>
+
+#include "DesktopSupport/DisplayableText.h"
+
+namespace {
+
+using namespace std::string_view_literals;
+using DesktopSupport::displayable;
+using DesktopSupport::isDisplayable;
+using DesktopSupport::lowerCase;
+using DesktopSupport::utf8FromLatin1;
+
+TEST(DisplayableText, LeavesOrdinaryTextAsItIs) {
+  EXPECT_EQ(displayable("Größe – 日本語 🙂"), "Größe – 日本語 🙂");
+  EXPECT_EQ(displayable(""), "");
+}
+
+TEST(DisplayableText, TurnsEveryKindOfLineBreakIntoOneSpace) {
+  EXPECT_EQ(displayable("a\nb"), "a b");
+  EXPECT_EQ(displayable("a\rb"), "a b");
+  EXPECT_EQ(displayable("a\r\nb"), "a b");
+  EXPECT_EQ(displayable("a\vb\fc"), "a b c");
+  EXPECT_EQ(displayable("a\u0085b"), "a b");
+  EXPECT_EQ(displayable("a\u2028b\u2029c"), "a b c");
+}
+
+TEST(DisplayableText, CountsLineBreaksOneByOne) {
+  EXPECT_EQ(displayable("a\n\nb"), "a  b");
+  EXPECT_EQ(displayable("a\n\rb"), "a  b");
+  EXPECT_EQ(displayable("\r\n\r\n"), "  ");
+  EXPECT_EQ(displayable("a\r"), "a ");
+}
+
+TEST(DisplayableText, TurnsTabsIntoSpaces) {
+  EXPECT_EQ(displayable("a\tb"), "a b");
+}
+
+TEST(DisplayableText, DropsOtherControlCharacters) {
+  EXPECT_EQ(displayable("a\x01\x1b[1mb\x7f"), "a[1mb");
+  EXPECT_EQ(displayable("a\u009bb"), "ab");
+}
+
+TEST(DisplayableText, DropsNulAndKeepsWhatFollows) {
+  EXPECT_EQ(displayable("a\0b\0"sv), "ab");
+}
+
+TEST(DisplayableText, ReplacesEachByteThatIsNotUtf8) {
+  EXPECT_EQ(displayable("a\xff"), "a\uFFFD");
+  EXPECT_EQ(displayable("\xc3"), "\uFFFD");
+  EXPECT_EQ(displayable("\xe2\x82 x"), "\uFFFD\uFFFD x");
+  EXPECT_EQ(displayable("Caf\xe9 Bar"), "Caf\uFFFD Bar");
+}
+
+TEST(DisplayableText, ReplacesOverlongFormsAndSurrogates) {
+  EXPECT_EQ(displayable("\xc0\x8a").find('\n'), std::string::npos);
+  EXPECT_EQ(displayable("\xed\xa0\x80"), "\uFFFD\uFFFD\uFFFD");
+}
+
+TEST(DisplayableText, PassesTextOfAnyLength) {
+  const std::string text(1 << 20, 'x');
+  EXPECT_EQ(displayable(text), text);
+}
+
+TEST(DisplayableText, ChangesNothingTheSecondTime) {
+  const std::string once = displayable("a\r\nb\x01\xff\u2028");
+  EXPECT_EQ(displayable(once), once);
+  EXPECT_TRUE(isDisplayable(once));
+}
+
+TEST(DisplayableText, TellsTextThatNeedsNoChange) {
+  EXPECT_TRUE(isDisplayable("/usr/bin/größe"));
+  EXPECT_FALSE(isDisplayable("/tmp/a\nb"));
+  EXPECT_FALSE(isDisplayable("/tmp/\xff"));
+  EXPECT_FALSE(isDisplayable("a\0"sv));
+}
+
+TEST(DisplayableText, ReadsLatin1) {
+  EXPECT_EQ(utf8FromLatin1("Caf\xe9"), "Café");
+  EXPECT_EQ(utf8FromLatin1("\xa0\xff"), "\u00a0ÿ");
+  EXPECT_EQ(utf8FromLatin1("plain"), "plain");
+}
+
+TEST(DisplayableText, LowersLettersOfAnyScript) {
+  EXPECT_EQ(lowerCase("XTerm"), "xterm");
+  EXPECT_EQ(lowerCase("ÄÖ Ω"), "äö ω");
+}
+
+TEST(DisplayableText, LowersWhatIsNotUtf8WithoutHarm) {
+  EXPECT_EQ(lowerCase("A\xff"), "a\uFFFD");
+}
+
+}  // namespace

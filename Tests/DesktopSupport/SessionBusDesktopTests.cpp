@@ -1,0 +1,109 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "DesktopSupport/SessionBus.h"
+#include "Tests/Support/EnvironmentVariable.h"
+#include "Tests/Support/FakeDeskloomHost.h"
+
+namespace {
+
+using DesktopSupport::BusMethod;
+using DesktopSupport::SessionBus;
+using TestSupport::EnvironmentVariable;
+using TestSupport::FakeDeskloomHost;
+namespace BusErrorName = DesktopSupport::BusErrorName;
+using namespace std::chrono_literals;
+
+const BusMethod listNames{.destination = "org.freedesktop.DBus",
+                          .path = "/org/freedesktop/DBus",
+                          .interface = "org.freedesktop.DBus",
+                          .name = "ListNames"};
+const BusMethod folderPath{.destination = "com.quillary.Deskloom",
+                           .path = "/com/quillary/Deskloom",
+                           .interface = "com.quillary.Deskloom.Scripting",
+                           .name = "GetPluginFolderPath"};
+constexpr auto plenty = 60s;
+
+std::string errorOf(const BusMethod& method, const char* replyType = "(bs)",
+                    std::chrono::milliseconds timeout = plenty) {
+  const auto bus = SessionBus::connect();
+  if (!bus)
+    return bus.error().name;
+  const auto reply = bus->call(method, nullptr, G_VARIANT_TYPE(replyType), timeout);
+  return reply ? "none" : reply.error().name;
+}
+
+TEST(SessionBus, IsAbsentWhereNothingTellsOfOne) {
+  const EnvironmentVariable runtimeFolder("XDG_RUNTIME_DIR", "/no/such/folder");
+  const EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
+  const auto bus = SessionBus::connect();
+  ASSERT_FALSE(bus);
+  EXPECT_EQ(bus.error().name, BusErrorName::noServer);
+}
+
+TEST(SessionBus, IsAbsentWhereItDoesNotAnswer) {
+  const EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", "unix:path=/no/such/socket");
+  const auto bus = SessionBus::connect();
+  ASSERT_FALSE(bus);
+  EXPECT_EQ(bus.error().name, BusErrorName::noServer);
+}
+
+TEST(SessionBus, IsOneConnection) {
+  EXPECT_EQ(SessionBus::connect()->connection(), SessionBus::connect()->connection());
+}
+
+TEST(SessionBus, DoesNotEndTheProcessWithItself) {
+  EXPECT_EQ(g_dbus_connection_get_exit_on_close(SessionBus::connect()->connection()), FALSE);
+}
+
+TEST(SessionBus, BringsTheAnswerToACall) {
+  const auto reply = SessionBus::connect()->call(listNames, nullptr, G_VARIANT_TYPE("(as)"), plenty);
+  ASSERT_TRUE(reply) << reply.error().message;
+  EXPECT_STREQ(g_variant_get_type_string(reply->get()), "(as)");
+}
+
+TEST(SessionBus, SaysThatNobodyHasTheNameCalled) {
+  EXPECT_THAT(errorOf(folderPath), testing::AnyOf(BusErrorName::nameHasNoOwner, BusErrorName::serviceUnknown));
+}
+
+TEST(SessionBus, SaysThatTheMethodIsUnknown) {
+  FakeDeskloomHost host;
+  BusMethod unknown = folderPath;
+  unknown.name = "NoSuchMethod";
+  EXPECT_EQ(errorOf(unknown), "org.freedesktop.DBus.Error.UnknownMethod");
+}
+
+TEST(SessionBus, SaysThatNoAnswerCameInTime) {
+  FakeDeskloomHost host;
+  host.answer("GetPluginFolderPath", [](auto* invocation, GVariant*) { g_object_unref(invocation); });
+  EXPECT_EQ(errorOf(folderPath, "(bs)", 50ms), BusErrorName::timeout);
+}
+
+TEST(SessionBus, SaysThatTheOneAskedLeft) {
+  FakeDeskloomHost host;
+  host.answer("GetPluginFolderPath", [&](auto* invocation, GVariant*) {
+    host.disappear();
+    g_object_unref(invocation);
+  });
+  EXPECT_EQ(errorOf(folderPath), BusErrorName::noReply);
+}
+
+TEST(SessionBus, RefusesAnAnswerOfAnotherType) {
+  FakeDeskloomHost host;
+  host.answer("GetPluginFolderPath", "(true, 'text')");
+  EXPECT_EQ(errorOf(folderPath, "(bs)"), "none");
+  EXPECT_NE(errorOf(folderPath, "(s)"), "none");
+}
+
+TEST(SessionBus, PassesTheOtherSidesErrorOn) {
+  FakeDeskloomHost host;
+  host.answer("GetPluginFolderPath", [](auto* invocation, GVariant*) {
+    g_dbus_method_invocation_return_dbus_error(invocation, "org.example.Refusal", "Not today.");
+  });
+  const auto reply = SessionBus::connect()->call(folderPath, nullptr, G_VARIANT_TYPE("(bs)"), plenty);
+  ASSERT_FALSE(reply);
+  EXPECT_EQ(reply.error().name, "org.example.Refusal");
+  EXPECT_EQ(reply.error().message, "Not today.");
+}
+
+}  // namespace

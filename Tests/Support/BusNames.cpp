@@ -1,0 +1,84 @@
+#include "Tests/Support/BusNames.h"
+
+#include <algorithm>
+
+#include <gio/gio.h>
+#include <gtest/gtest.h>
+
+#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/SessionBus.h"
+
+namespace TestSupport {
+
+namespace {
+
+using DesktopSupport::ErrorHandle;
+using DesktopSupport::ObjectHandle;
+using DesktopSupport::Out;
+using DesktopSupport::VariantHandle;
+
+struct Wait {
+  bool wanted;
+  bool over = false;
+};
+
+void await(const std::string& busName, bool owned) {
+  Wait wait{owned};
+  const auto appeared = [](GDBusConnection*, const gchar*, const gchar*, gpointer data) {
+    auto* state = static_cast<Wait*>(data);
+    state->over = state->wanted;
+  };
+  const auto vanished = [](GDBusConnection*, const gchar*, gpointer data) {
+    auto* state = static_cast<Wait*>(data);
+    state->over = !state->wanted;
+  };
+  const guint watch = g_bus_watch_name(G_BUS_TYPE_SESSION, busName.c_str(), G_BUS_NAME_WATCHER_FLAGS_NONE, appeared,
+                                       vanished, &wait, nullptr);
+  while (!wait.over)
+    g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+  g_bus_unwatch_name(watch);
+}
+
+/// Calls a method and waits for the answer, which may take a program's start. False, and a failure of the test, where
+/// there is none.
+bool call(const DesktopSupport::BusMethod& method, GVariant* arguments) {
+  constexpr int patience = 60000;
+  ErrorHandle error;
+  const ObjectHandle<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, Out(error)));
+  const VariantHandle answer(g_dbus_connection_call_sync(
+      bus.get(), method.destination.c_str(), method.path.c_str(), method.interface.c_str(), method.name.c_str(),
+      arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, patience, nullptr, Out(error)));
+  if (!answer)
+    ADD_FAILURE() << error->message;
+  return answer != nullptr;
+}
+
+}  // namespace
+
+void awaitOwner(const std::string& busName) {
+  await(busName, true);
+}
+
+void awaitNoOwner(const std::string& busName) {
+  await(busName, false);
+}
+
+bool openURL(const std::string& busName, const std::string& url) {
+  std::string path = "/" + busName;
+  std::ranges::replace(path, '.', '/');
+  GVariantBuilder uris;
+  g_variant_builder_init(&uris, G_VARIANT_TYPE("as"));
+  g_variant_builder_add(&uris, "s", url.c_str());
+  return call({busName, path, "org.freedesktop.Application", "Open"},
+              g_variant_new("(as@a{sv})", &uris, g_variant_new("a{sv}", nullptr)));
+}
+
+void setActivationEnvironment(const std::string& variable, const std::string& value) {
+  GVariantBuilder environment;
+  g_variant_builder_init(&environment, G_VARIANT_TYPE("a{ss}"));
+  g_variant_builder_add(&environment, "{ss}", variable.c_str(), value.c_str());
+  call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "UpdateActivationEnvironment"},
+       g_variant_new("(a{ss})", &environment));
+}
+
+}  // namespace TestSupport

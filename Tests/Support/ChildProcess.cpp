@@ -1,0 +1,116 @@
+#include "Tests/Support/ChildProcess.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <utility>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace TestSupport {
+
+namespace {
+
+void applyEnvironment(const std::map<std::string, std::string>& environment) {
+  for (const auto& [name, value] : environment) {
+    if (value.empty())
+      unsetenv(name.c_str());
+    else
+      setenv(name.c_str(), value.c_str(), /*overwrite=*/1);
+  }
+}
+
+[[noreturn]] void become(const std::vector<std::string>& arguments, const ChildProcess::Options& options, int output) {
+  dup2(output, STDOUT_FILENO);
+  if (options.captureErrors)
+    dup2(output, STDERR_FILENO);
+  applyEnvironment(options.environment);
+  std::vector<char*> argv;
+  for (const std::string& argument : arguments)
+    argv.push_back(const_cast<char*>(argument.c_str()));
+  argv.push_back(nullptr);
+  execvp(argv[0], argv.data());
+  _exit(127);
+}
+
+}  // namespace
+
+ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Options& options) {
+  std::array<int, 2> ends{};
+  if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+    ADD_FAILURE() << "no pipe for " << arguments.at(0);
+    return;
+  }
+  pid_ = fork();
+  if (pid_ == 0)
+    become(arguments, options, ends[1]);
+  close(ends[1]);
+  output_ = ends[0];
+}
+
+ChildProcess::ChildProcess(ChildProcess&& other) noexcept
+    : pid_(std::exchange(other.pid_, -1)),
+      output_(std::exchange(other.output_, -1)),
+      buffer_(std::move(other.buffer_)) {}
+
+ChildProcess::~ChildProcess() {
+  if (pid_ > 0) {
+    kill(pid_, SIGKILL);
+    wait();
+  }
+  if (output_ >= 0)
+    close(output_);
+}
+
+bool ChildProcess::readMore() {
+  std::array<char, 65536> bytes{};
+  ssize_t count = 0;
+  do
+    count = read(output_, bytes.data(), bytes.size());
+  while (count < 0 && errno == EINTR);
+  if (count <= 0)
+    return false;
+  buffer_.append(bytes.data(), static_cast<std::size_t>(count));
+  return true;
+}
+
+std::optional<std::string> ChildProcess::readLine() {
+  std::size_t searched = 0;
+  std::size_t end = 0;
+  while ((end = buffer_.find('\n', searched)) == std::string::npos) {
+    searched = buffer_.size();
+    if (!readMore())
+      return std::nullopt;
+  }
+  std::string line = buffer_.substr(0, end);
+  buffer_.erase(0, end + 1);
+  return line;
+}
+
+std::string ChildProcess::readAll() {
+  while (readMore()) {
+  }
+  return std::exchange(buffer_, {});
+}
+
+int ChildProcess::wait() {
+  if (pid_ <= 0)
+    return -1;
+  int status = 0;
+  while (waitpid(pid_, &status, 0) < 0 && errno == EINTR) {
+  }
+  pid_ = -1;
+  return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+}
+
+int run(const std::vector<std::string>& arguments, const ChildProcess::Options& options) {
+  ChildProcess process(arguments, options);
+  process.readAll();
+  return process.wait();
+}
+
+}  // namespace TestSupport

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace TestSupport {
+
+/// How a program is started.
+struct ChildProcessOptions {
+  /// Variables to set; one with an empty value is taken away.
+  std::map<std::string, std::string> environment = {};
+  /// Whether standard error comes with the output.
+  bool captureErrors = false;
+};
+
+/// A program that a test has started. It is ended with the test, by its process id.
+class ChildProcess {
+ public:
+  using Options = ChildProcessOptions;
+
+  /// Starts `arguments[0]`, found along PATH, with its standard output in a pipe. Fails the test where it cannot.
+  explicit ChildProcess(const std::vector<std::string>& arguments, const Options& options = {});
+  ChildProcess(ChildProcess&& other) noexcept;
+  ChildProcess& operator=(ChildProcess&&) = delete;
+  ~ChildProcess();
+
+  /// The next line of its output without the line feed, as soon as it is there; none once the output has ended.
+  std::optional<std::string> readLine();
+
+  /// All the rest of its output.
+  std::string readAll();
+
+  /// Waits for its end and yields its exit status; 128 and the signal's number where a signal ended it.
+  int wait();
+
+  [[nodiscard]] pid_t pid() const { return pid_; }
+
+ private:
+  bool readMore();
+
+  pid_t pid_ = -1;
+  int output_ = -1;
+  std::string buffer_;
+};
+
+/// Runs a program to its end and yields its exit status.
+int run(const std::vector<std::string>& arguments, const ChildProcess::Options& options = {});
+
+}  // namespace TestSupport

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+
+#include "Tests/Support/ChildProcess.h"
+
+namespace TestSupport {
+
+/// The window manager's list of windows, followed as it changes.
+class ClientList {
+ public:
+  ClientList();
+
+  /// Waits until the list has `count` windows.
+  void awaitCount(std::size_t count);
+
+ private:
+  ChildProcess spy_;
+};
+
+}  // namespace TestSupport

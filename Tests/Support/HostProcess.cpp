@@ -1,0 +1,43 @@
+#include "Tests/Support/HostProcess.h"
+
+#include <utility>
+
+#include <gtest/gtest.h>
+
+#include "Tests/Support/BusNames.h"
+
+namespace TestSupport {
+
+namespace {
+
+constexpr const char* hostName = "com.quillary.Deskloom";
+constexpr const char* sentinel = "deskloom://sentinel";
+
+std::vector<std::string> commandLine(const std::string& program, std::vector<std::string> options) {
+  options.insert(options.begin(), program);
+  return options;
+}
+
+}  // namespace
+
+HostProcess::HostProcess(const std::string& program, std::vector<std::string> options)
+    : process_(commandLine(program, std::move(options))) {
+  awaitOwner(hostName);
+}
+
+std::string HostProcess::nextLine() {
+  auto line = process_.readLine();
+  if (!line)
+    ADD_FAILURE() << "the host has ended";
+  return line.value_or("");
+}
+
+std::vector<std::string> HostProcess::linesSoFar() {
+  openURL(hostName, sentinel);
+  std::vector<std::string> lines;
+  for (auto line = process_.readLine(); line && *line != sentinel; line = process_.readLine())
+    lines.push_back(std::move(*line));
+  return lines;
+}
+
+}  // namespace TestSupport

@@ -1,0 +1,35 @@
+# deskloom_layer(NAME [USES layer...] [LIBRARIES target...])
+#
+# Makes the static library NAME from all sources of the current folder. USES names the project's own layers that it may
+# include, LIBRARIES the outside ones; both belong to the layer's interface. Includes are written from the top of the tree
+# ("Platform/URL.h"), and script/check-layers holds every include against these lists.
+function(deskloom_layer name)
+  cmake_parse_arguments(LAYER "" "" "USES;LIBRARIES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  add_library(${name} STATIC ${sources})
+  target_compile_features(${name} PUBLIC cxx_std_23)
+  set_target_properties(${name} PROPERTIES CXX_EXTENSIONS OFF)
+  target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
+  target_link_libraries(
+    ${name}
+    PUBLIC ${LAYER_USES} ${LAYER_LIBRARIES}
+    PRIVATE DeskloomWarnings)
+endfunction()
+
+# deskloom_program(NAME [USES layer...] [LIBRARIES target...])
+#
+# Makes the program NAME from the current folder's main.cpp.
+function(deskloom_program name)
+  cmake_parse_arguments(PROGRAM "" "" "USES;LIBRARIES" ${ARGN})
+  add_executable(${name} main.cpp)
+  target_compile_features(${name} PRIVATE cxx_std_23)
+  set_target_properties(${name} PROPERTIES CXX_EXTENSIONS OFF)
+  target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}")
+  target_compile_definitions(${name} PRIVATE DESKLOOM_VERSION="${PROJECT_VERSION}")
+  target_link_libraries(${name} PRIVATE ${PROGRAM_USES} ${PROGRAM_LIBRARIES} DeskloomWarnings)
+  if(CMAKE_BUILD_TYPE STREQUAL "Release")
+    # A launch is a few milliseconds long; loading the C++ library and binding its symbols would be one of them.
+    target_link_options(${name} PRIVATE -static-libstdc++ -static-libgcc)
+  endif()
+endfunction()
