@@ -1,0 +1,21 @@
+#include "AppleScript/IfStatement.h"
+
+#include <utility>
+
+#include "AppleScript/Coercions.h"
+
+namespace AppleScript {
+
+IfStatement::IfStatement(std::vector<Branch> branches, StatementPointer otherwise)
+    : branches_(std::move(branches)), otherwise_(std::move(otherwise)) {}
+
+Flow IfStatement::execute(Run& run) const {
+  for (const Branch& branch : branches_) {
+    if (toBoolean(branch.condition->evaluate(run))) {
+      return branch.body->execute(run);
+    }
+  }
+  return otherwise_ == nullptr ? Flow::next : otherwise_->execute(run);
+}
+
+}  // namespace AppleScript

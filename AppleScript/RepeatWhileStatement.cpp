@@ -1,0 +1,21 @@
+#include "AppleScript/RepeatWhileStatement.h"
+
+#include <utility>
+
+#include "AppleScript/Coercions.h"
+
+namespace AppleScript {
+
+RepeatWhileStatement::RepeatWhileStatement(ExpressionPointer condition, bool expected, StatementPointer body)
+    : RepeatStatement(std::move(body)), condition_(std::move(condition)), expected_(expected) {}
+
+Flow RepeatWhileStatement::execute(Run& run) const {
+  while (toBoolean(condition_->evaluate(run)) == expected_) {
+    if (const auto end = round(run)) {
+      return *end;
+    }
+  }
+  return Flow::next;
+}
+
+}  // namespace AppleScript

@@ -1,0 +1,2 @@
+integer as text
+--> "integer"

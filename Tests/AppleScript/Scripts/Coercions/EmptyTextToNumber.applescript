@@ -1,0 +1,2 @@
+"" as number
+--! -1700 Can’t make "" into type number.

@@ -1,0 +1,2 @@
+(POSIX file "/tmp/x") as text
+--> "/tmp/x"

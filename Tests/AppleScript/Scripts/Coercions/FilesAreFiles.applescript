@@ -1,0 +1,2 @@
+{POSIX file "/a", file "/b", alias "/c"}
+--> {alias "/a", alias "/b", alias "/c"}

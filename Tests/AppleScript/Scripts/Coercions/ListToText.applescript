@@ -1,0 +1,2 @@
+{1, "a", true} as text
+--> "1atrue"

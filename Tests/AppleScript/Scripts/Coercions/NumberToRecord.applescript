@@ -1,0 +1,2 @@
+5 as record
+--! -1700 Can’t make 5 into type record.

@@ -1,0 +1,2 @@
+POSIX path of (file "/a b/ü")
+--> "/a b/ü"

@@ -1,0 +1,2 @@
+POSIX path of "/a"
+--> "/a"

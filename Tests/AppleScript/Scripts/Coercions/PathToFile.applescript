@@ -1,0 +1,2 @@
+"/tmp/x" as alias
+--> alias "/tmp/x"

@@ -1,0 +1,2 @@
+5 as nonsense
+--! -2741 Expected class name but found identifier.

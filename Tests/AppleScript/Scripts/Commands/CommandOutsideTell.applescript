@@ -1,0 +1,2 @@
+install plugin
+--! -2741 Expected end of line but found identifier.

@@ -1,0 +1,2 @@
+    tell application "Deskloom" to get global config "B"
+--> "global config(B)"

@@ -1,0 +1,2 @@
+    tell application "Deskloom" to get path of plugin "N"
+--> "path(N)"

@@ -1,0 +1,2 @@
+    tell application "Deskloom" to get 1 + 2
+--> 3

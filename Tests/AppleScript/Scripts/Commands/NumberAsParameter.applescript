@@ -1,0 +1,2 @@
+    tell application "Deskloom" to get config 7
+--> "config(7)"

@@ -1,0 +1,2 @@
+    tell application "Deskloom" to set global config "{\"a\":\"x\\y\"}" action bundle id "B"
+--> nothing

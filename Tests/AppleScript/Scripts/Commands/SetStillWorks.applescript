@@ -1,0 +1,2 @@
+    tell application "Deskloom" to set x to get config "Z"
+--> "config(Z)"

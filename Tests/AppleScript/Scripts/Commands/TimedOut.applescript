@@ -1,0 +1,3 @@
+    tell application "Deskloom" to hang
+--! -1712 AppleEvent timed out.
+--app Deskloom

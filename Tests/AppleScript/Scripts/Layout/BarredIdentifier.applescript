@@ -1,0 +1,3 @@
+set |two words| to 3
+|two words| + 1
+--> 4

@@ -1,0 +1,3 @@
+set |repeat| to 1
+|repeat|
+--> 1

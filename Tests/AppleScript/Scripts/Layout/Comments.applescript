@@ -1,0 +1,5 @@
+-- one
+# two
+(* three (* nested *) still *)
+1 -- here too
+--> 1

@@ -1,0 +1,3 @@
+set Foo to 1
+fOO
+--> 1

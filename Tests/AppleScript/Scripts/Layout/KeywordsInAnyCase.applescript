@@ -1,0 +1,2 @@
+TELL Application "test desk" TO GET NUMBER OF Windows
+--> 2

@@ -1,0 +1,2 @@
+the length of the {1, 2}
+--> 2

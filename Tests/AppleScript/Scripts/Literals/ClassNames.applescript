@@ -1,0 +1,2 @@
+{integer, text, string, list}
+--> {integer, text, text, list}

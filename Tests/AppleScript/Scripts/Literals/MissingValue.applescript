@@ -1,0 +1,2 @@
+missing value
+--> missing value

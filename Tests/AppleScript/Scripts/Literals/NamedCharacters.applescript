@@ -1,0 +1,2 @@
+linefeed & return & tab & space & quote
+--> "\n\r\t \""

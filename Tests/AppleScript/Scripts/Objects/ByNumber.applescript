@@ -1,0 +1,4 @@
+tell application "Test Desk"
+    name of window 2
+end tell
+--> "Downloads"

@@ -1,0 +1,2 @@
+{exists application "Nowhere", exists application "Test Desk"}
+--> {false, true}

@@ -1,0 +1,2 @@
+tell application "Closed Desk" to exists window 1
+--! -600 Application isn’t running.

@@ -1,0 +1,2 @@
+name of application "Test Desk"
+--> "Test Desk"

@@ -1,0 +1,2 @@
+name of application "Closed Desk"
+--> "Closed Desk"

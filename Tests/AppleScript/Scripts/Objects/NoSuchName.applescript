@@ -1,0 +1,2 @@
+tell application "Test Desk" to get process "nope"
+--! -1728 Can’t get process "nope".

@@ -1,0 +1,4 @@
+tell application "Test Desk"
+    name of windows
+end tell
+--> {"Start", "Downloads"}

@@ -1,0 +1,2 @@
+tell application "Empty Desk" to name of every window
+--> {}

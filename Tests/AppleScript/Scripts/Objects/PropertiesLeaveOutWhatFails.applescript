@@ -1,0 +1,4 @@
+tell application "Test Desk"
+    count of properties of process 1
+end tell
+--> 3

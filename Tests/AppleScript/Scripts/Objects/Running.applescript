@@ -1,0 +1,2 @@
+{running of application "Test Desk", running of application "Closed Desk"}
+--> {true, false}

@@ -1,0 +1,2 @@
+tell app "Test Desk" to tell process "xterm" to get name
+--> "xterm"

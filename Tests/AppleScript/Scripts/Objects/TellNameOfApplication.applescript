@@ -1,0 +1,2 @@
+tell application "Test Desk" to get name
+--> "Test Desk"

@@ -1,0 +1,5 @@
+tell application "Nowhere"
+1
+end tell
+--! -1728 Can’t get application "Nowhere".
+--@ 5 21

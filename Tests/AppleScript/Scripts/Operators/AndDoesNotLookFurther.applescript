@@ -1,0 +1,2 @@
+false and 1 div 0 = 1
+--> false

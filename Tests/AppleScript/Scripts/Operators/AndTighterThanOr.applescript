@@ -1,0 +1,2 @@
+true or false and false
+--> true

@@ -1,0 +1,2 @@
+not not true
+--> true

@@ -1,0 +1,2 @@
+not 5
+--! -1700 Can’t make 5 into type boolean.

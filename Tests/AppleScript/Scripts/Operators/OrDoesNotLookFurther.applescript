@@ -1,0 +1,2 @@
+true or 1 div 0 = 1
+--> true

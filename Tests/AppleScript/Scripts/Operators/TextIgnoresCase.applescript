@@ -1,0 +1,2 @@
+{"ABC" = "abc", "É" = "é", "ß" = "SS"}
+--> {true, true, false}

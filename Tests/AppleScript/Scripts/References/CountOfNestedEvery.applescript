@@ -1,0 +1,3 @@
+count of words of paragraphs of "a b
+c"
+--> {2, 1}

@@ -1,0 +1,2 @@
+length of every item of {"a", "bcd"}
+--> {1, 3}

@@ -1,0 +1,3 @@
+set r to {Foo:1}
+FOO of r
+--> 1

@@ -1,0 +1,2 @@
+items of {1, "a", {}} whose class is text
+--> {"a"}

@@ -1,0 +1,3 @@
+set i to 2
+item i of {"a", "b"}
+--> "b"

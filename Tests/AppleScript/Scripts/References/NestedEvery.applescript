@@ -1,0 +1,3 @@
+words of paragraphs of "a b
+c"
+--> {{"a", "b"}, {"c"}}

@@ -1,0 +1,3 @@
+set l to {}
+rest of l
+--! -1728 Can’t get rest of {}.

@@ -1,0 +1,3 @@
+error "Bad thing" number 42
+--! 42 Bad thing
+--@ 0 27

@@ -1,0 +1,2 @@
+error number -128
+--! -128 User canceled.

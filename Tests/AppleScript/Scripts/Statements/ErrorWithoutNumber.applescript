@@ -1,0 +1,2 @@
+error "Bad thing"
+--! -2700 Bad thing

@@ -1,0 +1,6 @@
+if false
+1
+else
+3
+end
+--> 3

@@ -1,0 +1,2 @@
+if "maybe" then 1
+--! -1700 Can’t make "maybe" into type boolean.

@@ -1,0 +1,3 @@
+repeat with x in 5
+end repeat
+--! -1728 Can’t get every item of 5.

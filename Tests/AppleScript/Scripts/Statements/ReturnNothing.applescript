@@ -1,0 +1,3 @@
+5
+return
+--> nothing

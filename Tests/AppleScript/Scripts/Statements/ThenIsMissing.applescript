@@ -1,0 +1,2 @@
+if true 1
+--! -2741 Expected end of line but found number.

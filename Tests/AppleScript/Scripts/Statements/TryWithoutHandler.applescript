@@ -1,0 +1,6 @@
+set x to 1
+try
+error "no"
+end try
+x
+--> 1

@@ -1,0 +1,2 @@
+every nonsense
+--! -2741 Expected class name but found identifier.

@@ -1,0 +1,2 @@
+whose
+--! -2741 Expected expression but found “whose”.

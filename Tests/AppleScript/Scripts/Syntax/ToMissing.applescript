@@ -1,0 +1,2 @@
+set x 5
+--! -2741 Expected “to” but found number.

@@ -1,0 +1,2 @@
+foo bar
+--! -2741 Expected end of line but found identifier.

@@ -1,0 +1,2 @@
+set |a to 1
+--! -2741 Expected “|” but found end of line.

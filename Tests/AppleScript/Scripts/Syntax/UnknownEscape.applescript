@@ -1,0 +1,2 @@
+"a\d"
+--! -2741 Expected “"” but found unknown token.

@@ -1,0 +1,3 @@
+set name to "x"
+name & "y"
+--> "xy"

@@ -1,0 +1,4 @@
+set result to "a"
+set result to result & "b"
+result
+--> "ab"

@@ -1,0 +1,2 @@
+result
+--! -2753 The variable result is not defined.

@@ -1,0 +1,4 @@
+set x to "abc"
+set x to x & "d"
+length of x
+--> 4

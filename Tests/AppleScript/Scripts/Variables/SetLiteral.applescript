@@ -1,0 +1,3 @@
+set 1 to 2
+--! -2741 Can’t set this expression to something.
+--@ 4 1

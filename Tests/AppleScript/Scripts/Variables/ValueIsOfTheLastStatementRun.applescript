@@ -1,0 +1,3 @@
+set x to 1
+if false then set x to 2
+--> 1
