@@ -1,0 +1,73 @@
+#include "ScriptableApps/DeskloomHost.h"
+
+#include <algorithm>
+#include <array>
+
+#include "ScriptableApps/ApplicationError.h"
+
+namespace ScriptableApps {
+
+namespace {
+
+using AppleScript::ErrorNumber;
+using AppleScript::ScriptError;
+using DesktopSupport::BusError;
+using DesktopSupport::VariantHandle;
+namespace BusErrorName = DesktopSupport::BusErrorName;
+
+constexpr const char* application = "Deskloom";
+
+DesktopSupport::BusMethod scriptingMethod(const std::string& name) {
+  return {.destination = "com.quillary.Deskloom",
+          .path = "/com/quillary/Deskloom",
+          .interface = "com.quillary.Deskloom.Scripting",
+          .name = name};
+}
+
+ScriptError scriptErrorFor(const BusError& error) {
+  constexpr std::array absences = {BusErrorName::noServer, BusErrorName::disconnected, BusErrorName::serviceUnknown,
+                                   BusErrorName::nameHasNoOwner, BusErrorName::noReply};
+  if (std::ranges::find(absences, error.name) != absences.end())
+    return notRunning(application);
+  if (error.name == BusErrorName::timeout)
+    return timedOut(application);
+  const bool isRefusal = error.name == BusErrorName::accessDenied;
+  return applicationError(application, isRefusal ? ErrorNumber::accessNotAllowed : ErrorNumber::genericError,
+                          error.message);
+}
+
+std::expected<VariantHandle, BusError> stringTuple(const std::vector<std::string>& texts) {
+  std::vector<VariantHandle> strings;
+  std::vector<GVariant*> children;
+  for (const std::string& text : texts) {
+    auto string = DesktopSupport::busString(text);
+    if (!string)
+      return std::unexpected(string.error());
+    strings.push_back(std::move(*string));
+    children.push_back(strings.back().get());
+  }
+  return DesktopSupport::owned(g_variant_new_tuple(children.data(), children.size()));
+}
+
+std::expected<VariantHandle, BusError> callHost(const std::string& method, const std::vector<std::string>& texts,
+                                                const char* replyType, std::chrono::milliseconds patience) {
+  const auto arguments = stringTuple(texts);
+  if (!arguments)
+    return std::unexpected(arguments.error());
+  const auto bus = DesktopSupport::SessionBus::connect();
+  if (!bus)
+    return std::unexpected(bus.error());
+  return bus->call(scriptingMethod(method), arguments->get(), G_VARIANT_TYPE(replyType), patience);
+}
+
+}  // namespace
+
+AppleScript::Result<VariantHandle> DeskloomHost::call(const std::string& method, const std::vector<std::string>& texts,
+                                                      const char* replyType) const {
+  auto reply = callHost(method, texts, replyType, patience_);
+  if (!reply)
+    return std::unexpected(scriptErrorFor(reply.error()));
+  return std::move(*reply);
+}
+
+}  // namespace ScriptableApps

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "AppleScript/Application.h"
+
+namespace ScriptableApps {
+
+/// The applications that `tell application "…"` reaches on this system. Nothing is asked and nothing started before a
+/// script does so.
+class ScriptableApplications : public AppleScript::ApplicationDirectory {
+ public:
+  ScriptableApplications();
+
+  [[nodiscard]] AppleScript::Application* find(std::string_view name) override;
+
+ private:
+  std::vector<std::unique_ptr<AppleScript::Application>> applications_;
+};
+
+}  // namespace ScriptableApps

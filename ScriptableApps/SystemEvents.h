@@ -1,0 +1,18 @@
+#pragma once
+
+#include "AppleScript/Application.h"
+
+namespace ScriptableApps {
+
+/// "System Events": the applications that show windows on the desktop, as its processes. They are read from the X
+/// server that DISPLAY names.
+class SystemEvents : public AppleScript::Application {
+ public:
+  [[nodiscard]] std::string_view name() const override;
+  [[nodiscard]] const AppleScript::Dictionary& dictionary() const override;
+
+  /// Fails with -600 where there is no desktop to ask: no X server, no window manager, or one that lists no windows.
+  [[nodiscard]] AppleScript::Result<AppleScript::ObjectPointer> open() override;
+};
+
+}  // namespace ScriptableApps
