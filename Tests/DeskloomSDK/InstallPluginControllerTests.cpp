@@ -1,0 +1,48 @@
+#include <gmock/gmock.h>
+
+#include "DeskloomSDK/InstallPluginController.h"
+#include "Platform/Fake/FakeServices.h"
+
+using DeskloomSDK::InstallPluginController;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class InstallPluginControllerTest : public testing::Test {
+ protected:
+  Platform::Fake::FakeServices desktop;
+};
+
+TEST_F(InstallPluginControllerTest, AsksTheHostAndEndsTheApplication) {
+  InstallPluginController().installPluginAndQuit();
+  EXPECT_THAT(desktop.scripts.sources, ElementsAre("    tell application \"Deskloom\" to install plugin"));
+  EXPECT_THAT(desktop.alerts.shown, IsEmpty());
+  EXPECT_EQ(desktop.application.terminations, 1);
+}
+
+TEST_F(InstallPluginControllerTest, OnlyAsksWhereItsCallerEndsTheApplication) {
+  InstallPluginController().requestInstallation();
+  EXPECT_EQ(desktop.application.terminateRequests, 0);
+}
+
+TEST_F(InstallPluginControllerTest, IgnoresWhatTheHostReplies) {
+  desktop.scripts.answerText("error: not today");
+  InstallPluginController().installPluginAndQuit();
+  EXPECT_THAT(desktop.alerts.shown, IsEmpty());
+}
+
+TEST_F(InstallPluginControllerTest, ShowsOneAlertInTheUsersLanguageWhereTheRequestFails) {
+  desktop.strings.translations["Plugin cannot be installed."] = "Das Plug-in kann nicht installiert werden.";
+  desktop.scripts.fail(-600, "");
+  InstallPluginController().installPluginAndQuit();
+  ASSERT_EQ(desktop.alerts.shown.size(), 1U);
+  EXPECT_EQ(desktop.alerts.shown[0].messageText, "Das Plug-in kann nicht installiert werden.");
+  EXPECT_EQ(desktop.strings.comments["Plugin cannot be installed."],
+            "Can't communicate with Deskloom message during plugin installation.");
+  EXPECT_EQ(desktop.strings.comments[desktop.alerts.shown[0].informativeText],
+            "Can't communicate with Deskloom informative text of message during plugin installation.");
+  EXPECT_EQ(desktop.application.terminations, 1);
+}
+
+}  // namespace
