@@ -1,0 +1,32 @@
+#pragma once
+
+#include <expected>
+#include <string>
+
+#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/SessionBus.h"
+
+namespace HostStandIn {
+
+/// A well-known name that this process owns on the session bus; given up at the end of its scope.
+class BusName {
+ public:
+  /// Takes the name. Fails where another process owns it, and where the bus refuses.
+  static std::expected<BusName, DesktopSupport::BusError> acquire(const DesktopSupport::SessionBus& bus,
+                                                                  std::string name);
+
+  BusName(BusName&&) noexcept = default;
+  BusName& operator=(BusName&&) noexcept = default;
+  BusName(const BusName&) = delete;
+  BusName& operator=(const BusName&) = delete;
+  ~BusName();
+
+ private:
+  BusName(GDBusConnection* connection, std::string name)
+      : connection_(DesktopSupport::shared(connection)), name_(std::move(name)) {}
+
+  DesktopSupport::ObjectHandle<GDBusConnection> connection_;
+  std::string name_;
+};
+
+}  // namespace HostStandIn

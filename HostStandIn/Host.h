@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <expected>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "DesktopSupport/GLibHandles.h"
+#include "HostStandIn/ApplicationInterface.h"
+#include "HostStandIn/BusName.h"
+#include "HostStandIn/Options.h"
+#include "HostStandIn/Output.h"
+#include "HostStandIn/ScriptingCommands.h"
+#include "HostStandIn/ScriptingInterface.h"
+
+namespace HostStandIn {
+
+/// The host on the session bus: com.quillary.Deskloom, as long as it lives.
+class Host {
+ public:
+  /// Brings the host up as `options` say; once it is there it takes calls. Fails with a sentence where there is no
+  /// session bus, another host is running, or the log cannot be written.
+  static std::expected<std::unique_ptr<Host>, std::string> create(const Options& options);
+
+  Host(const Host&) = delete;
+  Host& operator=(const Host&) = delete;
+  ~Host();
+
+  /// Serves until it has received as many URLs as `options` said. Fails where the bus goes away first.
+  std::expected<void, std::string> run();
+
+ private:
+  Host(const Options& options, GDBusConnection* connection);
+  std::expected<void, std::string> openLog(const Options& options);
+  std::expected<void, DesktopSupport::BusError> serve(const DesktopSupport::SessionBus& bus);
+  void receive(const std::string& url);
+  static void handleClosed(GDBusConnection* connection, gboolean remotely, GError* error, gpointer self);
+
+  Output output_;
+  ScriptingCommands commands_;
+  std::size_t received_ = 0;
+  std::size_t enough_;
+  DesktopSupport::MainLoopHandle loop_;
+  DesktopSupport::ObjectHandle<GDBusConnection> connection_;
+  gulong closedHandler_;
+  std::optional<ApplicationInterface> application_;
+  std::optional<ScriptingInterface> scripting_;
+  std::optional<BusName> name_;
+};
+
+}  // namespace HostStandIn

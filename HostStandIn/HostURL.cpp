@@ -1,0 +1,12 @@
+#include "HostStandIn/HostURL.h"
+
+#include "DesktopSupport/DisplayableText.h"
+
+namespace HostStandIn {
+
+bool isHostURL(std::string_view text) {
+  constexpr std::string_view scheme = "deskloom:";
+  return DesktopSupport::lowerCase(text.substr(0, scheme.size())) == scheme && DesktopSupport::isDisplayable(text);
+}
+
+}  // namespace HostStandIn
