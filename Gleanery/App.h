@@ -1,0 +1,18 @@
+#pragma once
+
+#include "DeskloomSDK/DeskloomPlugin.h"
+
+namespace Gleanery {
+
+/// The application as a plug-in. There is one, made at first use and kept until the process ends.
+class App {
+ public:
+  static App& shared();
+
+  DeskloomSDK::DeskloomPlugin deskloomPlugin;
+
+ private:
+  App();
+};
+
+}  // namespace Gleanery

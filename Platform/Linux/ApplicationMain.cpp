@@ -1,0 +1,108 @@
+#include "Platform/ApplicationMain.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "DesktopSupport/SessionBus.h"
+#include "Platform/Linux/BusPresence.h"
+#include "Platform/Linux/LaunchArguments.h"
+#include "Platform/Linux/LinuxServices.h"
+
+namespace Platform {
+
+namespace {
+
+using Linux::BusPresence;
+using Linux::LaunchArguments;
+using Linux::LinuxServices;
+
+constexpr const char* usage =
+    "Usage: %s [OPTION]… [LAUNCH-URL]…\n"
+    "\n"
+    "A plug-in that its host starts with a launch URL, such as\n"
+    "deskloomplugin://runCommand/apps\n"
+    "\n"
+    "  --dbus-activated  wait for the bus to deliver the launch URL\n"
+    "  --help            show this text\n"
+    "  --version         show the version\n";
+
+/// How often a process that finds its name taken, and then its owner gone, tries again.
+constexpr int attempts = 100;
+
+LaunchArguments parseOrExit(int argumentCount, char** arguments) {
+  auto parsed = LaunchArguments::parse({arguments + 1, arguments + argumentCount});
+  if (!parsed) {
+    std::fprintf(stderr, "%s: %s\n", arguments[0], parsed.error().c_str());
+    std::exit(2);
+  }
+  if (parsed->help) {
+    std::printf(usage, arguments[0]);
+    std::exit(0);
+  }
+  return *parsed;
+}
+
+/// The application's place on the bus; none without a session bus or a bundle identifier.
+std::unique_ptr<BusPresence> busPresence(LinuxServices& desktop) {
+  const auto identifier = desktop.bundle.identifier();
+  if (!identifier)
+    return nullptr;
+  auto bus = DesktopSupport::SessionBus::connect();
+  if (!bus)
+    return nullptr;
+  return std::make_unique<BusPresence>(
+      std::move(*bus), *identifier,
+      BusPresence::Handlers{.open = [&](std::string url) { desktop.application.deliver(std::move(url)); },
+                            .activate = [&] { desktop.application.activate(); }});
+}
+
+/// Whether another process of this application has taken over what this one was started for. An owner of the name that
+/// is just leaving takes nothing more: then the name is free, or soon another's.
+bool handedToRunningProcess(BusPresence& presence, const LaunchArguments& arguments) {
+  for (int attempt = 0; attempt < attempts; ++attempt) {
+    if (presence.acquireName())
+      return false;
+    if (arguments.activatedByBus || presence.forward(arguments.launchURLs))
+      return true;
+  }
+  return false;
+}
+
+void runApplication(LinuxServices& desktop, BusPresence* presence, const LaunchArguments& arguments) {
+  for (const std::string& url : arguments.launchURLs)
+    desktop.application.deliver(url);
+  if (arguments.activatedByBus && presence != nullptr)
+    desktop.application.awaitActivation();
+  desktop.application.run();
+  if (presence != nullptr)
+    presence->releaseName();
+  desktop.application.postWillTerminate();
+  desktop.workspace.finishHandOvers();
+}
+
+}  // namespace
+
+int applicationMain(int argumentCount, char** arguments, const MakeApplicationDelegate& makeDelegate) {
+  const LaunchArguments launch = parseOrExit(argumentCount, arguments);
+  LinuxServices desktop;
+  if (launch.version) {
+    std::printf("%s\n", desktop.bundle.version().value_or("unknown").c_str());
+    return 0;
+  }
+
+  const auto presence = busPresence(desktop);
+  if (presence && handedToRunningProcess(*presence, launch))
+    return 0;
+  const auto delegate = makeDelegate();
+  const auto observation = desktop.notifications.addObserver(
+      applicationDidFinishLaunchingNotification, nullptr,
+      [&](const Notification& notification) { delegate->applicationDidFinishLaunching(notification); });
+  runApplication(desktop, presence.get(), launch);
+  desktop.notifications.removeObserver(observation);
+  return 0;
+}
+
+}  // namespace Platform

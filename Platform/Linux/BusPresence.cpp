@@ -1,0 +1,131 @@
+#include "Platform/Linux/BusPresence.h"
+
+#include <algorithm>
+#include <chrono>
+#include <string_view>
+#include <utility>
+
+#include "DesktopSupport/GLibHandles.h"
+
+namespace Platform::Linux {
+
+namespace {
+
+using DesktopSupport::BusMethod;
+using DesktopSupport::NodeInfoHandle;
+using DesktopSupport::VariantHandle;
+
+constexpr const char* applicationInterface = "org.freedesktop.Application";
+constexpr std::chrono::seconds answerTime{25};
+
+constexpr const char* introspection =
+    "<node>"
+    "  <interface name='org.freedesktop.Application'>"
+    "    <method name='Activate'><arg type='a{sv}' direction='in'/></method>"
+    "    <method name='Open'><arg type='as' direction='in'/><arg type='a{sv}' direction='in'/></method>"
+    "    <method name='ActivateAction'>"
+    "      <arg type='s' direction='in'/><arg type='av' direction='in'/><arg type='a{sv}' direction='in'/>"
+    "    </method>"
+    "  </interface>"
+    "</node>";
+
+/// The object path that belongs to a bus name: com.example.Some-App is at /com/example/Some_App.
+std::string objectPathFor(const std::string& identifier) {
+  std::string path = "/" + identifier;
+  std::ranges::replace(path, '.', '/');
+  std::ranges::replace(path, '-', '_');
+  return path;
+}
+
+BusMethod busMethod(const char* name) {
+  return {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", name};
+}
+
+GVariant* platformData() {
+  return g_variant_new("a{sv}", nullptr);
+}
+
+GVariant* openArguments(const std::vector<std::string>& launchURLs) {
+  GVariantBuilder uris;
+  g_variant_builder_init(&uris, G_VARIANT_TYPE("as"));
+  for (const std::string& url : launchURLs) {
+    if (g_utf8_validate(url.c_str(), -1, nullptr))  // the others are no URLs, and can't travel
+      g_variant_builder_add(&uris, "s", url.c_str());
+  }
+  return g_variant_new("(as@a{sv})", &uris, platformData());
+}
+
+}  // namespace
+
+BusPresence::BusPresence(DesktopSupport::SessionBus bus, std::string identifier, Handlers handlers)
+    : bus_(std::move(bus)),
+      identifier_(std::move(identifier)),
+      objectPath_(objectPathFor(identifier_)),
+      handlers_(std::move(handlers)) {
+  exportObject();
+}
+
+BusPresence::~BusPresence() {
+  if (registration_ != 0)
+    g_dbus_connection_unregister_object(bus_.connection(), registration_);
+}
+
+void BusPresence::exportObject() {
+  static constexpr GDBusInterfaceVTable vtable = {&BusPresence::methodCalled, nullptr, nullptr, {}};
+  const NodeInfoHandle node(g_dbus_node_info_new_for_xml(introspection, nullptr));
+  registration_ = g_dbus_connection_register_object(bus_.connection(), objectPath_.c_str(), node->interfaces[0],
+                                                    &vtable, this, nullptr, nullptr);
+}
+
+bool BusPresence::acquireName() {
+  constexpr guint32 doNotQueue = 4;
+  constexpr guint32 primaryOwner = 1;
+  const auto reply = bus_.call(busMethod("RequestName"), g_variant_new("(su)", identifier_.c_str(), doNotQueue),
+                               G_VARIANT_TYPE("(u)"), answerTime);
+  if (!reply)
+    return false;
+  guint32 answer = 0;
+  g_variant_get(reply->get(), "(u)", &answer);
+  ownsName_ = answer == primaryOwner;
+  return ownsName_;
+}
+
+bool BusPresence::forward(const std::vector<std::string>& launchURLs) const {
+  const BusMethod method = {identifier_, objectPath_, applicationInterface, launchURLs.empty() ? "Activate" : "Open"};
+  GVariant* arguments = launchURLs.empty() ? g_variant_new("(@a{sv})", platformData()) : openArguments(launchURLs);
+  const auto answer = bus_.call(method, arguments, nullptr, answerTime);
+  // An owner that is too busy to answer has the message all the same; sent again, it would be handled twice.
+  return answer || answer.error().name == DesktopSupport::BusErrorName::timeout;
+}
+
+void BusPresence::releaseName() {
+  if (!std::exchange(ownsName_, false))
+    return;
+  // The bus answers this behind everything that it has sent to the name, so all of that is queued here by then.
+  static_cast<void>(
+      bus_.call(busMethod("ReleaseName"), g_variant_new("(s)", identifier_.c_str()), nullptr, answerTime));
+  while (g_main_context_iteration(nullptr, /*may_block=*/FALSE)) {
+  }
+  g_dbus_connection_flush_sync(bus_.connection(), nullptr, nullptr);
+}
+
+void BusPresence::methodCalled(GDBusConnection* /*connection*/, const gchar* /*sender*/, const gchar* /*path*/,
+                               const gchar* /*interface*/, const gchar* method, GVariant* parameters,
+                               GDBusMethodInvocation* invocation, gpointer self) {
+  // Answered first: the caller waits for the delivery, not for what comes of it.
+  g_dbus_method_invocation_return_value(invocation, nullptr);
+  static_cast<BusPresence*>(self)->handleCall(method, parameters);
+}
+
+void BusPresence::handleCall(const char* method, GVariant* parameters) {
+  if (std::string_view(method) != "Open")
+    return handlers_.activate();
+  const VariantHandle uris(g_variant_get_child_value(parameters, 0));
+  GVariantIter iterator;
+  g_variant_iter_init(&iterator, uris.get());
+  const gchar* uri = nullptr;
+  while (g_variant_iter_next(&iterator, "&s", &uri))
+    handlers_.open(uri);
+}
+
+}  // namespace Platform::Linux

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Platform/Linux/LinuxAlerts.h"
+#include "Platform/Linux/LinuxApplication.h"
+#include "Platform/Linux/LinuxBundle.h"
+#include "Platform/Linux/LinuxLog.h"
+#include "Platform/Linux/LinuxScriptEngine.h"
+#include "Platform/Linux/LinuxStrings.h"
+#include "Platform/Linux/LinuxWorkspace.h"
+#include "Platform/Services.h"
+
+namespace Platform::Linux {
+
+/// A freedesktop desktop behind the seam. It is the ambient one for as long as it lives.
+class LinuxServices {
+ public:
+  AppleEventManager appleEvents;
+  NotificationCenter notifications;
+  LinuxLog log;
+  LinuxBundle bundle;
+  LinuxStrings strings{bundle};
+  LinuxApplication application{appleEvents, notifications};
+  LinuxScriptEngine scripts;
+  LinuxWorkspace workspace{log};
+  LinuxAlerts alerts{log};
+
+ private:
+  Services services_{&application, appleEvents, notifications, scripts, workspace, alerts, bundle, strings, log};
+  ServicesInstallation installation_{services_};
+};
+
+}  // namespace Platform::Linux

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "Platform/Log.h"
+#include "Platform/Workspace.h"
+
+namespace Platform::Linux {
+
+/// Opens URLs through the desktop's handler for their scheme. For the main thread alone.
+class LinuxWorkspace : public Workspace {
+ public:
+  explicit LinuxWorkspace(Log& log) : log_(log) {}
+
+  void open(const URL& url) override;
+
+  /// Runs the main context until every hand-over has completed or failed.
+  void finishHandOvers();
+
+ private:
+  struct HandOver;
+  void reportFailure(const URL& url, const std::string& reason);
+
+  Log& log_;
+  int handOversUnderWay_ = 0;
+};
+
+}  // namespace Platform::Linux

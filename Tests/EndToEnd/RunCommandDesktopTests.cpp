@@ -1,0 +1,136 @@
+// The whole way of a run-command launch on a real desktop: a launch URL in, a command out.
+
+#include <list>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "DeskloomSDK/Resource.h"
+#include "Platform/PercentEncoding.h"
+#include "Tests/Support/BusNames.h"
+#include "Tests/Support/ChildProcess.h"
+#include "Tests/Support/ClientList.h"
+#include "Tests/Support/HostProcess.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Pair;
+using TestSupport::ChildProcess;
+using TestSupport::HostProcess;
+
+namespace {
+
+constexpr const char* pluginName = "com.quillary.Gleanery";
+constexpr const char* emptyListCommand = "deskloom://gleanery/%5B%5D";
+constexpr std::string_view commandPrefix = "deskloom://gleanery/";
+
+/// The resources that a command carries, as pairs of name and URL.
+std::vector<std::pair<std::string, std::string>> applications(const std::string& command) {
+  EXPECT_TRUE(command.starts_with(commandPrefix)) << command;
+  const auto payload = Platform::percentDecoded(std::string_view(command).substr(commandPrefix.size()));
+  const auto resources = DeskloomSDK::decodeResources(payload).value();
+  std::vector<std::pair<std::string, std::string>> result;
+  for (const auto& resource : resources) {
+    EXPECT_EQ(resource.type(), DeskloomSDK::ResourceType::application);
+    result.emplace_back(resource.name(), resource.url().absoluteString());
+  }
+  return result;
+}
+
+class RunCommandTest : public testing::Test {
+ protected:
+  int launch(std::vector<std::string> arguments, const ChildProcess::Options& options = {}) {
+    arguments.insert(arguments.begin(), GLEANERY_PROGRAM);
+    return TestSupport::run(arguments, options);
+  }
+
+  HostProcess host{DESKLOOM_HOST_PROGRAM};
+};
+
+/// Real applications with a window each, in the order in which the windows came.
+class OpenApplications {
+ public:
+  OpenApplications() {
+    TestSupport::ClientList windows;
+    windows.awaitCount(0);
+    for (const auto* program : {"xterm", "mousepad", "gnome-calculator", "xclock"}) {
+      processes_.emplace_back(std::vector<std::string>{program});
+      windows.awaitCount(processes_.size());
+    }
+  }
+  ~OpenApplications() {
+    TestSupport::ClientList windows;
+    processes_.clear();
+    windows.awaitCount(0);
+  }
+
+ private:
+  std::list<ChildProcess> processes_;
+};
+
+TEST_F(RunCommandTest, SendsTheApplicationsThatHaveWindowsAndNoOthers) {
+  const OpenApplications open;
+  const auto expected = ElementsAre(Pair("XTerm", "file:///usr/share/applications/debian-xterm.desktop"),
+                                    Pair("Mousepad", "file:///usr/share/applications/org.xfce.mousepad.desktop"),
+                                    Pair("Calculator", "file:///usr/share/applications/org.gnome.Calculator.desktop"),
+                                    Pair("xclock", "file:///usr/bin/xclock"));
+
+  EXPECT_EQ(TestSupport::run({"gio", "open", "deskloomplugin://runCommand/apps"}), 0);
+  EXPECT_THAT(applications(host.nextLine()), expected) << "opened as any program on the desktop would";
+  EXPECT_TRUE(TestSupport::openURL(pluginName, "deskloomplugin://runCommand/apps"));
+  EXPECT_THAT(applications(host.nextLine()), expected) << "delivered by the bus";
+  EXPECT_EQ(launch({"deskloomplugin://runCommand/apps"}), 0);
+  EXPECT_THAT(applications(host.nextLine()), expected) << "delivered on the command line";
+}
+
+TEST_F(RunCommandTest, SendsAnEmptyListWhereNothingIsOpen) {
+  EXPECT_EQ(launch({"deskloomplugin://runCommand/apps"}), 0);
+  EXPECT_EQ(host.nextLine(), emptyListCommand);
+}
+
+TEST_F(RunCommandTest, SendsAnEmptyListForAnIdentifierThatNobodyHas) {
+  EXPECT_EQ(launch({"deskloomplugin://runCommand/Apps"}), 0);
+  EXPECT_EQ(host.nextLine(), emptyListCommand);
+}
+
+TEST_F(RunCommandTest, SendsNothingWithoutAnIdentifier) {
+  EXPECT_EQ(launch({"deskloomplugin://runCommand"}), 0);
+  EXPECT_THAT(host.linesSoFar(), IsEmpty());
+}
+
+TEST_F(RunCommandTest, HandlesEachLaunchURLOfItsCommandLine) {
+  EXPECT_EQ(launch({"deskloomplugin://runCommand/a", "deskloomplugin://runCommand/b"}), 0);
+  EXPECT_THAT(host.linesSoFar(), ElementsAre(emptyListCommand, emptyListCommand));
+}
+
+TEST_F(RunCommandTest, SendsAnEmptyListAndLogsWhyWithoutADisplay) {
+  ChildProcess plugin({GLEANERY_PROGRAM, "deskloomplugin://runCommand/apps"},
+                      {.environment = {{"DISPLAY", ""}}, .captureErrors = true});
+  EXPECT_THAT(plugin.readAll(), HasSubstr("error: Optional({\n    NSAppleScriptErrorAppName = \"System Events\";"));
+  EXPECT_EQ(plugin.wait(), 0);
+  EXPECT_EQ(host.nextLine(), emptyListCommand);
+}
+
+TEST_F(RunCommandTest, LogsThatNothingCouldBeHandedOverWithoutASessionBus) {
+  ChildProcess plugin({GLEANERY_PROGRAM, "deskloomplugin://runCommand/apps"},
+                      {.environment = {{"DBUS_SESSION_BUS_ADDRESS", ""}, {"XDG_RUNTIME_DIR", "/no-such-folder"}},
+                       .captureErrors = true});
+  EXPECT_THAT(plugin.readAll(), HasSubstr("could not hand over a deskloom: URL: "));
+  EXPECT_EQ(plugin.wait(), 0);
+  EXPECT_THAT(host.linesSoFar(), IsEmpty());
+}
+
+TEST_F(RunCommandTest, PrintsItsHelpAndItsVersion) {
+  ChildProcess help({GLEANERY_PROGRAM, "--help"});
+  EXPECT_THAT(help.readAll(), HasSubstr("Usage: "));
+  EXPECT_EQ(help.wait(), 0);
+  ChildProcess version({GLEANERY_PROGRAM, "--version"});
+  EXPECT_THAT(version.readAll(), testing::MatchesRegex("[0-9]+\\.[0-9]+\\.[0-9]+\n"));
+  EXPECT_EQ(version.wait(), 0);
+  EXPECT_EQ(launch({"--no-such-option"}), 2);
+}
+
+}  // namespace

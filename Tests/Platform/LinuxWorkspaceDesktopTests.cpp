@@ -1,0 +1,97 @@
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include "Platform/Fake/FakeServices.h"
+#include "Platform/Linux/LinuxWorkspace.h"
+#include "Tests/Support/BusNames.h"
+#include "Tests/Support/TemporaryFolder.h"
+
+using Platform::URL;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+namespace {
+
+constexpr std::size_t longestArgument = 131071;
+
+/// Handlers of schemes of their own, for the desktop that the tests run on.
+class HandlersEnvironment : public testing::Environment {
+ public:
+  void SetUp() override {
+    const std::filesystem::path data = std::getenv("XDG_DATA_HOME");
+    received = data / "received";
+    std::filesystem::create_directories(data / "applications");
+    std::ofstream(data / "applications/test.exec.desktop")
+        << "[Desktop Entry]\nType=Application\nName=Exec\nMimeType=x-scheme-handler/testexec;\nExec=sh -c 'printf %%s "
+           "\"$1\" > "
+        << (data / "part").string() << " && mv " << (data / "part").string() << " " << received.string() << "' sh %u\n";
+    std::ofstream(data / "applications/test.missing.desktop")
+        << "[Desktop Entry]\nType=Application\nName=Missing\nMimeType=x-scheme-handler/testmissing;\nExec=true "
+           "%u\nDBusActivatable=true\n";
+    std::ofstream(data / "applications/mimeapps.list")
+        << "[Default Applications]\nx-scheme-handler/testexec=test.exec.desktop\n"
+           "x-scheme-handler/testmissing=test.missing.desktop\n";
+  }
+
+  static inline std::filesystem::path received;
+};
+
+const auto* const environment = testing::AddGlobalTestEnvironment(new HandlersEnvironment);
+
+class LinuxWorkspaceTest : public testing::Test {
+ protected:
+  void open(const std::string& text) {
+    workspace.open(URL::parse(text).value());
+    workspace.finishHandOvers();
+  }
+
+  Platform::Fake::FakeLog log;
+  Platform::Linux::LinuxWorkspace workspace{log};
+};
+
+TEST_F(LinuxWorkspaceTest, LogsASchemeThatNobodyHandles) {
+  open("nobody-handles-this:x");
+  EXPECT_THAT(log.messages, ElementsAre(HasSubstr("no application is registered for its scheme")));
+}
+
+TEST_F(LinuxWorkspaceTest, LogsAHandlerThatTheBusCannotStart) {
+  open("testmissing:x");
+  EXPECT_THAT(log.messages, ElementsAre(HasSubstr("testmissing: URL: ")));
+}
+
+TEST_F(LinuxWorkspaceTest, NamesTheLimitThatOneArgumentOfAProcessHas) {
+  open("testexec:" + std::string(longestArgument, 'a'));
+  EXPECT_THAT(log.messages, ElementsAre(HasSubstr("holds at most 131071")));
+  EXPECT_FALSE(std::filesystem::exists(HandlersEnvironment::received));
+}
+
+TEST_F(LinuxWorkspaceTest, HandsTheLongestArgumentToAHandlerThatIsStartedWithIt) {
+  open("testexec:" + std::string(longestArgument - std::string("testexec:").size(), 'a'));
+  EXPECT_THAT(log.messages, IsEmpty());
+}
+
+TEST_F(LinuxWorkspaceTest, HandsAURLOfFiveMegabytesWholeToAHostThatTheBusStarts) {
+  const TestSupport::TemporaryFolder folder;
+  const std::filesystem::path hostLog = folder.path() / "log";
+  TestSupport::setActivationEnvironment("DESKLOOM_HOST_LOG", hostLog);
+  const std::string url = "deskloom://gleanery/" + std::string(5 << 20, 'x');
+  open(url);
+  EXPECT_THAT(log.messages, IsEmpty());
+
+  std::ifstream file(hostLog);
+  EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(file), {}) == url + "\n");
+}
+
+TEST_F(LinuxWorkspaceTest, ReportsNothingWhereNothingIsUnderWay) {
+  workspace.finishHandOvers();
+  EXPECT_THAT(log.messages, IsEmpty());
+}
+
+}  // namespace

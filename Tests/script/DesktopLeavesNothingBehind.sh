@@ -1,0 +1,31 @@
+# shellcheck shell=bash source-path=SCRIPTDIR
+source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
+
+cat >"$scratch/command" <<'END'
+cd "$1"
+echo "$HOME" >home
+note() { echo "$!" >>pids; }
+sleep 4711 &
+note
+# One that leaves its session and its parent, one that won't listen, one that hides its environment, one in a window.
+(setsid sleep 4711 & note)
+bash -c 'trap "" TERM HUP; while :; do sleep 4711; done' &
+note
+(env --ignore-environment sleep 4711 & note; exec sleep 4711) &
+note
+xterm -e sleep 4711 &
+note
+while read -r line; do
+  if [[ $line == '_NET_CLIENT_LIST('*0x* ]]; then break; fi
+done < <(exec xprop -root -spy _NET_CLIENT_LIST)
+# The desktop's own parts.
+grep --files-with-matches --null-data --line-regexp --no-messages "XDG_RUNTIME_DIR=$XDG_RUNTIME_DIR" \
+  /proc/[0-9]*/environ | sed 's|/proc/\([0-9]*\)/.*|\1|' >>pids
+END
+
+"$desktop" bash "$scratch/command" "$scratch" 2>/dev/null
+while read -r pid; do
+  if runs "$pid"; then fail "still running: $(tr '\0' ' ' <"/proc/$pid/cmdline")"; fi
+done <"$scratch/pids"
+(($(sort -u "$scratch/pids" | wc -l) > 9)) || fail "too few processes were noted"
+[[ ! -e $(dirname "$(cat "$scratch/home")") ]] || fail "its folder is still there"
