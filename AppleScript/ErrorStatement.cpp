@@ -32,9 +32,10 @@ ErrorStatement::ErrorStatement(ExpressionPointer message, ExpressionPointer numb
 
 Flow ErrorStatement::execute(Run& run) const {
   const int number =
-      number_ == nullptr ? static_cast<int>(ErrorNumber::genericError) : errorNumber(number_->evaluate(run));
+      number_ == nullptr ? static_cast<int>(ErrorNumber::genericError) : number_->evaluateAs(run, errorNumber);
+  const auto text = [](const Value& value) { return std::string(toText(value).view()); };
   fail(static_cast<ErrorNumber>(number),
-       message_ == nullptr ? standardMessage(number) : std::string(toText(message_->evaluate(run)).view()), range_);
+       message_ == nullptr ? standardMessage(number) : message_->evaluateAs(run, text), range_);
 }
 
 }  // namespace AppleScript

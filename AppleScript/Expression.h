@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "AppleScript/Application.h"
+#include "AppleScript/Failure.h"
 #include "AppleScript/Run.h"
 #include "AppleScript/ScriptError.h"
 #include "AppleScript/Value.h"
@@ -30,6 +31,11 @@ class Expression {
   [[nodiscard]] const SourceRange& range() const { return range_; }
 
   [[nodiscard]] Value evaluate(Run& run) const;
+  /// The value passed through `coercion`, whose errors get this place too.
+  template <typename Coercion>
+  [[nodiscard]] auto evaluateAs(Run& run, Coercion coercion) const {
+    return atThisPlace([&] { return coercion(evaluate(run)); });
+  }
   /// The same for what a longer reference builds on.
   [[nodiscard]] Selection select(Run& run) const;
   /// Sets the variable, the item or the property that this expression names.
@@ -48,6 +54,18 @@ class Expression {
   [[nodiscard]] virtual Value compute(Run& run) const = 0;
   [[nodiscard]] virtual Selection computeSelection(Run& run) const { return {compute(run)}; }
   virtual void store(Run& run, Value value) const;
+
+  template <typename Work>
+  auto atThisPlace(Work work) const {
+    try {
+      return work();
+    } catch (Failure& failure) {
+      if (failure.error.range.length == 0) {
+        failure.error.range = range_;
+      }
+      throw;
+    }
+  }
 
   SourceRange range_;
 };

@@ -11,7 +11,7 @@ IfStatement::IfStatement(std::vector<Branch> branches, StatementPointer otherwis
 
 Flow IfStatement::execute(Run& run) const {
   for (const Branch& branch : branches_) {
-    if (toBoolean(branch.condition->evaluate(run))) {
+    if (branch.condition->evaluateAs(run, toBoolean)) {
       return branch.body->execute(run);
     }
   }

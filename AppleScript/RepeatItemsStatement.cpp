@@ -31,7 +31,7 @@ RepeatItemsStatement::RepeatItemsStatement(ExpressionPointer variable, Expressio
     : RepeatStatement(std::move(body)), variable_(std::move(variable)), list_(std::move(list)) {}
 
 Flow RepeatItemsStatement::execute(Run& run) const {
-  const List list = listToWalk(run, list_->evaluate(run));
+  const List list = list_->evaluateAs(run, [&run](const Value& value) { return listToWalk(run, value); });
   // Items that the body adds are not walked through.
   const std::size_t size = list.size();
   for (std::size_t i = 0; i < size; ++i) {

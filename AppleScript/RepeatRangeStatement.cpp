@@ -13,12 +13,12 @@ RepeatRangeStatement::RepeatRangeStatement(ExpressionPointer variable, Bounds bo
     : RepeatStatement(std::move(body)), variable_(std::move(variable)), bounds_(std::move(bounds)) {}
 
 Flow RepeatRangeStatement::execute(Run& run) const {
-  Value current = toNumber(bounds_.first->evaluate(run));
-  const Value last = toNumber(bounds_.last->evaluate(run));
-  const Value step = bounds_.step == nullptr ? Value(1) : toNumber(bounds_.step->evaluate(run));
+  Value current = bounds_.first->evaluateAs(run, toNumber);
+  const Value last = bounds_.last->evaluateAs(run, toNumber);
+  const Value step = bounds_.step == nullptr ? Value(1) : bounds_.step->evaluateAs(run, toNumber);
   const double direction = toReal(step);
   if (direction == 0) {
-    fail(ErrorNumber::genericError, "Can’t repeat in steps of 0.");
+    fail(ErrorNumber::genericError, "Can’t repeat in steps of 0.", bounds_.step->range());
   }
   while (direction > 0 ? order(current, last) <= 0 : order(current, last) >= 0) {
     variable_->assign(run, current);

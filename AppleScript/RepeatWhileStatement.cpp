@@ -10,7 +10,7 @@ RepeatWhileStatement::RepeatWhileStatement(ExpressionPointer condition, bool exp
     : RepeatStatement(std::move(body)), condition_(std::move(condition)), expected_(expected) {}
 
 Flow RepeatWhileStatement::execute(Run& run) const {
-  while (toBoolean(condition_->evaluate(run)) == expected_) {
+  while (condition_->evaluateAs(run, toBoolean) == expected_) {
     if (const auto end = round(run)) {
       return *end;
     }

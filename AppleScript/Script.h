@@ -17,6 +17,8 @@ class Script {
   /// no application anything. `applications` must outlive the script. Fails with a syntax error (-2740, -2741).
   static Result<Script> compile(std::string_view source, ApplicationDirectory& applications);
 
+  Script(const Script&) = delete;
+  Script& operator=(const Script&) = delete;
   Script(Script&&) noexcept;
   Script& operator=(Script&&) noexcept;
   ~Script();
