@@ -38,11 +38,12 @@ APIResult<std::string> ask(const std::string& source) {
   auto reply = AppleScriptRunner::run(source);
   if (!reply)
     return std::unexpected(reply.error());
-  if (!*reply) {
+  auto& text = *reply;
+  if (!text) {
     const auto description = Platform::services().strings.localized("Could not read data from script output", "Error");
     return std::unexpected(makeError(ErrorCode::couldNotReadScriptOutput, description, ""));
   }
-  return std::move(**reply);
+  return std::move(*text);
 }
 
 std::string escaping(std::string_view text, char special) {

@@ -25,7 +25,7 @@ class Resource {
   /// Reads a resource from a JSON object with the string keys "type", "name" and "url"; other keys are ignored. Fails
   /// over the first of the three, in this order, that is missing, not a string, or a string that names no type or is no
   /// URL.
-  static std::expected<Resource, DecodingError> decode(const nlohmann::json& json);
+  static std::expected<Resource, DecodingError> decode(const nlohmann::json& object);
 
  private:
   ResourceType type_;
@@ -34,7 +34,7 @@ class Resource {
 };
 
 /// Writes the resource as a JSON object: keys "type", "name" and "url", in this order.
-void to_json(nlohmann::ordered_json& json, const Resource& resource);
+void to_json(nlohmann::ordered_json& object, const Resource& resource);
 
 /// The resources as the text of a JSON array, in their order: compact, UTF-8, every '/' inside a string written as
 /// "\/". Fails where a name is not valid UTF-8.

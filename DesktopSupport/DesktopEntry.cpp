@@ -27,6 +27,7 @@ std::optional<DesktopEntry> DesktopEntry::read(const std::filesystem::path& file
   entry.exec = group->text("Exec").value_or("");
   entry.tryExec = group->text("TryExec").value_or("");
   entry.startupClass = group->text("StartupWMClass").value_or("");
+  entry.isBusActivatable = group->isTrue("DBusActivatable");
   entry.isShown = !group->isTrue("NoDisplay");
   return entry;
 }

@@ -32,6 +32,13 @@ std::optional<std::string> ProcessInfo::contents(const std::filesystem::path& fi
   return pid_ ? fileContents(folder_ / file, maximumSize) : std::nullopt;
 }
 
+const std::string& ProcessInfo::cachedContents(const std::filesystem::path& file,
+                                               std::optional<std::string>& cache) const {
+  if (!cache)
+    cache = contents(file).value_or("");
+  return *cache;
+}
+
 std::optional<std::filesystem::path> ProcessInfo::executable() const {
   constexpr std::string_view deleted = " (deleted)";
   std::error_code error;
@@ -47,14 +54,14 @@ std::vector<std::string> ProcessInfo::arguments() const {
 
 std::optional<std::string> ProcessInfo::environment(std::string_view variable) const {
   const std::string start = std::string(variable) + '=';
-  for (const std::string& setting : separatedByNul(contents("environ").value_or("")))
+  for (const std::string& setting : separatedByNul(cachedContents("environ", environment_)))
     if (setting.starts_with(start))
       return setting.substr(start.size());
   return std::nullopt;
 }
 
-std::string ProcessInfo::controlGroups() const {
-  return contents("cgroup").value_or("");
+const std::string& ProcessInfo::controlGroups() const {
+  return cachedContents("cgroup", controlGroups_);
 }
 
 std::optional<std::string> ProcessInfo::flatpakId() const {

@@ -10,8 +10,8 @@
 
 namespace DesktopSupport {
 
-/// What /proc tells about a process. Everything is read when asked for, and what cannot be read, as the process is gone
-/// or belongs to somebody else, is absent. A process that is not known at all has nothing.
+/// What /proc tells about a process. Everything is read when first asked for, and what cannot be read, as the process
+/// is gone or belongs to somebody else, is absent. A process that is not known at all has nothing.
 class ProcessInfo {
  public:
   explicit ProcessInfo(std::optional<pid_t> pid, const std::filesystem::path& processes = "/proc");
@@ -28,16 +28,20 @@ class ProcessInfo {
   [[nodiscard]] std::optional<std::string> environment(std::string_view variable) const;
 
   /// The text that lists the control groups of the process, one a line; empty where it cannot be read.
-  [[nodiscard]] std::string controlGroups() const;
+  [[nodiscard]] const std::string& controlGroups() const;
 
   /// The application id of the Flatpak sandbox in which the process runs.
   [[nodiscard]] std::optional<std::string> flatpakId() const;
 
  private:
   [[nodiscard]] std::optional<std::string> contents(const std::filesystem::path& file) const;
+  /// The file's contents, empty where it cannot be read; kept in `cache` for the next time.
+  const std::string& cachedContents(const std::filesystem::path& file, std::optional<std::string>& cache) const;
 
   std::optional<pid_t> pid_;
   std::filesystem::path folder_;
+  mutable std::optional<std::string> environment_;
+  mutable std::optional<std::string> controlGroups_;
 };
 
 }  // namespace DesktopSupport

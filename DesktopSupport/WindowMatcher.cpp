@@ -15,7 +15,7 @@ using std::filesystem::path;
 const DesktopEntry* bySandbox(DesktopEntries& entries, const Window&, const ProcessInfo& process) {
   if (const auto id = process.flatpakId())
     return entries.find(*id);
-  const std::string groups = process.controlGroups();
+  const std::string& groups = process.controlGroups();
   const auto unit = ApplicationUnit::find(groups);
   if (unit && unit->launcher == "flatpak")
     return entries.find(unit->applicationId);

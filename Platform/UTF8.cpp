@@ -1,5 +1,7 @@
 #include "Platform/UTF8.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -7,37 +9,44 @@ namespace Platform {
 
 namespace {
 
-/// The length of the well-formed sequence at the start of `bytes`, 0 where there is none. The second byte's range rules
-/// out overlong forms, surrogates and what lies beyond U+10FFFF.
+/// How a sequence goes on behind its first byte: its length, and what the second byte may be, which rules out overlong
+/// forms, surrogates and what lies beyond U+10FFFF.
+struct Sequence {
+  unsigned char firstLead;
+  unsigned char lastLead;
+  std::size_t length;
+  unsigned char lowestSecond = 0x80;
+  unsigned char highestSecond = 0xBF;
+};
+
+constexpr std::array<Sequence, 9> sequences = {{
+    {.firstLead = 0x00, .lastLead = 0x7F, .length = 1},
+    {.firstLead = 0xC2, .lastLead = 0xDF, .length = 2},
+    {.firstLead = 0xE0, .lastLead = 0xE0, .length = 3, .lowestSecond = 0xA0},
+    {.firstLead = 0xE1, .lastLead = 0xEC, .length = 3},
+    {.firstLead = 0xED, .lastLead = 0xED, .length = 3, .highestSecond = 0x9F},
+    {.firstLead = 0xEE, .lastLead = 0xEF, .length = 3},
+    {.firstLead = 0xF0, .lastLead = 0xF0, .length = 4, .lowestSecond = 0x90},
+    {.firstLead = 0xF1, .lastLead = 0xF3, .length = 4},
+    {.firstLead = 0xF4, .lastLead = 0xF4, .length = 4, .highestSecond = 0x8F},
+}};
+
+bool isBetween(char byte, unsigned char low, unsigned char high) {
+  const auto value = static_cast<unsigned char>(byte);
+  return value >= low && value <= high;
+}
+
+/// The length of the well-formed sequence at the start of `bytes`, which are not empty; 0 where there is none.
 std::size_t sequenceLength(std::string_view bytes) {
-  const auto byte = [&](std::size_t i) { return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0U; };
-  const auto inRange = [](unsigned value, unsigned low, unsigned high) { return value >= low && value <= high; };
-  const unsigned first = byte(0);
-
-  std::size_t length = 0;
-  unsigned low = 0x80;
-  unsigned high = 0xBF;
-  if (first < 0x80) {
-    return 1;
-  } else if (inRange(first, 0xC2, 0xDF)) {
-    length = 2;
-  } else if (inRange(first, 0xE0, 0xEF)) {
-    length = 3;
-    low = first == 0xE0 ? 0xA0 : 0x80;
-    high = first == 0xED ? 0x9F : 0xBF;
-  } else if (inRange(first, 0xF0, 0xF4)) {
-    length = 4;
-    low = first == 0xF0 ? 0x90 : 0x80;
-    high = first == 0xF4 ? 0x8F : 0xBF;
-  }
-
-  if (length == 0 || !inRange(byte(1), low, high))
+  const auto* sequence = std::ranges::find_if(
+      sequences, [&](const Sequence& each) { return isBetween(bytes[0], each.firstLead, each.lastLead); });
+  if (sequence == sequences.end() || bytes.size() < sequence->length)
     return 0;
-  for (std::size_t i = 2; i < length; ++i) {
-    if (!inRange(byte(i), 0x80, 0xBF))
-      return 0;
-  }
-  return length;
+  if (sequence->length > 1 && !isBetween(bytes[1], sequence->lowestSecond, sequence->highestSecond))
+    return 0;
+  const auto others = bytes.substr(1, sequence->length - 1);
+  const bool continues = std::ranges::all_of(others, [](char byte) { return isBetween(byte, 0x80, 0xBF); });
+  return continues ? sequence->length : 0;
 }
 
 bool isUTF8(std::string_view bytes) {

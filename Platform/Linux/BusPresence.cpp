@@ -1,10 +1,10 @@
 #include "Platform/Linux/BusPresence.h"
 
-#include <algorithm>
 #include <chrono>
 #include <string_view>
 #include <utility>
 
+#include "DesktopSupport/ApplicationBus.h"
 #include "DesktopSupport/GLibHandles.h"
 
 namespace Platform::Linux {
@@ -15,7 +15,6 @@ using DesktopSupport::BusMethod;
 using DesktopSupport::NodeInfoHandle;
 using DesktopSupport::VariantHandle;
 
-constexpr const char* applicationInterface = "org.freedesktop.Application";
 constexpr std::chrono::seconds answerTime{25};
 
 constexpr const char* introspection =
@@ -29,30 +28,8 @@ constexpr const char* introspection =
     "  </interface>"
     "</node>";
 
-/// The object path that belongs to a bus name: com.example.Some-App is at /com/example/Some_App.
-std::string objectPathFor(const std::string& identifier) {
-  std::string path = "/" + identifier;
-  std::ranges::replace(path, '.', '/');
-  std::ranges::replace(path, '-', '_');
-  return path;
-}
-
 BusMethod busMethod(const char* name) {
   return {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", name};
-}
-
-GVariant* platformData() {
-  return g_variant_new("a{sv}", nullptr);
-}
-
-GVariant* openArguments(const std::vector<std::string>& launchURLs) {
-  GVariantBuilder uris;
-  g_variant_builder_init(&uris, G_VARIANT_TYPE("as"));
-  for (const std::string& url : launchURLs) {
-    if (g_utf8_validate(url.c_str(), -1, nullptr))  // the others are no URLs, and can't travel
-      g_variant_builder_add(&uris, "s", url.c_str());
-  }
-  return g_variant_new("(as@a{sv})", &uris, platformData());
 }
 
 }  // namespace
@@ -60,7 +37,7 @@ GVariant* openArguments(const std::vector<std::string>& launchURLs) {
 BusPresence::BusPresence(DesktopSupport::SessionBus bus, std::string identifier, Handlers handlers)
     : bus_(std::move(bus)),
       identifier_(std::move(identifier)),
-      objectPath_(objectPathFor(identifier_)),
+      objectPath_(DesktopSupport::applicationObjectPath(identifier_)),
       handlers_(std::move(handlers)) {
   exportObject();
 }
@@ -91,8 +68,10 @@ bool BusPresence::acquireName() {
 }
 
 bool BusPresence::forward(const std::vector<std::string>& launchURLs) const {
-  const BusMethod method = {identifier_, objectPath_, applicationInterface, launchURLs.empty() ? "Activate" : "Open"};
-  GVariant* arguments = launchURLs.empty() ? g_variant_new("(@a{sv})", platformData()) : openArguments(launchURLs);
+  const bool hasURLs = !launchURLs.empty();
+  const BusMethod method = {identifier_, objectPath_, DesktopSupport::applicationInterface,
+                            hasURLs ? "Open" : "Activate"};
+  GVariant* arguments = hasURLs ? DesktopSupport::openArguments(launchURLs) : DesktopSupport::activateArguments();
   const auto answer = bus_.call(method, arguments, nullptr, answerTime);
   // An owner that is too busy to answer has the message all the same; sent again, it would be handled twice.
   return answer || answer.error().name == DesktopSupport::BusErrorName::timeout;
@@ -102,8 +81,8 @@ void BusPresence::releaseName() {
   if (!std::exchange(ownsName_, false))
     return;
   // The bus answers this behind everything that it has sent to the name, so all of that is queued here by then.
-  static_cast<void>(
-      bus_.call(busMethod("ReleaseName"), g_variant_new("(s)", identifier_.c_str()), nullptr, answerTime));
+  [[maybe_unused]] const auto answer =
+      bus_.call(busMethod("ReleaseName"), g_variant_new("(s)", identifier_.c_str()), nullptr, answerTime);
   while (g_main_context_iteration(nullptr, /*may_block=*/FALSE)) {
   }
   g_dbus_connection_flush_sync(bus_.connection(), nullptr, nullptr);

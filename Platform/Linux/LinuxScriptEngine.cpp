@@ -29,9 +29,10 @@ std::optional<ScriptOutcome> LinuxScriptEngine::run(std::string_view source) {
   const auto result = script->run();
   if (!result)
     return failure(result.error());
-  if (!*result)
+  const auto& value = *result;
+  if (!value)
     return ScriptOutcome{};
-  return ScriptOutcome{.result = ScriptOutcome::Result{(*result)->stringValue()}};
+  return ScriptOutcome{.result = ScriptOutcome::Result{value->stringValue()}};
 }
 
 }  // namespace Platform::Linux

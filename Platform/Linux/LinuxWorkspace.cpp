@@ -3,47 +3,38 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
-#include <string>
 
 #include <gio/gdesktopappinfo.h>
 #include <gio/gio.h>
 
+#include "DesktopSupport/ApplicationBus.h"
+#include "DesktopSupport/ApplicationFolders.h"
+#include "DesktopSupport/DesktopEntries.h"
 #include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/SchemeHandler.h"
 #include "DesktopSupport/SessionBus.h"
 
 namespace Platform::Linux {
 
 namespace {
 
-using AppInfoHandle = DesktopSupport::ObjectHandle<GAppInfo>;
+using DesktopSupport::DesktopEntry;
 using DesktopSupport::ErrorHandle;
 using DesktopSupport::Out;
+using DesktopSupport::SessionBus;
+using DesktopSupport::VariantHandle;
 
 /// One argument of a process holds at most this many bytes, its terminator not counted (MAX_ARG_STRLEN).
 constexpr std::size_t longestArgument = 32UL * 4096 - 1;
 /// A D-Bus message holds at most 128 MiB; the last KiB is left to its header.
 constexpr std::size_t longestMessageText = (128UL << 20) - 1024;
 
-AppInfoHandle handlerForScheme(const URL& url) {
-  const std::string scheme(url.scheme().value_or(""));
-  return AppInfoHandle(scheme.empty() ? nullptr : g_app_info_get_default_for_uri_scheme(scheme.c_str()));
-}
-
-bool isActivatedByBus(GAppInfo* handler) {
-  return G_IS_DESKTOP_APP_INFO(handler) &&
-         g_desktop_app_info_get_boolean(G_DESKTOP_APP_INFO(handler), "DBusActivatable");
-}
-
-/// Why a text of this length cannot reach the handler; none where it can.
-std::optional<std::string> obstacle(GAppInfo* handler, std::size_t length) {
-  const bool byBus = isActivatedByBus(handler);
-  if (byBus && !DesktopSupport::SessionBus::connect())  // GIO would start a bus to ask for the handler
-    return "there is no session bus";
-  const std::size_t limit = byBus ? longestMessageText : longestArgument;
+/// Why a text of this length does not fit, where it does not: names what carries it and the limit.
+std::optional<std::string> lengthProblem(std::size_t length, std::size_t limit, const char* carrier) {
   if (length <= limit)
     return std::nullopt;
-  return std::string("the URL is ") + std::to_string(length) + " bytes long, and " +
-         (byBus ? "a D-Bus message" : "one argument of a process") + " holds at most " + std::to_string(limit);
+  return "the URL is " + std::to_string(length) + " bytes long, and " + carrier + " holds at most " +
+         std::to_string(limit);
 }
 
 }  // namespace
@@ -52,30 +43,57 @@ std::optional<std::string> obstacle(GAppInfo* handler, std::size_t length) {
 struct LinuxWorkspace::HandOver {
   LinuxWorkspace& workspace;
   URL url;
+
+  static void complete(GObject* bus, GAsyncResult* result, gpointer data) {
+    const std::unique_ptr<HandOver> handOver(static_cast<HandOver*>(data));
+    ErrorHandle error;
+    const VariantHandle answer(g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, Out(error)));
+    if (!answer)
+      handOver->workspace.reportFailure(handOver->url, DesktopSupport::busErrorFrom(*error).message);
+    --handOver->workspace.handOversUnderWay_;
+  }
 };
 
 void LinuxWorkspace::open(const URL& url) {
-  const AppInfoHandle handler = handlerForScheme(url);
-  if (!handler)
-    return reportFailure(url, "no application is registered for its scheme");
-  if (const auto reason = obstacle(handler.get(), url.absoluteString().size()))
-    return reportFailure(url, *reason);
+  DesktopSupport::DesktopEntries entries(DesktopSupport::applicationFolders());
+  const DesktopEntry* handler = DesktopSupport::handlerOfScheme(url.scheme().value_or(""), entries);
+  if (handler == nullptr)
+    reportFailure(url, "no application is registered for its scheme");
+  else if (handler->isBusActivatable)
+    openByBus(url, *handler);
+  else
+    openByProgram(url, *handler);
+}
 
+void LinuxWorkspace::openByBus(const URL& url, const DesktopEntry& handler) {
+  const std::string& text = url.absoluteString();
+  if (const auto problem = lengthProblem(text.size(), longestMessageText, "a D-Bus message"))
+    return reportFailure(url, *problem);
+  const auto bus = SessionBus::connect();
+  if (!bus)
+    return reportFailure(url, bus.error().message);
+
+  constexpr int usualTimeout = -1;
   ++handOversUnderWay_;
-  auto handOver = std::make_unique<HandOver>(*this, url);
-  std::string text = url.absoluteString();  // a list holds what may be changed
-  const std::unique_ptr<GList, DesktopSupport::ReleasedBy<g_list_free>> uris(g_list_append(nullptr, text.data()));
-  g_app_info_launch_uris_async(
-      handler.get(), uris.get(), nullptr, nullptr,
-      [](GObject* source, GAsyncResult* result, gpointer data) {
-        const std::unique_ptr<HandOver> finished(static_cast<HandOver*>(data));
-        ErrorHandle error;
-        g_app_info_launch_uris_finish(G_APP_INFO(source), result, Out(error));
-        if (error)
-          finished->workspace.reportFailure(finished->url, error->message);
-        --finished->workspace.handOversUnderWay_;
-      },
-      handOver.release());
+  g_dbus_connection_call(bus->connection(), handler.id.c_str(),
+                         DesktopSupport::applicationObjectPath(handler.id).c_str(),
+                         DesktopSupport::applicationInterface, "Open", DesktopSupport::openArguments({text}), nullptr,
+                         G_DBUS_CALL_FLAGS_NONE, usualTimeout, nullptr, &HandOver::complete, new HandOver(*this, url));
+}
+
+void LinuxWorkspace::openByProgram(const URL& url, const DesktopEntry& handler) {
+  std::string text = url.absoluteString();
+  if (const auto problem = lengthProblem(text.size(), longestArgument, "one argument of a process"))
+    return reportFailure(url, *problem);
+
+  const DesktopSupport::ObjectHandle<GDesktopAppInfo> application(
+      g_desktop_app_info_new_from_filename(handler.file.c_str()));
+  if (!application)
+    return reportFailure(url, "its handler " + handler.file.string() + " cannot be started");
+  const std::unique_ptr<GList, DesktopSupport::ReleasedBy<g_list_free>> urls(g_list_append(nullptr, text.data()));
+  ErrorHandle error;
+  if (g_app_info_launch_uris(G_APP_INFO(application.get()), urls.get(), nullptr, Out(error)) == FALSE)
+    reportFailure(url, error->message);
 }
 
 void LinuxWorkspace::finishHandOvers() {

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "DesktopSupport/DesktopEntry.h"
 #include "Platform/Log.h"
 #include "Platform/Workspace.h"
 
@@ -19,6 +20,9 @@ class LinuxWorkspace : public Workspace {
 
  private:
   struct HandOver;
+
+  void openByBus(const URL& url, const DesktopSupport::DesktopEntry& handler);
+  void openByProgram(const URL& url, const DesktopSupport::DesktopEntry& handler);
   void reportFailure(const URL& url, const std::string& reason);
 
   Log& log_;

@@ -1,10 +1,9 @@
 #include "Tests/Support/BusNames.h"
 
-#include <algorithm>
-
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
+#include "DesktopSupport/ApplicationBus.h"
 #include "DesktopSupport/GLibHandles.h"
 #include "DesktopSupport/SessionBus.h"
 
@@ -64,13 +63,8 @@ void awaitNoOwner(const std::string& busName) {
 }
 
 bool openURL(const std::string& busName, const std::string& url) {
-  std::string path = "/" + busName;
-  std::ranges::replace(path, '.', '/');
-  GVariantBuilder uris;
-  g_variant_builder_init(&uris, G_VARIANT_TYPE("as"));
-  g_variant_builder_add(&uris, "s", url.c_str());
-  return call({busName, path, "org.freedesktop.Application", "Open"},
-              g_variant_new("(as@a{sv})", &uris, g_variant_new("a{sv}", nullptr)));
+  return call({busName, DesktopSupport::applicationObjectPath(busName), DesktopSupport::applicationInterface, "Open"},
+              DesktopSupport::openArguments({url}));
 }
 
 void setActivationEnvironment(const std::string& variable, const std::string& value) {

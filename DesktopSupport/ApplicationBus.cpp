@@ -1,0 +1,35 @@
+#include "DesktopSupport/ApplicationBus.h"
+
+#include <algorithm>
+
+namespace DesktopSupport {
+
+namespace {
+
+GVariant* noPlatformData() {
+  return g_variant_new("a{sv}", nullptr);
+}
+
+}  // namespace
+
+std::string applicationObjectPath(std::string_view busName) {
+  std::string path = "/" + std::string(busName);
+  std::ranges::replace(path, '.', '/');
+  std::ranges::replace(path, '-', '_');
+  return path;
+}
+
+GVariant* openArguments(const std::vector<std::string>& urls) {
+  GVariantBuilder texts;
+  g_variant_builder_init(&texts, G_VARIANT_TYPE("as"));
+  for (const std::string& url : urls)
+    if (g_utf8_validate_len(url.data(), url.size(), nullptr) != FALSE)
+      g_variant_builder_add(&texts, "s", url.c_str());
+  return g_variant_new("(as@a{sv})", &texts, noPlatformData());
+}
+
+GVariant* activateArguments() {
+  return g_variant_new("(@a{sv})", noPlatformData());
+}
+
+}  // namespace DesktopSupport
