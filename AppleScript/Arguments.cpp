@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "AppleScript/Names.h"
 #include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/Names.h"
 
 namespace AppleScript {
 

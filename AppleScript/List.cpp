@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "AppleScript/Containers.h"
 #include "AppleScript/Value.h"
+#include "AppleScript/Values/Containers.h"
 
 namespace AppleScript {
 

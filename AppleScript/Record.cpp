@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "AppleScript/Containers.h"
 #include "AppleScript/Dictionary.h"
-#include "AppleScript/Names.h"
 #include "AppleScript/Value.h"
+#include "AppleScript/Values/Containers.h"
+#include "AppleScript/Values/Names.h"
 
 namespace AppleScript {
 

@@ -3,12 +3,12 @@
 #include <cstddef>
 #include <utility>
 
-#include "AppleScript/Failure.h"
-#include "AppleScript/Lexer.h"
-#include "AppleScript/ParseContext.h"
-#include "AppleScript/Run.h"
-#include "AppleScript/Statement.h"
-#include "AppleScript/StatementParser.h"
+#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Running/Run.h"
+#include "AppleScript/Statements/Statement.h"
+#include "AppleScript/Syntax/Lexer.h"
+#include "AppleScript/Syntax/ParseContext.h"
+#include "AppleScript/Syntax/StatementParser.h"
 
 namespace AppleScript {
 

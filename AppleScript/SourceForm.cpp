@@ -6,10 +6,10 @@
 #include <string_view>
 
 #include "AppleScript/Application.h"
-#include "AppleScript/Constants.h"
-#include "AppleScript/Limits.h"
-#include "AppleScript/NumberText.h"
-#include "AppleScript/Utf8.h"
+#include "AppleScript/Running/Limits.h"
+#include "AppleScript/Values/Constants.h"
+#include "AppleScript/Values/NumberText.h"
+#include "AppleScript/Values/Utf8.h"
 
 namespace AppleScript {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "AppleScript/TextBuffer.h"
+#include "AppleScript/Values/TextBuffer.h"
 
 namespace AppleScript {
 

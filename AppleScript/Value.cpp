@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "AppleScript/Coercions.h"
-#include "AppleScript/Dereference.h"
-#include "AppleScript/Failure.h"
+#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Values/Coercions.h"
+#include "AppleScript/Values/Dereference.h"
 
 namespace AppleScript {
 

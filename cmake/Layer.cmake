@@ -1,11 +1,15 @@
-# deskloom_layer(NAME [USES layer...] [LIBRARIES target...])
+# deskloom_layer(NAME [FOLDERS folder...] [USES layer...] [LIBRARIES target...])
 #
-# Makes the static library NAME from all sources of the current folder. USES names the project's own layers that it may
+# Makes the static library NAME from all sources of the current folder and of those of its folders that FOLDERS names. USES names the project's own layers that it may
 # include, LIBRARIES the outside ones; both belong to the layer's interface. Includes are written from the top of the tree
 # ("Platform/URL.h"), and script/check-layers holds every include against these lists.
 function(deskloom_layer name)
-  cmake_parse_arguments(LAYER "" "" "USES;LIBRARIES" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  cmake_parse_arguments(LAYER "" "" "FOLDERS;USES;LIBRARIES" ${ARGN})
+  set(patterns *.cpp *.h)
+  foreach(folder IN LISTS LAYER_FOLDERS)
+    list(APPEND patterns ${folder}/*.cpp ${folder}/*.h)
+  endforeach()
+  file(GLOB sources CONFIGURE_DEPENDS ${patterns})
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   add_library(${name} STATIC ${sources})
   target_compile_features(${name} PUBLIC cxx_std_23)

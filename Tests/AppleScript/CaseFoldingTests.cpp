@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "AppleScript/CaseFolding.h"
+#include "AppleScript/Values/CaseFolding.h"
 
 namespace AppleScript {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Failure.h"
-#include "AppleScript/Lexer.h"
+#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Syntax/Lexer.h"
 
 namespace AppleScript {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Limits.h"
+#include "AppleScript/Running/Limits.h"
 #include "AppleScript/SourceForm.h"
 #include "Tests/AppleScript/TestApplications.h"
 

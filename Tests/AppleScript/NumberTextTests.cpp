@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/NumberText.h"
 #include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/NumberText.h"
 
 namespace AppleScript {
 namespace {

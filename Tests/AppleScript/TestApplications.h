@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "AppleScript/Application.h"
-#include "AppleScript/Names.h"
 #include "AppleScript/Script.h"
+#include "AppleScript/Values/Names.h"
 #include "Tests/AppleScript/TestDesk.h"
 #include "Tests/AppleScript/TestHost.h"
 

@@ -1,0 +1,20 @@
+#include "AppleScript/Expressions/ResultExpression.h"
+
+#include <utility>
+
+#include "AppleScript/Running/Failure.h"
+
+namespace AppleScript {
+
+Value ResultExpression::compute(Run& run) const {
+  if (!run.result()) {
+    fail(ErrorNumber::undefinedVariable, "The variable result is not defined.");
+  }
+  return *run.result();
+}
+
+void ResultExpression::store(Run& run, Value value) const {
+  run.result() = std::move(value);
+}
+
+}  // namespace AppleScript

@@ -1,0 +1,17 @@
+#include "AppleScript/References/ReferenceForm.h"
+
+#include "AppleScript/Running/Failure.h"
+#include "AppleScript/SourceForm.h"
+
+namespace AppleScript {
+
+void failToSet(const std::string& what, const Value& container, const Value& value) {
+  fail(ErrorNumber::cantSet,
+       "Can’t set " + what + " of " + shortSourceForm(container) + " to " + shortSourceForm(value) + ".");
+}
+
+void ReferenceForm::assign(Run& run, const Value& container, Value value) const {
+  failToSet(describe(run), container, value);
+}
+
+}  // namespace AppleScript

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+
+#include "AppleScript/Syntax/ParseContext.h"
+#include "AppleScript/Syntax/ReferenceHead.h"
+
+namespace AppleScript {
+
+/// Reads what a reference begins with: a literal, a variable, a command, a property, elements of a class, …
+class HeadParser {
+ public:
+  explicit HeadParser(ParseContext& context) : context_(context) {}
+
+  [[nodiscard]] ReferenceHead parse();
+  /// A property or elements, where nothing else can stand: behind `'s` and `its`.
+  [[nodiscard]] ReferenceLink parseMember();
+
+ private:
+  [[nodiscard]] ReferenceHead parseWord();
+  [[nodiscard]] std::optional<ReferenceHead> parseKeyword();
+  [[nodiscard]] std::optional<ReferenceHead> parseInsertion();
+  [[nodiscard]] std::optional<ReferenceHead> parsePosition();
+  [[nodiscard]] ReferenceHead parseOrdinal(std::int64_t number);
+  [[nodiscard]] ReferenceHead parseNumberedOrdinal();
+  [[nodiscard]] ReferenceHead parseTerm(const Term& term);
+  [[nodiscard]] ReferenceHead parseProperty(const Term& term);
+  [[nodiscard]] ReferenceHead parseClass(const Term& term);
+  [[nodiscard]] ReferenceHead parseKeyed(const ClassDescription& elementClass);
+  [[nodiscard]] ReferenceHead parsePlural(const Term& term);
+  [[nodiscard]] ExpressionPointer parseApplication(std::size_t start);
+  [[nodiscard]] ReferenceHead parseIdentifier();
+
+  /// What the words at the place reached mean: the longest phrase and, of equally long ones, what the words behind it
+  /// make likely.
+  [[nodiscard]] std::optional<Term> findTerm() const;
+  [[nodiscard]] const ClassDescription& expectClass();
+  [[nodiscard]] bool isKeyAhead(std::size_t ahead) const;
+  [[nodiscard]] bool isOfAhead() const;
+
+  ParseContext& context_;
+};
+
+}  // namespace AppleScript

@@ -1,0 +1,78 @@
+#include "AppleScript/Syntax/TokenStream.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "AppleScript/Values/Names.h"
+
+namespace AppleScript {
+
+TokenStream::TokenStream(std::vector<Token> tokens) : tokens_(std::move(tokens)) {}
+
+const Token& TokenStream::peek(std::size_t ahead) const {
+  return tokens_[std::min(position_ + ahead, tokens_.size() - 1)];
+}
+
+const Token& TokenStream::take() {
+  const Token& token = peek();
+  skip(1);
+  return token;
+}
+
+void TokenStream::skip(std::size_t count) {
+  position_ = std::min(position_ + count, tokens_.size() - 1);
+}
+
+bool TokenStream::atWord(std::string_view word, std::size_t ahead) const {
+  const Token& token = peek(ahead);
+  return token.kind == TokenKind::word && sameName(token.lexeme, word);
+}
+
+bool TokenStream::atSymbol(std::string_view symbol, std::size_t ahead) const {
+  const Token& token = peek(ahead);
+  return token.kind == TokenKind::symbol && token.lexeme == symbol;
+}
+
+bool TokenStream::acceptWord(std::string_view word) {
+  const bool found = atWord(word);
+  skip(found ? 1 : 0);
+  return found;
+}
+
+bool TokenStream::acceptSymbol(std::string_view symbol) {
+  const bool found = atSymbol(symbol);
+  skip(found ? 1 : 0);
+  return found;
+}
+
+bool TokenStream::acceptLineEnd() {
+  const bool found = peek().kind == TokenKind::endOfLine;
+  skip(found ? 1 : 0);
+  return found;
+}
+
+std::size_t TokenStream::matchPhrase(std::string_view phrase, std::size_t ahead) const {
+  std::size_t count = 0;
+  while (!phrase.empty()) {
+    const std::string_view word = phrase.substr(0, phrase.find(' '));
+    if (!atWord(word, ahead + count) && !atSymbol(word, ahead + count)) {
+      return 0;
+    }
+    phrase.remove_prefix(std::min(phrase.size(), word.size() + 1));
+    ++count;
+  }
+  return count;
+}
+
+bool TokenStream::atLineEnd(std::size_t ahead) const {
+  const TokenKind kind = peek(ahead).kind;
+  return kind == TokenKind::endOfLine || kind == TokenKind::endOfScript;
+}
+
+SourceRange TokenStream::rangeSince(std::size_t position) const {
+  const SourceRange first = tokens_[position].range;
+  const SourceRange last = position_ > position ? previous().range : first;
+  return {first.start, last.start + last.length - first.start};
+}
+
+}  // namespace AppleScript
