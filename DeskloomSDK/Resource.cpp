@@ -95,7 +95,8 @@ std::expected<std::string, EncodingError> encodeResources(const std::vector<Reso
   } catch (const json::exception& failure) {
     return std::unexpected(EncodingError{failure.what()});
   }
-  return text + ']';
+  text += ']';
+  return text;
 }
 
 std::expected<std::vector<Resource>, DecodingError> decodeResources(std::string_view text) {

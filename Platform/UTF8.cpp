@@ -12,9 +12,9 @@ namespace {
 /// How a sequence goes on behind its first byte: its length, and what the second byte may be, which rules out overlong
 /// forms, surrogates and what lies beyond U+10FFFF.
 struct Sequence {
-  unsigned char firstLead;
-  unsigned char lastLead;
-  std::size_t length;
+  unsigned char firstLead = 0;
+  unsigned char lastLead = 0;
+  std::size_t length = 0;
   unsigned char lowestSecond = 0x80;
   unsigned char highestSecond = 0xBF;
 };

@@ -7,10 +7,11 @@
 namespace AppleScript {
 
 Value ResultExpression::compute(Run& run) const {
-  if (!run.result()) {
+  const auto& result = run.result();
+  if (!result) {
     fail(ErrorNumber::undefinedVariable, "The variable result is not defined.");
   }
-  return *run.result();
+  return *result;
 }
 
 void ResultExpression::store(Run& run, Value value) const {

@@ -10,6 +10,8 @@ void failToSet(const std::string& what, const Value& container, const Value& val
        "Can’t set " + what + " of " + shortSourceForm(container) + " to " + shortSourceForm(value) + ".");
 }
 
+// Overriders keep the value.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void ReferenceForm::assign(Run& run, const Value& container, Value value) const {
   failToSet(describe(run), container, value);
 }

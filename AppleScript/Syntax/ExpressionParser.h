@@ -20,7 +20,7 @@ class ExpressionParser {
   /// An operator at the place reached, and how many tokens spell it.
   struct Match {
     OperatorPhrase phrase;
-    std::size_t tokenCount;
+    std::size_t tokenCount = 0;
   };
 
   /// Operands joined by operators that hold at least as tightly as `loosest`.

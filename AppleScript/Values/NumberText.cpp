@@ -23,7 +23,7 @@ std::string shortest(double number, std::chars_format format) {
   return {buffer.data(), end};
 }
 
-std::string withPoint(std::string digits) {
+std::string withPoint(const std::string& digits) {
   return digits.find('.') == std::string::npos ? digits + ".0" : digits;
 }
 
