@@ -15,8 +15,8 @@ namespace AppleScript {
 
 namespace {
 
-constexpr std::size_t kShortLength = 200;
-constexpr std::string_view kEllipsis = "…";
+constexpr std::size_t shortLength = 200;
+constexpr std::string_view ellipsis = "…";
 
 class SourceWriter {
  public:
@@ -57,7 +57,7 @@ std::string SourceWriter::finish() && {
       --end;
     }
     out_.resize(end);
-    out_ += kEllipsis;
+    out_ += ellipsis;
   }
   return std::move(out_);
 }
@@ -105,8 +105,8 @@ void SourceWriter::operator()(const ItemReference& reference) {
 }
 
 void SourceWriter::writeNested(const Value& value) {
-  if (depth_ == kMaximumNesting) {
-    out_ += kEllipsis;
+  if (depth_ == maximumNesting) {
+    out_ += ellipsis;
     return;
   }
   ++depth_;
@@ -172,7 +172,7 @@ std::string sourceForm(const Value& value) {
 }
 
 std::string shortSourceForm(const Value& value) {
-  SourceWriter writer(kShortLength);
+  SourceWriter writer(shortLength);
   writer.write(value);
   return std::move(writer).finish();
 }

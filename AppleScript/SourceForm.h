@@ -6,7 +6,7 @@
 
 namespace AppleScript {
 
-/// `value` as the language writes it: `{1, "a", {name:"x"}}`. Lists and records that nest deeper than `kMaximumNesting`
+/// `value` as the language writes it: `{1, "a", {name:"x"}}`. Lists and records that nest deeper than `maximumNesting`
 /// end in "…".
 [[nodiscard]] std::string sourceForm(const Value& value);
 

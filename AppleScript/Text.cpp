@@ -8,7 +8,7 @@ namespace AppleScript {
 
 namespace {
 
-constexpr std::size_t kSmallestRoom = 48;
+constexpr std::size_t smallestRoom = 48;
 
 }  // namespace
 
@@ -32,7 +32,7 @@ Text Text::appending(std::string_view more) const {
   longer.size_ += more.size();
   const bool endsTheBuffer = buffer_ != nullptr && buffer_->bytes().size() == size_;
   if (!endsTheBuffer || buffer_->room() < more.size()) {
-    longer.buffer_ = std::make_shared<TextBuffer>(view(), more.size() + longer.size_ + kSmallestRoom);
+    longer.buffer_ = std::make_shared<TextBuffer>(view(), more.size() + longer.size_ + smallestRoom);
   }
   longer.buffer_->append(more);
   return longer;

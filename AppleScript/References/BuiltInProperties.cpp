@@ -123,7 +123,7 @@ bool setTextItemDelimiters(Run& run, const Value& /*container*/, const Value& va
   return true;
 }
 
-constexpr auto kProperties = std::to_array<BuiltInProperty>({
+constexpr auto allProperties = std::to_array<BuiltInProperty>({
     {"class", getClass},
     {"contents", getContents, setContents, true},
     {"length", getLength},
@@ -140,13 +140,13 @@ constexpr auto kProperties = std::to_array<BuiltInProperty>({
 }  // namespace
 
 std::span<const BuiltInProperty> builtInProperties() {
-  return kProperties;
+  return allProperties;
 }
 
 const BuiltInProperty* builtInProperty(std::string_view name) {
   const auto found =
-      std::ranges::find_if(kProperties, [name](const BuiltInProperty& one) { return sameName(one.name, name); });
-  return found == kProperties.end() ? nullptr : &*found;
+      std::ranges::find_if(allProperties, [name](const BuiltInProperty& one) { return sameName(one.name, name); });
+  return found == allProperties.end() ? nullptr : &*found;
 }
 
 }  // namespace AppleScript

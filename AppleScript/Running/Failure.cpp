@@ -22,7 +22,7 @@ void failOfDepth() {
 }
 
 Descent::Descent(std::size_t& depth) : depth_(depth) {
-  if (depth_ == kMaximumNesting) {
+  if (depth_ == maximumNesting) {
     failOfDepth();
   }
   ++depth_;

@@ -22,7 +22,7 @@ struct Failure {
 [[noreturn]] void failToCoerce(const Value& value, std::string_view typeName);
 /// -1728: "Can’t get ….", `what` in source form.
 [[noreturn]] void failToGet(std::string_view what);
-/// -2706, where values nest deeper than `kMaximumNesting`.
+/// -2706, where values nest deeper than `maximumNesting`.
 [[noreturn]] void failOfDepth();
 
 /// The value of `result`, or its error thrown.

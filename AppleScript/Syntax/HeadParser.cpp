@@ -36,19 +36,19 @@ struct NumberWord {
   std::int64_t number;
 };
 
-constexpr auto kOrdinals = std::to_array<NumberWord>({{"first", 1},
-                                                      {"second", 2},
-                                                      {"third", 3},
-                                                      {"fourth", 4},
-                                                      {"fifth", 5},
-                                                      {"sixth", 6},
-                                                      {"seventh", 7},
-                                                      {"eighth", 8},
-                                                      {"ninth", 9},
-                                                      {"tenth", 10},
-                                                      {"front", 1},
-                                                      {"last", -1},
-                                                      {"back", -1}});
+constexpr auto ordinals = std::to_array<NumberWord>({{"first", 1},
+                                                     {"second", 2},
+                                                     {"third", 3},
+                                                     {"fourth", 4},
+                                                     {"fifth", 5},
+                                                     {"sixth", 6},
+                                                     {"seventh", 7},
+                                                     {"eighth", 8},
+                                                     {"ninth", 9},
+                                                     {"tenth", 10},
+                                                     {"front", 1},
+                                                     {"last", -1},
+                                                     {"back", -1}});
 
 }  // namespace
 
@@ -177,8 +177,8 @@ std::optional<ReferenceHead> HeadParser::parsePosition() {
     return ReferenceHead::ofElements(expectClass(), std::make_unique<MiddleSelector>());
   }
   const auto ordinal =
-      std::ranges::find_if(kOrdinals, [&tokens](const NumberWord& one) { return tokens.acceptWord(one.word); });
-  return ordinal == kOrdinals.end() ? std::nullopt : std::optional(parseOrdinal(ordinal->number));
+      std::ranges::find_if(ordinals, [&tokens](const NumberWord& one) { return tokens.acceptWord(one.word); });
+  return ordinal == ordinals.end() ? std::nullopt : std::optional(parseOrdinal(ordinal->number));
 }
 
 ReferenceHead HeadParser::parseOrdinal(std::int64_t number) {

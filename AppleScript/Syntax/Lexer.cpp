@@ -11,12 +11,12 @@ namespace AppleScript {
 namespace {
 
 // Longest first, where one begins another.
-constexpr std::array<std::string_view, 22> kSymbols{"<=", ">=", "/=", "≠", "≤", "≥", "÷", "(", ")", "{", "}",
-                                                    ",",  ":",  "+",  "-", "*", "/", "^", "&", "=", "<", ">"};
-constexpr std::string_view kPossessive = "'s";
-constexpr std::string_view kContinuation = "¬";
-constexpr std::string_view kNoBreakSpace = "\u00A0";
-constexpr std::string_view kByteOrderMark = "\uFEFF";
+constexpr std::array<std::string_view, 22> symbols{"<=", ">=", "/=", "≠", "≤", "≥", "÷", "(", ")", "{", "}",
+                                                   ",",  ":",  "+",  "-", "*", "/", "^", "&", "=", "<", ">"};
+constexpr std::string_view possessive = "'s";
+constexpr std::string_view continuation = "¬";
+constexpr std::string_view noBreakSpace = "\u00A0";
+constexpr std::string_view byteOrderMark = "\uFEFF";
 
 bool isDigit(char byte) {
   return byte >= '0' && byte <= '9';
@@ -38,7 +38,7 @@ std::string expected(std::string_view wanted, std::string_view found) {
 
 std::vector<Token> Lexer::tokens() {
   requireUtf8();
-  accept(kByteOrderMark);
+  accept(byteOrderMark);
   std::vector<Token> result;
   do {
     result.push_back(next());
@@ -78,7 +78,7 @@ void Lexer::advance(std::size_t bytes) {
 }
 
 void Lexer::skipBlanks() {
-  while (accept(" ") || accept("\t") || accept(kNoBreakSpace) || skipContinuation() || skipComment()) {
+  while (accept(" ") || accept("\t") || accept(noBreakSpace) || skipContinuation() || skipComment()) {
   }
 }
 
@@ -117,7 +117,7 @@ void Lexer::skipNestedComment() {
 
 /// `¬` and the end of its line.
 bool Lexer::skipContinuation() {
-  if (!accept(kContinuation)) {
+  if (!accept(continuation)) {
     return false;
   }
   while (accept(" ") || accept("\t")) {
@@ -222,9 +222,9 @@ TokenKind Lexer::scanWord() {
 
 TokenKind Lexer::scanSymbol() {
   const std::size_t start = offset_;
-  bool known = accept(kPossessive);
-  for (std::size_t i = 0; i < kSymbols.size() && !known; ++i) {
-    known = accept(kSymbols[i]);
+  bool known = accept(possessive);
+  for (std::size_t i = 0; i < symbols.size() && !known; ++i) {
+    known = accept(symbols[i]);
   }
   if (!known) {
     fail(ErrorNumber::syntaxError, expected("expression", "unknown token"), {character_, 1});

@@ -13,7 +13,7 @@ namespace {
 
 using enum Operator;
 
-constexpr auto kPhrases = std::to_array<OperatorPhrase>({
+constexpr auto phraseTable = std::to_array<OperatorPhrase>({
     {"or", logicalOr, Precedence::logicalOr},
     {"and", logicalAnd, Precedence::logicalAnd},
 
@@ -107,7 +107,7 @@ using PhrasesByFirstWord = std::unordered_map<std::string, std::vector<OperatorP
 
 PhrasesByFirstWord phrasesByFirstWord() {
   PhrasesByFirstWord result;
-  for (const OperatorPhrase& phrase : kPhrases) {
+  for (const OperatorPhrase& phrase : phraseTable) {
     result[std::string(phrase.phrase.substr(0, phrase.phrase.find(' ')))].push_back(phrase);
   }
   return result;

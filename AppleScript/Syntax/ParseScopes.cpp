@@ -6,7 +6,7 @@
 namespace AppleScript {
 
 NestingScope::NestingScope(ParseContext& context) : context_(context) {
-  if (context_.nesting_ == kMaximumNesting) {
+  if (context_.nesting_ == maximumNesting) {
     fail(ErrorNumber::syntaxError, "Expressions and blocks nest too deeply here.", context_.tokens_.peek().range);
   }
   ++context_.nesting_;

@@ -9,7 +9,7 @@ namespace AppleScript {
 
 namespace {
 
-constexpr auto kWords = std::to_array<std::string_view>(
+constexpr auto words = std::to_array<std::string_view>(
     {"and",    "as",        "begin",   "begins", "by",     "considering", "contain",  "contains", "copy",  "count",
      "div",    "does",      "doesn't", "else",   "end",    "ends",        "equal",    "equals",   "error", "every",
      "exists", "exit",      "from",    "get",    "global", "if",          "ignoring", "in",       "is",    "isn't",
@@ -20,7 +20,7 @@ constexpr auto kWords = std::to_array<std::string_view>(
 }  // namespace
 
 bool isReservedWord(std::string_view word) {
-  return std::ranges::any_of(kWords, [word](std::string_view one) { return sameName(one, word); });
+  return std::ranges::any_of(words, [word](std::string_view one) { return sameName(one, word); });
 }
 
 }  // namespace AppleScript

@@ -58,15 +58,15 @@ StatementPointer StatementParser::parseStatement() {
     std::string_view word;
     StatementPointer (StatementParser::*parse)();
   };
-  static constexpr auto kKinds = std::to_array<Kind>({{"tell", &StatementParser::parseTell},
-                                                      {"if", &StatementParser::parseIf},
-                                                      {"try", &StatementParser::parseTry},
-                                                      {"set", &StatementParser::parseSet},
-                                                      {"copy", &StatementParser::parseCopy},
-                                                      {"return", &StatementParser::parseReturn},
-                                                      {"exit", &StatementParser::parseExit},
-                                                      {"error", &StatementParser::parseError}});
-  for (const Kind& kind : kKinds) {
+  static constexpr auto kinds = std::to_array<Kind>({{"tell", &StatementParser::parseTell},
+                                                     {"if", &StatementParser::parseIf},
+                                                     {"try", &StatementParser::parseTry},
+                                                     {"set", &StatementParser::parseSet},
+                                                     {"copy", &StatementParser::parseCopy},
+                                                     {"return", &StatementParser::parseReturn},
+                                                     {"exit", &StatementParser::parseExit},
+                                                     {"error", &StatementParser::parseError}});
+  for (const Kind& kind : kinds) {
     if (context_.tokens().acceptWord(kind.word)) {
       return (this->*kind.parse)();
     }

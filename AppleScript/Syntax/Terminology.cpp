@@ -13,11 +13,11 @@ namespace {
 
 namespace Classes = BuiltInClasses;
 
-constexpr std::array kClasses{&Classes::item,       &Classes::character,      &Classes::word,    &Classes::paragraph,
-                              &Classes::textItem,   &Classes::number,         &Classes::integer, &Classes::real,
-                              &Classes::boolean,    &Classes::list,           &Classes::record,  &Classes::file,
-                              &Classes::alias,      &Classes::classOfClasses, &Classes::script,  &Classes::constant,
-                              &Classes::application};
+constexpr std::array allClasses{&Classes::item,       &Classes::character,      &Classes::word,    &Classes::paragraph,
+                                &Classes::textItem,   &Classes::number,         &Classes::integer, &Classes::real,
+                                &Classes::boolean,    &Classes::list,           &Classes::record,  &Classes::file,
+                                &Classes::alias,      &Classes::classOfClasses, &Classes::script,  &Classes::constant,
+                                &Classes::application};
 
 /// Further phrases for the language's classes.
 struct Synonym {
@@ -25,9 +25,9 @@ struct Synonym {
   const ClassDescription* meaning;
 };
 
-constexpr std::array kSynonyms{Synonym{"text", &Classes::text}, Synonym{"string", &Classes::text},
-                               Synonym{"Unicode text", &Classes::text}, Synonym{"POSIX file", &Classes::file},
-                               Synonym{"app", &Classes::application}};
+constexpr std::array synonyms{Synonym{"text", &Classes::text}, Synonym{"string", &Classes::text},
+                              Synonym{"Unicode text", &Classes::text}, Synonym{"POSIX file", &Classes::file},
+                              Synonym{"app", &Classes::application}};
 
 }  // namespace
 
@@ -37,10 +37,10 @@ const Terminology& Terminology::ofLanguage() {
 }
 
 Terminology::Terminology() {
-  for (const ClassDescription* description : kClasses) {
+  for (const ClassDescription* description : allClasses) {
     addClass(*description, nullptr);
   }
-  for (const auto& [phrase, meaning] : kSynonyms) {
+  for (const auto& [phrase, meaning] : synonyms) {
     add({.kind = TermKind::className, .phrase = phrase, .classDescription = meaning});
   }
   for (const BuiltInProperty& property : builtInProperties()) {

@@ -57,8 +57,8 @@ bool divides(Operator op) {
 /// An integer where it can be one, as `div` yields it.
 Value wholePart(double number) {
   const double whole = std::trunc(number);
-  constexpr double kBound = -static_cast<double>(std::numeric_limits<std::int64_t>::min());
-  return whole >= -kBound && whole < kBound ? Value(static_cast<std::int64_t>(whole)) : Value(whole);
+  constexpr double bound = -static_cast<double>(std::numeric_limits<std::int64_t>::min());
+  return whole >= -bound && whole < bound ? Value(static_cast<std::int64_t>(whole)) : Value(whole);
 }
 
 Value finite(double number) {

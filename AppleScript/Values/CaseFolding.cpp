@@ -17,7 +17,7 @@ struct UpperCaseRun {
   char32_t step;
 };
 
-constexpr std::array kRuns{
+constexpr std::array runs{
     UpperCaseRun{'A', 'Z', 32, 1},      UpperCaseRun{0xC0, 0xD6, 32, 1},     UpperCaseRun{0xD8, 0xDE, 32, 1},
     UpperCaseRun{0x100, 0x12E, 1, 2},   UpperCaseRun{0x132, 0x136, 1, 2},    UpperCaseRun{0x139, 0x147, 1, 2},
     UpperCaseRun{0x14A, 0x176, 1, 2},   UpperCaseRun{0x178, 0x178, -121, 1}, UpperCaseRun{0x179, 0x17D, 1, 2},
@@ -33,7 +33,7 @@ constexpr std::array kRuns{
 }  // namespace
 
 char32_t foldCase(char32_t character) {
-  for (const UpperCaseRun& run : kRuns) {
+  for (const UpperCaseRun& run : runs) {
     if (character < run.first) {
       return character;
     }

@@ -82,7 +82,7 @@ const Value& onlyItem(const Value& value) {
     if (list->size() != 1) {
       break;
     }
-    if (++depth > kMaximumNesting) {
+    if (++depth > maximumNesting) {
       failOfDepth();
     }
     current = &dereferenced(list->at(0));
@@ -137,8 +137,8 @@ std::int64_t toInteger(const Value& value) {
   }
   const double rounded = std::nearbyint(*number.getIf<double>());
   // The bound itself is a power of two, so it is exact as a real; the greatest integer is not.
-  constexpr double kBound = -static_cast<double>(std::numeric_limits<std::int64_t>::min());
-  if (!(rounded >= -kBound && rounded < kBound)) {
+  constexpr double upperBound = -static_cast<double>(std::numeric_limits<std::int64_t>::min());
+  if (!(rounded >= -upperBound && rounded < upperBound)) {
     failToCoerce(value, BuiltInClasses::integer.name);
   }
   return static_cast<std::int64_t>(rounded);

@@ -20,7 +20,7 @@ const Value& itemOf(const ItemReference& reference) {
 const Value& dereferenced(const Value& value) {
   const Value* current = &value;
   for (std::size_t depth = 0; const auto* reference = current->getIf<ItemReference>(); ++depth) {
-    if (depth == kMaximumNesting) {
+    if (depth == maximumNesting) {
       failOfDepth();
     }
     current = &itemOf(*reference);

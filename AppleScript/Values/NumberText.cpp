@@ -9,12 +9,12 @@ namespace AppleScript {
 namespace {
 
 // Reals from here on, and those this small, are written with an exponent.
-constexpr double kLargePlain = 10000.0;
-constexpr double kSmallPlain = 0.0001;
+constexpr double largePlain = 10000.0;
+constexpr double smallPlain = 0.0001;
 
 bool isPlain(double number) {
   const double size = std::abs(number);
-  return number == 0 || (size < kLargePlain && size > kSmallPlain);
+  return number == 0 || (size < largePlain && size > smallPlain);
 }
 
 std::string shortest(double number, std::chars_format format) {
@@ -35,10 +35,10 @@ std::string withExponent(double number) {
 }
 
 std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r\n";
-  const std::size_t start = text.find_first_not_of(kBlanks);
+  constexpr std::string_view blanks = " \t\r\n";
+  const std::size_t start = text.find_first_not_of(blanks);
   return start == std::string_view::npos ? std::string_view()
-                                         : text.substr(start, text.find_last_not_of(kBlanks) - start + 1);
+                                         : text.substr(start, text.find_last_not_of(blanks) - start + 1);
 }
 
 template <typename Number>

@@ -9,7 +9,7 @@ namespace AppleScript {
 
 namespace {
 
-constexpr std::size_t kCharactersPerMark = 64;
+constexpr std::size_t charactersPerMark = 64;
 
 }  // namespace
 
@@ -21,24 +21,24 @@ TextBuffer::TextBuffer(std::string_view bytes, std::size_t room) : limit_(bytes.
 }
 
 std::size_t TextBuffer::offsetOfCharacter(std::size_t number) const {
-  const std::size_t stretch = number / kCharactersPerMark;
+  const std::size_t stretch = number / charactersPerMark;
   while (marks_.size() < stretch) {
     markNextStretch();
   }
-  return Utf8::skip(bytes_, mark(stretch), number % kCharactersPerMark);
+  return Utf8::skip(bytes_, mark(stretch), number % charactersPerMark);
 }
 
 std::size_t TextBuffer::charactersBefore(std::size_t offset) const {
-  while (Utf8::skip(bytes_, lastMark(), kCharactersPerMark) < offset) {
+  while (Utf8::skip(bytes_, lastMark(), charactersPerMark) < offset) {
     markNextStretch();
   }
   const auto behind = std::upper_bound(marks_.begin(), marks_.end(), offset);
   const auto stretch = static_cast<std::size_t>(behind - marks_.begin());
-  return stretch * kCharactersPerMark + Utf8::count(bytes().substr(mark(stretch), offset - mark(stretch)));
+  return stretch * charactersPerMark + Utf8::count(bytes().substr(mark(stretch), offset - mark(stretch)));
 }
 
 void TextBuffer::markNextStretch() const {
-  marks_.push_back(Utf8::skip(bytes_, lastMark(), kCharactersPerMark));
+  marks_.push_back(Utf8::skip(bytes_, lastMark(), charactersPerMark));
 }
 
 }  // namespace AppleScript

@@ -6,10 +6,10 @@ namespace AppleScript::Utf8 {
 
 namespace {
 
-constexpr char32_t kReplacement = 0xFFFD;
+constexpr char32_t replacement = 0xFFFD;
 
 struct Sequence {
-  char32_t character = kReplacement;
+  char32_t character = replacement;
   std::size_t length = 0;
 };
 
@@ -31,9 +31,9 @@ std::size_t announcedLength(unsigned lead) {
 }
 
 bool isScalarOfLength(char32_t character, std::size_t length) {
-  constexpr char32_t kSmallest[] = {0, 0, 0x80, 0x800, 0x10000};
+  constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
   const bool surrogate = character >= 0xD800 && character < 0xE000;
-  return character >= kSmallest[length] && character <= 0x10FFFF && !surrogate;
+  return character >= smallest[length] && character <= 0x10FFFF && !surrogate;
 }
 
 /// The well-formed character at `offset`; of length 0 where there is none.
@@ -77,7 +77,7 @@ char32_t decode(std::string_view text, std::size_t& offset) {
   const Sequence sequence = sequenceAt(text, offset);
   if (sequence.length == 0) {
     ++offset;
-    return kReplacement;
+    return replacement;
   }
   offset += sequence.length;
   return sequence.character;

@@ -36,8 +36,8 @@ namespace AppleScript::Testing {
 namespace {
 
 // The larger is the smaller times a power of two, so that what grows by doubling is as full at both.
-constexpr int kFew = 1 << 10;
-constexpr int kMany = 1 << 16;
+constexpr int few = 1 << 10;
+constexpr int many = 1 << 16;
 
 std::shared_ptr<const TestRoot> manyThings(int count) {
   auto root = std::make_shared<TestRoot>();
@@ -65,7 +65,7 @@ double bytesPerItem(const std::string& source, int count) {
 class Growth : public testing::TestWithParam<const char*> {};
 
 TEST_P(Growth, CostsTheSamePerItemHoweverMany) {
-  EXPECT_LE(bytesPerItem(GetParam(), kMany), 1.2 * bytesPerItem(GetParam(), kFew));
+  EXPECT_LE(bytesPerItem(GetParam(), many), 1.2 * bytesPerItem(GetParam(), few));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -11,8 +11,8 @@
 namespace AppleScript::Testing {
 namespace {
 
-constexpr int kMillion = 1000000;
-constexpr int kManyLevels = 100000;
+constexpr int million = 1000000;
+constexpr int manyLevels = 100000;
 
 std::string times(int count, std::string_view text) {
   std::string result;
@@ -36,8 +36,8 @@ std::string outcome(const std::string& source) {
 class TooDeep : public testing::TestWithParam<const char*> {};
 
 TEST_P(TooDeep, IsASyntaxErrorHoweverDeep) {
-  EXPECT_EQ(outcome(times(kManyLevels, GetParam())), "-2741");
-  EXPECT_EQ(outcome(times(kMaximumNesting + 1, GetParam())), "-2741");
+  EXPECT_EQ(outcome(times(manyLevels, GetParam())), "-2741");
+  EXPECT_EQ(outcome(times(maximumNesting + 1, GetParam())), "-2741");
 }
 
 INSTANTIATE_TEST_SUITE_P(Sources, TooDeep,
@@ -49,19 +49,19 @@ INSTANTIATE_TEST_SUITE_P(Sources, TooDeep,
 class AMillionLevels : public testing::TestWithParam<const char*> {};
 
 TEST_P(AMillionLevels, AreASyntaxError) {
-  EXPECT_EQ(outcome(times(kMillion, GetParam())), "-2741");
+  EXPECT_EQ(outcome(times(million, GetParam())), "-2741");
 }
 
 INSTANTIATE_TEST_SUITE_P(Sources, AMillionLevels, testing::Values("(", "not ", "- ", "{", "tell it\n", "1 of "));
 
 TEST(Nesting, ReachesItsLimit) {
-  const int depth = static_cast<int>(kMaximumNesting) - 2;
+  const int depth = static_cast<int>(maximumNesting) - 2;
   EXPECT_EQ(outcome(times(depth, "(") + "1" + times(depth, ")")), "1");
   EXPECT_EQ(outcome(times(depth, "tell it\n") + "1\n" + times(depth, "end tell\n")), "1");
 }
 
 TEST(Nesting, OfCommentsHasNoLimit) {
-  EXPECT_EQ(outcome(times(kMillion, "(*") + times(kMillion, "*)") + "1"), "1");
+  EXPECT_EQ(outcome(times(million, "(*") + times(million, "*)") + "1"), "1");
 }
 
 TEST(Nesting, ALongChainOfOneOperatorIsNotDeep) {
@@ -71,16 +71,16 @@ TEST(Nesting, ALongChainOfOneOperatorIsNotDeep) {
 }
 
 TEST(Nesting, ALongChainOfReferencesIsNotDeep) {
-  EXPECT_EQ(outcome("set l to {1}\nset item 1 of l to l\n1 = length of " + times(kManyLevels, "item 1 of ") + "l"),
+  EXPECT_EQ(outcome("set l to {1}\nset item 1 of l to l\n1 = length of " + times(manyLevels, "item 1 of ") + "l"),
             "true");
-  EXPECT_EQ(outcome("set l to {1}\nset item 1 of l to l\n1 = length of (l" + times(kManyLevels, "'s item 1") + ")"),
+  EXPECT_EQ(outcome("set l to {1}\nset item 1 of l to l\n1 = length of (l" + times(manyLevels, "'s item 1") + ")"),
             "true");
 }
 
-constexpr std::string_view kDeepList = "set l to {}\nrepeat 100000 times\nset l to {l}\nend repeat\n";
+constexpr std::string_view deepList = "set l to {}\nrepeat 100000 times\nset l to {l}\nend repeat\n";
 
 TEST(Nesting, ListsThatNestAMillionDeepCanBeLetGo) {
-  EXPECT_EQ(outcome(std::string(kDeepList) + "count l"), "1");
+  EXPECT_EQ(outcome(std::string(deepList) + "count l"), "1");
 }
 
 TEST(Nesting, RecordsThatNestAMillionDeepCanBeLetGo) {
@@ -93,18 +93,18 @@ TEST(Nesting, ReferencesThatNestAMillionDeepCanBeLetGo) {
 }
 
 TEST(Nesting, WhatWorksOnWholeListsRefusesThoseThatAreTooDeep) {
-  const std::string deep(kDeepList);
+  const std::string deep(deepList);
   EXPECT_EQ(outcome(deep + "l as text"), "-2706");
   EXPECT_EQ(outcome(deep + "\"\" & l"), "-2706");
   EXPECT_EQ(outcome(deep + "l as number"), "-2706");
   EXPECT_EQ(outcome(deep + "copy l to m"), "-2706");
-  EXPECT_EQ(outcome(deep + "set m to l\n" + std::string(kDeepList) + "l = m"), "-2706");
-  EXPECT_EQ(outcome(deep + "set m to l\n" + std::string(kDeepList) + "{l} contains {m}"), "-2706");
+  EXPECT_EQ(outcome(deep + "set m to l\n" + std::string(deepList) + "l = m"), "-2706");
+  EXPECT_EQ(outcome(deep + "set m to l\n" + std::string(deepList) + "{l} contains {m}"), "-2706");
 }
 
 TEST(Nesting, ADeepResultIsHandedOver) {
   TestApplications applications;
-  const auto result = applications.run(std::string(kDeepList) + "l");
+  const auto result = applications.run(std::string(deepList) + "l");
   ASSERT_TRUE(result.has_value());
   ASSERT_TRUE(result->has_value());
   EXPECT_EQ((*result)->stringValue(), std::nullopt);
@@ -112,7 +112,7 @@ TEST(Nesting, ADeepResultIsHandedOver) {
 }
 
 TEST(Nesting, ErrorMessagesAboutDeepListsAreShort) {
-  EXPECT_EQ(outcome(std::string(kDeepList) + "try\nfoo of l\non error m\nlength of m < 300\nend try"), "true");
+  EXPECT_EQ(outcome(std::string(deepList) + "try\nfoo of l\non error m\nlength of m < 300\nend try"), "true");
 }
 
 TEST(Nesting, ListsThatHoldThemselvesAreLetGo) {

@@ -65,28 +65,28 @@ class TestHost : public Application {
     return note(application, "ring", arguments.hasDirect() ? Value("for " + *arguments.directText()) : Value("once"));
   }
 
-  static constexpr char kConfig[] = "config";
-  static constexpr char kGlobal[] = "global config";
-  static constexpr char kPath[] = "path";
-  static constexpr char kAction[] = "action";
-  static constexpr char kBundle[] = "action bundle id";
+  static constexpr char configPath[] = "config";
+  static constexpr char globalParameter[] = "global config";
+  static constexpr char pathValue[] = "path";
+  static constexpr char actionParameter[] = "action";
+  static constexpr char bundleParameter[] = "action bundle id";
 
-  static constexpr ParameterDescription kActionParameters[] = {{kAction}};
-  static constexpr ParameterDescription kBundleParameters[] = {{kBundle}};
-  static constexpr CommandDescription kCommands[] = {
-      {"get global config", DirectParameter::required, {}, get<kGlobal>},
-      {"set global config", DirectParameter::required, kBundleParameters, set<kGlobal, kBundle>},
-      {"get config", DirectParameter::required, {}, get<kConfig>},
-      {"set config", DirectParameter::required, kActionParameters, set<kConfig, kAction>},
+  static constexpr ParameterDescription actionParameters[] = {{actionParameter}};
+  static constexpr ParameterDescription bundleParameters[] = {{bundleParameter}};
+  static constexpr CommandDescription allCommands[] = {
+      {"get global config", DirectParameter::required, {}, get<globalParameter>},
+      {"set global config", DirectParameter::required, bundleParameters, set<globalParameter, bundleParameter>},
+      {"get config", DirectParameter::required, {}, get<configPath>},
+      {"set config", DirectParameter::required, actionParameters, set<configPath, actionParameter>},
       {"get plugin folder path", DirectParameter::none, {}, folder},
-      {"get path of plugin", DirectParameter::required, {}, get<kPath>},
+      {"get path of plugin", DirectParameter::required, {}, get<pathValue>},
       {"get is plugin installed at path", DirectParameter::required, {}, isInstalled},
       {"install plugin", DirectParameter::none, {}, install},
       {"hang", DirectParameter::none, {}, hang},
       {"ring", DirectParameter::optional, {}, ring}};
-  static constexpr ClassDescription kRoot{"application", "applications", {}};
+  static constexpr ClassDescription root{"application", "applications", {}};
 
-  Dictionary dictionary_{.application = &kRoot, .commands = kCommands};
+  Dictionary dictionary_{.application = &root, .commands = allCommands};
   std::vector<std::string> log_;
 };
 
