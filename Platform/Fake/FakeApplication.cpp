@@ -14,8 +14,15 @@ void FakeApplication::terminate() {
 }
 
 void FakeApplication::deliver(std::string launchURL) {
+  launchURLs_.push_back(std::move(launchURL));
+  if (delivering_)
+    return;
   delivering_ = true;
-  appleEvents_.dispatch(AppleEvent::getURL(std::move(launchURL)));
+  while (!launchURLs_.empty()) {
+    const AppleEvent event = AppleEvent::getURL(std::move(launchURLs_.front()));
+    launchURLs_.pop_front();
+    appleEvents_.dispatch(event);
+  }
   delivering_ = false;
   if (terminateRequests > 0)
     postWillTerminateOnce();

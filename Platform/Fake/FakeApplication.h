@@ -1,5 +1,6 @@
 #pragma once
 
+#include <deque>
 #include <string>
 
 #include "Platform/AppleEventManager.h"
@@ -16,7 +17,8 @@ class FakeApplication : public Application {
   /// none is being delivered.
   void terminate() override;
 
-  /// Delivers a launch URL as the desktop would, and ends the application behind it where it asked for that.
+  /// Delivers a launch URL as the desktop would: behind those that are still being delivered. Ends the application
+  /// behind the last of them where it asked for that.
   void deliver(std::string launchURL);
 
   /// Posts the finished-launching notification, unless the application has been asked to terminate.
@@ -32,6 +34,7 @@ class FakeApplication : public Application {
 
   AppleEventManager& appleEvents_;
   NotificationCenter& notifications_;
+  std::deque<std::string> launchURLs_;
   bool delivering_ = false;
 };
 

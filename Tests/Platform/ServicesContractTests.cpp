@@ -28,6 +28,8 @@ class FakeDriver {
   Platform::Strings& strings() { return desktop_.strings; }
   Platform::ScriptEngine& scripts() { return desktop_.scripts; }
 
+  void deliver(std::string launchURL) { desktop_.application.deliver(std::move(launchURL)); }
+
   /// Launches the application with these launch URLs and sees it to its end, where they end it.
   void launch(const std::vector<std::string>& launchURLs) {
     for (const std::string& url : launchURLs)
@@ -51,6 +53,8 @@ class LinuxDriver {
   Platform::Application& application() { return application_; }
   Platform::Strings& strings() { return strings_; }
   Platform::ScriptEngine& scripts() { return scripts_; }
+
+  void deliver(std::string launchURL) { application_.deliver(std::move(launchURL)); }
 
   void launch(const std::vector<std::string>& launchURLs) {
     for (const std::string& url : launchURLs)
@@ -114,6 +118,21 @@ TYPED_TEST(ServicesContract, LaunchURLsAreDeliveredOneByOneUntouchedAndBeforeLau
       [this](const Platform::Notification&) { this->driver.application().terminate(); });
   this->driver.launch({"x:a", "", " not \xFF a URL "});
   EXPECT_THAT(this->events, ElementsAre("x:a", "", " not \xFF a URL ", finishedLaunching, willTerminate));
+}
+
+TYPED_TEST(ServicesContract, ALaunchURLThatComesMeanwhileWaitsForTheOneBeingHandled) {
+  this->driver.appleEvents().setEventHandler(
+      Platform::internetEventClass, Platform::getURLEventID,
+      [this](const Platform::AppleEvent& event, Platform::AppleEvent&) {
+        const auto url = event.paramDescriptor(Platform::keyDirectObject)->stringValue.value();
+        this->events.push_back("begin " + url);
+        if (url == "first")
+          this->driver.deliver("second");
+        this->driver.application().terminate();
+        this->events.push_back("end " + url);
+      });
+  this->driver.launch({"first"});
+  EXPECT_THAT(this->events, ElementsAre("begin first", "end first", "begin second", "end second", willTerminate));
 }
 
 TYPED_TEST(ServicesContract, AnApplicationThatALaunchURLEndsDoesNotFinishLaunching) {
