@@ -3,15 +3,27 @@
 #include <optional>
 #include <string>
 
+#include "DeskloomSDK/WindowConfiguration.h"
 #include "Gleanery/App.h"
 #include "Gleanery/RunCommandActionController.h"
+#include "Gleanery/UpdateController.h"
+#include "Platform/FatalError.h"
 #include "Platform/Services.h"
 
 namespace Gleanery {
 
+using BrimlaceTextView::AboutWindowController;
+
 AppDelegate::AppDelegate() {
-  App::shared().deskloomPlugin.actionController.onRunCommand = [](const std::optional<std::string>& data) {
+  UpdateController::shared().updater.checkForUpdatesInBackground();
+
+  auto& actionController = App::shared().deskloomPlugin.actionController;
+  actionController.onRunCommand = [](const std::optional<std::string>& data) {
     RunCommandActionController().run(data);
+  };
+  actionController.onConfigure = [delegate = std::weak_ptr(self_)] {
+    if (const auto existing = delegate.lock())
+      existing->showAboutWindow();
   };
   Platform::services().appleEvents.setEventHandler(
       Platform::internetEventClass, Platform::getURLEventID,
@@ -24,6 +36,27 @@ void AppDelegate::applicationDidFinishLaunching(const Platform::Notification& /*
 
 void AppDelegate::handleGetURLEvent(const Platform::AppleEvent& event, Platform::AppleEvent& /*replyEvent*/) {
   App::shared().deskloomPlugin.actionController.handleURLEvent(event);
+}
+
+void AppDelegate::windowWillClose(const Platform::Notification& /*notification*/) {
+  Platform::sharedApplication().terminate();
+}
+
+void AppDelegate::showAboutWindow() {
+  Platform::Window* window = aboutWindowController().window();
+  window->setDelegate(this);
+  window->makeKeyAndOrderFront();
+}
+
+AboutWindowController& AppDelegate::aboutWindowController() {
+  if (!aboutWindowController_) {
+    auto controller = AboutWindowController::createWithWindow(std::nullopt, std::nullopt);
+    if (controller->window() == nullptr)
+      Platform::fatalError("The About window could not be made.");
+    DeskloomSDK::WindowConfiguration::configure(*controller->window());
+    aboutWindowController_ = std::move(controller);
+  }
+  return *aboutWindowController_;
 }
 
 }  // namespace Gleanery

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace Platform {
 
@@ -14,8 +15,12 @@ class Bundle {
   /// Where the bundle lies (bundlePath), absolute.
   [[nodiscard]] virtual std::filesystem::path path() const = 0;
 
+  /// What the bundle says of itself under this key (objectForInfoDictionaryKey:): "Identifier", "Name", "Version" and
+  /// whatever else its author put there. None where it says nothing.
+  [[nodiscard]] virtual std::optional<std::string> information(std::string_view key) const = 0;
+
   /// The bundle identifier in reverse-DNS form; none where the bundle names none.
-  [[nodiscard]] virtual std::optional<std::string> identifier() const = 0;
+  [[nodiscard]] std::optional<std::string> identifier() const { return information("Identifier"); }
 };
 
 }  // namespace Platform

@@ -8,6 +8,8 @@
 #include "Platform/NotificationCenter.h"
 #include "Platform/ScriptEngine.h"
 #include "Platform/Strings.h"
+#include "Platform/Updater.h"
+#include "Platform/Windows.h"
 #include "Platform/Workspace.h"
 
 namespace Platform {
@@ -22,9 +24,12 @@ struct Services {
   ScriptEngine& scripts;
   Workspace& workspace;
   Alerts& alerts;
+  Windows& windows;
   Bundle& bundle;
   Strings& strings;
   Log& log;
+  /// The shared updater; null where there is none.
+  Updater* updater;
 };
 
 /// The ambient services. Stops the process with a fatal error where none are installed.

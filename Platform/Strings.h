@@ -14,4 +14,7 @@ class Strings {
   [[nodiscard]] virtual std::string localized(std::string_view key, std::string_view comment) const = 0;
 };
 
+/// `text` with the argument in place of its first "%@" (stringWithFormat:).
+std::string formatted(std::string text, std::string_view argument);
+
 }  // namespace Platform

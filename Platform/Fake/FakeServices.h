@@ -8,6 +8,7 @@
 
 #include "Platform/Fake/FakeApplication.h"
 #include "Platform/Fake/FakeScriptEngine.h"
+#include "Platform/Fake/FakeWindows.h"
 #include "Platform/Services.h"
 
 namespace Platform::Fake {
@@ -32,10 +33,11 @@ class FakeAlerts : public Alerts {
 class FakeBundle : public Bundle {
  public:
   [[nodiscard]] std::filesystem::path path() const override { return bundlePath; }
-  [[nodiscard]] std::optional<std::string> identifier() const override { return bundleIdentifier; }
+  [[nodiscard]] std::optional<std::string> information(std::string_view key) const override;
 
   std::filesystem::path bundlePath = "/plugins/com.example.Plugin";
-  std::optional<std::string> bundleIdentifier = "com.example.Plugin";
+  /// What it says of itself.
+  std::map<std::string, std::string, std::less<>> entries = {{"Identifier", "com.example.Plugin"}};
 };
 
 /// Translations that the test has made.
@@ -47,6 +49,14 @@ class FakeStrings : public Strings {
   std::map<std::string, std::string, std::less<>> translations;
   /// The comments that went with the keys looked up.
   mutable std::map<std::string, std::string, std::less<>> comments;
+};
+
+/// Counts the checks that are begun.
+class FakeUpdater : public Updater {
+ public:
+  void checkForUpdatesInBackground() override { ++checks; }
+
+  int checks = 0;
 };
 
 /// Notes what is logged.
@@ -67,11 +77,14 @@ class FakeServices {
   FakeScriptEngine scripts;
   FakeWorkspace workspace;
   FakeAlerts alerts;
+  FakeWindows windows;
   FakeBundle bundle;
   FakeStrings strings;
   FakeLog log;
-  /// What `services()` yields; a test may take the application away.
-  Services services{&application, appleEvents, notifications, scripts, workspace, alerts, bundle, strings, log};
+  FakeUpdater updater;
+  /// What `services()` yields; a test may take the application or the updater away.
+  Services services{&application, appleEvents, notifications, scripts, workspace, alerts,
+                    windows,      bundle,      strings,       log,     &updater};
 
  private:
   ServicesInstallation installation_{services};

@@ -89,7 +89,7 @@ int applicationMain(int argumentCount, char** arguments, const MakeApplicationDe
   const LaunchArguments launch = parseOrExit(argumentCount, arguments);
   LinuxServices desktop;
   if (launch.version) {
-    std::printf("%s\n", desktop.bundle.version().value_or("unknown").c_str());
+    std::printf("%s\n", desktop.bundle.information("Version").value_or("unknown").c_str());
     return 0;
   }
 

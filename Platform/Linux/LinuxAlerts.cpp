@@ -1,11 +1,40 @@
 #include "Platform/Linux/LinuxAlerts.h"
 
+#include <utility>
+
+#include <glib.h>
+
 namespace Platform::Linux {
 
 void LinuxAlerts::runModal(const Alert& alert) {
+  const auto toolkit = module_.toolkit();
+  if (!toolkit)
+    return tell(alert, toolkit.error());
+  if (shown_ != nullptr)  // asked for by what the main context has brought while the user reads the one before
+    awaitDismissal(*shown_);
+
+  Alert complete = alert;
+  if (complete.buttons.empty())
+    complete.buttons.push_back(strings_.localized("OK", "OK button"));
+  const auto panel = (*toolkit)->showAlert(complete);
+  const AlertPanel* below = std::exchange(shown_, panel.get());
+  awaitDismissal(*panel);
+  shown_ = below;
+}
+
+/// An alert that an application shows while it terminates stays for the user to read; one that is there when it is
+/// asked to terminate goes.
+void LinuxAlerts::awaitDismissal(const AlertPanel& panel) const {
+  const bool wasTerminating = application_.isTerminating();
+  while (!panel.isDismissed() && application_.isTerminating() == wasTerminating)
+    g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+}
+
+void LinuxAlerts::tell(const Alert& alert, const std::string& reason) {
   log_.write(alert.messageText);
   if (!alert.informativeText.empty())
     log_.write(alert.informativeText);
+  log_.write("the alert could not be shown: " + reason);
 }
 
 }  // namespace Platform::Linux

@@ -1,7 +1,10 @@
 #pragma once
 
-#include <map>
+#include <memory>
 
+#include <glib.h>
+
+#include "DesktopSupport/GLibHandles.h"
 #include "Platform/Bundle.h"
 
 namespace Platform::Linux {
@@ -22,14 +25,18 @@ class LinuxBundle : public Bundle {
   explicit LinuxBundle(std::filesystem::path path);
 
   [[nodiscard]] std::filesystem::path path() const override { return path_; }
-  [[nodiscard]] std::optional<std::string> identifier() const override { return value("Identifier"); }
-  [[nodiscard]] std::optional<std::string> version() const { return value("Version"); }
+  [[nodiscard]] std::optional<std::string> information(std::string_view key) const override {
+    return value("Bundle", key);
+  }
+
+  /// The value of a key in a group of `Info.ini`; none where it is missing or empty.
+  [[nodiscard]] std::optional<std::string> value(const char* group, std::string_view key) const;
 
  private:
-  [[nodiscard]] std::optional<std::string> value(const std::string& key) const;
+  using KeyFileHandle = std::unique_ptr<GKeyFile, DesktopSupport::ReleasedBy<g_key_file_unref>>;
 
   std::filesystem::path path_;
-  std::map<std::string, std::string> information_;
+  KeyFileHandle information_;
 };
 
 }  // namespace Platform::Linux

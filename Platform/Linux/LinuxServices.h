@@ -6,7 +6,10 @@
 #include "Platform/Linux/LinuxLog.h"
 #include "Platform/Linux/LinuxScriptEngine.h"
 #include "Platform/Linux/LinuxStrings.h"
+#include "Platform/Linux/LinuxUpdater.h"
+#include "Platform/Linux/LinuxWindows.h"
 #include "Platform/Linux/LinuxWorkspace.h"
+#include "Platform/Linux/WindowModule.h"
 #include "Platform/Services.h"
 
 namespace Platform::Linux {
@@ -19,13 +22,17 @@ class LinuxServices {
   LinuxLog log;
   LinuxBundle bundle;
   LinuxStrings strings{bundle};
+  WindowModule windowModule{bundle};
   LinuxApplication application{appleEvents, notifications};
   LinuxScriptEngine scripts;
   LinuxWorkspace workspace{log};
-  LinuxAlerts alerts{log};
+  LinuxAlerts alerts{windowModule, application, strings, log};
+  LinuxWindows windows{windowModule, log};
+  LinuxUpdater updater{bundle, log};
 
  private:
-  Services services_{&application, appleEvents, notifications, scripts, workspace, alerts, bundle, strings, log};
+  Services services_{&application, appleEvents, notifications, scripts, workspace, alerts,
+                     windows,      bundle,      strings,       log,     &updater};
   ServicesInstallation installation_{services_};
 };
 

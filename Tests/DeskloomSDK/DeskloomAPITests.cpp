@@ -11,7 +11,7 @@ namespace {
 
 class DeskloomAPITest : public testing::Test {
  protected:
-  DeskloomAPITest() { desktop.bundle.bundleIdentifier = "ExamplePluginID"; }
+  DeskloomAPITest() { desktop.bundle.entries["Identifier"] = "ExamplePluginID"; }
 
   /// The one script that was run.
   std::string script() {
@@ -110,7 +110,7 @@ TEST_F(DeskloomAPITest, PassesTheRunnersFailureOn) {
 
 TEST(DeskloomAPIDeathTest, StopsTheProcessWhereTheBundleHasNoIdentifier) {
   Platform::Fake::FakeServices desktop;
-  desktop.bundle.bundleIdentifier = std::nullopt;
+  desktop.bundle.entries.erase("Identifier");
   desktop.scripts.answer = [](std::string_view) -> std::optional<Platform::ScriptOutcome> {
     std::abort();  // before any script runs
   };

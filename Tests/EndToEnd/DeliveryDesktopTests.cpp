@@ -66,7 +66,7 @@ TEST_F(DeliveryTest, BadLaunchURLsOnTheCommandLineSendNothing) {
                                  std::string("deskloomplugin://runCommand/a b"), std::string("deskloomplugin://run%"),
                                  std::string("deskloomplugin://runcommand/apps"), std::string("\xFF\xFE"),
                                  std::string("deskloomplugin://runCommand/\xC3("), std::string(100000, 'a')}) {
-    ChildProcess plugin({GLEANERY_PROGRAM, url}, {.captureErrors = true});
+    ChildProcess plugin({GLEANERY_PROGRAM, url}, {.environment = {{"DISPLAY", ""}}, .captureErrors = true});
     EXPECT_THAT(plugin.readAll(), HasSubstr("This plugin must be run by Deskloom app.")) << url.substr(0, 40);
     EXPECT_EQ(plugin.wait(), 0) << url.substr(0, 40);
   }
@@ -74,6 +74,7 @@ TEST_F(DeliveryTest, BadLaunchURLsOnTheCommandLineSendNothing) {
 }
 
 TEST_F(DeliveryTest, BadLaunchURLsThroughTheBusSendNothing) {
+  TestSupport::setActivationEnvironment("DISPLAY", "");  // nobody is there to dismiss alerts
   for (const std::string& url : {std::string("nonsense"), std::string(), std::string("other://runCommand/apps"),
                                  std::string("deskloomplugin://runCommand/a b"), std::string(1 << 20, 'a'),
                                  "deskloomplugin://" + std::string(1 << 20, 'a')}) {

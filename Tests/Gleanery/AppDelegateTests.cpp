@@ -8,6 +8,7 @@ using Gleanery::App;
 using Gleanery::AppDelegate;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
@@ -44,6 +45,77 @@ TEST_F(AppDelegateTest, IgnoresALaunchURLThatIsNone) {
     desktop->application.deliver(text);
   EXPECT_THAT(desktop->workspace.opened, IsEmpty());
   EXPECT_FALSE(App::shared().deskloomPlugin.actionController.didPerformAction);
+}
+
+TEST_F(AppDelegateTest, ChecksForUpdatesOnce) {
+  EXPECT_EQ(desktop->updater.checks, 1);
+}
+
+TEST_F(AppDelegateTest, ShowsTheAboutWindowAboveOthersAndEachTimeTheSame) {
+  desktop->application.deliver("deskloomplugin://configure");
+  ASSERT_THAT(desktop->windows.made, SizeIs(1));
+  const auto& about = *desktop->windows.made[0];
+  EXPECT_TRUE(about.isVisible);
+  EXPECT_EQ(about.level, 4);
+  EXPECT_EQ(about.window->delegate(), delegate);
+  EXPECT_TRUE(App::shared().deskloomPlugin.actionController.didPerformAction);
+
+  const int before = about.timesOrderedFront;
+  desktop->application.deliver("deskloomplugin://configure");
+  EXPECT_THAT(desktop->windows.made, SizeIs(1));
+  EXPECT_EQ(about.timesOrderedFront, before + 1);
+}
+
+TEST_F(AppDelegateTest, ClosingTheAboutWindowTerminates) {
+  desktop->application.deliver("deskloomplugin://configure");
+  const int before = desktop->application.terminateRequests;
+  desktop->windows.made[0]->window->close();
+  EXPECT_EQ(desktop->application.terminateRequests, before + 1);
+}
+
+TEST_F(AppDelegateTest, OffersNoShareMessageAndNoMoreApps) {
+  desktop->application.deliver("deskloomplugin://configure");
+  for (const auto& element : desktop->windows.made[0]->content.elements)
+    EXPECT_FALSE(std::holds_alternative<Platform::Link>(element));
+}
+
+TEST_F(AppDelegateTest, LeavesTheHandlersOfTheOtherActionsAsTheRuntimeMakesThem) {
+  EXPECT_DEATH(desktop->application.deliver("deskloomplugin://run/ID"), "Fatal error: ");
+  EXPECT_DEATH(desktop->application.deliver("deskloomplugin://edit/ID"), "Fatal error: ");
+}
+
+// These end the delegate, or the process, and have a process of their own.
+TEST(AppDelegateDeathTest, AConfigureActionAfterTheDelegateIsGoneDoesNothing) {
+  EXPECT_EXIT(
+      {
+        Platform::Fake::FakeServices own;
+        std::make_unique<AppDelegate>();
+        App::shared().deskloomPlugin.actionController.onConfigure();
+        std::exit(own.windows.made.empty() ? 0 : 1);
+      },
+      testing::ExitedWithCode(0), "");
+}
+
+TEST(AppDelegateDeathTest, StopsTheProcessWhereTheAboutWindowHasNoWindow) {
+  EXPECT_DEATH(
+      {
+        Platform::Fake::FakeServices own;
+        own.windows.hasDisplay = false;
+        const AppDelegate ownDelegate;
+        own.application.deliver("deskloomplugin://configure");
+      },
+      "Fatal error: The About window could not be made.");
+}
+
+TEST(AppDelegateDeathTest, StopsTheProcessWhereThereIsNoApplicationToTerminate) {
+  EXPECT_DEATH(
+      {
+        Platform::Fake::FakeServices own;
+        AppDelegate ownDelegate;
+        own.services.application = nullptr;
+        ownDelegate.windowWillClose({Platform::windowWillCloseNotification, nullptr});
+      },
+      "Fatal error: ");
 }
 
 TEST_F(AppDelegateTest, DoesNothingItselfAtTheEndOfLaunching) {

@@ -22,7 +22,7 @@ TEST_F(LinuxBundleTest, SaysWhatItsInformationSays) {
   const LinuxBundle bundle(folder.path());
   EXPECT_EQ(bundle.path(), folder.path());
   EXPECT_EQ(bundle.identifier(), "com.example.Plugin");
-  EXPECT_EQ(bundle.version(), "1.2");
+  EXPECT_EQ(bundle.information("Version"), "1.2");
 }
 
 TEST_F(LinuxBundleTest, HasNoIdentifierWithoutInformation) {

@@ -1,0 +1,26 @@
+#include "Gleanery/UpdateController.h"
+
+#include "Platform/FatalError.h"
+#include "Platform/Services.h"
+
+namespace Gleanery {
+
+namespace {
+
+Platform::Updater& sharedUpdater() {
+  Platform::Updater* updater = Platform::services().updater;
+  if (updater == nullptr)
+    Platform::fatalError("There is no updater.");
+  return *updater;
+}
+
+}  // namespace
+
+UpdateController& UpdateController::shared() {
+  static UpdateController controller;
+  return controller;
+}
+
+UpdateController::UpdateController() : updater(sharedUpdater()) {}
+
+}  // namespace Gleanery

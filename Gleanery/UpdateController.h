@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Platform/Updater.h"
+
+namespace Gleanery {
+
+/// The one place that holds the platform's updater. There is one, made at first use and kept until the process ends.
+class UpdateController {
+ public:
+  /// Stops the process with a fatal error where the platform has no updater.
+  static UpdateController& shared();
+
+  Platform::Updater& updater;
+
+ private:
+  UpdateController();
+};
+
+}  // namespace Gleanery

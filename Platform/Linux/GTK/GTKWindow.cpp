@@ -1,0 +1,40 @@
+#include "Platform/Linux/GTK/GTKWindow.h"
+
+#include "Platform/Linux/GTK/ContentBox.h"
+#include "Platform/Linux/GTK/WindowPlacement.h"
+
+namespace Platform::Linux {
+
+GTKWindow::GTKWindow(const WindowContent& content) : window_(ownedWindow(gtk_window_new())) {
+  gtk_window_set_title(window_.get(), content.title.c_str());
+  gtk_window_set_resizable(window_.get(), FALSE);
+  GtkWidget* box = makeContentBox(content);
+  gtk_window_set_child(window_.get(), box);
+  // Else the first text would have the keyboard, with a cursor in it.
+  gtk_widget_set_focusable(box, TRUE);
+  gtk_window_set_focus(window_.get(), box);
+  closeOnEscape(window_.get());
+  g_signal_connect(window_.get(), "close-request", G_CALLBACK(&GTKWindow::closeRequested), this);
+}
+
+void GTKWindow::setLevel(int level) {
+  level_ = level;
+  keepAbove(window_.get(), level > normalWindowLevel);
+}
+
+void GTKWindow::makeKeyAndOrderFront() {
+  orderFront(window_.get());
+}
+
+void GTKWindow::close() {
+  tellWillClose();
+  gtk_widget_set_visible(GTK_WIDGET(window_.get()), FALSE);
+}
+
+gboolean GTKWindow::closeRequested(GtkWindow* /*window*/, gpointer self) {
+  static_cast<GTKWindow*>(self)->close();
+  constexpr gboolean isHandled = TRUE;  // else the toolkit would destroy the window
+  return isHandled;
+}
+
+}  // namespace Platform::Linux

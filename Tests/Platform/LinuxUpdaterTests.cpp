@@ -1,0 +1,89 @@
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "Platform/Fake/FakeServices.h"
+#include "Platform/Linux/LinuxUpdater.h"
+#include "Tests/Support/TemporaryFolder.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+/// A bundle whose update check is a script that reports, into a pipe, its session and where its standard streams go.
+class LinuxUpdaterTest : public testing::Test {
+ protected:
+  LinuxUpdaterTest() {
+    const auto program = folder.write("update-check",
+                                      "#!/bin/sh\n"
+                                      "exec 3>\"$0.report\"\n"
+                                      "cut -d' ' -f6 /proc/$$/stat >&3\n"
+                                      "readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2 >&3\n"
+                                      "echo $# >&3\n");
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    mkfifo((program.string() + ".report").c_str(), 0600);
+  }
+  ~LinuxUpdaterTest() override {
+    while (waitpid(-1, nullptr, 0) > 0) {
+    }
+  }
+
+  void check(const std::string& settings) {
+    folder.write("Info.ini", "[Bundle]\nIdentifier=com.example.Plugin\n" + settings);
+    const Platform::Linux::LinuxBundle bundle(folder.path());
+    Platform::Linux::LinuxUpdater(bundle, log).checkForUpdatesInBackground();
+  }
+
+  /// The lines that the update check reports, once it does.
+  std::vector<std::string> report() {
+    std::ifstream pipe(folder.path() / "update-check.report");
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(pipe, line);)
+      lines.push_back(line);
+    return lines;
+  }
+
+  static bool nothingWasStarted() { return waitpid(-1, nullptr, WNOHANG) == -1 && errno == ECHILD; }
+
+  TestSupport::TemporaryFolder folder;
+  Platform::Fake::FakeLog log;
+};
+
+TEST_F(LinuxUpdaterTest, StartsTheCheckDetachedAndDoesNotWaitForIt) {
+  check("[Updates]\nFeedURL=https://example.com/appcast.xml\n");
+  // The script waits for somebody to read its report, and that is not done before it is running on its own.
+  const auto lines = report();
+  ASSERT_EQ(lines.size(), 5U);
+  EXPECT_NE(lines[0], std::to_string(getsid(0))) << "a session of its own";
+  EXPECT_THAT(std::vector(lines.begin() + 1, lines.end()), ElementsAre("/dev/null", "/dev/null", "/dev/null", "0"));
+  EXPECT_THAT(log.messages, IsEmpty());
+}
+
+TEST_F(LinuxUpdaterTest, StartsNothingWithoutAFeed) {
+  for (const auto* settings : {"", "[Updates]\n", "[Updates]\nFeedURL=\n", "[Other]\nFeedURL=https://example.com\n"}) {
+    check(settings);
+    EXPECT_TRUE(nothingWasStarted()) << settings;
+  }
+  EXPECT_THAT(log.messages, IsEmpty());
+}
+
+TEST_F(LinuxUpdaterTest, StartsNothingWhereAutomaticChecksAreOff) {
+  check("[Updates]\nFeedURL=https://example.com/appcast.xml\nAutomaticChecks=false\n");
+  EXPECT_TRUE(nothingWasStarted());
+}
+
+TEST_F(LinuxUpdaterTest, LogsThatTheCheckCannotBeStarted) {
+  std::filesystem::remove(folder.path() / "update-check");
+  check("[Updates]\nFeedURL=https://example.com/appcast.xml\n");
+  EXPECT_THAT(log.messages, ElementsAre(HasSubstr("the update check could not be started: ")));
+}
+
+}  // namespace
