@@ -24,10 +24,9 @@ class LinuxUpdaterTest : public testing::Test {
   LinuxUpdaterTest() {
     const auto program = folder.write("update-check",
                                       "#!/bin/sh\n"
-                                      "exec 3>\"$0.report\"\n"
-                                      "cut -d' ' -f6 /proc/$$/stat >&3\n"
-                                      "readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2 >&3\n"
-                                      "echo $# >&3\n");
+                                      "session=$(cut -d' ' -f6 /proc/$$/stat)\n"
+                                      "streams=$(readlink /proc/$$/fd/0 /proc/$$/fd/1 /proc/$$/fd/2)\n"
+                                      "printf '%s\\n' \"$session\" \"$streams\" $# > \"$0.report\"\n");
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
     mkfifo((program.string() + ".report").c_str(), 0600);
   }
