@@ -1,0 +1,151 @@
+#include <chrono>
+#include <filesystem>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "DesktopSupport/SessionBus.h"
+#include "Platform/URL.h"
+#include "Tests/UpdateCheck/FakeNotifications.h"
+#include "Tests/UpdateCheck/FakeService.h"
+#include "Tests/UpdateCheck/UpdateCheckTest.h"
+#include "UpdateCheck/UpdateNotification.h"
+
+namespace {
+
+using Platform::URL;
+using testing::HasSubstr;
+using testing::StartsWith;
+using TestSupport::ChildProcess;
+using UpdateCheck::UpdateNotification;
+
+using UpdateNotificationTest = UpdateCheckTest;
+
+TEST_F(UpdateNotificationTest, TellsTheUserOfANewerVersion) {
+  FakeNotifications notifications;
+  offer(itemOf("2.0", "<sparkle:shortVersionString>Two</sparkle:shortVersionString>" + linkTo(page)));
+  ChildProcess check = start();
+  EXPECT_EQ(notifications.await(),
+            "Notify('Plugin', 0, 'com.example.Plugin', 'An update for Plugin is available', "
+            "'Version Two can be downloaded.', ['default', 'Learn More', 'open', 'Learn More'], "
+            "{'desktop-entry': <'com.example.Plugin'>}, -1)");
+  notifications.close();
+  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin Two\n");
+}
+
+TEST_F(UpdateNotificationTest, OpensThePageWhereTheUserPressesTheButtonOrTheNotification) {
+  offer(itemOf("2.0", linkTo(page)));
+  for (const char* action : {"open", "default"}) {
+    FakeNotifications notifications;
+    ChildProcess check = start();
+    (void)notifications.await();
+    notifications.invoke(action);
+    EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\nopened " + page + '\n') << action;
+    std::filesystem::remove_all(folder.path() / "state");
+  }
+}
+
+TEST_F(UpdateNotificationTest, OpensThePageInABrowserThatTheBusReaches) {
+  FakeNotifications notifications;
+  FakeService browser("org.example.Browser", "/org/example/Browser", R"(
+<node><interface name="org.freedesktop.Application">
+  <method name="Open"><arg type="as"/><arg type="a{sv}"/></method>
+</interface></node>)");
+  browser.answer("Open", "()");
+  registerBrowser("Exec=false\nDBusActivatable=true\n");
+  offer(itemOf("2.0", linkTo(page)));
+  ChildProcess check = start();
+  (void)notifications.await();
+  notifications.invoke("open");
+  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_THAT(browser.awaitCall("Open"), HasSubstr("['" + page + "']"));
+}
+
+TEST_F(UpdateNotificationTest, OpensAPageOnDiskForAFeedOnDisk) {
+  FakeNotifications notifications;
+  const auto notes = folder.write("notes.html", "<html/>");
+  offer(itemOf("2.0", linkTo(URL::fileURL(notes).absoluteString())));
+  ChildProcess check = start();
+  (void)notifications.await();
+  notifications.invoke("open");
+  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\nopened " + notes.string() + '\n');
+}
+
+TEST_F(UpdateNotificationTest, SaysThatThePageCannotBeOpened) {
+  FakeNotifications notifications;
+  registerBrowser("Exec=/nonexistent/browser %u\n");
+  offer(itemOf("2.0", linkTo(page)));
+  ChildProcess check = start();
+  (void)notifications.await();
+  notifications.invoke("open");
+  EXPECT_THAT(finish(std::move(check)),
+              StartsWith("told the user of Plugin 2.0\ncould not open the page about Plugin 2.0: "));
+}
+
+TEST_F(UpdateNotificationTest, OffersNoButtonWhereThereIsNothingToOpen) {
+  offer(itemOf("2.0", linkTo("http://example.com/")));
+  FakeNotifications notifications;
+  ChildProcess check = start();
+  EXPECT_THAT(notifications.await(), HasSubstr("'Version 2.0 can be downloaded.', [], "));
+  notifications.invoke("default");
+  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+}
+
+TEST_F(UpdateNotificationTest, PassesOverWhatIsSaidOfOtherNotifications) {
+  FakeNotifications notifications;
+  offer(itemOf("2.0", linkTo(page)));
+  ChildProcess check = start();
+  (void)notifications.await();
+  notifications.close("8");
+  notifications.emit("ActionInvoked", "(uint32 8, 'open')");
+  notifications.emit("ActionInvoked", "('7', 'open')");
+  notifications.emit("ActivationToken", "(uint32 7, 'token')");
+  notifications.invoke("open");
+  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\nopened " + page + '\n');
+}
+
+TEST_F(UpdateNotificationTest, EndsWhereTheNotificationServiceDoes) {
+  FakeNotifications notifications;
+  offer(itemOf("2.0", linkTo(page)));
+  ChildProcess check = start();
+  (void)notifications.await();
+  notifications.disappear();
+  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+}
+
+TEST(UpdateNotification, WaitsNoLongerThanItMay) {
+  FakeNotifications notifications;
+  UpdateNotification notification(*DesktopSupport::SessionBus::connect());
+  ASSERT_TRUE(notification.show({.identifier = "com.example.Plugin",
+                                 .applicationName = "Plugin",
+                                 .summary = "summary",
+                                 .body = "body",
+                                 .button = "button"}));
+  EXPECT_FALSE(notification.awaitAnswer(std::chrono::seconds(0)));
+}
+
+TEST_F(UpdateNotificationTest, ShowsPlainTextWhateverTheServiceReads) {
+  offer(itemOf("2.0", "<sparkle:shortVersionString>&lt;b&gt; &amp; 2</sparkle:shortVersionString>"));
+  for (const bool readsMarkup : {false, true}) {
+    FakeNotifications notifications;
+    if (readsMarkup)
+      notifications.readMarkup();
+    ChildProcess check = start();
+    EXPECT_THAT(notifications.await(),
+                HasSubstr(readsMarkup ? "'Version &lt;b&gt; &amp; 2 can" : "'Version <b> & 2 can"));
+    notifications.close();
+    (void)finish(std::move(check));
+    std::filesystem::remove_all(folder.path() / "state");
+  }
+}
+
+TEST_F(UpdateNotificationTest, SaysThatTheNotificationWasRefused) {
+  FakeNotifications notifications;
+  notifications.refuse();
+  offer(itemOf("2.0"));
+  for (int attempt = 0; attempt < 2; ++attempt)
+    EXPECT_EQ(finish(start()), "could not check for an update of Plugin: the user cannot be told: It has no answer.\n");
+}
+
+}  // namespace

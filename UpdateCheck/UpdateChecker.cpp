@@ -1,0 +1,91 @@
+#include "UpdateCheck/UpdateChecker.h"
+
+#include <optional>
+#include <utility>
+
+#include "DesktopSupport/DisplayableText.h"
+#include "UpdateCheck/LinkOpener.h"
+#include "UpdateCheck/UpdateNotification.h"
+#include "UpdateCheck/UpdateTexts.h"
+
+namespace UpdateCheck {
+
+namespace {
+
+std::string shownVersion(const AppcastItem& item) {
+  return item.shortVersion.value_or(item.version.value_or(""));
+}
+
+}  // namespace
+
+UpdateChecker::UpdateChecker(const UpdateSettings& settings, const Surroundings& surroundings)
+    : settings_(settings), surroundings_(surroundings), feed_(settings, surroundings.kernelRelease) {}
+
+void UpdateChecker::run() const {
+  if (const Result checked = check(); !checked)
+    log("could not check for an update of " + settings_.name + ": " + checked.error());
+}
+
+UpdateChecker::Result UpdateChecker::check() const {
+  const auto locked = UpdateStateFile::lock(surroundings_.stateFolder, settings_.identifier);
+  if (!locked)
+    return std::unexpected(locked.error());
+  const std::optional<UpdateStateFile>& file = *locked;
+  return file ? checkWith(*file) : Result();
+}
+
+UpdateChecker::Result UpdateChecker::checkWith(const UpdateStateFile& file) const {
+  UpdateState state = file.read();
+  if (!state.isDue(surroundings_.now, settings_.interval))
+    return {};
+  state.lastCheck = surroundings_.now;
+  if (const Result noted = file.write(state); !noted)
+    return noted;
+
+  const auto found = feed_.newerItem();
+  if (!found)
+    return std::unexpected(found.error());
+  const std::optional<AppcastItem>& item = *found;
+  if (!item) {
+    log("there is no update of " + settings_.name + ' ' + settings_.version);
+    return {};
+  }
+  if (state.hasAnnounced(item->version.value_or("")))
+    return {};
+  if (const Result verified = feed_.verify(*item); !verified)
+    return verified;
+  return announce(*item, file, std::move(state));
+}
+
+UpdateChecker::Result UpdateChecker::announce(const AppcastItem& item, const UpdateStateFile& file,
+                                              UpdateState state) const {
+  auto bus = DesktopSupport::SessionBus::connect();
+  if (!bus)
+    return std::unexpected("the user cannot be told: " + bus.error().message);
+  const auto link = feed_.link(item);
+  const UpdateTexts texts(surroundings_.strings);
+  UpdateNotification notification(std::move(*bus));
+  const auto shown = notification.show({.identifier = settings_.identifier,
+                                        .applicationName = settings_.name,
+                                        .summary = texts.summary(settings_.name),
+                                        .body = texts.body(shownVersion(item)),
+                                        .button = link ? std::optional(texts.button()) : std::nullopt});
+  if (!shown)
+    return std::unexpected("the user cannot be told: " + shown.error().message);
+  state.announcedVersion = item.version;
+  if (const Result noted = file.write(state); !noted)
+    return noted;
+  log("told the user of " + settings_.name + ' ' + shownVersion(item));
+  // Even without a link: some desktops take a notification away with the process that it came from.
+  if (!notification.awaitAnswer(patience) || !link)
+    return {};
+  if (const Result opened = LinkOpener::open(*link); !opened)
+    log("could not open the page about " + settings_.name + ' ' + shownVersion(item) + ": " + opened.error());
+  return {};
+}
+
+void UpdateChecker::log(std::string_view message) const {
+  surroundings_.log.write(DesktopSupport::displayable(message));
+}
+
+}  // namespace UpdateCheck

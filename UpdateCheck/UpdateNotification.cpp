@@ -1,0 +1,156 @@
+#include "UpdateCheck/UpdateNotification.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "DesktopSupport/GLibHandles.h"
+
+namespace UpdateCheck {
+
+namespace {
+
+using DesktopSupport::BusError;
+using DesktopSupport::CharsHandle;
+using DesktopSupport::Out;
+using DesktopSupport::VariantHandle;
+
+constexpr const char* service = "org.freedesktop.Notifications";
+constexpr const char* objectPath = "/org/freedesktop/Notifications";
+
+/// The names of the two actions come from the service's specification and from us.
+GVariant* actionsFor(const std::optional<std::string>& button) {
+  GVariantBuilder actions;
+  g_variant_builder_init(&actions, G_VARIANT_TYPE("as"));
+  if (button)
+    for (const char* text : {"default", button->c_str(), "open", button->c_str()})
+      g_variant_builder_add(&actions, "s", text);
+  return g_variant_builder_end(&actions);
+}
+
+GVariant* hintsFor(const UpdateNotification::Contents& contents) {
+  GVariantBuilder hints;
+  g_variant_builder_init(&hints, G_VARIANT_TYPE("a{sv}"));
+  g_variant_builder_add(&hints, "{sv}", "desktop-entry", g_variant_new_string(contents.identifier.c_str()));
+  return g_variant_builder_end(&hints);
+}
+
+std::string escaped(const std::string& text) {
+  const CharsHandle markup(g_markup_escape_text(text.c_str(), -1));
+  return markup.get();
+}
+
+/// Sets a flag once the time is up.
+class Timer {
+ public:
+  Timer(std::chrono::seconds duration, bool& isUp)
+      : source_(g_timeout_source_new_seconds(static_cast<guint>(duration.count()))) {
+    g_source_set_callback(source_.get(), &expired, &isUp, nullptr);
+    g_source_attach(source_.get(), nullptr);
+  }
+  Timer(const Timer&) = delete;
+  Timer& operator=(const Timer&) = delete;
+  ~Timer() { g_source_destroy(source_.get()); }
+
+ private:
+  static gboolean expired(gpointer isUp) {
+    *static_cast<bool*>(isUp) = true;
+    return G_SOURCE_REMOVE;
+  }
+
+  std::unique_ptr<GSource, DesktopSupport::ReleasedBy<g_source_unref>> source_;
+};
+
+/// Sets a flag once nobody has the service's name, or the bus is gone.
+class OwnerWatch {
+ public:
+  OwnerWatch(GDBusConnection* connection, bool& isGone)
+      : watch_(g_bus_watch_name_on_connection(connection, service, G_BUS_NAME_WATCHER_FLAGS_NONE, nullptr, &vanished,
+                                              &isGone, nullptr)) {}
+  OwnerWatch(const OwnerWatch&) = delete;
+  OwnerWatch& operator=(const OwnerWatch&) = delete;
+  ~OwnerWatch() { g_bus_unwatch_name(watch_); }
+
+ private:
+  static void vanished(GDBusConnection* /*connection*/, const gchar* /*name*/, gpointer isGone) {
+    *static_cast<bool*>(isGone) = true;
+  }
+
+  guint watch_;
+};
+
+}  // namespace
+
+UpdateNotification::UpdateNotification(DesktopSupport::SessionBus bus)
+    : bus_(std::move(bus)),
+      subscription_(g_dbus_connection_signal_subscribe(bus_.connection(), service, service, nullptr, objectPath,
+                                                       nullptr, G_DBUS_SIGNAL_FLAGS_NONE, &signalled, this, nullptr)) {}
+
+UpdateNotification::~UpdateNotification() {
+  g_dbus_connection_signal_unsubscribe(bus_.connection(), subscription_);
+}
+
+std::expected<VariantHandle, BusError> UpdateNotification::call(const char* method, GVariant* arguments,
+                                                                const char* replyType) const {
+  constexpr int usualTimeout = -1;
+  DesktopSupport::ErrorHandle error;
+  VariantHandle reply(g_dbus_connection_call_sync(bus_.connection(), service, objectPath, service, method, arguments,
+                                                  G_VARIANT_TYPE(replyType), G_DBUS_CALL_FLAGS_NONE, usualTimeout,
+                                                  nullptr, Out(error)));
+  if (!reply)
+    return std::unexpected(DesktopSupport::busErrorFrom(*error));
+  return reply;
+}
+
+bool UpdateNotification::readsMarkup() const {
+  const auto capabilities = call("GetCapabilities", nullptr, "(as)");
+  if (!capabilities)
+    return false;
+  DesktopSupport::StringsHandle names;
+  g_variant_get(capabilities->get(), "(^as)", static_cast<gchar***>(Out(names)));
+  return g_strv_contains(names.get(), "body-markup") != FALSE;
+}
+
+std::expected<void, BusError> UpdateNotification::show(const Contents& contents) {
+  constexpr guint32 replacingNone = 0;
+  constexpr gint32 serversOwnTimeout = -1;
+  const std::string body = readsMarkup() ? escaped(contents.body) : contents.body;
+  const auto reply = call("Notify",
+                          g_variant_new("(susss@as@a{sv}i)", contents.applicationName.c_str(), replacingNone,
+                                        contents.identifier.c_str(), contents.summary.c_str(), body.c_str(),
+                                        actionsFor(contents.button), hintsFor(contents), serversOwnTimeout),
+                          "(u)");
+  if (!reply)
+    return std::unexpected(reply.error());
+  g_variant_get(reply->get(), "(u)", &id_);
+  return {};
+}
+
+// What the service said since `show` is still waiting in the main context.
+bool UpdateNotification::awaitAnswer(std::chrono::seconds atMost) {
+  const Timer timer(atMost, isOver_);
+  const OwnerWatch watch(bus_.connection(), isOver_);
+  while (!isOver_)
+    g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+  return isAnswered_;
+}
+
+void UpdateNotification::handleSignal(const std::string& name, GVariant* arguments) {
+  const bool isInvoked = name == "ActionInvoked" && g_variant_is_of_type(arguments, G_VARIANT_TYPE("(us)"));
+  const bool isClosed = name == "NotificationClosed" && g_variant_is_of_type(arguments, G_VARIANT_TYPE("(uu)"));
+  if (!isInvoked && !isClosed)
+    return;
+  std::uint32_t id = 0;
+  g_variant_get_child(arguments, 0, "u", &id);
+  if (id != id_)
+    return;
+  isOver_ = true;
+  isAnswered_ = isAnswered_ || isInvoked;
+}
+
+void UpdateNotification::signalled(GDBusConnection* /*connection*/, const gchar* /*sender*/, const gchar* /*path*/,
+                                   const gchar* /*interface*/, const gchar* signal, GVariant* arguments,
+                                   gpointer notification) {
+  static_cast<UpdateNotification*>(notification)->handleSignal(signal, arguments);
+}
+
+}  // namespace UpdateCheck
