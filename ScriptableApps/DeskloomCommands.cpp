@@ -53,8 +53,9 @@ Result<Value> truth(Application& application, const char* method, std::initializ
   return Value(answer != FALSE);
 }
 
+// A method that was carried out, whatever it answers.
 Result<Value> nothing(Application& application, const char* method, std::initializer_list<Text> parameters) {
-  const auto reply = call(application, method, parameters, "()");
+  const auto reply = call(application, method, parameters, "r");
   if (!reply)
     return std::unexpected(reply.error());
   return Value();

@@ -17,9 +17,9 @@ class DeskloomHost {
   explicit DeskloomHost(std::chrono::milliseconds patience) : patience_(patience) {}
 
   /// Calls a method, all of whose parameters are strings; yields the tuple answered, which must be of type `replyType`
-  /// ("(bs)"). Fails with -600 where the host does not run or quits meanwhile, -1712 where it stays silent for too
-  /// long, -1723 where it may not be asked, and with -2700 where a text cannot be sent or the host answers with an
-  /// error, whose message is passed on.
+  /// ("(bs)"; "r" for any). Fails with -600 where the host does not run or quits meanwhile, -1712 where it stays silent
+  /// for too long, -1723 where it may not be asked, and with -2700 where a text cannot be sent or the host answers with
+  /// an error, whose message is passed on.
   [[nodiscard]] AppleScript::Result<DesktopSupport::VariantHandle> call(const std::string& method,
                                                                         const std::vector<std::string>& texts,
                                                                         const char* replyType) const;

@@ -1,3 +1,6 @@
+#include <string>
+#include <utility>
+
 #include <gmock/gmock.h>
 
 #include "DeskloomSDK/DeskloomAPI.h"
@@ -5,7 +8,9 @@
 
 using DeskloomSDK::DeskloomAPI;
 using DeskloomSDK::escapeForScript;
-using testing::ElementsAre;
+using Platform::Fake::FakeScriptEngine;
+using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
@@ -61,12 +66,52 @@ TEST_F(DeskloomAPITest, SendsAnEmptyValueAsAnEmptyLiteral) {
 }
 
 TEST_F(DeskloomAPITest, InsertsIdentifiersNamesAndPathsAsTheyAre) {
-  static_cast<void>(api.getConfig("a\"b"));
-  EXPECT_EQ(script(), "    tell application \"Deskloom\" to get config \"a\"b\"");
+  static_cast<void>(api.getConfig(R"(a"b\c)"));
+  EXPECT_EQ(script(), R"(    tell application "Deskloom" to get config "a"b\c")");
+  static_cast<void>(api.setConfig(R"(a"b\c)", R"(a"b\c)"));
+  EXPECT_EQ(script(), R"(    tell application "Deskloom" to set config "a\"b\\c" action "a"b\c")");
+  static_cast<void>(api.getPluginPath(R"(a"b\c)"));
+  EXPECT_EQ(script(), R"(    tell application "Deskloom" to get path of plugin "a"b\c")");
+  static_cast<void>(api.isPluginInstalled(R"(/a"b\c)"));
+  EXPECT_EQ(script(), R"(    tell application "Deskloom" to get is plugin installed at path "/a"b\c")");
+  desktop.bundle.entries["Identifier"] = R"(a"b\c)";
+  static_cast<void>(api.getGlobalConfig());
+  EXPECT_EQ(script(), R"(    tell application "Deskloom" to get global config "a"b\c")");
+  static_cast<void>(api.setGlobalConfig(""));
+  EXPECT_EQ(script(), R"(    tell application "Deskloom" to set global config "" action bundle id "a"b\c")");
+}
+
+TEST_F(DeskloomAPITest, LooksTheBundleIdentifierUpEachTime) {
+  static_cast<void>(api.getGlobalConfig());
+  EXPECT_EQ(script(), R"(    tell application "Deskloom" to get global config "ExamplePluginID")");
+  desktop.bundle.entries["Identifier"] = "AnotherID";
+  static_cast<void>(api.getGlobalConfig());
+  EXPECT_EQ(script(), R"(    tell application "Deskloom" to get global config "AnotherID")");
+}
+
+TEST_F(DeskloomAPITest, NeedsTheBundleIdentifierForTheGlobalConfigurationOnly) {
+  desktop.bundle.entries.erase("Identifier");
+  desktop.scripts.answerText("true");
+  EXPECT_TRUE(api.getConfig("A"));
+  EXPECT_TRUE(api.setConfig("x", "A"));
+  EXPECT_TRUE(api.getPluginFolderPath());
+  EXPECT_TRUE(api.getPluginPath("x"));
+  EXPECT_TRUE(api.isPluginInstalled("/p"));
+  EXPECT_TRUE(api.installPlugin());
+}
+
+TEST_F(DeskloomAPITest, YieldsTheReplyUnchanged) {
+  for (const std::string reply : {"", " {\"a\" : 1}\n", "\t\u00e9 \U0001F642\r\n"}) {
+    desktop.scripts.answerText(reply);
+    EXPECT_EQ(api.getGlobalConfig(), reply);
+    EXPECT_EQ(api.getConfig("A"), reply);
+    EXPECT_EQ(api.getPluginFolderPath(), reply);
+    EXPECT_EQ(api.getPluginPath("x"), reply);
+  }
 }
 
 TEST_F(DeskloomAPITest, TakesAPluginForInstalledOnlyWhereTheAnswerIsTrueToTheLetter) {
-  for (const auto* reply : {"false", "True", "TRUE", "yes", "true ", ""}) {
+  for (const auto* reply : {"false", "True", "TRUE", "yes", "true ", " true", "true\n", ""}) {
     desktop.scripts.answerText(reply);
     EXPECT_EQ(api.isPluginInstalled("/p"), false) << reply;
   }
@@ -75,11 +120,21 @@ TEST_F(DeskloomAPITest, TakesAPluginForInstalledOnlyWhereTheAnswerIsTrueToTheLet
 }
 
 TEST_F(DeskloomAPITest, FailsWhereAnAnswerIsNeededAndNoneComes) {
-  desktop.scripts.answerNothing();
-  expectNoDataError(api.getGlobalConfig().error());
-  expectNoDataError(api.getConfig("A").error());
-  expectNoDataError(api.getPluginFolderPath().error());
-  expectNoDataError(api.isPluginInstalled("/p").error());
+  for (const auto noText :
+       {&FakeScriptEngine::answerNothing, &FakeScriptEngine::answerWithoutText, &FakeScriptEngine::refuse}) {
+    (desktop.scripts.*noText)();
+    expectNoDataError(api.getGlobalConfig().error());
+    expectNoDataError(api.getConfig("A").error());
+    expectNoDataError(api.getPluginFolderPath().error());
+    expectNoDataError(api.isPluginInstalled("/p").error());
+  }
+}
+
+TEST_F(DeskloomAPITest, SaysInTheUsersLanguageThatNoAnswerCame) {
+  desktop.strings.translations["Could not read data from script output"] = "Keine Antwort";
+  EXPECT_EQ(api.getConfig("A").error().localizedDescription(), "Keine Antwort");
+  desktop.strings.translations["Could not read data from script output"] = "Pas de réponse";
+  EXPECT_EQ(api.getConfig("A").error().localizedDescription(), "Pas de réponse");
 }
 
 TEST_F(DeskloomAPITest, HasNoPathForAPluginThatTheHostDoesNotName) {
@@ -96,6 +151,18 @@ TEST_F(DeskloomAPITest, DoesNotLookAtTheReplyToWhatItTells) {
   EXPECT_TRUE(api.installPlugin());
 }
 
+TEST_F(DeskloomAPITest, CanBeSpecialised) {
+  class Remembered : public DeskloomAPI {
+    [[nodiscard]] DeskloomSDK::APIResult<std::string> getConfig(std::string_view actionID) const override {
+      return "of " + std::string(actionID);
+    }
+  };
+  const Remembered remembered;
+  const DeskloomAPI& general = remembered;
+  EXPECT_EQ(general.getConfig("A"), "of A");
+  EXPECT_THAT(desktop.scripts.sources, IsEmpty());
+}
+
 TEST_F(DeskloomAPITest, PassesTheRunnersFailureOn) {
   desktop.scripts.fail(-600, "");
   EXPECT_EQ(api.getGlobalConfig().error().code(), 1);
@@ -106,6 +173,7 @@ TEST_F(DeskloomAPITest, PassesTheRunnersFailureOn) {
   EXPECT_EQ(api.getPluginPath("x").error().code(), 1);
   EXPECT_EQ(api.isPluginInstalled("/p").error().code(), 1);
   EXPECT_EQ(api.installPlugin().error().code(), 1);
+  EXPECT_THAT(desktop.scripts.sources, SizeIs(8));
 }
 
 TEST(DeskloomAPIDeathTest, StopsTheProcessWhereTheBundleHasNoIdentifier) {

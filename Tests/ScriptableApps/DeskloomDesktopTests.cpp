@@ -17,7 +17,6 @@ using AppleScript::Arguments;
 using AppleScript::ErrorNumber;
 using AppleScript::Result;
 using AppleScript::Value;
-using DesktopSupport::ObjectHandle;
 using ScriptableApps::Deskloom;
 using TestSupport::EnvironmentVariable;
 using TestSupport::FakeDeskloomHost;
@@ -164,18 +163,18 @@ TEST_F(DeskloomTest, FailsWhereTheHostRefusesAccess) {
 }
 
 TEST_F(DeskloomTest, FailsWhereTheHostAnswersSomethingElse) {
-  // Past the check that would keep the host from it.
-  host_.answer("GetConfig", [](auto* invocation, GVariant*) {
-    const ObjectHandle<GDBusMessage> reply(
-        g_dbus_message_new_method_reply(g_dbus_method_invocation_get_message(invocation)));
-    g_dbus_message_set_body(reply.get(), g_variant_new_parsed("('text',)"));
-    g_dbus_connection_send_message(g_dbus_method_invocation_get_connection(invocation), reply.get(),
-                                   G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
-    g_object_unref(invocation);
-  });
+  host_.answerUnchecked("GetConfig", "('text',)");
   const auto result = run("get config", with("ID"));
   ASSERT_FALSE(result);
   EXPECT_EQ(result.error().number, ErrorNumber::genericError);
+}
+
+TEST_F(DeskloomTest, HasSetWhateverTheHostAnswersToThat) {
+  for (const auto* method : {"SetGlobalConfig", "SetConfig", "InstallPlugin"})
+    host_.answerUnchecked(method, "('error: the disk is full', 7)");
+  EXPECT_TRUE(run("set global config", with("text", "action bundle id", "com.example.Plugin"))->isMissing());
+  EXPECT_TRUE(run("set config", with("text", "action", "ID"))->isMissing());
+  EXPECT_TRUE(run("install plugin", {})->isMissing());
 }
 
 TEST_F(DeskloomTest, FailsWhereTheHostStaysSilent) {

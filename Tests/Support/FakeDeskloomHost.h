@@ -30,6 +30,9 @@ class FakeDeskloomHost {
   /// The same with a fixed tuple in GVariant's text form: "(true, 'text')".
   void answer(const std::string& method, const std::string& tuple);
 
+  /// The same, past the check that would keep a host from answering a tuple of the wrong type.
+  void answerUnchecked(const std::string& method, const std::string& tuple);
+
   /// What was called so far, as "Method('argument', 'argument')".
   [[nodiscard]] std::vector<std::string> calls() const;
 

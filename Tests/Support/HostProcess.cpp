@@ -1,8 +1,10 @@
 #include "Tests/Support/HostProcess.h"
 
+#include <csignal>
 #include <utility>
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include "Tests/Support/BusNames.h"
 
@@ -38,6 +40,17 @@ std::vector<std::string> HostProcess::linesSoFar() {
   for (auto line = process_.readLine(); line && *line != sentinel; line = process_.readLine())
     lines.push_back(std::move(*line));
   return lines;
+}
+
+void HostProcess::hang() const {
+  kill(process_.pid(), SIGSTOP);
+  siginfo_t state = {};
+  waitid(P_PID, static_cast<id_t>(process_.pid()), &state, WSTOPPED | WEXITED | WNOWAIT);
+  EXPECT_EQ(state.si_code, CLD_STOPPED) << "the host has ended";
+}
+
+void HostProcess::crash() const {
+  kill(process_.pid(), SIGKILL);
 }
 
 }  // namespace TestSupport

@@ -21,6 +21,12 @@ class HostProcess {
   /// now.
   std::vector<std::string> linesSoFar();
 
+  /// Stops it where it is, as one that hangs; returns once it has stopped.
+  void hang() const;
+
+  /// Ends it as a crash would.
+  void crash() const;
+
  private:
   ChildProcess process_;
 };

@@ -85,6 +85,48 @@ std::string TestDesktop::text(xcb_window_t window, std::string_view property) co
   return {static_cast<const char*>(xcb_get_property_value(value.get())), value->value_len};
 }
 
+xcb_window_t TestDesktop::parent(xcb_window_t window) const {
+  const Reply<xcb_query_tree_reply_t> tree(
+      xcb_query_tree_reply(connection(), xcb_query_tree(connection(), window), nullptr));
+  return tree ? tree->parent : static_cast<xcb_window_t>(XCB_NONE);
+}
+
+xcb_window_t TestDesktop::focus() const {
+  const Reply<xcb_get_input_focus_reply_t> reply(
+      xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
+  return reply ? reply->focus : static_cast<xcb_window_t>(XCB_NONE);
+}
+
+std::optional<xcb_window_t> TestDesktop::activeWindow() const {
+  const auto windows = clients();
+  // Toolkits pass the focus on to a window inside theirs.
+  for (xcb_window_t window = focus(); window != XCB_NONE; window = parent(window))
+    if (std::ranges::find(windows, window) != windows.end())
+      return window;
+  return std::nullopt;
+}
+
+bool TestDesktop::isReady(xcb_window_t window) const {
+  return activeWindow() == window && focus() != window && !numbers(window, "_NET_WM_OPAQUE_REGION").empty();
+}
+
+std::optional<WindowGeometry> TestDesktop::geometry(xcb_window_t window) const {
+  const auto size = xcb_get_geometry(connection(), window);
+  const auto place = xcb_translate_coordinates(connection(), window, root_, 0, 0);
+  const Reply<xcb_get_geometry_reply_t> sizeReply(xcb_get_geometry_reply(connection(), size, nullptr));
+  const Reply<xcb_translate_coordinates_reply_t> placeReply(
+      xcb_translate_coordinates_reply(connection(), place, nullptr));
+  if (!sizeReply || !placeReply)
+    return std::nullopt;
+  return WindowGeometry{placeReply->dst_x, placeReply->dst_y, sizeReply->width, sizeReply->height};
+}
+
+void TestDesktop::watch(xcb_window_t window) const {
+  const std::uint32_t events =
+      XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_FOCUS_CHANGE;
+  xcb_change_window_attributes(connection(), window, XCB_CW_EVENT_MASK, &events);
+}
+
 bool TestDesktop::waitUntil(const std::function<bool()>& condition) const {
   const auto deadline = Clock::now() + patience;
   while (!condition()) {
@@ -104,6 +146,21 @@ bool TestDesktop::waitForClass(std::string_view windowClass) const {
   return waitUntil([&] {
     return std::ranges::any_of(clients(), [&](auto window) { return text(window, "WM_CLASS").ends_with(end); });
   });
+}
+
+std::optional<xcb_window_t> TestDesktop::waitForTitle(std::string_view title) const {
+  std::optional<xcb_window_t> found;
+  const auto hasTitle = [&](xcb_window_t window) {
+    watch(window);
+    return text(window, "_NET_WM_NAME") == title;
+  };
+  static_cast<void>(waitUntil([&] {
+    const auto windows = clients();
+    const auto window = std::ranges::find_if(windows, hasTitle);
+    found = window == windows.end() ? std::nullopt : std::optional(*window);
+    return found.has_value();
+  }));
+  return found;
 }
 
 void TestDesktop::synchronize() const {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +10,14 @@
 #include <xcb/xcb.h>
 
 namespace TestSupport {
+
+/// Where a window is: in pixels, from the upper left corner of the root window.
+struct WindowGeometry {
+  int x;
+  int y;
+  int width;
+  int height;
+};
 
 /// A client of the X server that DISPLAY names, with the small things that tests do there. Throws where there is no
 /// server.
@@ -29,21 +38,39 @@ class TestDesktop {
 
   /// The windows that the window manager lists.
   [[nodiscard]] std::vector<xcb_window_t> clients() const { return numbers(root_, "_NET_CLIENT_LIST"); }
+  /// The same windows from the lowest to the topmost.
+  [[nodiscard]] std::vector<xcb_window_t> stackedClients() const { return numbers(root_, "_NET_CLIENT_LIST_STACKING"); }
+  /// The listed window that the keyboard goes to. (The window manager's _NET_ACTIVE_WINDOW may name one that is gone.)
+  [[nodiscard]] std::optional<xcb_window_t> activeWindow() const;
+  /// Whether a toolkit's window is ready for the user: its contents are laid out and it has passed the focus on to a
+  /// window inside it. What the user does before that is lost.
+  [[nodiscard]] bool isReady(xcb_window_t window) const;
+  /// Where the window is, without what the window manager draws around it; none where there is no such window.
+  [[nodiscard]] std::optional<WindowGeometry> geometry(xcb_window_t window) const;
   /// A property's value; empty where the window lacks it.
   [[nodiscard]] std::vector<std::uint32_t> numbers(xcb_window_t window, std::string_view property) const;
   [[nodiscard]] std::string text(xcb_window_t window, std::string_view property) const;
 
-  /// Waits until `condition` holds; looks again whenever a property of the root or of a window of this client changes.
-  /// False where that takes so long that something must be broken.
+  /// Has `waitUntil` look again whenever a property of this window, its place, its size or its focus changes.
+  void watch(xcb_window_t window) const;
+
+  /// Waits until `condition` holds; looks again whenever a property of the root, of a window of this client or of a
+  /// watched one changes. False where that takes so long that something must be broken.
   [[nodiscard]] bool waitUntil(const std::function<bool()>& condition) const;
 
   /// Waits until a window whose WM_CLASS ends with `windowClass` is listed.
   [[nodiscard]] bool waitForClass(std::string_view windowClass) const;
 
+  /// Waits until a window with this title is listed; none where that takes so long that something must be broken.
+  [[nodiscard]] std::optional<xcb_window_t> waitForTitle(std::string_view title) const;
+
   /// Returns once the server has done all that this client asked for.
   void synchronize() const;
 
  private:
+  [[nodiscard]] xcb_window_t parent(xcb_window_t window) const;
+  [[nodiscard]] xcb_window_t focus() const;
+
   struct Disconnect {
     void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
   };

@@ -18,6 +18,11 @@ note
 while read -r line; do
   if [[ $line == '_NET_CLIENT_LIST('*0x* ]]; then break; fi
 done < <(exec xprop -root -spy _NET_CLIENT_LIST)
+# What the session bus starts to make windows readable: a launcher, a bus and a registry.
+address=$(gdbus call --session --dest org.a11y.Bus --object-path /org/a11y/bus --method org.a11y.Bus.GetAddress)
+address=${address#*\'}
+gdbus call --address "${address%\'*}" --dest org.a11y.atspi.Registry --object-path /org/a11y/atspi/accessible/root \
+  --method org.a11y.atspi.Accessible.GetRole >/dev/null
 # The desktop's own parts.
 grep --files-with-matches --null-data --line-regexp --no-messages "XDG_RUNTIME_DIR=$XDG_RUNTIME_DIR" \
   /proc/[0-9]*/environ | sed 's|/proc/\([0-9]*\)/.*|\1|' >>pids

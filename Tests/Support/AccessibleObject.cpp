@@ -1,0 +1,120 @@
+#include "Tests/Support/AccessibleObject.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace TestSupport {
+
+namespace {
+
+using DesktopSupport::VariantHandle;
+
+constexpr const char* accessible = "org.a11y.atspi.Accessible";
+/// How long an application may take to answer, in milliseconds: reached only when something is broken.
+constexpr int patience = 30000;
+
+std::string firstString(const VariantHandle& reply) {
+  const char* text = "";
+  if (reply)
+    g_variant_get(reply.get(), "(&s)", &text);
+  return text;
+}
+
+}  // namespace
+
+std::ostream& operator<<(std::ostream& stream, const AccessibleItem& item) {
+  return stream << item.role << " \"" << item.name << "\" \"" << item.text << '"';
+}
+
+AccessibleObject::AccessibleObject(GDBusConnection* bus, std::string owner, std::string path)
+    : bus_(DesktopSupport::shared(bus)), owner_(std::move(owner)), path_(std::move(path)) {}
+
+VariantHandle AccessibleObject::call(const char* interface, const char* method, GVariant* arguments,
+                                     const char* replyType) const {
+  return VariantHandle(g_dbus_connection_call_sync(bus_.get(), owner_.c_str(), path_.c_str(), interface, method,
+                                                   arguments, G_VARIANT_TYPE(replyType), G_DBUS_CALL_FLAGS_NONE,
+                                                   patience, nullptr, nullptr));
+}
+
+std::string AccessibleObject::role() const {
+  return firstString(call(accessible, "GetRoleName", nullptr, "(s)"));
+}
+
+std::string AccessibleObject::name() const {
+  const VariantHandle reply =
+      call("org.freedesktop.DBus.Properties", "Get", g_variant_new("(ss)", accessible, "Name"), "(v)");
+  if (!reply)
+    return {};
+  GVariant* name = nullptr;
+  g_variant_get(reply.get(), "(v)", &name);
+  const VariantHandle owner(name);
+  return g_variant_is_of_type(name, G_VARIANT_TYPE_STRING) != FALSE ? g_variant_get_string(name, nullptr) : "";
+}
+
+std::string AccessibleObject::text() const {
+  constexpr int toTheEnd = -1;
+  return firstString(call("org.a11y.atspi.Text", "GetText", g_variant_new("(ii)", 0, toTheEnd), "(s)"));
+}
+
+pid_t AccessibleObject::process() const {
+  const VariantHandle reply(g_dbus_connection_call_sync(
+      bus_.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetConnectionUnixProcessID",
+      g_variant_new("(s)", owner_.c_str()), G_VARIANT_TYPE("(u)"), G_DBUS_CALL_FLAGS_NONE, patience, nullptr, nullptr));
+  guint32 process = 0;
+  if (reply)
+    g_variant_get(reply.get(), "(u)", &process);
+  return static_cast<pid_t>(process);
+}
+
+std::vector<AccessibleObject> AccessibleObject::children() const {
+  std::vector<AccessibleObject> children;
+  const VariantHandle reply = call(accessible, "GetChildren", nullptr, "(a(so))");
+  if (!reply)
+    return children;
+  const VariantHandle list(g_variant_get_child_value(reply.get(), 0));
+  for (gsize index = 0; index < g_variant_n_children(list.get()); ++index) {
+    const char* owner = nullptr;
+    const char* path = nullptr;
+    const VariantHandle child(g_variant_get_child_value(list.get(), index));
+    g_variant_get(child.get(), "(&s&o)", &owner, &path);
+    children.emplace_back(bus_.get(), owner, path);
+  }
+  return children;
+}
+
+std::vector<AccessibleObject> AccessibleObject::descendants() const {
+  std::vector<AccessibleObject> all;
+  for (const AccessibleObject& child : children()) {
+    all.push_back(child);
+    std::ranges::move(child.descendants(), std::back_inserter(all));
+  }
+  return all;
+}
+
+std::vector<AccessibleItem> AccessibleObject::items() const {
+  std::vector<AccessibleItem> items;
+  for (const AccessibleObject& object : descendants())
+    items.push_back(object.item());
+  return items;
+}
+
+// The toolkit's own idea of a button's name may be its label twice: "OK OK".
+bool AccessibleObject::isButton(const std::string& label) const {
+  const auto isLabel = [&](const AccessibleItem& item) { return item.role == "label" && item.name == label; };
+  return role() == "button" && (name() == label || std::ranges::any_of(items(), isLabel));
+}
+
+bool AccessibleObject::press(const std::string& button) const {
+  const auto all = descendants();
+  const auto found = std::ranges::find_if(all, [&](const auto& object) { return object.isButton(button); });
+  if (found == all.end())
+    return false;
+  constexpr int mainAction = 0;
+  const VariantHandle reply = found->call("org.a11y.atspi.Action", "DoAction", g_variant_new("(i)", mainAction), "(b)");
+  gboolean done = FALSE;
+  if (reply)
+    g_variant_get(reply.get(), "(b)", &done);
+  return done != FALSE;
+}
+
+}  // namespace TestSupport

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+
+#include "Tests/Support/TestDesktop.h"
+
+namespace TestSupport {
+
+/// A keyboard and a mouse on the X server: what the tests do with them goes where a user's would.
+class TestInput {
+ public:
+  explicit TestInput(const TestDesktop& desktop) : desktop_(desktop) {}
+
+  /// Presses and releases the key that makes `keysym`, one of the XKB_KEY_ constants of xkbcommon-keysyms.h, with the
+  /// shift key where it takes that. Goes to the window that has the focus. Throws where no key makes it.
+  void press(std::uint32_t keysym) const;
+
+  /// Clicks with the first button of the mouse at a point of the root window.
+  void click(int x, int y) const;
+
+ private:
+  void fake(std::uint8_t eventType, std::uint8_t detail, int x = 0, int y = 0) const;
+
+  const TestDesktop& desktop_;
+};
+
+}  // namespace TestSupport
