@@ -2,14 +2,18 @@
 
 #include <filesystem>
 #include <mutex>
+#include <optional>
 #include <string>
 
 #include "Platform/Bundle.h"
+#include "Platform/Linux/MessageCatalogue.h"
 #include "Platform/Strings.h"
 
 namespace Platform::Linux {
 
-/// The gettext catalogues in the bundle's `locale` directory, whose domain is the bundle's identifier.
+/// The catalogues in the bundle's `locale` directory, `<language>/LC_MESSAGES/<bundle identifier>.mo`: the first that
+/// can be read in the order of the languages the user prefers (LANGUAGE, LC_ALL, LC_MESSAGES, LANG). The keys are the
+/// English texts, so English needs no catalogue.
 class LinuxStrings : public Strings {
  public:
   explicit LinuxStrings(const Bundle& bundle);
@@ -17,11 +21,10 @@ class LinuxStrings : public Strings {
   [[nodiscard]] std::string localized(std::string_view key, std::string_view comment) const override;
 
  private:
-  void prepare() const;
-
-  std::string domain_;
   std::filesystem::path catalogues_;
-  mutable std::once_flag prepared_;
+  std::string fileName_;
+  mutable std::once_flag searched_;
+  mutable std::optional<MessageCatalogue> catalogue_;
 };
 
 }  // namespace Platform::Linux

@@ -1,0 +1,17 @@
+# shellcheck shell=bash source-path=SCRIPTDIR
+source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
+source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
+
+install_to "$scratch/prefix"
+version=$("$scratch/prefix/bin/gleanery" --version)
+mkdir "$scratch/a b"
+mv "$scratch/prefix/$bundle" "$scratch/a b/moved"
+rm -r "$scratch/prefix"
+
+expect "$("$scratch/a b/moved/gleanery" --version)" "$version"
+"$scratch/a b/moved/update-check"
+
+# What it says where there is neither a host nor a display: in German, so it has found its catalogue.
+said=$(env --unset=DISPLAY --unset=WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere LANGUAGE=de LANG=C.UTF-8 \
+  "$scratch/a b/moved/gleanery" 2>&1)
+[[ $said == *'Das Skript konnte nicht ausgeführt werden'* ]] || fail "$said"
