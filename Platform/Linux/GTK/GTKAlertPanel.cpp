@@ -34,7 +34,7 @@ GTKAlertPanel::GTKAlertPanel(const Alert& alert, const WindowToolkitOptions& app
   gtk_window_set_default_widget(window_.get(), gtk_widget_get_first_child(buttons));
   gtk_window_set_focus(window_.get(), gtk_widget_get_first_child(buttons));
   closeOnEscape(window_.get());
-  g_signal_connect(window_.get(), "destroy", G_CALLBACK(&GTKAlertPanel::dismiss), this);
+  g_signal_connect(window_.get(), "close-request", G_CALLBACK(&GTKAlertPanel::dismiss), this);
   keepAbove(window_.get(), true);
   orderFront(window_.get());
 }
@@ -52,8 +52,9 @@ GtkWidget* GTKAlertPanel::makeButtons(const Alert& alert) {
   return row;
 }
 
-void GTKAlertPanel::dismiss(gpointer /*sender*/, gpointer panel) {
+gboolean GTKAlertPanel::dismiss(gpointer /*sender*/, gpointer panel) {
   static_cast<GTKAlertPanel*>(panel)->isDismissed_ = true;
+  return isHandled;
 }
 
 }  // namespace Platform::Linux

@@ -16,7 +16,7 @@ class GTKAlertPanel : public AlertPanel {
 
  private:
   GtkWidget* makeButtons(const Alert& alert);
-  static void dismiss(gpointer, gpointer panel);
+  static gboolean dismiss(gpointer, gpointer panel);
 
   WindowHandle window_;
   bool isDismissed_ = false;

@@ -16,6 +16,9 @@ struct DestroyWindow {
 };
 using WindowHandle = std::unique_ptr<GtkWindow, DestroyWindow>;
 
+/// What a handler of "close-request" yields that has seen to it: else the toolkit would destroy the window.
+inline constexpr gboolean isHandled = TRUE;
+
 /// Takes a toplevel window that was just made.
 inline WindowHandle ownedWindow(GtkWidget* window) {
   return WindowHandle(GTK_WINDOW(g_object_ref(window)));

@@ -33,7 +33,6 @@ void GTKWindow::close() {
 
 gboolean GTKWindow::closeRequested(GtkWindow* /*window*/, gpointer self) {
   static_cast<GTKWindow*>(self)->close();
-  constexpr gboolean isHandled = TRUE;  // else the toolkit would destroy the window
   return isHandled;
 }
 

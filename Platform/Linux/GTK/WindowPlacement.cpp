@@ -33,6 +33,8 @@ void requestState(GtkWindow* window) {
   event.xclient.data.l[3] = fromApplication;
   XSendEvent(server, gdk_x11_display_get_xrootwindow(display), False, SubstructureRedirectMask | SubstructureNotifyMask,
              &event);
+  // Where among the windows kept above a new one comes is left open.
+  XRaiseWindow(server, gdk_x11_surface_get_xid(surfaceOf(window)));
 }
 
 }  // namespace
@@ -49,12 +51,12 @@ void keepAbove(GtkWindow* window, bool above) {
 }
 
 void orderFront(GtkWindow* window) {
-  // A window that is there already comes to the front only for what the user has just done: that the host was told to
-  // run this plug-in counts as such, and it is now.
-  if (isOnX11(window) && gtk_widget_get_mapped(GTK_WIDGET(window)) != FALSE)
-    gtk_window_present_with_time(window, gdk_x11_get_server_time(surfaceOf(window)));
-  else
-    gtk_window_present(window);
+  // A new window has the front anyway; asked for twice, the keyboard is at times left with nobody.
+  if (gtk_widget_get_mapped(GTK_WIDGET(window)) == FALSE)
+    return gtk_widget_set_visible(GTK_WIDGET(window), TRUE);
+  // One that is there already comes to the front only for what the user has just done: that the host was told to run
+  // this plug-in counts as such, and it is now.
+  gtk_window_present_with_time(window, isOnX11(window) ? gdk_x11_get_server_time(surfaceOf(window)) : GDK_CURRENT_TIME);
 }
 
 }  // namespace Platform::Linux
