@@ -14,7 +14,7 @@ using Platform::URL;
 using Platform::WindowContent;
 
 /// A new mail with this message: the way to share a text that every desktop has.
-URL mailWithMessage(const std::string& message) {
+std::optional<URL> mailWithMessage(const std::string& message) {
   std::string text = "mailto:?body=";
   for (const char character : Platform::percentEncodedPath(message)) {
     if (character == '&')
@@ -22,7 +22,7 @@ URL mailWithMessage(const std::string& message) {
     else
       text += character;
   }
-  return URL::parse(text).value();
+  return URL::parse(text);
 }
 
 void addBundleInformation(WindowContent& content, const std::string& name) {
@@ -48,9 +48,9 @@ WindowContent aboutContent(const std::optional<std::string>& shareMessage, const
       .title =
           formatted(strings.localized("About %@", "Title of the window that tells what the application is"), name)};
   addBundleInformation(content, name);
-  if (shareMessage)
-    content.elements.emplace_back(Platform::Link{strings.localized("Share", "Link that recommends the application"),
-                                                 mailWithMessage(*shareMessage)});
+  if (const auto mail = shareMessage.and_then(mailWithMessage))
+    content.elements.emplace_back(
+        Platform::Link{strings.localized("Share", "Link that recommends the application"), *mail});
   if (moreAppsLink)
     content.elements.emplace_back(
         Platform::Link{strings.localized("More apps", "Link to other applications of the maker"), *moreAppsLink});

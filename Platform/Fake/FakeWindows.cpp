@@ -9,6 +9,8 @@ namespace {
 class FakeWindow : public Window {
  public:
   explicit FakeWindow(std::shared_ptr<FakeWindowState> state) : state_(std::move(state)) { state_->window = this; }
+  FakeWindow(const FakeWindow&) = delete;
+  FakeWindow& operator=(const FakeWindow&) = delete;
   ~FakeWindow() override { *state_ = {.content = std::move(state_->content)}; }
 
   void setLevel(int level) override { state_->level = level; }

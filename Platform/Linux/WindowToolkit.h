@@ -14,7 +14,7 @@ class AlertPanel {
  public:
   virtual ~AlertPanel() = default;
 
-  /// Whether the user has dismissed it.
+  /// Whether the user has dismissed it, and it is off the screen.
   [[nodiscard]] virtual bool isDismissed() const = 0;
 };
 

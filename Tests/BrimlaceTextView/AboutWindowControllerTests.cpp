@@ -42,9 +42,9 @@ TEST_F(AboutWindowControllerTest, ShowsWhatTheBundleTells) {
                             {"License", "MIT"},
                             {"Website", "https://example.com/plugin"},
                             {"Icon", "icon.svg"}};
-  EXPECT_THAT(elements(), ElementsAre("picture /plugins/com.example.Plugin/icon.svg of Plugin", "heading Plugin",
-                                      "text Version 1.2", "text License: MIT",
-                                      "link Website to https://example.com/plugin"));
+  EXPECT_THAT(elements(),
+              ElementsAre("picture /plugins/com.example.Plugin/icon.svg of Plugin", "heading Plugin",
+                          "text Version 1.2", "text License: MIT", "link Website to https://example.com/plugin"));
   EXPECT_EQ(desktop.windows.made.back()->content.title, "About Plugin");
 }
 

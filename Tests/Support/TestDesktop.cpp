@@ -163,6 +163,18 @@ std::optional<xcb_window_t> TestDesktop::waitForTitle(std::string_view title) co
   return found;
 }
 
+void TestDesktop::askWindowManager(xcb_window_t window, std::string_view request, std::uint32_t argument) const {
+  xcb_client_message_event_t message = {};
+  message.response_type = XCB_CLIENT_MESSAGE;
+  message.format = 32;
+  message.window = window;
+  message.type = atom(request);
+  message.data.data32[0] = argument;
+  xcb_send_event(connection(), 0, root_, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                 reinterpret_cast<const char*>(&message));
+  synchronize();  // what is under way is lost where a client goes that has not read all its events
+}
+
 void TestDesktop::synchronize() const {
   std::free(xcb_get_input_focus_reply(connection(), xcb_get_input_focus(connection()), nullptr));
 }

@@ -64,6 +64,9 @@ class TestDesktop {
   /// Waits until a window with this title is listed; none where that takes so long that something must be broken.
   [[nodiscard]] std::optional<xcb_window_t> waitForTitle(std::string_view title) const;
 
+  /// Sends the window manager a message about a window, such as "WM_CHANGE_STATE" or "_NET_CLOSE_WINDOW".
+  void askWindowManager(xcb_window_t window, std::string_view request, std::uint32_t argument = 0) const;
+
   /// Returns once the server has done all that this client asked for.
   void synchronize() const;
 

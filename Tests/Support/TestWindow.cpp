@@ -38,15 +38,7 @@ bool TestWindow::show() {
 
 bool TestWindow::minimize() {
   constexpr std::uint32_t iconicState = 3;
-  xcb_client_message_event_t message = {};
-  message.response_type = XCB_CLIENT_MESSAGE;
-  message.format = 32;
-  message.window = id_;
-  message.type = desktop_.atom("WM_CHANGE_STATE");
-  message.data.data32[0] = iconicState;
-  xcb_send_event(desktop_.connection(), 0, desktop_.root(),
-                 XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                 reinterpret_cast<const char*>(&message));
+  desktop_.askWindowManager(id_, "WM_CHANGE_STATE", iconicState);
   return desktop_.waitUntil([this] {
     const auto states = desktop_.numbers(id_, "_NET_WM_STATE");
     return std::ranges::find(states, desktop_.atom("_NET_WM_STATE_HIDDEN")) != states.end();

@@ -53,7 +53,9 @@ GtkWidget* GTKAlertPanel::makeButtons(const Alert& alert) {
 }
 
 gboolean GTKAlertPanel::dismiss(gpointer /*sender*/, gpointer panel) {
-  static_cast<GTKAlertPanel*>(panel)->isDismissed_ = true;
+  auto* self = static_cast<GTKAlertPanel*>(panel);
+  self->isDismissed_ = true;
+  gtk_widget_set_visible(GTK_WIDGET(self->window_.get()), FALSE);
   return isHandled;
 }
 
