@@ -115,6 +115,16 @@ TEST_F(LaunchByHandTest, AlertsCanBePressedByAScreenReader) {
   expectEnd(plugin);
 }
 
+TEST_F(LaunchByHandTest, AnAlertsTextsCanBeSelected) {
+  HostProcess host(DESKLOOM_HOST_PROGRAM, {"--refuse-installation"});
+  ChildProcess plugin = launch();
+  awaitAlert();
+  for (const std::string& text : textsOfAlert(plugin))
+    EXPECT_EQ(reader.awaitWindow(plugin.pid())->select(text), text != "OK") << text;
+  pressReturn();
+  expectEnd(plugin);
+}
+
 TEST_F(LaunchByHandTest, AlertsAreAboveOtherWindows) {
   HostProcess host(DESKLOOM_HOST_PROGRAM, {"--installed"});
   ChildProcess plugin = launch();

@@ -10,6 +10,7 @@ namespace {
 using DesktopSupport::VariantHandle;
 
 constexpr const char* accessible = "org.a11y.atspi.Accessible";
+constexpr const char* accessibleText = "org.a11y.atspi.Text";
 /// How long an application may take to answer, in milliseconds: reached only when something is broken.
 constexpr int patience = 30000;
 
@@ -36,6 +37,14 @@ VariantHandle AccessibleObject::call(const char* interface, const char* method, 
                                                    patience, nullptr, nullptr));
 }
 
+bool AccessibleObject::ask(const char* interface, const char* method, GVariant* arguments) const {
+  const VariantHandle reply = call(interface, method, arguments, "(b)");
+  gboolean answer = FALSE;
+  if (reply)
+    g_variant_get(reply.get(), "(b)", &answer);
+  return answer != FALSE;
+}
+
 std::string AccessibleObject::role() const {
   return firstString(call(accessible, "GetRoleName", nullptr, "(s)"));
 }
@@ -53,7 +62,7 @@ std::string AccessibleObject::name() const {
 
 std::string AccessibleObject::text() const {
   constexpr int toTheEnd = -1;
-  return firstString(call("org.a11y.atspi.Text", "GetText", g_variant_new("(ii)", 0, toTheEnd), "(s)"));
+  return firstString(call(accessibleText, "GetText", g_variant_new("(ii)", 0, toTheEnd), "(s)"));
 }
 
 pid_t AccessibleObject::process() const {
@@ -110,11 +119,14 @@ bool AccessibleObject::press(const std::string& button) const {
   if (found == all.end())
     return false;
   constexpr int mainAction = 0;
-  const VariantHandle reply = found->call("org.a11y.atspi.Action", "DoAction", g_variant_new("(i)", mainAction), "(b)");
-  gboolean done = FALSE;
-  if (reply)
-    g_variant_get(reply.get(), "(b)", &done);
-  return done != FALSE;
+  return found->ask("org.a11y.atspi.Action", "DoAction", g_variant_new("(i)", mainAction));
+}
+
+bool AccessibleObject::select(const std::string& text) const {
+  const auto all = descendants();
+  const auto found = std::ranges::find_if(all, [&](const auto& object) { return object.name() == text; });
+  const auto length = static_cast<int>(g_utf8_strlen(text.c_str(), -1));
+  return found != all.end() && found->ask(accessibleText, "AddSelection", g_variant_new("(ii)", 0, length));
 }
 
 }  // namespace TestSupport

@@ -53,8 +53,13 @@ class AccessibleObject {
   /// pressed. A button takes a moment to go down and up again: pressed once more meanwhile, it does nothing.
   [[nodiscard]] bool press(const std::string& button) const;
 
+  /// Selects all of the text with this name inside it, as for copying. False where there is none, or it is not for
+  /// selecting.
+  [[nodiscard]] bool select(const std::string& text) const;
+
  private:
   [[nodiscard]] std::vector<AccessibleObject> descendants() const;
+  [[nodiscard]] bool ask(const char* interface, const char* method, GVariant* arguments) const;
   [[nodiscard]] bool isButton(const std::string& label) const;
   [[nodiscard]] DesktopSupport::VariantHandle call(const char* interface, const char* method, GVariant* arguments,
                                                    const char* replyType) const;
