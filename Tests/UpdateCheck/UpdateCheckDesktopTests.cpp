@@ -7,7 +7,7 @@
 #include <sys/stat.h>
 
 #include "Platform/URL.h"
-#include "Tests/UpdateCheck/FakeNotifications.h"
+#include "Tests/Support/FakeNotifications.h"
 #include "Tests/UpdateCheck/HTTPSServer.h"
 #include "Tests/UpdateCheck/SigningKey.h"
 #include "Tests/UpdateCheck/UpdateCheckTest.h"
@@ -18,6 +18,7 @@ using Platform::URL;
 using testing::HasSubstr;
 using testing::StartsWith;
 using TestSupport::ChildProcess;
+using TestSupport::FakeNotifications;
 
 TEST_F(UpdateCheckTest, TellsOfEachVersionOnce) {
   const auto tell = [this] {

@@ -7,8 +7,8 @@
 
 #include "DesktopSupport/SessionBus.h"
 #include "Platform/URL.h"
-#include "Tests/UpdateCheck/FakeNotifications.h"
-#include "Tests/UpdateCheck/FakeService.h"
+#include "Tests/Support/FakeNotifications.h"
+#include "Tests/Support/FakeService.h"
 #include "Tests/UpdateCheck/UpdateCheckTest.h"
 #include "UpdateCheck/UpdateNotification.h"
 
@@ -18,6 +18,8 @@ using Platform::URL;
 using testing::HasSubstr;
 using testing::StartsWith;
 using TestSupport::ChildProcess;
+using TestSupport::FakeNotifications;
+using TestSupport::FakeService;
 using UpdateCheck::UpdateNotification;
 
 using UpdateNotificationTest = UpdateCheckTest;

@@ -13,6 +13,8 @@
 
 #include "DesktopSupport/GLibHandles.h"
 
+namespace TestSupport {
+
 /// A program on the session bus with one object, on a connection and a thread of its own. It answers as the test says
 /// and remembers what it was asked.
 class FakeService {
@@ -165,3 +167,5 @@ class FakeService {
   std::vector<std::string> calls_;
   std::thread thread_;
 };
+
+}  // namespace TestSupport

@@ -2,7 +2,9 @@
 
 #include <string>
 
-#include "Tests/UpdateCheck/FakeService.h"
+#include "Tests/Support/FakeService.h"
+
+namespace TestSupport {
 
 /// Stands in for the desktop's notification service. Each notification gets the number 7.
 class FakeNotifications {
@@ -45,3 +47,5 @@ class FakeNotifications {
  private:
   FakeService service_;
 };
+
+}  // namespace TestSupport
