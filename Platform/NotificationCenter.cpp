@@ -7,32 +7,39 @@ namespace Platform {
 
 NotificationCenter::Token NotificationCenter::addObserver(std::string_view name, const void* object,
                                                           Observer observer) {
+  const std::lock_guard lock(mutex_);
   const Token token{++lastToken_};
   entries_.push_back({token, std::string(name), object, std::move(observer)});
   return token;
 }
 
 void NotificationCenter::removeObserver(Token token) {
+  const std::lock_guard lock(mutex_);
   std::erase_if(entries_, [&](const Entry& entry) { return entry.token == token; });
 }
 
 void NotificationCenter::post(const Notification& notification) {
-  std::vector<Token> interested;
-  for (const Entry& entry : entries_) {
-    if (entry.name == notification.name && (entry.object == nullptr || entry.object == notification.object))
-      interested.push_back(entry.token);
-  }
-  for (const Token token : interested) {
-    if (const Entry* entry = find(token)) {
-      const Observer observer = entry->observer;  // an observer may end its own observation
+  for (const Token token : interested(notification)) {
+    if (const Observer observer = find(token))
       observer(notification);
-    }
   }
 }
 
-const NotificationCenter::Entry* NotificationCenter::find(Token token) const {
+std::vector<NotificationCenter::Token> NotificationCenter::interested(const Notification& notification) const {
+  const std::lock_guard lock(mutex_);
+  std::vector<Token> tokens;
+  for (const Entry& entry : entries_) {
+    if (entry.name == notification.name && (entry.object == nullptr || entry.object == notification.object))
+      tokens.push_back(entry.token);
+  }
+  return tokens;
+}
+
+/// A copy, as an observer may end its own observation; none for one that has ended.
+NotificationCenter::Observer NotificationCenter::find(Token token) const {
+  const std::lock_guard lock(mutex_);
   const auto found = std::ranges::find(entries_, token, &Entry::token);
-  return found == entries_.end() ? nullptr : &*found;
+  return found == entries_.end() ? nullptr : found->observer;
 }
 
 }  // namespace Platform

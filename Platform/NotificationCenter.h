@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,8 +20,8 @@ struct Notification {
   const void* object = nullptr;
 };
 
-/// Tells observers what has happened, synchronously and in the order in which they came (NSNotificationCenter). For the
-/// main thread alone.
+/// Tells observers what has happened, synchronously and in the order in which they came (NSNotificationCenter). Posted
+/// on the main thread alone; observers come and go on any.
 class NotificationCenter {
  public:
   using Observer = std::function<void(const Notification&)>;
@@ -46,8 +46,10 @@ class NotificationCenter {
     Observer observer;
   };
 
-  [[nodiscard]] const Entry* find(Token token) const;
+  [[nodiscard]] std::vector<Token> interested(const Notification& notification) const;
+  [[nodiscard]] Observer find(Token token) const;
 
+  mutable std::mutex mutex_;
   std::vector<Entry> entries_;
   std::uint64_t lastToken_ = 0;
 };

@@ -4,8 +4,10 @@
 #include "Platform/AppleEventManager.h"
 #include "Platform/Application.h"
 #include "Platform/Bundle.h"
+#include "Platform/Clock.h"
 #include "Platform/Log.h"
 #include "Platform/NotificationCenter.h"
+#include "Platform/Queues.h"
 #include "Platform/ScriptEngine.h"
 #include "Platform/Strings.h"
 #include "Platform/Updater.h"
@@ -28,6 +30,8 @@ struct Services {
   Bundle& bundle;
   Strings& strings;
   Log& log;
+  Queues& queues;
+  Clock& clock;
   /// The shared updater; null where there is none.
   Updater* updater;
 };

@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "Platform/Fake/FakeApplication.h"
+#include "Platform/Fake/FakeClock.h"
+#include "Platform/Fake/FakeQueues.h"
 #include "Platform/Fake/FakeScriptEngine.h"
 #include "Platform/Fake/FakeWindows.h"
 #include "Platform/Services.h"
@@ -81,10 +83,12 @@ class FakeServices {
   FakeBundle bundle;
   FakeStrings strings;
   FakeLog log;
+  FakeClock clock;
+  FakeQueues queues{clock};
   FakeUpdater updater;
   /// What `services()` yields; a test may take the application or the updater away.
-  Services services{&application, appleEvents, notifications, scripts, workspace, alerts,
-                    windows,      bundle,      strings,       log,     &updater};
+  Services services{&application, appleEvents, notifications, scripts, workspace, alerts, windows,
+                    bundle,       strings,     log,           queues,  clock,     &updater};
 
  private:
   ServicesInstallation installation_{services};

@@ -3,7 +3,9 @@
 #include "Platform/Linux/LinuxAlerts.h"
 #include "Platform/Linux/LinuxApplication.h"
 #include "Platform/Linux/LinuxBundle.h"
+#include "Platform/Linux/LinuxClock.h"
 #include "Platform/Linux/LinuxLog.h"
+#include "Platform/Linux/LinuxQueues.h"
 #include "Platform/Linux/LinuxScriptEngine.h"
 #include "Platform/Linux/LinuxStrings.h"
 #include "Platform/Linux/LinuxUpdater.h"
@@ -28,11 +30,13 @@ class LinuxServices {
   LinuxWorkspace workspace{log};
   LinuxAlerts alerts{windowModule, application, strings, log};
   LinuxWindows windows{windowModule, log};
+  LinuxClock clock;
   LinuxUpdater updater{bundle, log};
+  LinuxQueues queues;
 
  private:
-  Services services_{&application, appleEvents, notifications, scripts, workspace, alerts,
-                     windows,      bundle,      strings,       log,     &updater};
+  Services services_{&application, appleEvents, notifications, scripts, workspace, alerts, windows,
+                     bundle,       strings,     log,           queues,  clock,     &updater};
   ServicesInstallation installation_{services_};
 };
 
