@@ -3,6 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "DeskloomSDK/JSONText.h"
+
 namespace DeskloomSDK {
 
 namespace {
@@ -35,15 +37,6 @@ std::size_t estimatedLength(const std::vector<Resource>& resources) {
   for (const Resource& resource : resources)
     length += resource.name().size() + resource.url().absoluteString().size() + punctuation;
   return length;
-}
-
-/// Appends JSON text with its slashes escaped; in finished text they stand inside strings only.
-void appendEscapingSlashes(std::string& output, std::string_view text) {
-  for (const char character : text) {
-    if (character == '/')
-      output += '\\';
-    output += character;
-  }
 }
 
 }  // namespace
@@ -100,15 +93,15 @@ std::expected<std::string, EncodingError> encodeResources(const std::vector<Reso
 }
 
 std::expected<std::vector<Resource>, DecodingError> decodeResources(std::string_view text) {
-  const json array = json::parse(text, nullptr, /*allow_exceptions=*/false);
-  if (array.is_discarded())
-    return corrupted({});
-  if (!array.is_array())
+  const auto array = decodeJSON(text);
+  if (!array)
+    return std::unexpected(array.error());
+  if (!array->is_array())
     return std::unexpected(DecodingError{DecodingError::Kind::typeMismatch, {}});
 
   std::vector<Resource> resources;
-  resources.reserve(array.size());
-  for (const json& element : array) {
+  resources.reserve(array->size());
+  for (const json& element : *array) {
     auto resource = Resource::decode(element);
     if (!resource)
       return std::unexpected(resource.error());

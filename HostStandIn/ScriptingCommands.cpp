@@ -4,16 +4,14 @@ namespace HostStandIn {
 
 namespace {
 
-std::optional<std::string> find(const std::map<std::string, std::string>& texts, const std::string& key) {
+std::string find(const std::map<std::string, std::string>& texts, const std::string& key) {
   const auto found = texts.find(key);
-  if (found == texts.end())
-    return std::nullopt;
-  return found->second;
+  return found == texts.end() ? "" : found->second;
 }
 
 }  // namespace
 
-std::optional<std::string> ScriptingCommands::globalConfig(const std::string& bundleID) const {
+std::string ScriptingCommands::globalConfig(const std::string& bundleID) const {
   return find(globalConfigs_, bundleID);
 }
 
@@ -21,7 +19,7 @@ void ScriptingCommands::setGlobalConfig(std::string text, const std::string& bun
   globalConfigs_[bundleID] = std::move(text);
 }
 
-std::optional<std::string> ScriptingCommands::config(const std::string& actionID) const {
+std::string ScriptingCommands::config(const std::string& actionID) const {
   return find(configs_, actionID);
 }
 

@@ -20,10 +20,12 @@ class ScriptingCommands {
 
   explicit ScriptingCommands(Setup setup) : setup_(std::move(setup)) {}
 
-  [[nodiscard]] std::optional<std::string> globalConfig(const std::string& bundleID) const;
+  /// The configuration of this plug-in; the empty text before it is first set.
+  [[nodiscard]] std::string globalConfig(const std::string& bundleID) const;
   void setGlobalConfig(std::string text, const std::string& bundleID);
 
-  [[nodiscard]] std::optional<std::string> config(const std::string& actionID) const;
+  /// The configuration of this action; the empty text before it is first set.
+  [[nodiscard]] std::string config(const std::string& actionID) const;
   void setConfig(std::string text, const std::string& actionID);
 
   [[nodiscard]] const std::string& pluginFolderPath() const { return setup_.pluginFolder; }

@@ -120,12 +120,12 @@ TEST(Host, NeedNotBeActivated) {
 
 TEST(Host, KeepsConfigurationAsItWasSet) {
   ChildProcess host = start({});
-  EXPECT_EQ(text("GetConfig", {"A"}), "(false, '')");
+  EXPECT_EQ(text("GetConfig", {"A"}), "(true, '')");
   EXPECT_TRUE(script("SetConfig", {"one\n\"ä\"\\", "A"}));
   EXPECT_TRUE(script("SetGlobalConfig", {"", "A"}));
   EXPECT_EQ(text("GetConfig", {"A"}), "(true, 'one\\n\"ä\"\\\\')");
   EXPECT_EQ(text("GetGlobalConfig", {"A"}), "(true, '')");
-  EXPECT_EQ(text("GetGlobalConfig", {"B"}), "(false, '')");
+  EXPECT_EQ(text("GetGlobalConfig", {"B"}), "(true, '')");
 }
 
 TEST(Host, InstallsPlugins) {
