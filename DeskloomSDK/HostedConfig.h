@@ -34,9 +34,8 @@ class HostedConfig : public ConfigProvider, public std::enable_shared_from_this<
   void save() {
     if (!writeAction_) {
       constexpr double quietPeriod = 1.0;
-      writeAction_.emplace(quietPeriod, std::nullopt, [self = this->shared_from_this()] {
-        static_cast<void>(guardedByAlert(self->write(self->encodedConfig())));
-      });
+      writeAction_.emplace(quietPeriod, std::nullopt,
+                           [this] { static_cast<void>(guardedByAlert(write(encodedConfig()))); });
     }
     writeAction_->perform();
   }
@@ -50,14 +49,14 @@ class HostedConfig : public ConfigProvider, public std::enable_shared_from_this<
   }
 
   /// Reads the value, which is `fallback` where the host's text is none of its kind, and has it written when the
-  /// application quits. False where the host could not be read, of which the user has been told.
+  /// application quits, to which end it lives on. False where the host could not be read, of which the user was told.
   bool begin(const ConfigValue& fallback) {
     const auto text = guardedByAlert(read());
     if (!text)
       return false;
     config = decoded(*text, fallback);
-    appTerminationObserver_.emplace(
-        [self = this->shared_from_this()] { static_cast<void>(self->write(self->encodedConfig())); });
+    ConfigProvider::keep(this->shared_from_this());
+    appTerminationObserver_.emplace([this] { static_cast<void>(write(encodedConfig())); });
     return true;
   }
 
