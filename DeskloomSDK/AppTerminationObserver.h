@@ -9,6 +9,7 @@ namespace DeskloomSDK {
 /// for it.
 class AppTerminationObserver {
  public:
+  /// What to run; it must not throw.
   using Callback = std::function<void()>;
 
   /// Observes the shared application from here on, to the end of the process; once the observer is gone, nothing runs.

@@ -10,7 +10,7 @@
 
 namespace DeskloomSDK {
 
-/// A message to the host, sent as a URL: deskloom://<name> or, where there is a payload, deskloom://<name>/<data>.
+/// A message to the host, sent as a URL: `deskloom://<name>` or, where there is a payload, `deskloom://<name>/<data>`.
 /// Immutable.
 class Command {
  public:

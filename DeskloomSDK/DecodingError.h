@@ -6,6 +6,7 @@ namespace DeskloomSDK {
 
 /// Why a JSON text could not be read as a value (DecodingError).
 struct DecodingError {
+  /// What is wrong with the text.
   enum class Kind {
     /// A key that must be there is not.
     keyNotFound,
@@ -15,6 +16,7 @@ struct DecodingError {
     dataCorrupted,
   };
 
+  /// What is wrong.
   Kind kind;
   /// The key that is to blame; empty where it is the value as a whole.
   std::string key;
@@ -22,6 +24,7 @@ struct DecodingError {
 
 /// A value could not be written as JSON (EncodingError).
 struct EncodingError {
+  /// What the encoder says, in English, for a log.
   std::string reason;
 };
 

@@ -15,12 +15,14 @@ namespace DeskloomSDK {
 /// once for a burst where the main thread was busy when it had settled, and not at all where the clock was set back.
 class DelayedActionController {
  public:
+  /// The work to do once a burst has settled.
   using Action = std::function<void()>;
 
   /// `interval` is the quiet period in seconds that the owner has in mind; it is carried along, and changes nothing.
   /// `lastTime` is the time of the latest request, if there was one.
   DelayedActionController(double interval, std::optional<Platform::Date> lastTime, Action action);
 
+  /// The seconds that it was made with.
   [[nodiscard]] double interval() const { return interval_; }
   /// The time of the latest request; none before the first.
   [[nodiscard]] std::optional<Platform::Date> lastTime() const { return pending_->lastTime; }

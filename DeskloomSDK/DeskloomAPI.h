@@ -9,6 +9,7 @@
 
 namespace DeskloomSDK {
 
+/// What the host has answered, or why there is no answer.
 template <typename T>
 using APIResult = std::expected<T, Platform::Error>;
 

@@ -3,6 +3,7 @@
 #include "DeskloomSDK/PluginController.h"
 #include "Platform/NotificationCenter.h"
 
+/// The plug-in runtime: launch URLs in, commands to the host out, and what the host can be asked.
 namespace DeskloomSDK {
 
 /// The one object through which a plug-in application uses the runtime. The application makes it before it finishes
@@ -26,7 +27,9 @@ class DeskloomPlugin {
   DeskloomPlugin& operator=(const DeskloomPlugin&) = delete;
   ~DeskloomPlugin();
 
+  /// Read at the end of launching, so an application may still change it until then.
   Config config;
+  /// Where the application sets its action handlers.
   PluginController actionController;
 
   /// Checks the launch where the options ask for it. Called once the launch URL, if any, has been dispatched.

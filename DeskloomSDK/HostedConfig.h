@@ -41,6 +41,7 @@ class HostedConfig : public ConfigProvider, public std::enable_shared_from_this<
   }
 
  protected:
+  /// Stops a debug build with a fatal error off the main thread.
   explicit HostedConfig(ConfigValue initial) : config(std::move(initial)) {
 #ifndef NDEBUG
     if (!Platform::services().queues.isMainThread())
@@ -60,6 +61,7 @@ class HostedConfig : public ConfigProvider, public std::enable_shared_from_this<
     return true;
   }
 
+  /// What reads and writes the host's texts.
   [[nodiscard]] const DeskloomAPI& api() const { return api_; }
 
  private:

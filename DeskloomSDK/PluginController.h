@@ -13,10 +13,14 @@ namespace DeskloomSDK {
 /// error.
 class PluginController {
  public:
+  /// Does something with the action of this identifier.
   using ActionHandler = std::function<void(const std::string& actionID)>;
+  /// Does something with the plug-in as a whole.
   using ConfigureHandler = std::function<void()>;
+  /// Does something with the command of this identifier, which the host need not give.
   using RunCommandHandler = std::function<void(const std::optional<std::string>& actionID)>;
 
+  /// Has no handlers yet: each of the four actions stops the process.
   PluginController();
 
   /// Runs the action of this identifier.

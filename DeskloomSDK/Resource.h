@@ -18,8 +18,11 @@ class Resource {
   /// Stores the three as they are. `name` is what the user reads, `url` where the resource is.
   Resource(ResourceType type, std::string name, Platform::URL url);
 
+  /// What the host takes it for.
   [[nodiscard]] ResourceType type() const { return type_; }
+  /// What the user reads; any text.
   [[nodiscard]] const std::string& name() const { return name_; }
+  /// Where it is: a file URL for what lies on disk.
   [[nodiscard]] const Platform::URL& url() const { return url_; }
 
   /// Reads a resource from a JSON object with the string keys "type", "name" and "url"; other keys are ignored. Fails

@@ -21,6 +21,7 @@ std::optional<ResourceType> resourceType(std::string_view rawValue);
 /// A type hashes as its raw string does.
 template <>
 struct std::hash<DeskloomSDK::ResourceType> {
+  /// Never fails.
   std::size_t operator()(DeskloomSDK::ResourceType type) const noexcept {
     return std::hash<std::string_view>()(DeskloomSDK::rawValue(type));
   }

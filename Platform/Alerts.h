@@ -9,7 +9,9 @@ namespace Platform {
 
 /// A message to the user (NSAlert).
 struct Alert {
+  /// What has happened, in a sentence.
   std::string messageText;
+  /// More about it, or what to do; empty where there is nothing to say.
   std::string informativeText = {};
   /// The titles of the buttons; where there are none, the platform's single default button is shown.
   std::vector<std::string> buttons = {};

@@ -11,6 +11,7 @@ namespace Platform {
 /// Passes Apple events to whoever handles their kind (NSAppleEventManager). For the main thread alone.
 class AppleEventManager {
  public:
+  /// Handles an event; what it puts into the reply is not looked at.
   using Handler = std::function<void(const AppleEvent& event, AppleEvent& replyEvent)>;
 
   /// Makes `handler` the one handler of these events, in place of an earlier one (setEventHandler:…).

@@ -5,8 +5,10 @@
 
 #include "Platform/ApplicationDelegate.h"
 
+/// What a plug-in needs from a desktop, and nothing more: small abstract classes, reached through `services()`.
 namespace Platform {
 
+/// Makes the application's delegate, once the services are installed and before a launch URL is delivered.
 using MakeApplicationDelegate = std::function<std::unique_ptr<ApplicationDelegate>()>;
 
 /// The application main routine (NSApplicationMain): installs this desktop's services, makes the delegate, delivers the

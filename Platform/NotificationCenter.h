@@ -9,14 +9,17 @@
 
 namespace Platform {
 
-/// The names of the notifications that the application posts about itself.
+/// Posted by the application when it has handled the launch URLs that it was started with.
 inline constexpr std::string_view applicationDidFinishLaunchingNotification =
     "NSApplicationDidFinishLaunchingNotification";
+/// Posted by the application when it is about to end; it waits for the observers.
 inline constexpr std::string_view applicationWillTerminateNotification = "NSApplicationWillTerminateNotification";
 
-/// Something that happened, and to whom (NSNotification). `object` is only compared, never used.
+/// Something that happened, and to whom (NSNotification).
 struct Notification {
+  /// What has happened.
   std::string_view name;
+  /// To whom; only compared, never used. Null where it is nobody.
   const void* object = nullptr;
 };
 
@@ -24,7 +27,9 @@ struct Notification {
 /// on the main thread alone; observers come and go on any.
 class NotificationCenter {
  public:
+  /// Called on the thread that posts.
   using Observer = std::function<void(const Notification&)>;
+  /// An observation, by which to end it.
   enum class Token : std::uint64_t {};
 
   /// Calls `observer` for every notification of this name that `object` posts, or that anyone posts where `object` is

@@ -9,6 +9,7 @@ namespace Platform {
 /// application ends never does. Every operation may be called on any thread.
 class Queues {
  public:
+  /// A piece of work; it must not throw.
   using Work = std::function<void()>;
 
   virtual ~Queues() = default;

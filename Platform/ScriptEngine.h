@@ -9,10 +9,13 @@ namespace Platform {
 
 /// What the interpreter says of a script that failed: the error-information dictionary of executeAndReturnError:.
 struct ScriptErrorInformation {
+  /// The language's own number: -2741 for a syntax error, -1728 for an object that isn't there.
   int number = 0;
+  /// What went wrong, in a sentence.
   std::string message;
-  /// The part of the source to blame, in characters.
+  /// Where the part of the source to blame begins, in characters.
   std::size_t rangeStart = 0;
+  /// How long that part is, in characters.
   std::size_t rangeLength = 0;
   /// The application that was asked; empty where none was.
   std::string applicationName = {};
@@ -23,12 +26,15 @@ struct ScriptErrorInformation {
 
 /// What a script has come to. A failed one has an error; one that succeeds may have a result or none.
 struct ScriptOutcome {
-  /// A result descriptor; `stringValue` is its text coercion, absent in a value that has none.
+  /// A result descriptor.
   struct Result {
+    /// The value as text; none in one that cannot be coerced to text.
     std::optional<std::string> stringValue;
   };
 
+  /// Why the script failed; none where it succeeded.
   std::optional<ScriptErrorInformation> error = {};
+  /// The value of the last statement; none where that has no value.
   std::optional<Result> result = {};
 };
 

@@ -21,6 +21,7 @@ namespace Platform {
 struct Services {
   /// The shared application object; null where there is none.
   Application* application;
+  /// Each stands for what its class says. @{
   AppleEventManager& appleEvents;
   NotificationCenter& notifications;
   ScriptEngine& scripts;
@@ -32,6 +33,7 @@ struct Services {
   Log& log;
   Queues& queues;
   Clock& clock;
+  /// @}
   /// The shared updater; null where there is none.
   Updater* updater;
 };
@@ -46,6 +48,7 @@ Application& sharedApplication();
 /// set must outlive it.
 class ServicesInstallation {
  public:
+  /// Installs the set.
   explicit ServicesInstallation(const Services& services);
   ServicesInstallation(const ServicesInstallation&) = delete;
   ServicesInstallation& operator=(const ServicesInstallation&) = delete;

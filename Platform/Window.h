@@ -9,8 +9,9 @@ namespace Platform {
 /// The name of the notification that a window's delegate is given.
 inline constexpr std::string_view windowWillCloseNotification = "NSWindowWillCloseNotification";
 
-/// Windows of a higher level are in front of those of a lower one (NSWindowLevel).
+/// The level of ordinary windows. Windows of a higher level are in front of those of a lower one (NSWindowLevel).
 inline constexpr int normalWindowLevel = 0;
+/// The level of palettes, which float above ordinary windows.
 inline constexpr int floatingWindowLevel = 3;
 
 /// What hangs on the life of a window (NSWindowDelegate).
@@ -33,6 +34,7 @@ class Window {
 
   /// Whom the window tells what happens to it; none at first. It must outlive the window or be taken away before.
   void setDelegate(WindowDelegate* delegate) { delegate_ = delegate; }
+  /// The delegate that was set last; null where there is none.
   [[nodiscard]] WindowDelegate* delegate() const { return delegate_; }
 
   /// Puts the window on this level (setLevel:). A desktop that has no levels keeps every window whose level is above
@@ -48,6 +50,7 @@ class Window {
   virtual void close() = 0;
 
  protected:
+  /// Tells the delegate, if there is one, that the window is about to close.
   void tellWillClose() {
     if (delegate_ != nullptr)
       delegate_->windowWillClose({windowWillCloseNotification, this});

@@ -6,11 +6,13 @@
 #include "Platform/AppleEventManager.h"
 #include "Platform/Application.h"
 
+/// A desktop for tests: notes what is asked of it, and answers what it is told.
 namespace Platform::Fake {
 
 /// An application that lives and ends when the test says so.
 class FakeApplication : public Application {
  public:
+  /// Delivers its launch URLs to the one and posts its notifications to the other.
   FakeApplication(AppleEventManager& appleEvents, NotificationCenter& notifications);
 
   /// Counts the request. The will-terminate notification is posted by `deliver` behind the launch URL, or at once where

@@ -9,6 +9,7 @@ class FakeClock : public Clock {
  public:
   [[nodiscard]] Date now() const override { return date; }
 
+  /// What it shows, until it is set or moved on.
   Date date{std::chrono::seconds(1'000'000'000)};
 };
 

@@ -17,8 +17,10 @@ namespace Platform::Fake {
 /// thread. What a test sees is the same each time.
 class FakeQueues : public Queues {
  public:
+  /// A length of time, in seconds.
   using Seconds = std::chrono::duration<double>;
 
+  /// Moves this clock on as time passes; it must outlive the queues.
   explicit FakeQueues(FakeClock& clock) : clock_(clock) {}
   FakeQueues(const FakeQueues&) = delete;
   FakeQueues& operator=(const FakeQueues&) = delete;

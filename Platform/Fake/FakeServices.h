@@ -20,6 +20,7 @@ class FakeWorkspace : public Workspace {
  public:
   void open(const URL& url) override { opened.push_back(url.absoluteString()); }
 
+  /// Their texts, in order.
   std::vector<std::string> opened;
 };
 
@@ -28,6 +29,7 @@ class FakeAlerts : public Alerts {
  public:
   void runModal(const Alert& alert) override { shown.push_back(alert); }
 
+  /// In order.
   std::vector<Alert> shown;
 };
 
@@ -37,6 +39,7 @@ class FakeBundle : public Bundle {
   [[nodiscard]] std::filesystem::path path() const override { return bundlePath; }
   [[nodiscard]] std::optional<std::string> information(std::string_view key) const override;
 
+  /// Where it is; nothing need be there.
   std::filesystem::path bundlePath = "/plugins/com.example.Plugin";
   /// What it says of itself.
   std::map<std::string, std::string, std::less<>> entries = {{"Identifier", "com.example.Plugin"}};
@@ -58,6 +61,7 @@ class FakeUpdater : public Updater {
  public:
   void checkForUpdatesInBackground() override { ++checks; }
 
+  /// How many were begun.
   int checks = 0;
 };
 
@@ -66,6 +70,7 @@ class FakeLog : public Log {
  public:
   void write(std::string_view message) override { messages.emplace_back(message); }
 
+  /// In order.
   std::vector<std::string> messages;
 };
 
@@ -73,6 +78,7 @@ class FakeLog : public Log {
 /// lives; its fields record what was asked of it and can be told what to answer.
 class FakeServices {
  public:
+  /// The services; each is what its class says. @{
   AppleEventManager appleEvents;
   NotificationCenter notifications;
   FakeApplication application{appleEvents, notifications};
@@ -86,8 +92,9 @@ class FakeServices {
   FakeClock clock;
   FakeQueues queues{clock};
   FakeUpdater updater;
+  /// @}
   /// What `services()` yields; a test may take the application or the updater away.
-  Services services{&application, appleEvents, notifications, scripts, workspace, alerts, windows,
+  Services services{&application, appleEvents, notifications, scripts, workspace, alerts,  windows,
                     bundle,       strings,     log,           queues,  clock,     &updater};
 
  private:

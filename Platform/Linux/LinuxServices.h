@@ -35,7 +35,7 @@ class LinuxServices {
   LinuxQueues queues;
 
  private:
-  Services services_{&application, appleEvents, notifications, scripts, workspace, alerts, windows,
+  Services services_{&application, appleEvents, notifications, scripts, workspace, alerts,  windows,
                      bundle,       strings,     log,           queues,  clock,     &updater};
   ServicesInstallation installation_{services_};
 };

@@ -19,6 +19,10 @@ struct Describe {
   std::string operator()(const Platform::Link& link) const {
     return "link " + link.text + " to " + link.url.absoluteString();
   }
+  template <typename Control>
+  std::string operator()(const Control& control) const {
+    return "control " + control.label;
+  }
 };
 
 class AboutWindowControllerTest : public testing::Test {

@@ -1,5 +1,7 @@
 #include "Platform/Linux/GTK/ContentBox.h"
 
+#include "Platform/Linux/GTK/Controls.h"
+
 namespace Platform::Linux {
 
 namespace {
@@ -41,6 +43,9 @@ struct MakeWidget {
   GtkWidget* operator()(const Link& link) const {
     return gtk_link_button_new_with_label(link.url.absoluteString().c_str(), link.text.c_str());
   }
+
+  GtkWidget* operator()(const NumberField& field) const { return makeNumberRow(field); }
+  GtkWidget* operator()(const Choice& choice) const { return makeChoiceRow(choice); }
 };
 
 }  // namespace
@@ -55,6 +60,14 @@ GtkWidget* makeContentBox(const WindowContent& content) {
   for (const WindowElement& element : content.elements)
     gtk_box_append(GTK_BOX(box), std::visit(MakeWidget(), element));
   return box;
+}
+
+void giveInitialFocus(GtkWindow* window, GtkWidget* box) {
+  for (GtkWidget* child = gtk_widget_get_first_child(box); child != nullptr; child = gtk_widget_get_next_sibling(child))
+    if (GTK_IS_BOX(child) && gtk_widget_grab_focus(gtk_widget_get_last_child(child)) != FALSE)
+      return;
+  gtk_widget_set_focusable(box, TRUE);
+  gtk_window_set_focus(window, box);
 }
 
 void closeOnEscape(GtkWindow* window) {

@@ -10,9 +10,7 @@ GTKWindow::GTKWindow(const WindowContent& content) : window_(ownedWindow(gtk_win
   gtk_window_set_resizable(window_.get(), FALSE);
   GtkWidget* box = makeContentBox(content);
   gtk_window_set_child(window_.get(), box);
-  // Else the first text would have the keyboard, with a cursor in it.
-  gtk_widget_set_focusable(box, TRUE);
-  gtk_window_set_focus(window_.get(), box);
+  giveInitialFocus(window_.get(), box);
   closeOnEscape(window_.get());
   g_signal_connect(window_.get(), "close-request", G_CALLBACK(&GTKWindow::closeRequested), this);
 }
@@ -27,6 +25,8 @@ void GTKWindow::makeKeyAndOrderFront() {
 }
 
 void GTKWindow::close() {
+  // A number that is still being typed counts once it has lost the keyboard.
+  gtk_window_set_focus(window_.get(), nullptr);
   tellWillClose();
   gtk_widget_set_visible(GTK_WIDGET(window_.get()), FALSE);
 }
