@@ -1,8 +1,15 @@
+# Static libraries are installed for compilers that may optimise nothing at link time, so they have the machine code as well.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  set(CMAKE_CXX_COMPILE_OPTIONS_IPO -flto=auto -ffat-lto-objects)
+endif()
+
 # deskloom_layer(NAME [FOLDERS folder...] [USES layer...] [LIBRARIES target...])
 #
-# Makes the static library NAME from all sources of the current folder and of those of its folders that FOLDERS names. USES names the project's own layers that it may
-# include, LIBRARIES the outside ones; both belong to the layer's interface. Includes are written from the top of the tree
-# ("Platform/URL.h"), and script/check-layers holds every include against these lists.
+# Makes the static library NAME from all sources of the current folder and of those of its folders that FOLDERS names. USES
+# names the project's own layers that it may include, LIBRARIES the outside ones; both belong to the layer's interface. Of an
+# installed layer's interface, what pkg-config finds is linked and not included; there it is called PkgConfig::Deskloom_NAME.
+# Includes are written from the top of the tree ("Platform/URL.h"), and script/check-layers holds every include against these
+# lists.
 function(deskloom_layer name)
   cmake_parse_arguments(LAYER "" "" "FOLDERS;USES;LIBRARIES" ${ARGN})
   set(patterns *.cpp *.h)
@@ -14,11 +21,13 @@ function(deskloom_layer name)
   add_library(${name} STATIC ${sources})
   target_compile_features(${name} PUBLIC cxx_std_23)
   set_target_properties(${name} PROPERTIES CXX_EXTENSIONS OFF)
-  target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
+  target_include_directories(${name} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>" $<INSTALL_INTERFACE:include/deskloom>)
+  list(TRANSFORM LAYER_LIBRARIES
+       REPLACE "^PkgConfig::(.*)" "$<BUILD_INTERFACE:PkgConfig::\\1>;$<INSTALL_INTERFACE:$<LINK_ONLY:PkgConfig::Deskloom_\\1>>")
   target_link_libraries(
     ${name}
     PUBLIC ${LAYER_USES} ${LAYER_LIBRARIES}
-    PRIVATE DeskloomWarnings)
+    PRIVATE $<BUILD_INTERFACE:DeskloomWarnings>)
 endfunction()
 
 # deskloom_program(NAME [USES layer...] [LIBRARIES target...])

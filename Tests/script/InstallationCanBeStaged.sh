@@ -3,7 +3,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 
 prefix=/nowhere/prefix
-DESTDIR=$scratch/stage install_to "$prefix"
+DESTDIR=$scratch/stage install_to "$prefix" --component plugin
 DESTDIR=$scratch/stage install_to "$prefix" --component development
 [[ ! -e $prefix ]] || fail "something was installed to $prefix"
 expect "$(ls "$scratch/stage$prefix")" $'bin\nlib\nshare'

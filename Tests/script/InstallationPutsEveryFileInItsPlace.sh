@@ -1,8 +1,9 @@
 # shellcheck shell=bash source-path=SCRIPTDIR
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
+package=lib/cmake/DeskloomSDK
 
-install_to "$scratch/prefix"
+install_to "$scratch/prefix" --component plugin
 expect "$(files_in "$scratch/prefix")" "bin/gleanery
 $bundle/Info.ini
 $bundle/deskloom-windows.so
@@ -22,7 +23,47 @@ share/metainfo/com.quillary.Gleanery.metainfo.xml"
 expect "$(readlink "$scratch/prefix/bin/gleanery")" "../$bundle/gleanery"
 expect "$(find "$scratch/prefix" -type f -executable -printf '%f\n' | LC_ALL=C sort)" $'gleanery\nupdate-check'
 
-# The host is there for those who ask for it.
+configuration=$(sed -n 's/^CMAKE_BUILD_TYPE:STRING=//p' "$build/CMakeCache.txt" | tr '[:upper:]' '[:lower:]')
+
+# The package that other plug-ins are written with; the headers are those of the tree.
+install_to "$scratch/sdk" --component sdk
+headers() { (cd "$1" && find DeskloomSDK Platform BrimlaceTextView -name '*.h' -not -path '*/Linux/*' | LC_ALL=C sort); }
+expect "$(cd "$scratch/sdk/include/deskloom" && find . -type f -printf '%P\n' | LC_ALL=C sort)" "$(headers "$1")"
+expect "$(files_in "$scratch/sdk" | grep --invert-match '^include/deskloom/')" "bin/deskloom-host
+$package/DeskloomPlugin.cmake
+$package/DeskloomSDKConfig.cmake
+$package/DeskloomSDKConfigVersion.cmake
+$package/DeskloomSDKTargets-$configuration.cmake
+$package/DeskloomSDKTargets.cmake
+$package/plugin/Bundle.cmake
+$package/plugin/Entries.cmake
+$package/plugin/Info.ini.in
+$package/plugin/install.cmake
+$package/plugin/merge-catalogues.cmake
+$package/plugin/plugin.desktop.in
+$package/plugin/plugin.service.in
+lib/deskloom/sdk/deskloom-windows.so
+lib/deskloom/sdk/libAppleScript.a
+lib/deskloom/sdk/libBrimlaceTextView.a
+lib/deskloom/sdk/libDeskloomSDK.a
+lib/deskloom/sdk/libDesktopSupport.a
+lib/deskloom/sdk/libPlatform.a
+lib/deskloom/sdk/libPlatformFake.a
+lib/deskloom/sdk/libPlatformLinux.a
+lib/deskloom/sdk/libScriptableApps.a
+lib/deskloom/sdk/update-check
+lib/pkgconfig/deskloom-sdk.pc
+share/deskloom/locale/de/LC_MESSAGES/DeskloomSDK.mo
+share/deskloom/locale/es/LC_MESSAGES/DeskloomSDK.mo
+share/deskloom/locale/fr/LC_MESSAGES/DeskloomSDK.mo
+share/deskloom/locale/ja/LC_MESSAGES/DeskloomSDK.mo
+share/deskloom/locale/zh_CN/LC_MESSAGES/DeskloomSDK.mo"
+
+# Whoever asks for nothing else has both.
+install_to "$scratch/all"
+expect "$(files_in "$scratch/all")" "$({ files_in "$scratch/prefix" && files_in "$scratch/sdk"; } | LC_ALL=C sort)"
+
+# The host's entries are there for those who ask for them.
 install_to "$scratch/development" --component development
 expect "$(files_in "$scratch/development")" 'bin/deskloom-host
 share/applications/com.quillary.Deskloom.desktop

@@ -2,7 +2,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 
-install_to "$scratch/prefix"
+install_to "$scratch/prefix" --component plugin
 version=$("$scratch/prefix/bin/gleanery" --version)
 mkdir "$scratch/a b"
 mv "$scratch/prefix/$bundle" "$scratch/a b/moved"

@@ -2,7 +2,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 
-install_to "$scratch/prefix"
+install_to "$scratch/prefix" --component plugin
 text='This plugin must be run by Deskloom app.'
 
 # A language counts in every locale but the one called C.

@@ -7,7 +7,7 @@ command_in() {
 }
 
 for prefix in "$scratch/one" "$scratch/two words"; do
-  install_to "$prefix"
+  install_to "$prefix" --component plugin
   expect "$(command_in "$prefix/share/applications/com.quillary.Gleanery.desktop")" "\"$prefix/bin/gleanery\" %u"
   expect "$(command_in "$prefix/share/dbus-1/services/com.quillary.Gleanery.service")" \
     "\"$prefix/bin/gleanery\" --dbus-activated"

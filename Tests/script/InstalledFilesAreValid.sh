@@ -2,7 +2,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 
-install_to "$scratch/prefix"
+install_to "$scratch/prefix" --component plugin
 install_to "$scratch/prefix" --component development
 
 expect "$(desktop-file-validate "$scratch"/prefix/share/applications/*.desktop)" ''

@@ -4,7 +4,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 
 # A folder whose name takes some quoting; and nothing says which handlers are preferred.
 prefix="$scratch/a \"b\" \$c %d"
-install_to "$prefix"
+install_to "$prefix" --component plugin
 install_to "$scratch/development" --component development
 
 cat >"$scratch/command" <<'END'

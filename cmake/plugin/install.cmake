@@ -1,4 +1,5 @@
-# The part of an installation that depends on its prefix. APPLICATION is the application whose entries are to be made.
+# The part of an installation that depends on its prefix. APPLICATION is the application whose entries are to be made, from
+# what is in the folder TEMPLATES.
 #
 # Under DESTDIR, files are only put together for somewhere else, where a package's installation brings the desktop's caches
 # up to date: Debian's desktop-file-utils and hicolor-icon-theme do so by themselves, by triggers on the folders.
@@ -14,7 +15,7 @@ endfunction()
 
 set(prefix "${CMAKE_INSTALL_PREFIX}")
 set(stage "$ENV{DESTDIR}")
-write_entries("${APPLICATION}" "${prefix}" "${stage}")
+deskloom_write_entries("${APPLICATION}" "${TEMPLATES}" "${prefix}" "${stage}")
 foreach(entry "applications/${APPLICATION}.desktop" "dbus-1/services/${APPLICATION}.service")
   message(STATUS "Installing: ${stage}${prefix}/share/${entry}")
   list(APPEND CMAKE_INSTALL_MANIFEST_FILES "${prefix}/share/${entry}")
