@@ -1,0 +1,42 @@
+# shellcheck shell=bash source-path=SCRIPTDIR
+source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
+source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
+
+sdk="$scratch/an sdk"
+install_to "$sdk" --component sdk
+install_to "$scratch/development" --component development
+# What the archives were compiled with, a sanitizer perhaps, the program that they go into is as well.
+CXXFLAGS=$(sed -n 's/^CMAKE_CXX_FLAGS:STRING=//p' "$build/CMakeCache.txt")
+export CXXFLAGS
+
+cd "$scratch"
+"$1/script/new-plugin" --sdk "$sdk" "Recent Files" com.example.Recent-Files "a project" >/dev/null
+readonly run="$scratch/a project/run" line='^deskloom://gleanery/.*Hello%20from%20Recent%20Files'
+
+expect_said() {
+  grep --quiet --extended-regexp -- "$1" "$scratch/said" || fail "expected: $1, but it said: $(cat "$scratch/said")"
+}
+
+# Without a session bus, it brings up its own; and it installs to the prefix that it is told, nowhere else.
+mkdir "$scratch/home"
+env --unset=DBUS_SESSION_BUS_ADDRESS --unset=DISPLAY --unset=WAYLAND_DISPLAY --unset=XDG_DATA_HOME \
+  XDG_RUNTIME_DIR="$scratch" HOME="$scratch/home" "$run" --prefix "$scratch/a prefix" >"$scratch/said" 2>&1 ||
+  fail "$(cat "$scratch/said")"
+expect_said '100% tests passed'
+expect_said "$line"
+expect "$(ls -A "$scratch/home")" ''
+[[ -x "$scratch/a prefix/bin/recent-files" ]] || fail "not installed: $(find "$scratch/a prefix")"
+
+# With a host on the session's bus, it is that host that is given the result; and the session knows the plug-in, although its
+# bus came up before.
+cat >"$scratch/command" <<'END'
+timeout 60 "$1/bin/deskloom-host" --exit-after 1 &
+host=$!
+gdbus wait --session --timeout 60 com.quillary.Deskloom
+"$2"
+wait "$host"
+END
+"$desktop" --data-dir "$scratch/development/share" bash -euo pipefail "$scratch/command" "$scratch/development" "$run" >"$scratch/said" 2>&1 ||
+  fail "$(cat "$scratch/said")"
+expect_said "$line"
+expect_said "The host that is on the session's bus has it"
