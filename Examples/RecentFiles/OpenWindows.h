@@ -1,0 +1,25 @@
+#pragma once
+
+#include <set>
+
+#include "Platform/Window.h"
+
+namespace RecentFiles {
+
+/// Keeps the application running for as long as a window is open.
+class OpenWindows : public Platform::WindowDelegate {
+ public:
+  /// Shows the window, or brings it to the front, above those of other applications.
+  void show(Platform::Window& window);
+
+  /// Asks the application to terminate unless a window is open.
+  void terminateIfNone() const;
+
+  /// Asks the application to terminate where it was the last one.
+  void windowWillClose(const Platform::Notification& notification) override;
+
+ private:
+  std::set<const void*> windows_;
+};
+
+}  // namespace RecentFiles

@@ -1,0 +1,9 @@
+#include <memory>
+
+#include "AppDelegate.h"
+#include "Platform/ApplicationMain.h"
+
+int main(int argumentCount, char** arguments) {
+  return Platform::applicationMain(argumentCount, arguments,
+                                   [] { return std::make_unique<RecentFiles::AppDelegate>(); });
+}
