@@ -29,9 +29,8 @@ void DelayedActionController::perform() {
 
 void DelayedActionController::check(const std::weak_ptr<Pending>& pending) {
   const auto existing = pending.lock();
-  if (!existing || !existing->lastTime)
-    return;
-  if (Platform::services().clock.now() - *existing->lastTime >= quietPeriod)
+  const auto lastTime = existing ? existing->lastTime : std::nullopt;
+  if (lastTime && Platform::services().clock.now() - *lastTime >= quietPeriod)
     existing->action();
 }
 
