@@ -75,13 +75,13 @@ TEST(SessionBus, SaysThatTheMethodIsUnknown) {
 
 TEST(SessionBus, SaysThatNoAnswerCameInTime) {
   FakeDeskloomHost host;
-  host.answer("GetPluginFolderPath", [](auto* invocation, GVariant*) { g_object_unref(invocation); });
+  host.answer("GetPluginFolderPath", [](auto* invocation) { g_object_unref(invocation); });
   EXPECT_EQ(errorOf(folderPath, "(bs)", 50ms), BusErrorName::timeout);
 }
 
 TEST(SessionBus, SaysThatTheOneAskedLeft) {
   FakeDeskloomHost host;
-  host.answer("GetPluginFolderPath", [&](auto* invocation, GVariant*) {
+  host.answer("GetPluginFolderPath", [&](auto* invocation) {
     host.disappear();
     g_object_unref(invocation);
   });
@@ -97,7 +97,7 @@ TEST(SessionBus, RefusesAnAnswerOfAnotherType) {
 
 TEST(SessionBus, PassesTheOtherSidesErrorOn) {
   FakeDeskloomHost host;
-  host.answer("GetPluginFolderPath", [](auto* invocation, GVariant*) {
+  host.answer("GetPluginFolderPath", [](auto* invocation) {
     g_dbus_method_invocation_return_dbus_error(invocation, "org.example.Refusal", "Not today.");
   });
   const auto reply = SessionBus::connect()->call(folderPath, nullptr, G_VARIANT_TYPE("(bs)"), plenty);

@@ -73,7 +73,7 @@ TEST_F(ConfigurationTest, IsWrittenASecondAfterItWasChanged) {
   FakeDeskloomHost host;
   host.answer("GetConfig", "(true, '')");
   bool wasWritten = false;
-  host.answer("SetConfig", [&](GDBusMethodInvocation* invocation, GVariant* /*arguments*/) {
+  host.answer("SetConfig", [&](GDBusMethodInvocation* invocation) {
     g_dbus_method_invocation_return_value(invocation, nullptr);
     desktop.queues.runOnMain([&] { wasWritten = true; });
   });

@@ -149,7 +149,7 @@ TEST_F(HostAnswersTest, ThatRefuseAreFailures) {
   for (const auto* name : {"org.freedesktop.DBus.Error.AccessDenied", "org.freedesktop.DBus.Error.UnknownMethod",
                            "com.quillary.Deskloom.Error.Disk", "org.freedesktop.DBus.Error.Timeout"})
     for (const Request& request : requests()) {
-      host.answer(request.method, [name](GDBusMethodInvocation* invocation, GVariant*) {
+      host.answer(request.method, [name](GDBusMethodInvocation* invocation) {
         g_dbus_method_invocation_return_dbus_error(invocation, name, "No.");
       });
       expectScriptFailure(request.perform(), std::string(request.method) + " " + name);
@@ -159,7 +159,7 @@ TEST_F(HostAnswersTest, ThatRefuseAreFailures) {
 TEST_F(HostAnswersTest, AreWaitedForOnEachThreadByItself) {
   // Both are answered once both are asked.
   GDBusMethodInvocation* first = nullptr;
-  host.answer("GetConfig", [&first](GDBusMethodInvocation* invocation, GVariant*) {
+  host.answer("GetConfig", [&first](GDBusMethodInvocation* invocation) {
     if (first == nullptr) {
       first = invocation;
       return;
@@ -177,7 +177,7 @@ class LostHostTest : public PluginTest {};
 TEST_F(LostHostTest, FailsEachRequestUnderWay) {
   for (const Request& request : requests()) {
     FakeDeskloomHost host;
-    host.answer(request.method, [&host](GDBusMethodInvocation* invocation, GVariant*) {
+    host.answer(request.method, [&host](GDBusMethodInvocation* invocation) {
       host.disappear();
       g_object_unref(invocation);
     });

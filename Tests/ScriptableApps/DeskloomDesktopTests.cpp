@@ -116,7 +116,8 @@ TEST_F(DeskloomTest, PassesTextsUnaltered) {
   const std::string text = "Größe 🙂\n\r\t\"\\" + std::string(5 << 20, 'x');
   ASSERT_TRUE(run("set config", with(text, "action", "ID")));
   std::string received;
-  host_.answer("SetConfig", [&](auto* invocation, GVariant* arguments) {
+  host_.answer("SetConfig", [&](auto* invocation) {
+    GVariant* arguments = g_dbus_method_invocation_get_parameters(invocation);
     const char* sent = nullptr;
     g_variant_get_child(arguments, 0, "&s", &sent);
     received = sent;
@@ -143,7 +144,7 @@ TEST_F(DeskloomTest, FailsWhereAParameterIsMissing) {
 }
 
 TEST_F(DeskloomTest, PassesTheHostsErrorOn) {
-  host_.answer("InstallPlugin", [](auto* invocation, GVariant*) {
+  host_.answer("InstallPlugin", [](auto* invocation) {
     g_dbus_method_invocation_return_dbus_error(invocation, "com.quillary.Deskloom.Error.Disk", "The disk is full.");
   });
   const auto result = run("install plugin", {});
@@ -154,7 +155,7 @@ TEST_F(DeskloomTest, PassesTheHostsErrorOn) {
 }
 
 TEST_F(DeskloomTest, FailsWhereTheHostRefusesAccess) {
-  host_.answer("InstallPlugin", [](auto* invocation, GVariant*) {
+  host_.answer("InstallPlugin", [](auto* invocation) {
     g_dbus_method_invocation_return_dbus_error(invocation, "org.freedesktop.DBus.Error.AccessDenied", "Not allowed.");
   });
   const auto result = run("install plugin", {});
@@ -178,7 +179,7 @@ TEST_F(DeskloomTest, HasSetWhateverTheHostAnswersToThat) {
 }
 
 TEST_F(DeskloomTest, FailsWhereTheHostStaysSilent) {
-  host_.answer("GetConfig", [](auto* invocation, GVariant*) { g_object_unref(invocation); });
+  host_.answer("GetConfig", [](auto* invocation) { g_object_unref(invocation); });
   const auto result = run("get config", with("ID"), 50ms);
   ASSERT_FALSE(result);
   EXPECT_EQ(result.error().number, ErrorNumber::timedOut);
@@ -186,7 +187,7 @@ TEST_F(DeskloomTest, FailsWhereTheHostStaysSilent) {
 }
 
 TEST_F(DeskloomTest, FailsWhereTheHostQuitsMeanwhile) {
-  host_.answer("GetConfig", [this](auto* invocation, GVariant*) {
+  host_.answer("GetConfig", [this](auto* invocation) {
     host_.disappear();
     g_object_unref(invocation);
   });

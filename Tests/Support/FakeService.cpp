@@ -1,0 +1,150 @@
+#include "Tests/Support/FakeService.h"
+
+#include <cstdlib>
+#include <stdexcept>
+#include <utility>
+
+namespace TestSupport {
+
+namespace {
+
+using namespace DesktopSupport;
+
+ObjectHandle<GDBusConnection> connectToSessionBus() {
+  const char* address = std::getenv("DBUS_SESSION_BUS_ADDRESS");
+  ErrorHandle error;
+  ObjectHandle<GDBusConnection> connection(g_dbus_connection_new_for_address_sync(
+      address != nullptr ? address : "",
+      static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                        G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
+      nullptr, nullptr, Out(error)));
+  if (!connection)
+    throw std::runtime_error("no session bus: these tests run under script/desktop");
+  return connection;
+}
+
+}  // namespace
+
+FakeService::FakeService(std::string name, std::string path, const char* description)
+    : name_(std::move(name)),
+      path_(std::move(path)),
+      context_(g_main_context_new()),
+      loop_(g_main_loop_new(context_.get(), FALSE)) {
+  // The calls are handled in the context that is the thread's own while the object is exported.
+  g_main_context_push_thread_default(context_.get());
+  connection_ = connectToSessionBus();
+  exportObject(description);
+  g_main_context_pop_thread_default(context_.get());
+  thread_ = std::thread([this] { g_main_loop_run(loop_.get()); });
+  ownName();
+}
+
+FakeService::~FakeService() {
+  disappear();
+  const auto quit = [](gpointer loop) -> gboolean {
+    g_main_loop_quit(static_cast<GMainLoop*>(loop));
+    return G_SOURCE_REMOVE;
+  };
+  g_main_context_invoke(context_.get(), quit, loop_.get());
+  thread_.join();
+}
+
+void FakeService::exportObject(const char* description) {
+  const NodeInfoHandle node(g_dbus_node_info_new_for_xml(description, nullptr));
+  interface_ = node->interfaces[0]->name;
+  static constexpr GDBusInterfaceVTable handlers = {
+      .method_call = &FakeService::handleCall, .get_property = nullptr, .set_property = nullptr, .padding = {}};
+  g_dbus_connection_register_object(connection_.get(), path_.c_str(), node->interfaces[0], &handlers, this, nullptr,
+                                    nullptr);
+}
+
+void FakeService::ownName() {
+  constexpr guint32 flagDoNotQueue = 4;
+  constexpr guint32 replyPrimaryOwner = 1;
+  const VariantHandle reply(g_dbus_connection_call_sync(
+      connection_.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "RequestName",
+      g_variant_new("(su)", name_.c_str(), flagDoNotQueue), G_VARIANT_TYPE("(u)"), G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
+      nullptr));
+  guint32 result = 0;
+  if (reply)
+    g_variant_get(reply.get(), "(u)", &result);
+  if (result != replyPrimaryOwner)
+    throw std::runtime_error("the name " + name_ + " is taken");
+}
+
+void FakeService::answer(const std::string& method, Answer answer) {
+  const std::scoped_lock lock(mutex_);
+  answers_[method] = std::move(answer);
+}
+
+void FakeService::answer(const std::string& method, const std::string& tuple) {
+  answer(method, [tuple](GDBusMethodInvocation* invocation) {
+    g_dbus_method_invocation_return_value(invocation, g_variant_new_parsed(tuple.c_str()));
+  });
+}
+
+void FakeService::answerUnchecked(const std::string& method, const std::string& tuple) {
+  answer(method, [tuple](GDBusMethodInvocation* invocation) {
+    const ObjectHandle<GDBusMethodInvocation> handled(invocation);
+    const ObjectHandle<GDBusMessage> reply(
+        g_dbus_message_new_method_reply(g_dbus_method_invocation_get_message(invocation)));
+    g_dbus_message_set_body(reply.get(), g_variant_new_parsed(tuple.c_str()));
+    g_dbus_connection_send_message(g_dbus_method_invocation_get_connection(invocation), reply.get(),
+                                   G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr, nullptr);
+  });
+}
+
+void FakeService::refuse(const std::string& method) {
+  const std::scoped_lock lock(mutex_);
+  answers_.erase(method);
+}
+
+std::vector<std::string> FakeService::calls() const {
+  const std::scoped_lock lock(mutex_);
+  return calls_;
+}
+
+std::string FakeService::awaitCall(const std::string& method) {
+  std::unique_lock lock(mutex_);
+  std::string found;
+  answered_.wait(lock, [&] {
+    for (std::size_t index = 0; index < answeredCalls_; ++index)
+      if (calls_[index].starts_with(method + '('))
+        found = calls_[index];
+    return !found.empty();
+  });
+  return found;
+}
+
+void FakeService::emit(const char* signal, const std::string& tuple) const {
+  g_dbus_connection_emit_signal(connection_.get(), nullptr, path_.c_str(), interface_.c_str(), signal,
+                                g_variant_new_parsed(tuple.c_str()), nullptr);
+}
+
+void FakeService::disappear() const {
+  g_dbus_connection_flush_sync(connection_.get(), nullptr, nullptr);
+  g_dbus_connection_close_sync(connection_.get(), nullptr, nullptr);
+}
+
+FakeService::Answer FakeService::noteCall(std::string call, const std::string& method) {
+  const std::scoped_lock lock(mutex_);
+  calls_.push_back(std::move(call));
+  const auto found = answers_.find(method);
+  return found == answers_.end() ? nullptr : found->second;
+}
+
+void FakeService::handleCall(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* method,
+                             GVariant* arguments, GDBusMethodInvocation* invocation, gpointer service) {
+  auto& self = *static_cast<FakeService*>(service);
+  const CharsHandle text(g_variant_print(arguments, FALSE));
+  const Answer answer = self.noteCall(std::string(method) + text.get(), method);
+  if (answer)
+    answer(invocation);
+  else
+    g_dbus_method_invocation_return_dbus_error(invocation, "org.example.Error", "It has no answer.");
+  const std::scoped_lock lock(self.mutex_);
+  ++self.answeredCalls_;
+  self.answered_.notify_all();
+}
+
+}  // namespace TestSupport
