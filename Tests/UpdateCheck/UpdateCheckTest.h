@@ -37,6 +37,9 @@ class UpdateCheckTest : public testing::Test {
     const auto browser = folder.write("browser", "#!/bin/sh\nprintf 'opened %s\\n' \"$1\"\n");
     chmod(browser.c_str(), 0700);
     registerBrowser("Exec=" + browser.string() + " %u\n");
+    // Of what is installed here only the types of files are seen, and no other browser.
+    std::filesystem::create_directory(folder.path() / "system");
+    std::filesystem::create_directory_symlink("/usr/share/mime", folder.path() / "system/mime");
   }
 
   [[nodiscard]] std::filesystem::path bundle() const { return folder.path() / "com.example.Plugin"; }
@@ -63,6 +66,7 @@ class UpdateCheckTest : public testing::Test {
   /// Starts the program. What it and the browser print is its output, which ends once both have.
   [[nodiscard]] TestSupport::ChildProcess start(std::map<std::string, std::string> environment = {}) const {
     environment.emplace("XDG_DATA_HOME", folder.path() / "data");
+    environment.emplace("XDG_DATA_DIRS", folder.path() / "system");
     environment.emplace("XDG_STATE_HOME", folder.path() / "state");
     environment.emplace("LC_ALL", "C.UTF-8");
     return TestSupport::ChildProcess({bundle() / "update-check"}, {.environment = environment, .captureErrors = true});
