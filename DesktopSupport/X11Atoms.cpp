@@ -9,6 +9,7 @@ namespace {
 constexpr std::array<std::string_view, static_cast<std::size_t>(X11Name::count)> names = {
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",
+    "_NET_CLIENT_LIST_STACKING",
     "_NET_SUPPORTING_WM_CHECK",
     "_NET_WM_WINDOW_TYPE",
     "_NET_WM_WINDOW_TYPE_DESKTOP",
@@ -19,6 +20,8 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(X11Name::count)>
     "_NET_WM_STATE_SKIP_TASKBAR",
     "_NET_WM_PID",
     "_GTK_APPLICATION_ID",
+    "_GTK_UNIQUE_BUS_NAME",
+    "_GTK_WINDOW_OBJECT_PATH",
     "UTF8_STRING",
 };
 

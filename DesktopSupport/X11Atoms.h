@@ -13,6 +13,7 @@ namespace DesktopSupport {
 enum class X11Name : std::size_t {
   activeWindow,
   clientList,
+  clientListStacking,
   supportingWindowManagerCheck,
   windowType,
   windowTypeDesktop,
@@ -23,6 +24,8 @@ enum class X11Name : std::size_t {
   stateSkipTaskbar,
   processId,
   gtkApplicationId,
+  gtkUniqueBusName,
+  gtkWindowObjectPath,
   utf8String,
   count,
 };

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "AppleScript/ScriptError.h"
+#include "DesktopSupport/SessionBus.h"
 
 namespace ScriptableApps {
 
@@ -17,5 +18,9 @@ AppleScript::ScriptError notRunning(std::string_view application, std::string_vi
 
 /// -1712, "AppleEvent timed out."
 AppleScript::ScriptError timedOut(std::string_view application);
+
+/// The error that `application` could not be asked over D-Bus: -600 where it does not run or quits meanwhile, -1712
+/// where it stays silent for too long, -1723 where it may not be asked, else -2700 with the message of `error`.
+AppleScript::ScriptError applicationError(std::string_view application, const DesktopSupport::BusError& error);
 
 }  // namespace ScriptableApps

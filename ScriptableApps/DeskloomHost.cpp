@@ -1,19 +1,13 @@
 #include "ScriptableApps/DeskloomHost.h"
 
-#include <algorithm>
-#include <array>
-
 #include "ScriptableApps/ApplicationError.h"
 
 namespace ScriptableApps {
 
 namespace {
 
-using AppleScript::ErrorNumber;
-using AppleScript::ScriptError;
 using DesktopSupport::BusError;
 using DesktopSupport::VariantHandle;
-namespace BusErrorName = DesktopSupport::BusErrorName;
 
 constexpr const char* application = "Deskloom";
 
@@ -22,18 +16,6 @@ DesktopSupport::BusMethod scriptingMethod(const std::string& name) {
           .path = "/com/quillary/Deskloom",
           .interface = "com.quillary.Deskloom.Scripting",
           .name = name};
-}
-
-ScriptError scriptErrorFor(const BusError& error) {
-  constexpr std::array absences = {BusErrorName::noServer, BusErrorName::disconnected, BusErrorName::serviceUnknown,
-                                   BusErrorName::nameHasNoOwner, BusErrorName::noReply};
-  if (std::ranges::find(absences, error.name) != absences.end())
-    return notRunning(application);
-  if (error.name == BusErrorName::timeout)
-    return timedOut(application);
-  const bool isRefusal = error.name == BusErrorName::accessDenied;
-  return applicationError(application, isRefusal ? ErrorNumber::accessNotAllowed : ErrorNumber::genericError,
-                          error.message);
 }
 
 std::expected<VariantHandle, BusError> stringTuple(const std::vector<std::string>& texts) {
@@ -66,7 +48,7 @@ AppleScript::Result<VariantHandle> DeskloomHost::call(const std::string& method,
                                                       const char* replyType) const {
   auto reply = callHost(method, texts, replyType, patience_);
   if (!reply)
-    return std::unexpected(scriptErrorFor(reply.error()));
+    return std::unexpected(applicationError(application, reply.error()));
   return std::move(*reply);
 }
 

@@ -4,6 +4,7 @@
 
 #include "DesktopSupport/DisplayableText.h"
 #include "ScriptableApps/Deskloom.h"
+#include "ScriptableApps/Finder.h"
 #include "ScriptableApps/SystemEvents.h"
 
 namespace ScriptableApps {
@@ -17,6 +18,7 @@ std::unique_ptr<AppleScript::Application> make() {
 
 constexpr std::array applicationMakers = {
     make<SystemEvents>,
+    make<Finder>,
     make<Deskloom>,
 };
 

@@ -9,7 +9,7 @@ using ScriptableApps::ScriptableApplications;
 
 TEST(ScriptableApplications, AreFoundByTheirNames) {
   ScriptableApplications applications;
-  for (const char* name : {"System Events", "Deskloom"}) {
+  for (const char* name : {"System Events", "Finder", "Deskloom"}) {
     ASSERT_NE(applications.find(name), nullptr) << name;
     EXPECT_EQ(applications.find(name)->name(), name);
   }
@@ -34,6 +34,7 @@ TEST(ScriptableApplications, StayWhereTheyAre) {
 TEST(ScriptableApplications, HaveDictionariesThatNeedNoDesktop) {
   ScriptableApplications applications;
   EXPECT_EQ(applications.find("System Events")->dictionary().commands.size(), 0U);
+  EXPECT_EQ(applications.find("Finder")->dictionary().commands.size(), 0U);
   EXPECT_EQ(applications.find("Deskloom")->dictionary().commands.size(), 8U);
 }
 

@@ -3,8 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "AppleScript/Script.h"
-#include "ScriptableApps/ScriptableApplications.h"
+#include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 #include "Tests/Support/TestDesktop.h"
@@ -13,28 +12,10 @@
 namespace {
 
 using AppleScript::ErrorNumber;
-using AppleScript::Result;
-using AppleScript::Script;
-using AppleScript::Value;
-using ScriptableApps::ScriptableApplications;
 using TestSupport::ChildProcess;
 using TestSupport::FakeDeskloomHost;
-
-Result<std::optional<Value>> run(std::string_view source) {
-  ScriptableApplications applications;
-  const auto script = Script::compile(source, applications);
-  if (!script)
-    return std::unexpected(script.error());
-  return script->run();
-}
-
-// The text that a script yields; its error where it fails.
-std::string textOf(std::string_view source) {
-  const auto result = run(source);
-  if (!result)
-    return std::to_string(static_cast<int>(result.error().number)) + ": " + result.error().message;
-  return *result ? (*result)->stringValue().value_or("no text") : "no value";
-}
+using TestSupport::runScript;
+using TestSupport::textOfScript;
 
 constexpr std::string_view listProcesses = R"(
     tell application "System Events"
@@ -45,7 +26,7 @@ constexpr std::string_view listProcesses = R"(
     end tell)";
 
 TEST(Scripts, FindNoProcessesOnAnEmptyDesktop) {
-  EXPECT_EQ(textOf("tell application \"System Events\" to count processes"), "0");
+  EXPECT_EQ(textOfScript("tell application \"System Events\" to count processes"), "0");
 }
 
 TEST(Scripts, ListTheProcessesOfTheDesktop) {
@@ -54,14 +35,17 @@ TEST(Scripts, ListTheProcessesOfTheDesktop) {
   ASSERT_TRUE(desktop.waitForClass("XTerm"));
   const ChildProcess xclock({"xclock"});
   ASSERT_TRUE(desktop.waitForClass("XClock"));
-  EXPECT_EQ(textOf(listProcesses), "XTerm\n/usr/share/applications/debian-xterm.desktop\nxclock\n/usr/bin/xclock\n");
+  EXPECT_EQ(textOfScript(listProcesses),
+            "XTerm\n/usr/share/applications/debian-xterm.desktop\nxclock\n/usr/bin/xclock\n");
 }
 
 TEST(Scripts, ReachTheProcessesInEveryWay) {
   const TestSupport::TestDesktop desktop;
   const ChildProcess xclock({"xclock"});
   ASSERT_TRUE(desktop.waitForClass("XClock"));
-  const auto ask = [](const std::string& what) { return textOf("tell application \"System Events\" to get " + what); };
+  const auto ask = [](const std::string& what) {
+    return textOfScript("tell application \"System Events\" to get " + what);
+  };
   EXPECT_EQ(ask("name of process 1"), "xclock");
   EXPECT_EQ(ask("name of every application process"), "xclock");
   EXPECT_EQ(ask("unix id of process \"xclock\""), std::to_string(xclock.pid()));
@@ -73,7 +57,7 @@ TEST(Scripts, ReachTheProcessesInEveryWay) {
 
 TEST(Scripts, FailWhereThereIsNoDesktop) {
   const TestSupport::EnvironmentVariable display("DISPLAY", std::nullopt);
-  const auto result = run(listProcesses);
+  const auto result = runScript(listProcesses);
   ASSERT_FALSE(result);
   EXPECT_EQ(result.error().number, ErrorNumber::notRunning);
   EXPECT_EQ(result.error().applicationName, "System Events");
@@ -87,7 +71,7 @@ TEST(Scripts, ReachTheHost) {
     host.answer(method, "()");
   host.answer("GetIsPluginInstalledAtPath", "(true,)");
   const auto tell = [](const std::string& command) {
-    return textOf("    tell application \"Deskloom\" to " + command);
+    return textOfScript("    tell application \"Deskloom\" to " + command);
   };
   EXPECT_EQ(tell("get global config \"B\""), "text");
   EXPECT_EQ(tell("get config \"A\""), "text");
@@ -104,7 +88,7 @@ TEST(Scripts, ReachTheHost) {
 }
 
 TEST(Scripts, FailWhereTheHostDoesNotRun) {
-  EXPECT_EQ(textOf("tell application \"Deskloom\" to install plugin"),
+  EXPECT_EQ(textOfScript("tell application \"Deskloom\" to install plugin"),
             "-600: Deskloom got an error: Application isn’t running.");
 }
 

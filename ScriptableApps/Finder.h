@@ -1,0 +1,28 @@
+#pragma once
+
+#include <chrono>
+
+#include "AppleScript/Application.h"
+
+namespace ScriptableApps {
+
+/// "Finder": the folders that file managers show, one window for each; a tab is a window of its own. The topmost come
+/// first. File managers are asked over D-Bus, and the X server for their order.
+class Finder : public AppleScript::Application {
+ public:
+  /// `patience` is how long each program is waited for. It only has to tell what it knows, so the default is far
+  /// below the language's own two minutes.
+  explicit Finder(std::chrono::milliseconds patience = std::chrono::seconds(3)) : patience_(patience) {}
+
+  [[nodiscard]] std::string_view name() const override;
+  [[nodiscard]] const AppleScript::Dictionary& dictionary() const override;
+
+  /// Fails with -600 where no file manager runs that tells what it shows. Where one runs and none of them told: with
+  /// -1712 where it stayed silent, -1723 where it may not be asked, and -2700 where its answer makes no sense.
+  [[nodiscard]] AppleScript::Result<AppleScript::ObjectPointer> open() override;
+
+ private:
+  std::chrono::milliseconds patience_;
+};
+
+}  // namespace ScriptableApps

@@ -1,0 +1,137 @@
+// The Finder with a real file manager.
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "DesktopSupport/SessionBus.h"
+#include "Tests/ScriptableApps/Scripts.h"
+#include "Tests/Support/BusNames.h"
+#include "Tests/Support/ChildProcess.h"
+#include "Tests/Support/TemporaryFolder.h"
+#include "Tests/Support/TestDesktop.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using DesktopSupport::SessionBus;
+using TestSupport::ChildProcess;
+using TestSupport::listFolders;
+using TestSupport::textOfScript;
+
+constexpr const char* fileManagerName = "org.freedesktop.FileManager1";
+
+/// Has the test wait until a condition holds; it is looked at again whenever the file manager tells that its locations
+/// have changed.
+class LocationChanges {
+ public:
+  LocationChanges() {
+    const auto ignore = [](GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant*,
+                           gpointer) {};
+    subscription_ = g_dbus_connection_signal_subscribe(bus_.connection(), nullptr, "org.freedesktop.DBus.Properties",
+                                                       "PropertiesChanged", "/org/freedesktop/FileManager1", nullptr,
+                                                       G_DBUS_SIGNAL_FLAGS_NONE, ignore, nullptr, nullptr);
+  }
+  LocationChanges(const LocationChanges&) = delete;
+  LocationChanges& operator=(const LocationChanges&) = delete;
+  ~LocationChanges() { g_dbus_connection_signal_unsubscribe(bus_.connection(), subscription_); }
+
+  static void awaitUntil(const std::function<bool()>& condition) {
+    while (!condition())
+      g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+  }
+
+ private:
+  SessionBus bus_ = SessionBus::connect().value();
+  guint subscription_ = 0;
+};
+
+class NautilusTest : public testing::Test {
+ protected:
+  NautilusTest() {
+    for (const char* name : {"first", "second", "third"})
+      std::filesystem::create_directory(folder_.path() / name);
+  }
+  ~NautilusTest() override { TestSupport::awaitNoOwner(fileManagerName); }
+
+  [[nodiscard]] std::string path(const std::string& name) const { return folder_.path() / name; }
+  /// What the script answers for a folder.
+  [[nodiscard]] std::string lines(const std::string& name) const { return name + '\n' + path(name) + "/\n"; }
+
+  /// Waits until the script answers as many folders as this, and yields its answer.
+  static std::string foldersOnceThereAre(std::ptrdiff_t count) {
+    std::string folders;
+    LocationChanges::awaitUntil([&] {
+      folders = textOfScript(listFolders);
+      return std::ranges::count(folders, '\n') == 2 * count;
+    });
+    return folders;
+  }
+
+  /// Brings a window to the front.
+  void raise(xcb_window_t window) const {
+    desktop_.askWindowManager(window, "_NET_ACTIVE_WINDOW");
+    ASSERT_TRUE(desktop_.waitUntil([&] { return desktop_.stackedClients().back() == window; }));
+  }
+
+  /// Opens a further tab for the folder that a window shows.
+  static void openTab(const std::string& window) {
+    const auto reply = SessionBus::connect()->call(
+        {.destination = fileManagerName, .path = window, .interface = "org.gtk.Actions", .name = "Activate"},
+        g_variant_new_parsed("('new-tab', @av [], @a{sv} {})"), G_VARIANT_TYPE("()"), 60s);
+    EXPECT_TRUE(reply);
+  }
+
+  TestSupport::TemporaryFolder folder_;
+  TestSupport::TestDesktop desktop_;
+  LocationChanges changes_;
+};
+
+TEST_F(NautilusTest, ShowsItsWindowsTheTopmostFirst) {
+  const ChildProcess nautilus({"nautilus", "--new-window", path("first"), path("second"), path("third")});
+  const auto first = desktop_.waitForTitle("first");
+  const auto third = desktop_.waitForTitle("third");
+  const auto second = desktop_.waitForTitle("second");
+  ASSERT_TRUE(first && second && third);
+  foldersOnceThereAre(3);
+  raise(*first);
+  raise(*second);
+  raise(*third);
+  EXPECT_EQ(textOfScript(listFolders), lines("third") + lines("second") + lines("first"));
+  raise(*first);
+  EXPECT_EQ(textOfScript(listFolders), lines("first") + lines("third") + lines("second"));
+}
+
+TEST_F(NautilusTest, ShowsEachTabAsAWindow) {
+  const ChildProcess nautilus({"nautilus", "--new-window", path("first")});
+  EXPECT_EQ(foldersOnceThereAre(1), lines("first"));
+  openTab("/org/gnome/Nautilus/window/1");
+  EXPECT_EQ(foldersOnceThereAre(2), lines("first") + lines("first"));
+}
+
+TEST_F(NautilusTest, CallsTheHomeFolderAsItDoes) {
+  const std::string home = std::getenv("HOME");
+  const ChildProcess nautilus({"nautilus", "--new-window", home});
+  const std::string folders = foldersOnceThereAre(1);
+  EXPECT_EQ(folders, "Home\n" + home + "/\n");
+  EXPECT_TRUE(desktop_.waitForTitle("Home"));
+}
+
+TEST_F(NautilusTest, ShowsNoPlacesThatAreNoFolders) {
+  const ChildProcess nautilus({"nautilus", "--new-window", "other-locations:///", path("first")});
+  ASSERT_TRUE(desktop_.waitForTitle("Other Locations"));
+  EXPECT_EQ(foldersOnceThereAre(1), lines("first"));
+}
+
+TEST_F(NautilusTest, IsNotStarted) {
+  EXPECT_EQ(textOfScript(listFolders), "-600: Finder got an error: Application isn’t running.");
+  TestSupport::awaitNoOwner(fileManagerName);
+}
+
+}  // namespace

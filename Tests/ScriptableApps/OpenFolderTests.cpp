@@ -1,0 +1,102 @@
+#include <cstdlib>
+#include <filesystem>
+
+#include <gtest/gtest.h>
+
+#include "DesktopSupport/GLibHandles.h"
+#include "ScriptableApps/OpenFolder.h"
+#include "Tests/Support/EnvironmentVariable.h"
+#include "Tests/Support/TemporaryFolder.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using ScriptableApps::OpenFolder;
+
+class OpenFolderTest : public testing::Test {
+ protected:
+  /// Makes a folder and yields its path without a slash at the end.
+  [[nodiscard]] std::string make(std::string_view name) const {
+    const auto folder = folder_.path() / name;
+    std::filesystem::create_directories(folder);
+    return folder;
+  }
+
+  static std::optional<OpenFolder> at(const std::string& uri) {
+    ScriptableApps::MountedPlaces places(60s);
+    return ScriptableApps::openFolderAt(uri, places);
+  }
+
+  static void expectFolder(const std::string& uri, const std::string& name, const std::string& path) {
+    const auto folder = at(uri);
+    ASSERT_TRUE(folder) << uri;
+    EXPECT_EQ(folder->name, name) << uri;
+    EXPECT_EQ(folder->path, path) << uri;
+  }
+
+  TestSupport::TemporaryFolder folder_;
+};
+
+TEST_F(OpenFolderTest, HasThePathOfTheFolderWithASlashAtItsEnd) {
+  const std::string path = make("Reports");
+  expectFolder("file://" + path, "Reports", path + '/');
+  expectFolder("file://" + path + '/', "Reports", path + '/');
+  expectFolder("file://localhost" + path, "Reports", path + '/');
+  expectFolder("FILE://" + path, "Reports", path + '/');
+  expectFolder("file://" + path + "/.././/Reports//", "Reports", path + '/');
+}
+
+TEST_F(OpenFolderTest, IsReadFromTheURIsPercentEncoding) {
+  const std::string path = make("50% größer #1?");
+  expectFolder("file://" + folder_.path().string() + "/50%25%20gr%C3%B6%C3%9Fer%20%231%3F", "50% größer #1?",
+               path + '/');
+}
+
+TEST_F(OpenFolderTest, IsCalledHomeWhereItIsTheUsersOwn) {
+  const TestSupport::EnvironmentVariable english("LC_ALL", "C");
+  const std::filesystem::path home = std::getenv("HOME");
+  expectFolder("file://" + home.string(), "Home", (home / "").string());
+}
+
+TEST_F(OpenFolderTest, MayBeTheRoot) {
+  expectFolder("file:///", "/", "/");
+}
+
+TEST_F(OpenFolderTest, MayBeALinkToAFolder) {
+  std::filesystem::create_directory_symlink(make("Reports"), folder_.path() / "Link");
+  const std::string link = folder_.path() / "Link";
+  expectFolder("file://" + link, "Link", link + '/');
+}
+
+TEST_F(OpenFolderTest, IsNoneWhereThereIsNoFolder) {
+  const std::string file = folder_.write("file", "contents");
+  EXPECT_FALSE(at("file://" + file));
+  EXPECT_FALSE(at("file://" + folder_.path().string() + "/none"));
+  std::filesystem::create_symlink("loop", folder_.path() / "loop");
+  EXPECT_FALSE(at("file://" + folder_.path().string() + "/loop"));
+}
+
+TEST_F(OpenFolderTest, IsNoneOnAnotherMachine) {
+  EXPECT_FALSE(at("file://elsewhere.example" + make("Reports")));
+}
+
+TEST_F(OpenFolderTest, IsNoneForWhatIsNoLocation) {
+  for (const char* uri :
+       {"", "/", "/tmp", "file:", "file:tmp", "file:///%", "file:///tmp%00", "file:///tmp%2F..", "://", "%", "\n"})
+    EXPECT_FALSE(at(uri)) << uri;
+}
+
+TEST_F(OpenFolderTest, IsNoneForPlacesOutsideTheFileSystem) {
+  for (const char* uri : {"trash:///", "recent:///", "starred:///", "other-locations:///", "network:///",
+                          "x-nautilus-search://0/", "sftp://nowhere.invalid/home", "admin:///", "unheard-of:///"})
+    EXPECT_FALSE(at(uri)) << uri;
+}
+
+TEST_F(OpenFolderTest, IsNoneWhereItsPathIsNotOneLineOfUTF8) {
+  for (const char* name : {"two\nlines", "two\rlines", "two\xe2\x80\xa8lines", "Gr\xf6nland"}) {
+    const DesktopSupport::CharsHandle uri(g_filename_to_uri(make(name).c_str(), nullptr, nullptr));
+    EXPECT_FALSE(at(uri.get())) << uri.get();
+  }
+}
+
+}  // namespace
