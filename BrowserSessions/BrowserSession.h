@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace BrowserSessions {
+
+/// A page that a browser has open.
+struct BrowserTab {
+  /// As the browser has it; empty where it knows none.
+  std::string title;
+  /// What the address bar shows, as the browser has it; empty where there is none.
+  std::string url;
+
+  bool operator==(const BrowserTab&) const = default;
+};
+
+/// A window of a browser, with its tabs in the order of the tab strip.
+struct BrowserWindow {
+  std::vector<BrowserTab> tabs;
+  /// The index of the tab that is shown.
+  std::size_t activeTab = 0;
+
+  bool operator==(const BrowserWindow&) const = default;
+};
+
+/// What a browser has open: its windows, the one in front first where the browser tells.
+using BrowserSession = std::vector<BrowserWindow>;
+
+}  // namespace BrowserSessions

@@ -1,0 +1,67 @@
+#include "BrowserSessions/ChromiumProfile.h"
+
+#include <cstddef>
+#include <optional>
+
+#include "BrowserSessions/ChromiumSession.h"
+#include "BrowserSessions/SessionFiles.h"
+#include "BrowserSessions/SessionLog.h"
+#include "DesktopSupport/FileContents.h"
+
+namespace BrowserSessions {
+
+namespace {
+
+using std::filesystem::path;
+
+using Session = std::expected<BrowserSession, std::string>;
+
+// Some ten thousand tabs, each with its history.
+constexpr std::size_t maximumLogSize = 128 << 20;
+
+// The browser begins a new log and removes the oldest one every few hundred changes: hardly during two readings.
+constexpr int attempts = 4;
+
+// What the log tells; none where the browser is still writing down what was open when it began the log.
+std::expected<std::optional<BrowserSession>, std::string> sessionIn(const path& file) {
+  const auto bytes = DesktopSupport::fileContents(file, maximumLogSize);
+  if (!bytes)
+    return std::unexpected(file.string() + " cannot be read, or is too large.");
+  const auto log = SessionLog::open(*bytes);
+  if (!log)
+    return std::unexpected(file.string() + ": " + log.error());
+  return log->isComplete() ? std::optional(chromiumSession(*log)) : std::nullopt;
+}
+
+Session newestSession(const std::vector<SessionFile>& files) {
+  for (const SessionFile& file : files) {
+    auto session = sessionIn(file.path);
+    if (!session)
+      return std::unexpected(std::move(session.error()));
+    if (std::optional<BrowserSession>& complete = *session)
+      return std::move(*complete);
+  }
+  if (files.empty())
+    return BrowserSession();
+  return std::unexpected(files.front().path.string() + " is not complete, nor is an older session log.");
+}
+
+}  // namespace
+
+Session chromiumProfileSession(const path& profile) {
+  const path folder = profile / "Sessions";
+  Session session;
+  auto files = sessionFiles(folder);
+  for (int attempt = 0; attempt < attempts; ++attempt) {
+    if (areStale(files, sessionFiles(profile / "Sessions_Encrypted")))
+      return std::unexpected("The browser keeps the session in " + profile.string() + " encrypted.");
+    session = newestSession(files);
+    auto later = sessionFiles(folder);
+    if (session || later == files)
+      break;
+    files = std::move(later);
+  }
+  return session;
+}
+
+}  // namespace BrowserSessions

@@ -1,0 +1,14 @@
+#include "BrowserSessions/ChromiumSession.h"
+
+#include "BrowserSessions/SessionReplay.h"
+
+namespace BrowserSessions {
+
+BrowserSession chromiumSession(SessionLog log) {
+  SessionReplay replay;
+  while (const auto command = log.next())
+    replay.apply(*command);
+  return replay.session();
+}
+
+}  // namespace BrowserSessions

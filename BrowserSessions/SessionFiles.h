@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <vector>
+
+namespace BrowserSessions {
+
+/// A session log of a Chromium profile.
+struct SessionFile {
+  std::filesystem::path path;
+  /// When the log was begun: microseconds since the beginning of 1601, UTC. No two logs of a profile have the same.
+  std::int64_t begun = 0;
+
+  bool operator==(const SessionFile&) const = default;
+};
+
+/// The logs of the browser's own windows in a folder, the newest first: the files Session_<begun>. None where there is
+/// no such folder, or it cannot be read.
+std::vector<SessionFile> sessionFiles(const std::filesystem::path& folder);
+
+/// Whether the browser goes on in the encrypted logs of a profile and no longer in the readable ones, given the logs of
+/// either kind: whether the newest of the encrypted ones was begun and written minutes after the newest readable one.
+bool areStale(const std::vector<SessionFile>& readable, const std::vector<SessionFile>& encrypted);
+
+}  // namespace BrowserSessions

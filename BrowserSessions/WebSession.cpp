@@ -1,0 +1,28 @@
+#include "BrowserSessions/WebSession.h"
+
+#include <cstddef>
+
+#include "BrowserSessions/WebState.h"
+#include "DesktopSupport/FileContents.h"
+
+namespace BrowserSessions {
+
+namespace {
+
+constexpr std::size_t maximumSize = 32 << 20;
+
+}  // namespace
+
+std::expected<BrowserSession, std::string> webSession(const std::filesystem::path& profile) {
+  const std::filesystem::path file = profile / "session_state.xml";
+  const auto xml = DesktopSupport::fileContents(file, maximumSize);
+  std::error_code error;
+  if (!xml && std::filesystem::symlink_status(file, error).type() == std::filesystem::file_type::not_found)
+    return BrowserSession();
+  auto session = xml ? webState(*xml) : std::unexpected("It cannot be read or is too large.");
+  if (!session)
+    return std::unexpected("The session of GNOME Web in " + file.string() + " is unknown: " + session.error());
+  return session;
+}
+
+}  // namespace BrowserSessions
