@@ -19,12 +19,12 @@ std::string applicationObjectPath(std::string_view busName) {
   return path;
 }
 
-GVariant* openArguments(const std::vector<std::string>& urls) {
+GVariant* openArguments(const std::vector<std::string_view>& urls) {
   GVariantBuilder texts;
   g_variant_builder_init(&texts, G_VARIANT_TYPE("as"));
-  for (const std::string& url : urls)
+  for (const std::string_view url : urls)
     if (g_utf8_validate_len(url.data(), url.size(), nullptr) != FALSE)
-      g_variant_builder_add(&texts, "s", url.c_str());
+      g_variant_builder_add_value(&texts, g_variant_new_take_string(g_strndup(url.data(), url.size())));
   return g_variant_new("(as@a{sv})", &texts, noPlatformData());
 }
 

@@ -16,7 +16,7 @@ inline constexpr const char* applicationInterface = "org.freedesktop.Application
 std::string applicationObjectPath(std::string_view busName);
 
 /// The arguments of the interface's Open, floating. A text that is not UTF-8 cannot travel and is left out.
-GVariant* openArguments(const std::vector<std::string>& urls);
+GVariant* openArguments(const std::vector<std::string_view>& urls);
 
 /// The arguments of the interface's Activate, floating.
 GVariant* activateArguments();

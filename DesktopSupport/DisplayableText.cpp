@@ -13,6 +13,14 @@ bool becomesSpace(gunichar character) {
   return (character >= '\t' && character <= '\r') || lineSeparator;
 }
 
+// Cuts off the ASCII characters at the beginning that are neither breaks nor controls.
+std::string_view takePlain(std::string_view& text) {
+  const auto isPlain = [](char character) { return character >= ' ' && character <= '~'; };
+  const std::string_view plain(text.begin(), std::ranges::find_if_not(text, isPlain));
+  text.remove_prefix(plain.size());
+  return plain;
+}
+
 // Cuts the first character off a text that is valid UTF-8; CR LF is one.
 std::string_view takeCharacter(std::string_view& text) {
   const std::size_t length = static_cast<unsigned char>(g_utf8_skip[static_cast<unsigned char>(text.front())]);
@@ -42,7 +50,7 @@ std::string displayable(std::string_view text) {
   std::string_view rest = valid.get();
   std::string line;
   line.reserve(rest.size());
-  while (!rest.empty())
+  for (line += takePlain(rest); !rest.empty(); line += takePlain(rest))
     append(line, takeCharacter(rest));
   return line;
 }

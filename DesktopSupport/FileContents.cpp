@@ -1,5 +1,6 @@
 #include "DesktopSupport/FileContents.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -13,9 +14,12 @@ namespace DesktopSupport {
 
 namespace {
 
-bool isRegular(const FileDescriptor& file) {
+// How large a regular file says it is, which one in /proc doesn't; none for any other kind.
+std::optional<std::size_t> regularSize(const FileDescriptor& file) {
   struct stat facts = {};
-  return fstat(file.number(), &facts) == 0 && S_ISREG(facts.st_mode);
+  if (fstat(file.number(), &facts) != 0 || !S_ISREG(facts.st_mode))
+    return std::nullopt;
+  return static_cast<std::size_t>(facts.st_size);
 }
 
 ssize_t readSome(const FileDescriptor& file, char* bytes, std::size_t count) {
@@ -31,9 +35,11 @@ ssize_t readSome(const FileDescriptor& file, char* bytes, std::size_t count) {
 std::optional<std::string> fileContents(const std::filesystem::path& file, std::size_t maximumSize) {
   // Without O_NONBLOCK, opening a pipe waits for its writer.
   const FileDescriptor descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
-  if (!descriptor.isOpen() || !isRegular(descriptor))
+  const auto size = descriptor.isOpen() ? regularSize(descriptor) : std::nullopt;
+  if (!size)
     return std::nullopt;
   std::string contents;
+  contents.reserve(std::min(*size, maximumSize));
   std::array<char, 16384> piece = {};
   while (const ssize_t received = readSome(descriptor, piece.data(), piece.size())) {
     if (received < 0 || contents.size() + static_cast<std::size_t>(received) > maximumSize)

@@ -33,6 +33,8 @@ struct Window {
 /// The windows that the window manager lists, in the order in which they first appeared.
 struct WindowList {
   std::vector<Window> windows;
+  /// The same ones as they lie above each other, the lowest first; empty where the window manager does not tell.
+  std::vector<WindowId> stack = {};
   /// The one that has the user's attention.
   std::optional<WindowId> active = {};
 };

@@ -1,5 +1,7 @@
 #include "DesktopSupport/WindowReader.h"
 
+#include <utility>
+
 #include "DesktopSupport/WindowProperties.h"
 #include "DesktopSupport/X11Property.h"
 
@@ -11,6 +13,7 @@ namespace {
 struct Desktop {
   std::optional<xcb_window_t> managerCheck;
   std::optional<std::vector<xcb_window_t>> clients;
+  std::vector<xcb_window_t> stack;
   std::optional<xcb_window_t> active;
 };
 
@@ -18,12 +21,14 @@ Desktop readDesktop(X11Connection& connection, const X11Atoms& atoms) {
   const auto request = [&](X11Name name) { return X11Property::request(connection, connection.root(), atoms[name]); };
   const auto managerCheck = request(X11Name::supportingWindowManagerCheck);
   const auto clients = request(X11Name::clientList);
+  const auto stack = request(X11Name::clientListStacking);
   const auto active = request(X11Name::activeWindow);
   Desktop desktop;
   desktop.managerCheck = X11Property(connection, managerCheck).number();
   const X11Property list(connection, clients);
   if (list.exists())
     desktop.clients = list.numbers();
+  desktop.stack = X11Property(connection, stack).numbers();
   desktop.active = X11Property(connection, active).number();
   return desktop;
 }
@@ -48,7 +53,7 @@ std::expected<WindowList, DesktopError> readWindows(X11Connection& connection) {
   X11ClientProcesses::prefetch(connection);
   X11Atoms atoms(connection);
   atoms.collect(connection);
-  const Desktop desktop = readDesktop(connection, atoms);
+  Desktop desktop = readDesktop(connection, atoms);
   if (!desktop.managerCheck)
     return std::unexpected(failure(connection, "There is no window manager."));
   if (!desktop.clients)
@@ -67,6 +72,7 @@ std::expected<WindowList, DesktopError> readWindows(X11Connection& connection) {
     return std::unexpected(failure(connection, "There is no window manager."));
   processes.collect(connection);
   WindowList list = collect(connection, atoms, requests, processes);
+  list.stack = std::move(desktop.stack);
   list.active = desktop.active;
   if (!connection.isAlive())
     return std::unexpected(failure(connection, ""));

@@ -11,9 +11,9 @@ constexpr std::string_view hexDigits = "0123456789ABCDEF";
 
 constexpr std::array<bool, 256> pathAllowed = [] {
   std::array<bool, 256> allowed{};
-  for (const unsigned char c : std::string_view("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
-                                                "-._~!$&'()*+,;=:@/"))
-    allowed[c] = true;
+  for (const char c : std::string_view("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
+                                       "-._~!$&'()*+,;=:@/"))
+    allowed[static_cast<unsigned char>(c)] = true;
   return allowed;
 }();
 
@@ -44,16 +44,16 @@ std::string percentEncodedPath(std::string_view text) {
     if (!pathAllowed[static_cast<unsigned char>(character)])
       length += 2;
   }
-  std::string encoded;
-  encoded.reserve(length);
+  std::string encoded(length, '\0');
+  auto end = encoded.begin();
   for (const char character : text) {
     const auto byte = static_cast<unsigned char>(character);
     if (pathAllowed[byte]) {
-      encoded += character;
+      *end++ = character;
     } else {
-      encoded += '%';
-      encoded += hexDigits[byte / 16];
-      encoded += hexDigits[byte % 16];
+      *end++ = '%';
+      *end++ = hexDigits[byte / 16];
+      *end++ = hexDigits[byte % 16];
     }
   }
   return encoded;

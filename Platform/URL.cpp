@@ -1,5 +1,6 @@
 #include "Platform/URL.h"
 
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -68,7 +69,7 @@ std::optional<URL> URL::parse(std::string_view text) {
   std::size_t pathStart = schemeLength == 0 ? 0 : schemeLength + 1;
   if (text.substr(pathStart).starts_with("//"))
     pathStart = std::min(text.find_first_of("/?#", pathStart + 2), text.size());
-  const std::size_t pathEnd = std::min(text.find_first_of("?#", pathStart), text.size());
+  const std::size_t pathEnd = std::min({text.find('?', pathStart), text.find('#', pathStart), text.size()});
   return URL(std::string(text), host, {pathStart, pathEnd - pathStart}, schemeLength);
 }
 

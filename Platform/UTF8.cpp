@@ -9,8 +9,8 @@ namespace Platform {
 
 namespace {
 
-/// How a sequence goes on behind its first byte: its length, and what the second byte may be, which rules out overlong
-/// forms, surrogates and what lies beyond U+10FFFF.
+/// How a sequence of several bytes goes on behind its first byte: its length, and what the second byte may be, which
+/// rules out overlong forms, surrogates and what lies beyond U+10FFFF.
 struct Sequence {
   unsigned char firstLead = 0;
   unsigned char lastLead = 0;
@@ -19,8 +19,7 @@ struct Sequence {
   unsigned char highestSecond = 0xBF;
 };
 
-constexpr std::array<Sequence, 9> sequences = {{
-    {.firstLead = 0x00, .lastLead = 0x7F, .length = 1},
+constexpr std::array<Sequence, 8> sequences = {{
     {.firstLead = 0xC2, .lastLead = 0xDF, .length = 2},
     {.firstLead = 0xE0, .lastLead = 0xE0, .length = 3, .lowestSecond = 0xA0},
     {.firstLead = 0xE1, .lastLead = 0xEC, .length = 3},
@@ -36,21 +35,27 @@ bool isBetween(char byte, unsigned char low, unsigned char high) {
   return value >= low && value <= high;
 }
 
-/// The length of the well-formed sequence at the start of `bytes`, which are not empty; 0 where there is none.
+/// The length of the well-formed sequence of several bytes at the start of `bytes`, which are not empty; 0 where there
+/// is none.
 std::size_t sequenceLength(std::string_view bytes) {
   const auto* sequence = std::ranges::find_if(
       sequences, [&](const Sequence& each) { return isBetween(bytes[0], each.firstLead, each.lastLead); });
   if (sequence == sequences.end() || bytes.size() < sequence->length)
     return 0;
-  if (sequence->length > 1 && !isBetween(bytes[1], sequence->lowestSecond, sequence->highestSecond))
+  if (!isBetween(bytes[1], sequence->lowestSecond, sequence->highestSecond))
     return 0;
   const auto others = bytes.substr(1, sequence->length - 1);
   const bool continues = std::ranges::all_of(others, [](char byte) { return isBetween(byte, 0x80, 0xBF); });
   return continues ? sequence->length : 0;
 }
 
+std::string_view withoutLeadingASCII(std::string_view bytes) {
+  const auto* const end = std::ranges::find_if_not(bytes, [](char byte) { return isBetween(byte, 0x00, 0x7F); });
+  return {end, bytes.end()};
+}
+
 bool isUTF8(std::string_view bytes) {
-  while (!bytes.empty()) {
+  for (bytes = withoutLeadingASCII(bytes); !bytes.empty(); bytes = withoutLeadingASCII(bytes)) {
     const std::size_t length = sequenceLength(bytes);
     if (length == 0)
       return false;

@@ -71,7 +71,8 @@ bool BusPresence::forward(const std::vector<std::string>& launchURLs) const {
   const bool hasURLs = !launchURLs.empty();
   const BusMethod method = {identifier_, objectPath_, DesktopSupport::applicationInterface,
                             hasURLs ? "Open" : "Activate"};
-  GVariant* arguments = hasURLs ? DesktopSupport::openArguments(launchURLs) : DesktopSupport::activateArguments();
+  GVariant* arguments = hasURLs ? DesktopSupport::openArguments({launchURLs.begin(), launchURLs.end()})
+                                : DesktopSupport::activateArguments();
   const auto answer = bus_.call(method, arguments, nullptr, answerTime);
   // An owner that is too busy to answer has the message all the same; sent again, it would be handled twice.
   return answer || answer.error().name == DesktopSupport::BusErrorName::timeout;

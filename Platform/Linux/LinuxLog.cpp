@@ -1,35 +1,11 @@
 #include "Platform/Linux/LinuxLog.h"
 
-#include <array>
-#include <cstdio>
-#include <string>
-
-#include <glib.h>
-#include <sys/types.h>
-#include <syslog.h>
-#include <unistd.h>
+#include "DesktopSupport/SystemLog.h"
 
 namespace Platform::Linux {
 
-namespace {
-
-bool writeToJournal(std::string_view message) {
-  const std::array<GLogField, 3> fields = {{
-      {"MESSAGE", message.data(), static_cast<gssize>(message.size())},
-      {"PRIORITY", "5", -1},
-      {"SYSLOG_IDENTIFIER", program_invocation_short_name, -1},
-  }};
-  return g_log_writer_journald(G_LOG_LEVEL_MESSAGE, fields.data(), fields.size(), nullptr) == G_LOG_WRITER_HANDLED;
-}
-
-}  // namespace
-
 void LinuxLog::write(std::string_view message) {
-  const std::string line(message);
-  if (!writeToJournal(message))
-    syslog(LOG_USER | LOG_NOTICE, "%s", line.c_str());
-  if (!g_log_writer_is_journald(STDERR_FILENO))
-    std::fprintf(stderr, "%s\n", line.c_str());
+  DesktopSupport::writeToSystemLog(message);
 }
 
 }  // namespace Platform::Linux

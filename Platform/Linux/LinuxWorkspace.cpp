@@ -29,6 +29,10 @@ constexpr std::size_t longestArgument = 32UL * 4096 - 1;
 /// A D-Bus message holds at most 128 MiB; the last KiB is left to its header.
 constexpr std::size_t longestMessageText = (128UL << 20) - 1024;
 
+std::string_view schemeOf(const URL& url) {
+  return url.scheme().value_or("");
+}
+
 /// Why a text of this length does not fit, where it does not: names what carries it and the limit.
 std::optional<std::string> lengthProblem(std::size_t length, std::size_t limit, const char* carrier) {
   if (length <= limit)
@@ -39,26 +43,26 @@ std::optional<std::string> lengthProblem(std::size_t length, std::size_t limit, 
 
 }  // namespace
 
-/// A URL on its way, and whom to tell when it has got there.
+/// A URL of this scheme on its way, and whom to tell when it has got there.
 struct LinuxWorkspace::HandOver {
   LinuxWorkspace& workspace;
-  URL url;
+  std::string scheme;
 
   static void complete(GObject* bus, GAsyncResult* result, gpointer data) {
     const std::unique_ptr<HandOver> handOver(static_cast<HandOver*>(data));
     ErrorHandle error;
     const VariantHandle answer(g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, Out(error)));
     if (!answer)
-      handOver->workspace.reportFailure(handOver->url, DesktopSupport::busErrorFrom(*error).message);
+      handOver->workspace.reportFailure(handOver->scheme, DesktopSupport::busErrorFrom(*error).message);
     --handOver->workspace.handOversUnderWay_;
   }
 };
 
 void LinuxWorkspace::open(const URL& url) {
   DesktopSupport::DesktopEntries entries(DesktopSupport::applicationFolders());
-  const DesktopEntry* handler = DesktopSupport::handlerOfScheme(url.scheme().value_or(""), entries);
+  const DesktopEntry* handler = DesktopSupport::handlerOfScheme(schemeOf(url), entries);
   if (handler == nullptr)
-    reportFailure(url, "no application is registered for its scheme");
+    reportFailure(schemeOf(url), "no application is registered for its scheme");
   else if (handler->isBusActivatable)
     openByBus(url, *handler);
   else
@@ -68,32 +72,33 @@ void LinuxWorkspace::open(const URL& url) {
 void LinuxWorkspace::openByBus(const URL& url, const DesktopEntry& handler) {
   const std::string& text = url.absoluteString();
   if (const auto problem = lengthProblem(text.size(), longestMessageText, "a D-Bus message"))
-    return reportFailure(url, *problem);
+    return reportFailure(schemeOf(url), *problem);
   const auto bus = SessionBus::connect();
   if (!bus)
-    return reportFailure(url, bus.error().message);
+    return reportFailure(schemeOf(url), bus.error().message);
 
   constexpr int usualTimeout = -1;
   ++handOversUnderWay_;
   g_dbus_connection_call(bus->connection(), handler.id.c_str(),
                          DesktopSupport::applicationObjectPath(handler.id).c_str(),
                          DesktopSupport::applicationInterface, "Open", DesktopSupport::openArguments({text}), nullptr,
-                         G_DBUS_CALL_FLAGS_NONE, usualTimeout, nullptr, &HandOver::complete, new HandOver(*this, url));
+                         G_DBUS_CALL_FLAGS_NONE, usualTimeout, nullptr, &HandOver::complete,
+                         new HandOver(*this, std::string(schemeOf(url))));
 }
 
 void LinuxWorkspace::openByProgram(const URL& url, const DesktopEntry& handler) {
   std::string text = url.absoluteString();
   if (const auto problem = lengthProblem(text.size(), longestArgument, "one argument of a process"))
-    return reportFailure(url, *problem);
+    return reportFailure(schemeOf(url), *problem);
 
   const DesktopSupport::ObjectHandle<GDesktopAppInfo> application(
       g_desktop_app_info_new_from_filename(handler.file.c_str()));
   if (!application)
-    return reportFailure(url, "its handler " + handler.file.string() + " cannot be started");
+    return reportFailure(schemeOf(url), "its handler " + handler.file.string() + " cannot be started");
   const std::unique_ptr<GList, DesktopSupport::ReleasedBy<g_list_free>> urls(g_list_append(nullptr, text.data()));
   ErrorHandle error;
   if (g_app_info_launch_uris(G_APP_INFO(application.get()), urls.get(), nullptr, Out(error)) == FALSE)
-    reportFailure(url, error->message);
+    reportFailure(schemeOf(url), error->message);
 }
 
 void LinuxWorkspace::finishHandOvers() {
@@ -101,8 +106,8 @@ void LinuxWorkspace::finishHandOvers() {
     g_main_context_iteration(nullptr, /*may_block=*/TRUE);
 }
 
-void LinuxWorkspace::reportFailure(const URL& url, const std::string& reason) {
-  log_.write("could not hand over a " + std::string(url.scheme().value_or("")) + ": URL: " + reason);
+void LinuxWorkspace::reportFailure(std::string_view scheme, const std::string& reason) {
+  log_.write("could not hand over a " + std::string(scheme) + ": URL: " + reason);
 }
 
 }  // namespace Platform::Linux

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "DesktopSupport/DesktopEntry.h"
 #include "Platform/Log.h"
@@ -23,7 +24,7 @@ class LinuxWorkspace : public Workspace {
 
   void openByBus(const URL& url, const DesktopSupport::DesktopEntry& handler);
   void openByProgram(const URL& url, const DesktopSupport::DesktopEntry& handler);
-  void reportFailure(const URL& url, const std::string& reason);
+  void reportFailure(std::string_view scheme, const std::string& reason);
 
   Log& log_;
   int handOversUnderWay_ = 0;

@@ -154,6 +154,17 @@ TEST_F(WindowReaderDesktopTest, ListsWindowsInTheOrderInWhichTheyAppeared) {
   EXPECT_EQ(ids, (std::vector{second.id(), first.id(), window_.id()}));
 }
 
+TEST_F(WindowReaderDesktopTest, TellsHowWindowsLieAboveEachOther) {
+  TestWindow second(desktop_);
+  ASSERT_TRUE(window_.show());
+  ASSERT_TRUE(second.show());
+  ASSERT_TRUE(desktop_.waitUntil([&] { return desktop_.stackedClients().back() == second.id(); }));
+  EXPECT_EQ(readWindows()->stack, (std::vector{window_.id(), second.id()}));
+  desktop_.askWindowManager(window_.id(), "_NET_ACTIVE_WINDOW");
+  ASSERT_TRUE(desktop_.waitUntil([&] { return desktop_.stackedClients().back() == window_.id(); }));
+  EXPECT_EQ(readWindows()->stack, (std::vector{second.id(), window_.id()}));
+}
+
 TEST_F(WindowReaderDesktopTest, ReadsRealPrograms) {
   const TestSupport::ChildProcess xterm({"xterm"});
   const TestSupport::ChildProcess xclock({"xclock"});
