@@ -20,6 +20,13 @@ std::optional<std::string> payload(const std::vector<Resource>& resources) {
   return Platform::percentEncodedPath(*text);
 }
 
+std::string hostURL(const std::string& name, const std::optional<std::string>& data) {
+  std::string text = "deskloom://" + name;
+  if (data)
+    text.append("/").append(*data);
+  return text;
+}
+
 }  // namespace
 
 Command::Command(const std::vector<Resource>& resources) : Command(addResourcesName, payload(resources)) {}
@@ -27,11 +34,7 @@ Command::Command(const std::vector<Resource>& resources) : Command(addResourcesN
 Command::Command(std::string name, std::optional<std::string> data) : name_(std::move(name)), data_(std::move(data)) {}
 
 std::expected<void, Platform::Error> Command::send() const {
-  std::string text = "deskloom://" + name_;
-  if (data_)
-    text.append("/").append(*data_);
-
-  const auto url = Platform::URL::parse(text);
+  const auto url = Platform::URL::parse(hostURL(name_, data_));
   if (!url) {
     const auto& strings = Platform::services().strings;
     return std::unexpected(

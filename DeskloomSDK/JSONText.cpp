@@ -41,11 +41,11 @@ bool isFinite(const json& value) {
 }  // namespace
 
 void appendEscapingSlashes(std::string& output, std::string_view text) {
-  for (const char character : text) {
-    if (character == '/')
-      output += '\\';
-    output += character;
+  for (auto slash = text.find('/'); slash != std::string_view::npos; slash = text.find('/')) {
+    output.append(text.substr(0, slash)).append("\\/");
+    text.remove_prefix(slash + 1);
   }
+  output += text;
 }
 
 std::expected<std::string, EncodingError> encodeJSON(const json& value) {

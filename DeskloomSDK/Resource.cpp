@@ -70,9 +70,9 @@ std::expected<Resource, DecodingError> Resource::decode(const json& object) {
 }
 
 void to_json(nlohmann::ordered_json& object, const Resource& resource) {
-  object = {{CodingKeys::type, rawValue(resource.type())},
-            {CodingKeys::name, resource.name()},
-            {CodingKeys::url, resource.url().absoluteString()}};
+  object[CodingKeys::type] = rawValue(resource.type());
+  object[CodingKeys::name] = resource.name();
+  object[CodingKeys::url] = resource.url().absoluteString();
 }
 
 std::expected<std::string, EncodingError> encodeResources(const std::vector<Resource>& resources) {

@@ -25,7 +25,8 @@ std::expected<void, Platform::Error> sendResources(std::string_view identifier) 
   auto gathered = resources(identifier);
   if (!gathered)
     return std::unexpected(std::move(gathered.error()));
-  return DeskloomSDK::Command(allowedResources(std::move(*gathered))).send();
+  const DeskloomSDK::Command command(allowedResources(std::move(*gathered)));
+  return command.send();
 }
 
 }  // namespace
