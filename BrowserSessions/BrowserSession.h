@@ -27,4 +27,13 @@ struct BrowserWindow {
 /// What a browser has open: its windows, the one in front first where the browser tells.
 using BrowserSession = std::vector<BrowserWindow>;
 
+/// What could be read of a browser's session.
+struct SessionReading {
+  BrowserSession session;
+  /// A sentence for each part, such as a profile, that could not be read and is left out.
+  std::vector<std::string> problems = {};
+
+  bool operator==(const SessionReading&) const = default;
+};
+
 }  // namespace BrowserSessions

@@ -34,6 +34,10 @@ char32_t takeCharacter(std::string_view& bytes) {
 }
 
 void append(std::string& text, char32_t character) {
+  if (character < 0x80) {
+    text += static_cast<char>(character);
+    return;
+  }
   std::array<char, 6> bytes = {};
   const int count = g_unichar_to_utf8(character, bytes.data());
   text.append(bytes.data(), static_cast<std::size_t>(count));

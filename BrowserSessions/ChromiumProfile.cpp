@@ -14,7 +14,7 @@ namespace {
 
 using std::filesystem::path;
 
-using Session = std::expected<BrowserSession, std::string>;
+using Session = std::expected<LoggedSession, std::string>;
 
 // Some ten thousand tabs, each with its history.
 constexpr std::size_t maximumLogSize = 128 << 20;
@@ -23,7 +23,7 @@ constexpr std::size_t maximumLogSize = 128 << 20;
 constexpr int attempts = 4;
 
 // What the log tells; none where the browser is still writing down what was open when it began the log.
-std::expected<std::optional<BrowserSession>, std::string> sessionIn(const path& file) {
+std::expected<std::optional<LoggedSession>, std::string> sessionIn(const path& file) {
   const auto bytes = DesktopSupport::fileContents(file, maximumLogSize);
   if (!bytes)
     return std::unexpected(file.string() + " cannot be read, or is too large.");
@@ -38,11 +38,11 @@ Session newestSession(const std::vector<SessionFile>& files) {
     auto session = sessionIn(file.path);
     if (!session)
       return std::unexpected(std::move(session.error()));
-    if (std::optional<BrowserSession>& complete = *session)
+    if (std::optional<LoggedSession>& complete = *session)
       return std::move(*complete);
   }
   if (files.empty())
-    return BrowserSession();
+    return LoggedSession();
   return std::unexpected(files.front().path.string() + " is not complete, nor is an older session log.");
 }
 
@@ -62,6 +62,10 @@ Session chromiumProfileSession(const path& profile) {
     files = std::move(later);
   }
   return session;
+}
+
+std::vector<std::int32_t> chromiumApplicationWindows(const path& profile) {
+  return newestSession(sessionFiles(profile / "Sessions", "Apps_")).value_or(LoggedSession()).otherWindows;
 }
 
 }  // namespace BrowserSessions

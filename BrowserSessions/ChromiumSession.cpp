@@ -4,7 +4,7 @@
 
 namespace BrowserSessions {
 
-BrowserSession chromiumSession(SessionLog log) {
+LoggedSession chromiumSession(SessionLog log) {
   SessionReplay replay;
   while (const auto command = log.next())
     replay.apply(*command);

@@ -1,96 +1,73 @@
 #include "BrowserSessions/ChromiumUserData.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <iterator>
-#include <nlohmann/json.hpp>
 #include <optional>
-#include <system_error>
+#include <utility>
+#include <vector>
 
 #include "BrowserSessions/ChromiumProfile.h"
-#include "DesktopSupport/FileContents.h"
+#include "BrowserSessions/DevToolsSession.h"
+#include "BrowserSessions/LiveSession.h"
+#include "BrowserSessions/LoggedSession.h"
+#include "BrowserSessions/OpenProfiles.h"
+#include "BrowserSessions/TitleHistory.h"
 
 namespace BrowserSessions {
 
 namespace {
 
-using nlohmann::json;
 using std::filesystem::path;
 
-constexpr std::size_t maximumStateSize = 4 << 20;
-constexpr std::size_t maximumProfiles = 64;
-
-// Lets the parser keep nothing but the two entries that are asked for, as the rest is long.
-bool isWanted(int depth, json::parse_event_t event, const json& parsed) {
-  if (event == json::parse_event_t::key && depth == 1)
-    return parsed == "profile";
-  if (event == json::parse_event_t::key && depth == 2)
-    return parsed == "last_active_profiles" || parsed == "last_used";
-  const bool isStart = event == json::parse_event_t::object_start || event == json::parse_event_t::array_start;
-  return !isStart || depth <= 2;
+template <typename T>
+void append(std::vector<T>& all, std::vector<T> more) {
+  std::ranges::move(more, std::back_inserter(all));
 }
 
-json entry(const json& object, const char* key) {
-  return object.is_object() && object.contains(key) ? object[key] : json();
+// The logs of several profiles, read as far as they can be.
+struct Logs {
+  LoggedSession session;
+  std::vector<std::string> problems;
+  bool isAnyRead = false;
+};
+
+// Titles are added where nobody else has any, and web applications told apart where somebody else takes them for
+// windows.
+void read(Logs& logs, const path& profile, bool isLive) {
+  auto session = chromiumProfileSession(profile);
+  if (!session) {
+    logs.problems.push_back(std::move(session.error()));
+    return;
+  }
+  logs.isAnyRead = true;
+  if (isLive)
+    append(logs.session.otherWindows, chromiumApplicationWindows(profile));
+  else
+    addTitles(session->windows, profile);
+  append(logs.session.windows, std::move(session->windows));
+  append(logs.session.otherWindows, std::move(session->otherWindows));
 }
 
-bool isFolderName(const std::string& name) {
-  return !name.empty() && name != "." && name != ".." && name.find_first_of(std::string("/\0", 2)) == std::string::npos;
-}
-
-void add(std::vector<std::string>& names, const json& name) {
-  const auto* text = name.get_ptr<const std::string*>();
-  if (text != nullptr && isFolderName(*text) && std::ranges::find(names, *text) == names.end() &&
-      names.size() < maximumProfiles)
-    names.push_back(*text);
-}
-
-std::vector<std::string> openProfileNames(const path& userData) {
-  const std::string text = DesktopSupport::fileContents(userData / "Local State", maximumStateSize).value_or("");
-  const json profile = entry(json::parse(text, isWanted, /*allow_exceptions=*/false), "profile");
-  std::vector<std::string> names;
-  if (const json list = entry(profile, "last_active_profiles"); list.is_array())
-    for (const json& name : list)
-      add(names, name);
-  if (names.empty())
-    add(names, entry(profile, "last_used"));
-  if (names.empty())
-    names.emplace_back("Default");
-  return names;
-}
-
-bool isFolder(const path& file) {
-  std::error_code error;
-  return std::filesystem::is_directory(file, error);
+// The browser itself tells what it has open with the profile that was used last, whatever its log is like.
+SessionReading withLive(const LiveSession& live, Logs logs, std::size_t profiles) {
+  if (profiles == 1)
+    logs.problems.clear();
+  return {joined(live, logs.session), std::move(logs.problems)};
 }
 
 }  // namespace
 
-std::vector<path> openChromiumProfiles(const path& userData) {
-  std::vector<path> profiles;
-  for (const std::string& name : openProfileNames(userData))
-    if (isFolder(userData / name))
-      profiles.push_back(userData / name);
-  if (profiles.empty() && isFolder(userData))
-    profiles.push_back(userData);
-  return profiles;
-}
-
-std::expected<BrowserSession, std::string> chromiumUserDataSession(const path& userData) {
-  BrowserSession all;
-  std::optional<std::string> failure;
-  bool isAnyRead = false;
-  for (const path& profile : openChromiumProfiles(userData)) {
-    auto session = chromiumProfileSession(profile);
-    isAnyRead = isAnyRead || session;
-    if (session)
-      std::ranges::move(*session, std::back_inserter(all));
-    else if (!failure)
-      failure = std::move(session.error());
-  }
-  if (failure && !isAnyRead)
-    return std::unexpected(std::move(*failure));
-  return all;
+std::expected<SessionReading, std::string> chromiumUserDataSession(const path& userData) {
+  const std::optional<LiveSession> live = devToolsSession(userData);
+  const std::vector<path> profiles = openChromiumProfiles(userData);
+  Logs logs;
+  for (const path& profile : profiles)
+    read(logs, profile, live.has_value());
+  if (live)
+    return withLive(*live, std::move(logs), profiles.size());
+  if (!logs.problems.empty() && !logs.isAnyRead)
+    return std::unexpected(std::move(logs.problems.front()));
+  return SessionReading{browserSession(std::move(logs.session)), std::move(logs.problems)};
 }
 
 }  // namespace BrowserSessions

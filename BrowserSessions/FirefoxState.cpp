@@ -55,13 +55,14 @@ std::string withoutReadingView(std::string address) {
   return unescaped ? validUtf8(unescaped.get()) : address;
 }
 
+// Escapes may stand for NUL.
 BrowserTab shownPage(const FirefoxTab& tab) {
   if (tab.history.empty())
-    return {.title = "", .url = tab.isLoadingTypedAddress ? tab.typedAddress : ""};
+    return {.title = "", .url = tab.isLoadingTypedAddress ? validUtf8(tab.typedAddress) : ""};
   const std::int64_t last = std::ssize(tab.history);
   const std::int64_t number = tab.index == 0 ? last : std::clamp<std::int64_t>(tab.index, 1, last);
   const BrowserTab& page = tab.history[static_cast<std::size_t>(number - 1)];
-  return {.title = page.title, .url = withoutReadingView(page.url)};
+  return {.title = validUtf8(page.title), .url = withoutReadingView(validUtf8(page.url))};
 }
 
 BrowserWindow shownTabs(const FirefoxWindow& window) {

@@ -18,8 +18,7 @@ using std::filesystem::path;
 // A browser that keeps both kinds writes them at the same time.
 constexpr std::chrono::minutes tolerance(5);
 
-std::optional<std::int64_t> timeInName(std::string_view name) {
-  constexpr std::string_view prefix = "Session_";
+std::optional<std::int64_t> timeInName(std::string_view name, std::string_view prefix) {
   if (!name.starts_with(prefix))
     return std::nullopt;
   name.remove_prefix(prefix.size());
@@ -38,11 +37,11 @@ bool isWrittenLater(const path& file, const path& than) {
 
 }  // namespace
 
-std::vector<SessionFile> sessionFiles(const path& folder) {
+std::vector<SessionFile> sessionFiles(const path& folder, std::string_view prefix) {
   std::vector<SessionFile> files;
   std::error_code error;
   for (directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
-    if (const auto begun = timeInName(entry->path().filename().native()))
+    if (const auto begun = timeInName(entry->path().filename().native(), prefix))
       files.push_back({entry->path(), *begun});
   std::ranges::sort(files, std::ranges::greater(), &SessionFile::begun);
   return files;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string_view>
 #include <vector>
 
 namespace BrowserSessions {
@@ -15,9 +16,10 @@ struct SessionFile {
   bool operator==(const SessionFile&) const = default;
 };
 
-/// The logs of the browser's own windows in a folder, the newest first: the files Session_<begun>. None where there is
-/// no such folder, or it cannot be read.
-std::vector<SessionFile> sessionFiles(const std::filesystem::path& folder);
+/// The logs of the browser's own windows in a folder, the newest first: the files Session_<begun>; with another prefix,
+/// as "Apps_" for the windows of web applications, those of that kind. None where there is no such folder, or it cannot
+/// be read.
+std::vector<SessionFile> sessionFiles(const std::filesystem::path& folder, std::string_view prefix = "Session_");
 
 /// Whether the browser goes on in the encrypted logs of a profile and no longer in the readable ones, given the logs of
 /// either kind: whether the newest of the encrypted ones was begun and written minutes after the newest readable one.

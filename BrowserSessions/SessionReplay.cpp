@@ -140,13 +140,21 @@ BrowserWindow SessionReplay::contents(const Shown& window) {
   return contents;
 }
 
-BrowserSession SessionReplay::session() const {
+std::vector<SessionReplay::Id> SessionReplay::otherWindows() const {
+  std::vector<Id> others;
+  for (const auto& [id, window] : windows_)
+    if (window.type && window.type != normalWindow)
+      others.push_back(id);
+  return others;
+}
+
+LoggedSession SessionReplay::session() const {
   std::vector<Shown> windows = shownWindows();
   if (const auto front = frontWindow(windows); front != windows.end())
     std::rotate(windows.begin(), front, std::next(front));
-  BrowserSession session;
+  LoggedSession session = {.windows = {}, .otherWindows = otherWindows()};
   for (const Shown& window : windows)
-    session.push_back(contents(window));
+    session.windows.push_back({window.id, contents(window)});
   return session;
 }
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "BrowserSessions/BrowserSession.h"
+#include "BrowserSessions/LoggedSession.h"
 #include "BrowserSessions/SessionLog.h"
 #include "BrowserSessions/TabHistory.h"
 
@@ -19,7 +19,7 @@ class SessionReplay {
   void apply(const SessionCommand& command);
 
   /// What is open after the changes so far; see `chromiumSession`.
-  [[nodiscard]] BrowserSession session() const;
+  [[nodiscard]] LoggedSession session() const;
 
  private:
   using Id = std::int32_t;
@@ -50,6 +50,7 @@ class SessionReplay {
 
   [[nodiscard]] std::vector<Shown> shownWindows() const;
   [[nodiscard]] std::vector<Shown>::iterator frontWindow(std::vector<Shown>& windows) const;
+  [[nodiscard]] std::vector<Id> otherWindows() const;
   [[nodiscard]] static BrowserWindow contents(const Shown& window);
 
   std::map<Id, Tab> tabs_;

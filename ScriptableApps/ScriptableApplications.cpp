@@ -5,6 +5,8 @@
 #include "DesktopSupport/DisplayableText.h"
 #include "ScriptableApps/Deskloom.h"
 #include "ScriptableApps/Finder.h"
+#include "ScriptableApps/GoogleChrome.h"
+#include "ScriptableApps/Safari.h"
 #include "ScriptableApps/SystemEvents.h"
 
 namespace ScriptableApps {
@@ -17,9 +19,7 @@ std::unique_ptr<AppleScript::Application> make() {
 }
 
 constexpr std::array applicationMakers = {
-    make<SystemEvents>,
-    make<Finder>,
-    make<Deskloom>,
+    make<SystemEvents>, make<Finder>, make<GoogleChrome>, make<Safari>, make<Deskloom>,
 };
 
 }  // namespace

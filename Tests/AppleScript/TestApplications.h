@@ -28,7 +28,7 @@ inline std::shared_ptr<const TestRoot> someThings() {
 /// The made-up applications that the tests' scripts talk to.
 class TestApplications : public ApplicationDirectory {
  public:
-  explicit TestApplications(std::shared_ptr<const TestRoot> root = someThings()) {
+  explicit TestApplications(const std::shared_ptr<const TestRoot>& root = someThings()) {
     for (const char* name : {"Test Desk", "System Events", "Finder", "Safari", "Google Chrome"}) {
       desks_.push_back(std::make_unique<TestDesk>(name, root));
     }

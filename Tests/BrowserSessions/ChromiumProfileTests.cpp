@@ -30,7 +30,9 @@ class ChromiumProfile : public testing::Test {
     const auto session = chromiumProfileSession(folder_.path());
     if (!session)
       return session.error();
-    return session->size() == 1 ? session->front().tabs.front().url : std::to_string(session->size()) + " windows";
+    const auto& windows = session->windows;
+    return windows.size() == 1 ? windows.front().contents.tabs.front().url
+                               : std::to_string(windows.size()) + " windows";
   }
 
   [[nodiscard]] std::string sentence(const std::string& file, const std::string& end) const {

@@ -11,7 +11,7 @@ namespace {
 
 BrowserSession session(const SessionLogWriter& log) {
   const auto opened = SessionLog::open(log.bytes());
-  return opened ? chromiumSession(*opened) : BrowserSession{{{{"not a log", ""}}}};
+  return opened ? browserSession(chromiumSession(*opened)) : BrowserSession{{{{"not a log", ""}}}};
 }
 
 // Window 1 with the tabs a, b, c (11, 12, 13), of which b is shown.

@@ -6,6 +6,7 @@
 
 #include "BrowserSessions/ChromiumUserData.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
+#include "Tests/BrowserSessions/FakeDevTools.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 #include "Tests/Support/TemporaryFolder.h"
 
@@ -21,14 +22,6 @@ class ChromiumUserData : public testing::Test {
 
   void state(const std::string& json) const { folder_.write("Local State", json); }
 
-  // The names of the folders.
-  [[nodiscard]] std::vector<std::string> profiles() const {
-    std::vector<std::string> names;
-    for (const auto& profile : openChromiumProfiles(folder_.path()))
-      names.push_back(profile.lexically_relative(folder_.path()));
-    return names;
-  }
-
   void log(const std::string& folder, const std::string& url) const {
     folder_.write(folder + "/Sessions/Session_1", SessionLogWriter().window(1).tab(1, 11, 0, url).marker().bytes());
   }
@@ -36,81 +29,23 @@ class ChromiumUserData : public testing::Test {
   TestSupport::TemporaryFolder folder_;
 };
 
-using Names = std::vector<std::string>;
-
-TEST_F(ChromiumUserData, TellsWhichProfilesAreOpen) {
-  state(R"({"a": [1, {"profile": 2}], "profile": {"info_cache": {"Profile 2": {"last_used": "x"}},
-            "last_active_profiles": ["Profile 1", "Default", "Profile 1"], "last_used": "Profile 2"}, "z": {}})");
-  EXPECT_EQ(profiles(), (Names{"Profile 1", "Default"}));
-}
-
-TEST_F(ChromiumUserData, StandsInWithTheProfileThatWasUsedLast) {
-  state(R"({"profile": {"last_used": "Profile 2"}})");
-  EXPECT_EQ(profiles(), Names{"Profile 2"});
-  state(R"({"profile": {"last_used": "Profile 2", "last_active_profiles": []}})");
-  EXPECT_EQ(profiles(), Names{"Profile 2"});
-}
-
-TEST_F(ChromiumUserData, StandsInWithTheFirstProfileWhereItTellsNothing) {
-  EXPECT_EQ(profiles(), Names{"Default"}) << "no file";
-  for (const char* json : {"", "{}", "[]", "null", "7", "{\"profile\"", R"({"profile": []})", R"({"profile": {}})",
-                           R"({"last_used": "Profile 2"})", R"({"a": {"profile": {"last_used": "Profile 2"}}})",
-                           R"({"profile": {"last_used": 7, "last_active_profiles": "Profile 1"}})",
-                           R"({"profile": {"last_used": {"a": 1}, "last_active_profiles": [7, null, [], {}]}})",
-                           "{\"profile\": {\"last_used\": \"\xFF\"}}"}) {
-    state(json);
-    EXPECT_EQ(profiles(), Names{"Default"}) << json;
-  }
-}
-
-TEST_F(ChromiumUserData, HasNoProfilesElsewhere) {
-  state(R"({"profile": {"last_active_profiles": ["..", ".", "", "/", "Default/..", "../x", "Profile 1\u0000", "gone",
-            "Profile 1"]}})");
-  EXPECT_EQ(profiles(), Names{"Profile 1"});
-}
-
-TEST_F(ChromiumUserData, IsSoundWhereverItsStateIsCut) {
-  const std::string json = R"({"profile": {"last_active_profiles": ["Profile 1"], "last_used": "Profile 2"}})";
-  for (std::size_t size = 0; size < json.size(); ++size) {
-    state(json.substr(0, size));
-    EXPECT_EQ(profiles(), Names{"Default"}) << size;
-  }
-}
-
-TEST_F(ChromiumUserData, TakesAStateThatIsNestedDeeplyOrLongOrTooLarge) {
-  state(std::string(300'000, '['));
-  EXPECT_EQ(profiles(), Names{"Default"});
-  state(R"({"profile": {"last_used": )" + std::string(300'000, '['));
-  EXPECT_EQ(profiles(), Names{"Default"});
-  std::string many = R"({"profile": {"last_active_profiles": ["Profile 1")";
-  for (int number = 0; number < 30'000; ++number)
-    many += ",\"P" + std::to_string(number) + '"';
-  state(many + "]}}");
-  EXPECT_EQ(profiles(), Names{"Profile 1"});
-  state(std::string(5'000'000, ' ') + R"({"profile": {"last_used": "Profile 2"}})");
-  EXPECT_EQ(profiles(), Names{"Default"});
-}
-
-TEST_F(ChromiumUserData, MayItselfBeTheOnlyProfile) {
-  const TestSupport::TemporaryFolder folder;
-  EXPECT_EQ(openChromiumProfiles(folder.path()), std::vector{folder.path()});
-  EXPECT_TRUE(openChromiumProfiles(folder.path() / "missing").empty());
-}
-
 TEST_F(ChromiumUserData, HasOpenWhatAllItsOpenProfilesHave) {
   state(R"({"profile": {"last_active_profiles": ["Profile 1", "Default"]}})");
   log("Default", "default");
   log("Profile 1", "first");
   log("Profile 2", "second");
   const BrowserSession expected = {{{{"", "first"}}, 0}, {{{"", "default"}}, 0}};
-  EXPECT_EQ(chromiumUserDataSession(folder_.path()), expected);
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), SessionReading{expected});
 }
 
 TEST_F(ChromiumUserData, LeavesOutAProfileThatCannotBeRead) {
   state(R"({"profile": {"last_active_profiles": ["Profile 1", "Default"]}})");
   folder_.write("Profile 1/Sessions_Encrypted/Session_1", "");
   log("Default", "default");
-  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (BrowserSession{{{{"", "default"}}, 0}}));
+  const SessionReading expected = {
+      .session = {{{{"", "default"}}, 0}},
+      .problems = {"The browser keeps the session in " + (folder_.path() / "Profile 1").string() + " encrypted."}};
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), expected);
 }
 
 TEST_F(ChromiumUserData, CannotBeReadWhereNoProfileCan) {
@@ -121,8 +56,50 @@ TEST_F(ChromiumUserData, CannotBeReadWhereNoProfileCan) {
             "The browser keeps the session in " + (folder_.path() / "Default").string() + " encrypted.");
 }
 
+TEST_F(ChromiumUserData, HasOpenWhatTheBrowserItselfTells) {
+  log("Default", "logged");
+  const auto devTools = FakeDevTools::withTabs({FakeDevTools::tab("Live", "live", 1, 0)});
+  devTools.noteIn(folder_);
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"Live", "live"}}, 0}}}));
+}
+
+TEST_F(ChromiumUserData, HasNoWindowsOfWebApplicationsOpen) {
+  log("Default", "logged");
+  folder_.write("Default/Sessions/Apps_1", SessionLogWriter().window(2, 2).tab(2, 21, 0, "app").marker().bytes());
+  const auto devTools =
+      FakeDevTools::withTabs({FakeDevTools::tab("A", "a", 1, 0), FakeDevTools::tab("App", "app", 2, 0)});
+  devTools.noteIn(folder_);
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"A", "a"}}, 0}}}));
+}
+
+TEST_F(ChromiumUserData, IsReadThroughTheBrowserWhereItsSessionIsEncrypted) {
+  folder_.write("Default/Sessions_Encrypted/Session_1", "");
+  const auto devTools = FakeDevTools::withTabs(
+      {FakeDevTools::tab("Live", "live", 1, 0), FakeDevTools::tab("Private", "private", 2, 0, true, "private")});
+  devTools.noteIn(folder_);
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"Live", "live"}}, 0}}}));
+}
+
+TEST_F(ChromiumUserData, SaysWhichProfileTheBrowserMayHaveLeftOut) {
+  state(R"({"profile": {"last_active_profiles": ["Profile 1", "Default"]}})");
+  folder_.write("Profile 1/Sessions_Encrypted/Session_1", "");
+  log("Default", "logged");
+  const auto devTools = FakeDevTools::withTabs({FakeDevTools::tab("Live", "live", 1, 0)});
+  devTools.noteIn(folder_);
+  const auto reading = chromiumUserDataSession(folder_.path());
+  ASSERT_TRUE(reading);
+  EXPECT_EQ(reading->session.size(), 1U);
+  EXPECT_EQ(reading->problems.size(), 1U);
+}
+
+TEST_F(ChromiumUserData, IsReadFromTheLogWhereNobodyAnswersOnThePort) {
+  log("Default", "logged");
+  folder_.write("DevToolsActivePort", std::to_string(deadPort()) + "\n" + FakeDevTools::path);
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"", "logged"}}, 0}}}));
+}
+
 TEST_F(ChromiumUserData, HasNothingOpenWhereItIsMissing) {
-  EXPECT_EQ(chromiumUserDataSession(folder_.path() / "missing"), BrowserSession());
+  EXPECT_EQ(chromiumUserDataSession(folder_.path() / "missing"), SessionReading());
 }
 
 }  // namespace

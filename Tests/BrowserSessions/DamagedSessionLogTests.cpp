@@ -38,7 +38,7 @@ testing::AssertionResult isSound(std::string_view bytes) {
   const auto log = SessionLog::open(bytes);
   if (!log)
     return log.error().empty() ? testing::AssertionFailure() << "no reason" : testing::AssertionSuccess();
-  for (const BrowserWindow& window : chromiumSession(*log)) {
+  for (const BrowserWindow& window : browserSession(chromiumSession(*log))) {
     if (window.activeTab >= window.tabs.size())
       return testing::AssertionFailure() << "tab " << window.activeTab << " of " << window.tabs.size();
     for (const auto& [title, url] : window.tabs)
@@ -55,7 +55,7 @@ TEST(DamagedSessionLog, IsReadUpToWhereverItIsCut) {
   for (std::size_t size = 0; size <= whole.size(); ++size) {
     const std::string_view cut = std::string_view(whole).substr(0, size);
     EXPECT_TRUE(isSound(cut)) << size;
-    const auto session = chromiumSession(*SessionLog::open(cut));
+    const auto session = browserSession(chromiumSession(*SessionLog::open(cut)));
     if (!session.empty())
       tabs = std::max(tabs, session.front().tabs.size());
   }
@@ -102,7 +102,7 @@ TEST(DamagedSessionLog, TakesMoreTabsThanAnybodyHasInShortTime) {
   constexpr std::int32_t count = 120'000;
   for (std::int32_t tab = 0; tab < count; ++tab)
     log.inWindow(tab, 1).page(tab, 0, "a");
-  const auto session = chromiumSession(*SessionLog::open(log.bytes()));
+  const auto session = browserSession(chromiumSession(*SessionLog::open(log.bytes())));
   ASSERT_EQ(session.size(), 1U);
   EXPECT_GT(session.front().tabs.size(), 50'000U);
   EXPECT_LT(session.front().tabs.size(), 120'000U);

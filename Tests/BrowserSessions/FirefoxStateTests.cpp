@@ -190,6 +190,9 @@ TEST(FirefoxState, ReplacesWhatIsNoCharacter) {
                     "b"),
             "a" + replacement + "b");
   EXPECT_EQ(titleOf(std::string("a\0b", 3)), "a" + replacement + "b");
+  EXPECT_EQ(titleOf(R"(a\u0000b)"), "a" + replacement + "b");
+  EXPECT_EQ(readTab(R"({"entries":[{"url":"a:\u0000b"}]})").url, "a:" + replacement + "b");
+  EXPECT_EQ(readTab(R"({"userTypedValue":"a:\u0000b","userTypedClear":1})").url, "a:" + replacement + "b");
 }
 
 TEST(FirefoxState, IsReadWithAVersionThatIsKnownOrNone) {

@@ -38,6 +38,9 @@ class LockedProfile {
   LockedProfile& operator=(const LockedProfile&) = delete;
   ~LockedProfile() { end(); }
 
+  /// The process that has locked it.
+  [[nodiscard]] pid_t holder() const { return holder_; }
+
  private:
   [[noreturn]] static void hold(const char* file, int done) {
     struct flock lock = {};

@@ -7,35 +7,36 @@
 
 namespace {
 
-using BrowserSessions::isLockedProfile;
+using BrowserSessions::ProfileLock;
+using BrowserSessions::profileLock;
 using BrowserSessions::Testing::LockedProfile;
 
-TEST(ProfileLock, IsHeldWhileTheProcessRuns) {
+TEST(ProfileLocks, IsHeldWhileTheProcessRuns) {
   const TestSupport::TemporaryFolder folder;
   {
     const LockedProfile running(folder.path());
-    EXPECT_TRUE(isLockedProfile(folder.path()));
-    EXPECT_TRUE(isLockedProfile(folder.path())) << "asking does not take it away";
+    EXPECT_EQ(profileLock(folder.path()), ProfileLock{running.holder()});
+    EXPECT_EQ(profileLock(folder.path()), ProfileLock{running.holder()}) << "asking does not take it away";
   }
   EXPECT_TRUE(std::filesystem::exists(folder.path() / ".parentlock"));
-  EXPECT_FALSE(isLockedProfile(folder.path())) << "the process was killed, and the file is still there";
+  EXPECT_EQ(profileLock(folder.path()), std::nullopt) << "the process was killed, and the file is still there";
 }
 
-TEST(ProfileLock, IsNotHeldWithoutAFile) {
+TEST(ProfileLocks, IsNotHeldWithoutAFile) {
   const TestSupport::TemporaryFolder folder;
-  EXPECT_FALSE(isLockedProfile(folder.path()));
-  EXPECT_FALSE(isLockedProfile(folder.path() / "missing"));
+  EXPECT_EQ(profileLock(folder.path()), std::nullopt);
+  EXPECT_EQ(profileLock(folder.path() / "missing"), std::nullopt);
 }
 
-TEST(ProfileLock, IsNotHeldByWhatIsNoFile) {
+TEST(ProfileLocks, IsNotHeldByWhatIsNoFile) {
   const TestSupport::TemporaryFolder folder;
   std::filesystem::create_directories(folder.path() / "a/.parentlock");
-  EXPECT_FALSE(isLockedProfile(folder.path() / "a"));
+  EXPECT_EQ(profileLock(folder.path() / "a"), std::nullopt);
   std::filesystem::create_directories(folder.path() / "b");
   ASSERT_EQ(mkfifo((folder.path() / "b/.parentlock").c_str(), 0600), 0);
-  EXPECT_FALSE(isLockedProfile(folder.path() / "b"));
+  EXPECT_EQ(profileLock(folder.path() / "b"), std::nullopt);
   folder.write("c", "a file");
-  EXPECT_FALSE(isLockedProfile(folder.path() / "c"));
+  EXPECT_EQ(profileLock(folder.path() / "c"), std::nullopt);
 }
 
 }  // namespace

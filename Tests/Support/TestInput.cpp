@@ -3,9 +3,11 @@
 #include <cstdlib>
 #include <memory>
 #include <optional>
+#include <ranges>
 #include <span>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include <xcb/xtest.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
@@ -50,15 +52,18 @@ Key keyOrThrow(xcb_connection_t* connection, std::uint32_t keysym) {
 
 }  // namespace
 
-void TestInput::press(std::uint32_t keysym) const {
+void TestInput::press(std::initializer_list<std::uint32_t> held, std::uint32_t keysym) const {
   const Key key = keyOrThrow(desktop_.connection(), keysym);
-  const Key shift = keyOrThrow(desktop_.connection(), XKB_KEY_Shift_L);
+  std::vector<xcb_keycode_t> down;
+  for (const std::uint32_t other : held)
+    down.push_back(keyOrThrow(desktop_.connection(), other).code);
   if (key.needsShift)
-    fake(XCB_KEY_PRESS, shift.code);
-  fake(XCB_KEY_PRESS, key.code);
-  fake(XCB_KEY_RELEASE, key.code);
-  if (key.needsShift)
-    fake(XCB_KEY_RELEASE, shift.code);
+    down.push_back(keyOrThrow(desktop_.connection(), XKB_KEY_Shift_L).code);
+  down.push_back(key.code);
+  for (const xcb_keycode_t code : down)
+    fake(XCB_KEY_PRESS, code);
+  for (const xcb_keycode_t code : down | std::views::reverse)
+    fake(XCB_KEY_RELEASE, code);
   desktop_.synchronize();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 
 #include "Tests/Support/TestDesktop.h"
 
@@ -13,7 +14,10 @@ class TestInput {
 
   /// Presses and releases the key that makes `keysym`, one of the XKB_KEY_ constants of xkbcommon-keysyms.h, with the
   /// shift key where it takes that. Goes to the window that has the focus. Throws where no key makes it.
-  void press(std::uint32_t keysym) const;
+  void press(std::uint32_t keysym) const { press({}, keysym); }
+
+  /// The same while other keys, such as XKB_KEY_Control_L, are held down.
+  void press(std::initializer_list<std::uint32_t> held, std::uint32_t keysym) const;
 
   /// Clicks with the first button of the mouse at a point of the root window.
   void click(int x, int y) const;

@@ -29,7 +29,8 @@ configuration=$(sed -n 's/^CMAKE_BUILD_TYPE:STRING=//p' "$build/CMakeCache.txt" 
 install_to "$scratch/sdk" --component sdk
 headers() { (cd "$1" && find DeskloomSDK Platform BrimlaceTextView -name '*.h' -not -path '*/Linux/*' | LC_ALL=C sort); }
 expect "$(cd "$scratch/sdk/include/deskloom" && find . -type f -printf '%P\n' | LC_ALL=C sort)" "$(headers "$1")"
-expect "$(files_in "$scratch/sdk" | grep --invert-match '^include/deskloom/')" "bin/deskloom-host
+expect "$(files_in "$scratch/sdk" | grep --invert-match '^include/deskloom/')" "bin/applescript
+bin/deskloom-host
 $package/DeskloomPlugin.cmake
 $package/DeskloomSDKConfig.cmake
 $package/DeskloomSDKConfigVersion.cmake
@@ -45,6 +46,7 @@ $package/plugin/plugin.service.in
 lib/deskloom/sdk/deskloom-windows.so
 lib/deskloom/sdk/libAppleScript.a
 lib/deskloom/sdk/libBrimlaceTextView.a
+lib/deskloom/sdk/libBrowserSessions.a
 lib/deskloom/sdk/libDeskloomSDK.a
 lib/deskloom/sdk/libDesktopSupport.a
 lib/deskloom/sdk/libPlatform.a

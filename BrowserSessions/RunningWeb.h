@@ -2,11 +2,22 @@
 
 #include <filesystem>
 #include <optional>
-#include <string_view>
+
+#include <sys/types.h>
 
 #include "DesktopSupport/ProcessInfo.h"
 
 namespace BrowserSessions {
+
+/// A GNOME Web that runs.
+struct RunningWeb {
+  /// The folder of its profile.
+  std::filesystem::path profile;
+  /// None for one in a Flatpak, for which another process is on the bus.
+  std::optional<pid_t> process;
+
+  bool operator==(const RunningWeb&) const = default;
+};
 
 /// The name that a running GNOME Web has on the session bus; a private one and a web application have none or another.
 inline constexpr const char* webBusName = "org.gnome.Epiphany";
@@ -26,7 +37,7 @@ struct WebHome {
 std::optional<std::filesystem::path> webProfile(const DesktopSupport::ProcessInfo& process,
                                                 const WebHome& home = WebHome::ofUser());
 
-/// The profile folder of the GNOME Web that runs, as the session bus tells. None where none runs.
-std::optional<std::filesystem::path> runningWebProfile();
+/// The GNOME Web that runs, as the session bus tells. None where none runs.
+std::optional<RunningWeb> runningWeb(const WebHome& home = WebHome::ofUser());
 
 }  // namespace BrowserSessions

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/WebProfile.h"
+#include "BrowserSessions/RunningWeb.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
 
@@ -47,9 +47,9 @@ TEST_F(WebProfile, IsLookedForInTheUsualFolderWhereTheVariableIsOfNoUse) {
   }
 }
 
-TEST_F(WebProfile, IsAbsentWithoutASessionBus) {
+TEST(WebThatRuns, IsNoneWithoutASessionBus) {
   const EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", "unix:path=/no/such/socket");
-  EXPECT_EQ(BrowserSessions::runningWebProfile(), std::nullopt);
+  EXPECT_EQ(BrowserSessions::runningWeb(), std::nullopt);
 }
 
 }  // namespace

@@ -1,9 +1,8 @@
-#include "BrowserSessions/WebProfile.h"
+#include "BrowserSessions/RunningWeb.h"
 
 #include <chrono>
 #include <string>
-
-#include <sys/types.h>
+#include <utility>
 
 #include "DesktopSupport/GLibHandles.h"
 #include "DesktopSupport/SearchPath.h"
@@ -61,9 +60,12 @@ std::optional<path> webProfile(const DesktopSupport::ProcessInfo& process, const
   return std::nullopt;
 }
 
-std::optional<path> runningWebProfile() {
-  const std::optional<pid_t> process = owner(webBusName);
-  return process ? webProfile(DesktopSupport::ProcessInfo(process)) : std::nullopt;
+std::optional<RunningWeb> runningWeb(const WebHome& home) {
+  const DesktopSupport::ProcessInfo process(owner(webBusName));
+  auto profile = process.pid() ? webProfile(process, home) : std::nullopt;
+  if (!profile)
+    return std::nullopt;
+  return RunningWeb{.profile = *std::move(profile), .process = process.flatpakId() ? std::nullopt : process.pid()};
 }
 
 }  // namespace BrowserSessions

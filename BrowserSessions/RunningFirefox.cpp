@@ -1,4 +1,4 @@
-#include "BrowserSessions/FirefoxProfiles.h"
+#include "BrowserSessions/RunningFirefox.h"
 
 #include <algorithm>
 #include <memory>
@@ -63,11 +63,13 @@ std::vector<path> foldersIn(const path& folder) {
 }
 
 // One that is reached on several ways, through links, is there once.
-void addIfRunning(std::vector<path>& profiles, const path& profile) {
+void addIfRunning(std::vector<RunningFirefox>& running, const path& profile) {
   std::error_code error;
   const path folder = std::filesystem::canonical(profile, error);
-  if (!error && std::ranges::find(profiles, folder) == profiles.end() && isLockedProfile(folder))
-    profiles.push_back(folder);
+  if (error || std::ranges::find(running, folder, &RunningFirefox::profile) != running.end())
+    return;
+  if (const auto lock = profileLock(folder))
+    running.push_back({.profile = folder, .process = lock->holder});
 }
 
 bool isProfileOption(const std::string& argument) {
@@ -82,16 +84,16 @@ FirefoxHome FirefoxHome::ofUser() {
   return {.home = home, .configuration = configuration.is_absolute() ? configuration : home / ".config"};
 }
 
-std::vector<path> runningFirefoxProfiles(const FirefoxHome& home) {
-  std::vector<path> profiles;
+std::vector<RunningFirefox> runningFirefoxes(const FirefoxHome& home) {
+  std::vector<RunningFirefox> running;
   for (const Location& location : locations) {
     const path folder = home.*location.base / location.folder;
     for (const path& profile : namedProfiles(folder))
-      addIfRunning(profiles, profile);
+      addIfRunning(running, profile);
     for (const path& profile : foldersIn(folder))
-      addIfRunning(profiles, profile);
+      addIfRunning(running, profile);
   }
-  return profiles;
+  return running;
 }
 
 std::optional<path> firefoxProfileGivenTo(const DesktopSupport::ProcessInfo& process) {
@@ -100,7 +102,8 @@ std::optional<path> firefoxProfileGivenTo(const DesktopSupport::ProcessInfo& pro
   if (process.flatpakId() || option == arguments.end() || option + 1 == arguments.end())
     return std::nullopt;
   const path profile = *(option + 1);
-  return profile.is_absolute() && isLockedProfile(profile) ? std::optional(profile) : std::nullopt;
+  const auto lock = profile.is_absolute() ? profileLock(profile) : std::nullopt;
+  return lock && lock->holder == process.pid() ? std::optional(profile) : std::nullopt;
 }
 
 }  // namespace BrowserSessions

@@ -1,0 +1,60 @@
+#include <cstddef>
+#include <expected>
+#include <filesystem>
+#include <iostream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "AppleScriptTool/Options.h"
+#include "AppleScriptTool/ScriptRun.h"
+#include "DesktopSupport/FileContents.h"
+
+namespace {
+
+using AppleScriptTool::Options;
+
+int fail(const std::string& message, int status) {
+  std::cerr << "applescript: " << message;
+  return status;
+}
+
+std::expected<std::string, std::string> contents(const std::filesystem::path& file) {
+  constexpr std::size_t longestScript = 64UL << 20U;
+  auto script = DesktopSupport::fileContents(file, longestScript);
+  if (!script)
+    return std::unexpected(file.string() + " cannot be read\n");
+  return std::move(*script);
+}
+
+std::expected<std::string, std::string> source(const Options& options) {
+  if (options.script)
+    return *options.script;
+  if (options.file)
+    return contents(*options.file);
+  return std::string(std::istreambuf_iterator(std::cin), {});
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::vector<std::string_view> arguments(argv + 1, argv + argc);
+  const auto options = Options::parse(arguments);
+  if (!options)
+    return fail(options.error() + " (see --help)\n", 2);
+  if (options->wantsHelp || options->wantsVersion) {
+    std::cout << (options->wantsHelp ? Options::help : "applescript " DESKLOOM_VERSION "\n");
+    return 0;
+  }
+
+  const auto script = source(*options);
+  if (!script)
+    return fail(script.error(), 1);
+  const auto result = AppleScriptTool::runScript(*script);
+  if (!result)
+    return fail(result.error(), 1);
+  std::cout << *result << std::flush;
+  return std::cout ? 0 : fail("the result cannot be printed\n", 1);
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "BrowserSessions/BrowserSession.h"
+
+namespace BrowserSessions {
+
+/// A window of a browser of the Chromium family.
+struct ChromiumWindow {
+  /// No two windows have the same, whichever profile they are of, and a window has it for as long as it is open.
+  std::int32_t number = 0;
+  BrowserWindow contents;
+
+  bool operator==(const ChromiumWindow&) const = default;
+};
+
+/// What the session logs of a browser of the Chromium family tell.
+struct LoggedSession {
+  /// The browser's normal windows, the one in front first, the others in the order in which they were opened.
+  std::vector<ChromiumWindow> windows;
+  /// The numbers of its other windows: pop-ups, developer tools, web applications.
+  std::vector<std::int32_t> otherWindows = {};
+
+  bool operator==(const LoggedSession&) const = default;
+};
+
+/// The normal windows without their numbers.
+BrowserSession browserSession(LoggedSession logged);
+
+}  // namespace BrowserSessions

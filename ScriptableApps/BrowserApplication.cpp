@@ -1,0 +1,84 @@
+#include "ScriptableApps/BrowserApplication.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <ranges>
+#include <unordered_map>
+#include <utility>
+
+#include "DesktopSupport/SystemLog.h"
+#include "DesktopSupport/WindowReader.h"
+#include "ScriptableApps/ApplicationError.h"
+
+namespace ScriptableApps {
+
+namespace {
+
+using BrowserSessions::SessionReading;
+
+// The processes that show windows, the topmost first; none where there is no X server that tells.
+std::vector<pid_t> windowProcesses() {
+  const auto list = DesktopSupport::readWindows();
+  if (!list)
+    return {};
+  std::unordered_map<DesktopSupport::WindowId, pid_t> owners;
+  for (const DesktopSupport::Window& window : list->windows)
+    if (window.pid)
+      owners.emplace(window.id, *window.pid);
+  std::vector<pid_t> processes;
+  for (const DesktopSupport::WindowId window : list->stack | std::views::reverse)
+    if (const auto owner = owners.find(window);
+        owner != owners.end() && std::ranges::find(processes, owner->second) == processes.end())
+      processes.push_back(owner->second);
+  return processes;
+}
+
+// By the place of the process among those that show windows, 0 for the one in front; browsers without a window come
+// last, in the order that they have.
+using BrowsersByPlace = std::multimap<std::ptrdiff_t, RunningBrowser>;
+
+BrowsersByPlace sortedByPlace(std::vector<RunningBrowser> browsers, const std::vector<pid_t>& processes) {
+  BrowsersByPlace sorted;
+  for (RunningBrowser& browser : browsers) {
+    const auto place = browser.process ? std::ranges::find(processes, *browser.process) : processes.end();
+    sorted.emplace(place - processes.begin(), std::move(browser));
+  }
+  return sorted;
+}
+
+// What the browsers have open, taken together. Fails where nothing could be read of any of them.
+std::expected<SessionReading, std::string> joinedReading(const BrowsersByPlace& browsers) {
+  SessionReading all;
+  bool isAnyRead = false;
+  for (const auto& [place, browser] : browsers) {
+    auto reading = browser.read();
+    isAnyRead = isAnyRead || reading;
+    if (!reading)
+      reading = SessionReading{.session = {}, .problems = {std::move(reading.error())}};
+    std::ranges::move(reading->session, std::back_inserter(all.session));
+    std::ranges::move(reading->problems, std::back_inserter(all.problems));
+  }
+  if (!isAnyRead)
+    return std::unexpected(std::move(all.problems.front()));
+  return all;
+}
+
+}  // namespace
+
+AppleScript::Result<AppleScript::ObjectPointer> BrowserApplication::open() {
+  const auto processes = windowProcesses();
+  auto browsers = runningBrowsers(processes);
+  if (browsers.empty())
+    return std::unexpected(notRunning(name()));
+  const auto reading = joinedReading(sortedByPlace(std::move(browsers), processes));
+  if (!reading)
+    return std::unexpected(applicationError(name(), AppleScript::ErrorNumber::genericError, reading.error()));
+  for (const std::string& problem : reading->problems)
+    DesktopSupport::writeToSystemLog(problem);
+  return std::make_shared<const BrowserRoot>(classes(), reading->session);
+}
+
+}  // namespace ScriptableApps

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "AppleScript/Dictionary.h"
+#include "AppleScript/Object.h"
+#include "AppleScript/Value.h"
+#include "BrowserSessions/BrowserSession.h"
+
+namespace ScriptableApps {
+
+/// The classes of a browser's objects. Browsers call some things by names of their own; what is behind them is the
+/// same.
+struct BrowserClasses {
+  const AppleScript::ClassDescription* application;
+  const AppleScript::ClassDescription* window;
+  const AppleScript::ClassDescription* tab;
+};
+
+/// A tab of a browser.
+class BrowserTabObject : public AppleScript::Object {
+ public:
+  BrowserTabObject(const BrowserClasses& classes, const BrowserSessions::BrowserTab& tab);
+
+  [[nodiscard]] const AppleScript::ClassDescription& classDescription() const override { return *class_; }
+  /// One line of UTF-8; empty where the browser knows none.
+  [[nodiscard]] const std::string& title() const { return title_; }
+  /// In the form of RFC 3986; see `tabAddress`.
+  [[nodiscard]] const std::string& url() const { return url_; }
+
+ private:
+  const AppleScript::ClassDescription* class_;
+  std::string title_;
+  std::string url_;
+};
+
+/// A window of a browser, with its tabs.
+class BrowserWindowObject : public AppleScript::Object {
+ public:
+  BrowserWindowObject(const BrowserClasses& classes, const BrowserSessions::BrowserWindow& window);
+
+  [[nodiscard]] const AppleScript::ClassDescription& classDescription() const override { return *class_; }
+  [[nodiscard]] const std::vector<std::shared_ptr<const BrowserTabObject>>& tabs() const { return tabs_; }
+  /// The index of the tab that is shown, below the number of tabs unless there is none.
+  [[nodiscard]] std::size_t activeTab() const { return activeTab_; }
+
+ private:
+  const AppleScript::ClassDescription* class_;
+  std::vector<std::shared_ptr<const BrowserTabObject>> tabs_;
+  std::size_t activeTab_;
+};
+
+/// A browser itself, with its windows.
+class BrowserRoot : public AppleScript::Object {
+ public:
+  /// The classes must outlive the tree.
+  BrowserRoot(const BrowserClasses& classes, const BrowserSessions::BrowserSession& session);
+
+  [[nodiscard]] const AppleScript::ClassDescription& classDescription() const override { return *class_; }
+  [[nodiscard]] const std::vector<BrowserWindowObject>& windows() const { return windows_; }
+
+ private:
+  const AppleScript::ClassDescription* class_;
+  std::vector<BrowserWindowObject> windows_;
+};
+
+/// What the tables of a browser's classes are made of; the objects must be of the classes above. The active tab and its
+/// number, from 1, are `missing value` in a window without tabs, and so is its title, which is that of the active tab.
+/// @{
+AppleScript::Result<AppleScript::Value> tabTitle(const AppleScript::Object& tab);
+AppleScript::Result<AppleScript::Value> tabURL(const AppleScript::Object& tab);
+AppleScript::Result<AppleScript::Value> windowTitle(const AppleScript::Object& window);
+AppleScript::Result<AppleScript::Value> windowActiveTab(const AppleScript::Object& window);
+AppleScript::Result<AppleScript::Value> windowActiveTabIndex(const AppleScript::Object& window);
+std::size_t countTabs(const AppleScript::Object& window);
+const AppleScript::Object& tabAt(const AppleScript::Object& window, std::size_t index);
+std::size_t countWindows(const AppleScript::Object& browser);
+const AppleScript::Object& windowAt(const AppleScript::Object& browser, std::size_t index);
+/// @}
+
+}  // namespace ScriptableApps

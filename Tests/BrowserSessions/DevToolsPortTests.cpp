@@ -1,0 +1,112 @@
+#include <chrono>
+#include <functional>
+#include <map>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "BrowserSessions/DevToolsPort.h"
+#include "Tests/BrowserSessions/FakeDevTools.h"
+
+namespace BrowserSessions {
+
+static void PrintTo(const DevToolsPort& devTools, std::ostream* stream) {
+  *stream << "port " << devTools.port << ", path " << devTools.path;
+}
+
+namespace {
+
+using namespace std::chrono_literals;
+
+WebSocket::Deadline farAway() {
+  return std::chrono::steady_clock::now() + 60s;
+}
+
+std::optional<DevToolsPort> noted(const std::string& note) {
+  const TestSupport::TemporaryFolder userData;
+  userData.write("DevToolsActivePort", note);
+  return devToolsPort(userData.path());
+}
+
+// Whether a server that answers so to the question for the browser's version is taken for the browser.
+bool isBrowser(const std::string& answer) {
+  const FakeServer server([&](const FakeServer::Connection& client) {
+    const std::string request = client.readTo("\r\n\r\n");
+    if (request.starts_with("GET /json/version ")) {
+      client.write(answer);
+      client.awaitEnd();
+    } else {
+      client.write("HTTP/1.1 101 WebSocket\r\nSec-WebSocket-Accept: " + FakeWebSocket::acceptance(request) +
+                   "\r\n\r\n");
+    }
+  });
+  return connectDevTools({server.port(), FakeDevTools::path}, farAway()).has_value();
+}
+
+std::string success(const std::string& body) {
+  return "HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(body.size()) + "\r\n\r\n" + body;
+}
+
+std::string about(const std::string& path) {
+  return R"({"webSocketDebuggerUrl": "ws://127.0.0.1:1)" + path + "\"}";
+}
+
+TEST(DevToolsPort, IsWhatTheBrowserHasNoted) {
+  const DevToolsPort expected = {38537, "/devtools/browser/49b1f915-e9e6-46ac-8223-b25ca43ca790"};
+  EXPECT_EQ(noted("38537\n/devtools/browser/49b1f915-e9e6-46ac-8223-b25ca43ca790"), expected);
+  EXPECT_EQ(noted("38537\n/devtools/browser/49b1f915-e9e6-46ac-8223-b25ca43ca790\n"), expected);
+}
+
+TEST(DevToolsPort, IsNotWhatElseMayBeNoted) {
+  EXPECT_EQ(devToolsPort("/nowhere"), std::nullopt);
+  for (const std::string note : {"", "\n", "1", "1\n", "0\n/devtools/browser/1", "65536\n/devtools/browser/1",
+                                 "-1\n/devtools/browser/1", "1x\n/devtools/browser/1", " 1\n/devtools/browser/1",
+                                 "1\n/json/new", "1\n/devtools/browser/1 HTTP/1.1", "1\n/devtools/browser/\r\nX: 1"})
+    EXPECT_EQ(noted(note), std::nullopt) << note;
+  EXPECT_EQ(noted("1\n/devtools/browser/" + std::string(5000, '1')), std::nullopt);
+}
+
+TEST(DevToolsPort, IsConnectedToWhereTheBrowserAnswers) {
+  EXPECT_TRUE(isBrowser(success(about(FakeDevTools::path))));
+  EXPECT_TRUE(isBrowser("HTTP/1.1 200 OK\r\nServer: x\r\ncontent-length:\t2000\r\n\r\n" + about(FakeDevTools::path) +
+                        std::string(2000, ' ')));
+}
+
+TEST(DevToolsPort, IsNotConnectedToWhereSomebodyElseAnswers) {
+  const std::map<std::string, std::string> answers = {
+      {"another browser", success(about("/devtools/browser/another"))},
+      {"a browser that would ask the user first", "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n"},
+      {"a failure", "HTTP/1.1 500 Oops\r\nContent-Length: 40\r\n\r\n" + about(FakeDevTools::path)},
+      {"a web page", success("<html>")},
+      {"other JSON", success("[1, {\"webSocketDebuggerUrl\": 7}]")},
+      {"a path that is a number", success("{\"webSocketDebuggerUrl\": 7}")},
+      {"too large an answer", "HTTP/1.1 200 OK\r\nContent-Length: 100000\r\n\r\n"},
+      {"no size", "HTTP/1.1 200 OK\r\n\r\n" + about(FakeDevTools::path)},
+      {"an empty size", "HTTP/1.1 200 OK\r\nContent-Length: \r\n\r\n"},
+      {"a size that is none", "HTTP/1.1 200 OK\r\nContent-Length: -1\r\n\r\n"},
+      {"an endless head", std::string(1 << 20, 'x')},
+      {"a mail server", "220 mail.example ESMTP\r\n\r\n"}};
+  for (const auto& [what, answer] : answers)
+    EXPECT_FALSE(isBrowser(answer)) << what;
+  EXPECT_FALSE(connectDevTools({deadPort(), FakeDevTools::path}, farAway())) << "nobody";
+}
+
+TEST(DevToolsPort, IsWaitedForUntilTheDeadline) {
+  const FakeServer silent([](const FakeServer::Connection& client) { client.awaitEnd(); });
+  EXPECT_FALSE(connectDevTools({silent.port(), FakeDevTools::path}, std::chrono::steady_clock::now() + 20ms));
+}
+
+TEST(DevToolsPort, IsAskedWithoutOpeningAWebSocketForPermission) {
+  int webSockets = 0;
+  {
+    const FakeServer asking([&](const FakeServer::Connection& client) {
+      webSockets += client.readTo("\r\n\r\n").starts_with("GET /devtools/") ? 1 : 0;
+      client.write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
+    });
+    EXPECT_FALSE(connectDevTools({asking.port(), FakeDevTools::path}, farAway()));
+  }
+  EXPECT_EQ(webSockets, 0);
+}
+
+}  // namespace
+}  // namespace BrowserSessions

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <thread>
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace BrowserSessions {
+
+/// A server on a port of this machine, on a thread of its own: it accepts one connection after the other and handles
+/// each as the test says.
+class FakeServer {
+ public:
+  /// The server's end of a connection. Reads come short where the client has gone.
+  class Connection {
+   public:
+    explicit Connection(int socket) : socket_(socket) {}
+
+    [[nodiscard]] std::string read(std::size_t count) const {
+      std::string bytes(count, '\0');
+      const ssize_t got = count == 0 ? 0 : recv(socket_, bytes.data(), count, MSG_WAITALL);
+      bytes.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+      return bytes;
+    }
+
+    [[nodiscard]] std::string readTo(std::string_view end) const {
+      std::string bytes;
+      while (!bytes.ends_with(end)) {
+        const std::string byte = read(1);
+        if (byte.empty())
+          break;
+        bytes += byte;
+      }
+      return bytes;
+    }
+
+    /// False where the client has gone.
+    bool write(std::string_view bytes) const {  // NOLINT(modernize-use-nodiscard): of interest to few
+      while (!bytes.empty()) {
+        const ssize_t count = send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
+        if (count <= 0)
+          return false;
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+      }
+      return true;
+    }
+
+    /// Says nothing until the client goes.
+    void awaitEnd() const {
+      while (!read(1).empty()) {
+      }
+    }
+
+   private:
+    int socket_;
+  };
+
+  using Handler = std::function<void(const Connection&)>;
+
+  explicit FakeServer(Handler handler) : handler_(std::move(handler)), listener_(socket(AF_INET, SOCK_STREAM, 0)) {
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof(address);
+    auto* generic = reinterpret_cast<sockaddr*>(&address);
+    if (bind(listener_, generic, size) != 0 || listen(listener_, 16) != 0 ||
+        getsockname(listener_, generic, &size) != 0)
+      throw std::runtime_error("no port for a server");
+    port_ = ntohs(address.sin_port);
+    thread_ = std::jthread([this] { serve(); });
+  }
+  FakeServer(const FakeServer&) = delete;
+  FakeServer& operator=(const FakeServer&) = delete;
+  ~FakeServer() {
+    shutdown(listener_, SHUT_RDWR);
+    if (const int current = current_; current >= 0)
+      shutdown(current, SHUT_RDWR);
+    thread_.join();
+    close(listener_);
+  }
+
+  [[nodiscard]] std::uint16_t port() const { return port_; }
+
+ private:
+  void serve() {
+    for (int client = accept(listener_, nullptr, nullptr); client >= 0; client = accept(listener_, nullptr, nullptr)) {
+      current_ = client;
+      const int atOnce = 1;
+      setsockopt(client, IPPROTO_TCP, TCP_NODELAY, &atOnce, sizeof(atOnce));
+      handler_(Connection(client));
+      current_ = -1;
+      close(client);
+    }
+  }
+
+  Handler handler_;
+  int listener_;
+  std::uint16_t port_ = 0;
+  std::atomic<int> current_ = -1;
+  std::jthread thread_;
+};
+
+/// A port of this machine on which nobody listens.
+inline std::uint16_t deadPort() {
+  return FakeServer([](const FakeServer::Connection&) {}).port();
+}
+
+}  // namespace BrowserSessions

@@ -1,0 +1,234 @@
+// "Google Chrome" with a real browser of the Chromium family, compared with what that says itself.
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "BrowserSessions/ChromiumUserData.h"
+#include "ScriptableApps/TabAddress.h"
+#include "Tests/BrowserSessions/BrowserSessionPrinting.h"
+#include "Tests/ScriptableApps/Scripts.h"
+#include "Tests/Support/EnvironmentVariable.h"
+#include "Tests/Support/FolderChanges.h"
+#include "Tests/Support/PageServer.h"
+#include "Tests/Support/TemporaryFolder.h"
+#include "Tests/Support/TestChromium.h"
+#include "Tests/Support/TestDesktop.h"
+
+namespace {
+
+using BrowserSessions::BrowserSession;
+using BrowserSessions::BrowserTab;
+using BrowserSessions::BrowserWindow;
+using nlohmann::json;
+using TestSupport::FolderChanges;
+using TestSupport::TestChromium;
+using TestSupport::textOfScript;
+
+// Yields the title and the address of each tab as a line each.
+constexpr std::string_view listTabs = R"(
+    tell application "Google Chrome"
+        set result to ""
+        
+        repeat with x from 1 to (number of windows)
+            repeat with y from 1 to (get number of tabs of window x)
+                set result to ((result & (get title of tab y of window x) & linefeed as string) & (get URL of tab y of window x) & linefeed as string)
+            end repeat
+        end repeat
+    end tell)";
+
+std::string linesOf(const BrowserSession& session) {
+  std::string lines;
+  for (const BrowserWindow& window : session)
+    for (const BrowserTab& tab : window.tabs)
+      lines += tab.title + '\n' + ScriptableApps::tabAddress(tab.url) + '\n';
+  return lines;
+}
+
+BrowserSession withoutTitles(BrowserSession session) {
+  for (BrowserWindow& window : session)
+    for (BrowserTab& tab : window.tabs)
+      tab.title.clear();
+  return session;
+}
+
+// What the browser says itself that it has open: its normal windows, the one that was used last first, the others in
+// the order in which they were opened.
+BrowserSession openIn(TestChromium& browser) {
+  BrowserSession session;
+  for (const json& window : browser.run("session()")) {
+    BrowserWindow made;
+    for (const json& tab : window["tabs"])
+      made.tabs.push_back({tab["title"], tab["url"]});
+    made.activeTab = window["active"];
+    session.push_back(std::move(made));
+  }
+  return session;
+}
+
+// What is read of it.
+BrowserSession read() {
+  const auto reading = BrowserSessions::chromiumUserDataSession(TestChromium::userData());
+  return reading ? reading->session : BrowserSession{{{{reading.error(), ""}}}};
+}
+
+class GoogleChromeTest : public testing::Test {
+ protected:
+  // Has the scripts in the extension know where the pages are.
+  void introducePages(TestChromium& browser) const { browser.run("pages = '" + pages_.url() + "'"); }
+
+  void openWindow(TestChromium& browser, const std::vector<std::string>& names) const {
+    browser.run("openWindow(..." + json(names).dump() + ")");
+    for (const std::string& name : names)
+      browser.awaitPage(pages_.url(name));
+  }
+
+  // Opens three windows with twelve tabs.
+  void openThreeWindows(TestChromium& browser) const {
+    introducePages(browser);
+    browser.run("chrome.tabs.query({}).then(tabs => { first = tabs[0].windowId; })");
+    openWindow(browser, {"a", "b", "c", "d", "e"});
+    openWindow(browser, {"f", "g", "h", "i"});
+    openWindow(browser, {"j", "k", "l"});
+    browser.run("chrome.windows.remove(first)");
+    browser.awaitUntil([&] { return browser.run("session().then(windows => windows.length)") == 3; });
+  }
+
+  // Has a tab go from one page to another as by a link, or by "goBack" or "goForward".
+  void follow(TestChromium& browser, const std::string& from, const std::string& to) const {
+    browser.runInPage(pages_.url(from), "location = '" + to + "'");
+    browser.awaitPage(pages_.url(to));
+  }
+  void go(TestChromium& browser, const std::string& from, const std::string& way, const std::string& to) const {
+    browser.run("tab('" + from + "').then(chrome.tabs." + way + ")");
+    browser.awaitPage(pages_.url(to));
+  }
+
+  // Does to these tabs what users do.
+  void changeMuch(TestChromium& browser) const {
+    follow(browser, "a", "a2");
+    follow(browser, "a2", "a3");
+    go(browser, "a3", "goBack", "a2");
+    follow(browser, "b", "b2");
+    go(browser, "b2", "goBack", "b");
+    go(browser, "b", "goForward", "b2");
+    browser.run("tab('c').then(id => chrome.tabs.remove(id))");
+    browser.run("tab('d').then(id => chrome.tabs.move(id, {index: 0}))");
+    browser.run("tab('i').then(id => chrome.tabs.update(id, {pinned: true}))");
+    browser.run("Promise.all([tab('f'), tab('h')]).then(tabIds => chrome.tabs.group({tabIds}))");
+    browser.run(
+        "Promise.all([tab('k'), windowOf('a2')]).then(([id, windowId]) => "
+        "chrome.tabs.move(id, {windowId, index: 1}))");
+    browser.run("tab('e').then(tabId => chrome.windows.create({tabId}))");
+    browser.run("tab('g').then(id => chrome.tabs.update(id, {active: true}))");
+    browser.run("windowOf('j').then(id => chrome.windows.update(id, {focused: true}))");
+  }
+
+  // The windows in no order but that of their first tabs' addresses.
+  static BrowserSession sorted(BrowserSession session) {
+    std::ranges::sort(session, {}, [](const BrowserWindow& window) { return window.tabs.front().url; });
+    return session;
+  }
+
+  // Waits until a condition on what is read holds.
+  static testing::AssertionResult isReadSoon(const std::function<bool()>& condition) {
+    const bool isRead = FolderChanges(TestChromium::userData()).waitUntil(condition);
+    return isRead ? testing::AssertionSuccess() : testing::AssertionFailure() << testing::PrintToString(read());
+  }
+
+  // Waits until what is read is what the browser has open, but for the titles, and compares.
+  static void expectReadSoon(TestChromium& browser) {
+    static_cast<void>(isReadSoon([&] { return withoutTitles(read()) == withoutTitles(openIn(browser)); }));
+    EXPECT_EQ(withoutTitles(read()), withoutTitles(openIn(browser)));
+  }
+
+  // Opens windows that are not to be listed.
+  void openOtherWindows(TestChromium& browser) const {
+    TestChromium::ask({"--incognito", pages_.url("private")});
+    browser.awaitPage(pages_.url("private"));
+    TestChromium::ask({"--app=" + pages_.url("application")});
+    browser.awaitPage(pages_.url("application"));
+    browser.runInPage(pages_.url("a"), "window.open('/popup', '', 'popup,width=200,height=200')");
+    browser.awaitPage(pages_.url("popup"));
+    browser.openDevTools(pages_.url("a"));
+    // Once this is in the log, so is all that was before.
+    browser.run("tab('l').then(id => chrome.tabs.remove(id))");
+  }
+
+  TestSupport::PageServer pages_;
+  TestSupport::TemporaryFolder folder_;
+  TestSupport::EnvironmentVariable configuration_{"XDG_CONFIG_HOME", folder_.path()};
+};
+
+const TestChromium::Options withPort = {"--remote-debugging-port=0"};
+
+TEST_F(GoogleChromeTest, ListsWhatIsOpenSecondsAfterAChange) {
+  TestChromium browser;
+  openThreeWindows(browser);
+  expectReadSoon(browser);
+  changeMuch(browser);
+  expectReadSoon(browser);
+  EXPECT_TRUE(isReadSoon([&] { return read() == openIn(browser); })) << "with titles";
+  EXPECT_EQ(textOfScript(listTabs), linesOf(openIn(browser)));
+}
+
+TEST_F(GoogleChromeTest, ListsWhatIsOpenAtOnceWhereTheBrowserCanBeAsked) {
+  TestChromium browser(withPort);
+  openThreeWindows(browser);
+  changeMuch(browser);
+  EXPECT_TRUE(isReadSoon([&] { return sorted(read()) == sorted(openIn(browser)); }));
+  browser.runInPage(pages_.url("a2"), "document.title = 'By a script'");
+  EXPECT_TRUE(TestSupport::TestDesktop().waitForTitle("By a script - Chromium"));
+  EXPECT_EQ(sorted(read()), sorted(openIn(browser)));
+  browser.run("tab('h').then(id => chrome.tabs.move(id, {index: 0}))");
+  EXPECT_EQ(sorted(read()), sorted(openIn(browser)));
+  // Which window is in front is what the log tells.
+  EXPECT_TRUE(isReadSoon([&] { return read() == openIn(browser); }));
+  EXPECT_EQ(textOfScript(listTabs), linesOf(openIn(browser)));
+}
+
+TEST_F(GoogleChromeTest, ListsNoOtherWindows) {
+  TestChromium browser;
+  openThreeWindows(browser);
+  openOtherWindows(browser);
+  EXPECT_TRUE(isReadSoon([&] { return sorted(withoutTitles(read())) == sorted(withoutTitles(openIn(browser))); }));
+}
+
+TEST_F(GoogleChromeTest, ListsNoOtherWindowsWhereTheBrowserCanBeAsked) {
+  TestChromium browser(withPort);
+  openThreeWindows(browser);
+  openOtherWindows(browser);
+  EXPECT_TRUE(isReadSoon([&] { return sorted(read()) == sorted(openIn(browser)); }));
+}
+
+TEST_F(GoogleChromeTest, ListsTheWindowsOfAllProfiles) {
+  TestChromium browser;
+  introducePages(browser);
+  openWindow(browser, {"first"});
+  const BrowserWindow second = {{{"", pages_.url("second")}}, 0};
+  TestChromium::ask({"--profile-directory=Profile 1", second.tabs.front().url});
+  browser.awaitPage(second.tabs.front().url);
+  EXPECT_TRUE(isReadSoon([&] {
+    BrowserSession open = withoutTitles(openIn(browser));
+    open.push_back(second);
+    return sorted(withoutTitles(read())) == sorted(open);
+  }));
+}
+
+TEST_F(GoogleChromeTest, ListsWhatHasBeenRestoredAfterACrash) {
+  {
+    TestChromium browser;
+    openThreeWindows(browser);
+    expectReadSoon(browser);
+  }
+  EXPECT_EQ(textOfScript(listTabs), "-600: Google Chrome got an error: Application isn’t running.");
+  TestChromium browser({"--restore-last-session"});
+  for (const char* name : {"a", "e", "f", "i", "j", "l"})
+    browser.awaitUntil([&] { return browser.hasPage(pages_.url(name)); });
+  expectReadSoon(browser);
+}
+
+}  // namespace

@@ -1,0 +1,68 @@
+// Safari with a real Firefox that starts and ends.
+
+#include <memory>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "BrowserSessions/RunningFirefox.h"
+#include "Tests/ScriptableApps/FirefoxTest.h"
+#include "Tests/Support/TemporaryFolder.h"
+
+namespace {
+
+using TestSupport::FirefoxTest;
+using TestSupport::listWindows;
+using TestSupport::TestFirefox;
+using TestSupport::textOfScript;
+
+constexpr const char* notRunning = "-600: Safari got an error: Application isn’t running.";
+
+/// Shows the windows and tabs of the last time again, and loads pages once they are looked at.
+const TestFirefox::Preferences restoring = {{"browser.sessionstore.interval", 100},
+                                            {"browser.sessionstore.restore_on_demand", true},
+                                            {"browser.startup.page", 3}};
+
+class FirefoxRuns : public FirefoxTest {
+ protected:
+  FirefoxRuns() : FirefoxTest(std::make_shared<TestFirefox>(TestFirefox::start(restoring))) {}
+
+  [[nodiscard]] int countOfUnloadedTabs() {
+    return inside("return tabs().filter(t => t.hasAttribute('pending')).length;");
+  }
+};
+
+TEST_F(FirefoxRuns, ListTabsAgainThatAreNotLoadedYet) {
+  inside("await open('a'); await openWindow(['b', 'c', 'd']);");
+  const std::string windows = window("b", {"b", "c", "d"}) + window("first", {"first", "a"});
+  expectWindows(windows);
+
+  EXPECT_THAT(BrowserSessions::runningFirefoxes(),
+              testing::ElementsAre(BrowserSessions::RunningFirefox{firefox_->profile(), firefox_->pid()}));
+  firefox_->quit();
+  EXPECT_EQ(textOfScript(listWindows), notRunning);
+  firefox_->startAgain();
+  expectWindows(windows);
+  EXPECT_EQ(countOfUnloadedTabs(), 3);
+
+  firefox_->crash();
+  EXPECT_EQ(textOfScript(listWindows), notRunning);
+  firefox_->startAgain();
+  expectWindows(windows);
+  EXPECT_EQ(countOfUnloadedTabs(), 3);
+}
+
+TEST_F(FirefoxRuns, AreListedTogetherTheOneInFrontFirst) {
+  ASSERT_TRUE(changes_.waitUntil([&] { return textOfScript(listWindows) == window("first", {"first"}); }));
+  const TestSupport::TemporaryFolder elsewhere;
+  TestFirefox other = TestFirefox::startIn(elsewhere.path() / "a profile", restoring);
+  const TestSupport::FolderChanges changes(other.sessionFolder());
+  inside(other, "await visit(gBrowser.selectedTab, 'other');");
+  const std::string otherFirst = window("other", {"other"}) + window("first", {"first"});
+  EXPECT_TRUE(changes.waitUntil([&] { return textOfScript(listWindows) == otherFirst; }));
+  raise("first");
+  EXPECT_EQ(textOfScript(listWindows), window("first", {"first"}) + window("other", {"other"}));
+}
+
+}  // namespace

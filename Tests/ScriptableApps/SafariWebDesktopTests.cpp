@@ -1,0 +1,100 @@
+// Safari with a real GNOME Web.
+
+#include <fstream>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+#include "Tests/ScriptableApps/WebTest.h"
+
+namespace {
+
+using TestSupport::listTabs;
+using TestSupport::listWindows;
+using TestSupport::textOfScript;
+using TestSupport::WebTest;
+
+constexpr const char* notRunning = "-600: Safari got an error: Application isn’t running.";
+
+TEST_F(WebTest, HasItsTabsListedForEachWindow) {
+  start({url("a"), url("b"), url("c")});
+  expectPages({{"c", "a", "b", "c"}});
+  start({"--new-window", url("d")});
+  expectPages({{"d", "d"}, {"c", "a", "b", "c"}});
+  start({url("e")});
+  expectPages({{"e", "d", "e"}, {"c", "a", "b", "c"}});
+  std::string lines;
+  for (const char* name : {"d", "e", "a", "b", "c"})
+    lines += std::string("Page ") + name + '\n' + url(name) + '\n';
+  EXPECT_EQ(textOfScript(listTabs), lines);
+}
+
+TEST_F(WebTest, HasItsTabsWhereTheUserTakesThem) {
+  start({url("a"), url("b"), url("c")});
+  expectPages({{"c", "a", "b", "c"}});
+  clickAtPage("Page c");
+  input_.press({XKB_KEY_Control_L, XKB_KEY_Shift_L}, XKB_KEY_Page_Up);
+  input_.press({XKB_KEY_Control_L}, XKB_KEY_Page_Up);
+  expectPages({{"a", "a", "c", "b"}});
+  input_.press({XKB_KEY_Control_L}, XKB_KEY_w);
+  expectPages({{"c", "c", "b"}});
+}
+
+TEST_F(WebTest, HasItsTabsAtThePageToWhichTheUserWent) {
+  start({url("a")});
+  expectPages({{"a", "a"}});
+  clickAtPage("Page a");
+  input_.press(XKB_KEY_Return);
+  expectPages({{"a1", "a1"}});
+  input_.press({XKB_KEY_Alt_L}, XKB_KEY_Left);
+  expectPages({{"a", "a"}});
+}
+
+TEST_F(WebTest, TakesNoticeOfTitlesThatScriptsChangeWheneverItSavesSomethingElse) {
+  start({url("a")});
+  expectPages({{"a", "a"}});
+  clickAtPage("Page a");
+  input_.press(XKB_KEY_x);
+  ASSERT_TRUE(desktop_.waitForTitle("Page ax"));
+  start({url("b")});
+  expectWindows("a window that shows Page b\nPage ax\n" + url("a") + "\nPage b\n" + url("b") + '\n',
+                {{"Page b", "Page ax", "Page b"}});
+}
+
+TEST_F(WebTest, HasTabsListedThatAreNotLoadedYet) {
+  std::ofstream(profile_ / "session_state.xml")
+      << "<?xml version='1.0'?>\n<session><window width='900' height='600' active-tab='2'>"
+      << "<embed url='" << url("pinned") << "' title='Page pinned' pinned='true'/>"
+      << "<embed url='" << url("unloaded") << "' title='Page unloaded'/>"
+      << "<embed url='" << url("b") << "' title='Page not renamed yet'/></window></session>";
+  start({});
+  expectPages({{"b", "pinned", "unloaded", "b"}});
+}
+
+TEST_F(WebTest, IsNotListedInPrivate) {
+  start({"--incognito-mode", url("secret")});
+  ASSERT_TRUE(desktop_.waitForTitle("Page secret"));
+  EXPECT_EQ(textOfScript(listWindows), notRunning);
+  start({url("a")});
+  ASSERT_TRUE(desktop_.waitForTitle("Page a"));
+  EXPECT_TRUE(changes_.waitUntil([&] { return textOfScript(listTabs) == "Page a\n" + url("a") + '\n'; }));
+}
+
+TEST_F(WebTest, IsKnownWithItsProfileAndProcessWhileItRuns) {
+  EXPECT_EQ(BrowserSessions::runningWeb(), std::nullopt);
+  const TestSupport::ChildProcess& web = start({url("a")});
+  TestSupport::awaitOwner(BrowserSessions::webBusName);
+  EXPECT_EQ(BrowserSessions::runningWeb(), (BrowserSessions::RunningWeb{profile_, web.pid()}));
+}
+
+TEST_F(WebTest, HasNothingListedOnceItHasQuit) {
+  TestSupport::ChildProcess& web = start({url("a")});
+  expectPages({{"a", "a"}});
+  clickAtPage("Page a");
+  input_.press({XKB_KEY_Control_L}, XKB_KEY_q);
+  EXPECT_EQ(web.wait(), 0);
+  EXPECT_EQ(textOfScript(listWindows), notRunning);
+}
+
+}  // namespace

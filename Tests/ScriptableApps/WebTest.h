@@ -1,0 +1,108 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "BrowserSessions/RunningWeb.h"
+#include "Tests/ScriptableApps/SafariScripts.h"
+#include "Tests/ScriptableApps/Scripts.h"
+#include "Tests/Support/BusNames.h"
+#include "Tests/Support/ChildProcess.h"
+#include "Tests/Support/FolderChanges.h"
+#include "Tests/Support/PageServer.h"
+#include "Tests/Support/ScreenReader.h"
+#include "Tests/Support/TestDesktop.h"
+#include "Tests/Support/TestInput.h"
+
+namespace TestSupport {
+
+/// A GNOME Web that starts with nothing to remember. It is used as a user does: from the command line, with the
+/// keyboard and the mouse.
+class WebTest : public testing::Test {
+ protected:
+  /// The titles of a window: of the page that is shown, and of all tabs.
+  using Titles = std::vector<std::string>;
+
+  void TearDown() override {
+    processes_.clear();
+    awaitNoOwner(BrowserSessions::webBusName);
+    std::filesystem::remove_all(profile_);
+  }
+
+  /// Starts it; with one that runs already, this one only passes its options on. The pages' sandbox, which cannot be
+  /// had everywhere, is left out, and screen readers are talked to.
+  ChildProcess& start(std::vector<std::string> options) {
+    options.insert(options.begin(), {"sh", "-c", "exec \"$@\" >/dev/null 2>&1", "sh", "epiphany-browser"});
+    return processes_.emplace_back(
+        options, ChildProcess::Options{.environment = {{"WEBKIT_DISABLE_SANDBOX_THIS_IS_DANGEROUS", "1"},
+                                                       {"NO_AT_BRIDGE", ""},
+                                                       {"GTK_A11Y", ""}}});
+  }
+
+  /// Waits until a script yields this, and compares its titles with those that a screen reader reads out.
+  void expectWindows(const std::string& windows, const std::vector<Titles>& titles) {
+    std::string listed;
+    static_cast<void>(changes_.waitUntil([&] { return (listed = textOfScript(listWindows)) == windows; }));
+    EXPECT_EQ(listed, windows);
+    EXPECT_THAT(titlesOnScreen(), testing::UnorderedElementsAreArray(titles));
+  }
+
+  /// The same for windows with the pages that have these names, each behind the name of the one that is shown.
+  void expectPages(const std::vector<std::vector<std::string>>& windows) {
+    std::string text;
+    std::vector<Titles> titles;
+    for (const std::vector<std::string>& names : windows) {
+      Titles& all = titles.emplace_back();
+      for (const std::string& name : names) {
+        text += (all.empty() ? "a window that shows Page " + name : "Page " + name + '\n' + url(name)) + '\n';
+        all.push_back("Page " + name);
+      }
+    }
+    expectWindows(text, titles);
+  }
+
+  /// Clicks at the page in the window with this title, once that is there.
+  void clickAtPage(const std::string& title) const {
+    const auto window = desktop_.waitForTitle(title);
+    ASSERT_TRUE(window);
+    desktop_.watch(*window);
+    ASSERT_TRUE(desktop_.waitUntil([&] { return desktop_.isReady(*window); }));
+    const auto place = desktop_.geometry(*window);
+    ASSERT_TRUE(place);
+    input_.click(place->x + place->width / 2, place->y + place->height / 2);
+  }
+
+  [[nodiscard]] std::string url(const std::string& name) const { return server_.url(name); }
+
+  const std::filesystem::path profile_ = std::filesystem::path(std::getenv("XDG_DATA_HOME")) / "epiphany";
+  FolderChanges changes_ = FolderChanges(profile_);
+  TestDesktop desktop_;
+  TestInput input_ = TestInput(desktop_);
+
+ private:
+  /// Each tab has its title in the tab bar, and once more in the list of tabs for narrow windows.
+  [[nodiscard]] std::vector<Titles> titlesOnScreen() const {
+    std::vector<Titles> all;
+    for (const AccessibleObject& window : reader_.windows()) {
+      Titles titles = {window.name()};
+      for (const AccessibleItem& item : window.items())
+        if (item.role == "label" && item.name.starts_with("Page "))
+          titles.push_back(item.name);
+      titles.resize(1 + titles.size() / 2);
+      all.push_back(std::move(titles));
+    }
+    return all;
+  }
+
+  PageServer server_;
+  ScreenReader reader_;
+  std::vector<ChildProcess> processes_;
+};
+
+}  // namespace TestSupport

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <thread>
+
+#include "DesktopSupport/GLibHandles.h"
+
+namespace TestSupport {
+
+/// A web server on this machine. It has each page that it is asked for: the one at /a is titled "Page a".
+/// A script in the page puts each character that is typed there behind the title, and with the Enter key it goes on to
+/// the page at /a1.
+class PageServer {
+ public:
+  /// Throws where there is no port for it.
+  PageServer();
+  PageServer(const PageServer&) = delete;
+  PageServer& operator=(const PageServer&) = delete;
+  ~PageServer();
+
+  /// The address of its page with this name: "http://127.0.0.1:…/name".
+  [[nodiscard]] std::string url(const std::string& name = "") const;
+
+ private:
+  DesktopSupport::MainContextHandle context_;
+  DesktopSupport::MainLoopHandle loop_;
+  DesktopSupport::ObjectHandle<GSocketService> service_;
+  std::string address_;
+  std::jthread thread_;
+};
+
+}  // namespace TestSupport

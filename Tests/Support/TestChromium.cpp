@@ -1,0 +1,183 @@
+#include "Tests/Support/TestChromium.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <fstream>
+#include <stdexcept>
+#include <string_view>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+namespace TestSupport {
+
+namespace {
+
+using std::filesystem::path;
+
+constexpr const char* manifest = R"({
+  "name": "Test", "version": "1", "manifest_version": 3,
+  "permissions": ["tabs", "tabGroups"], "background": {"service_worker": "worker.js"}})";
+
+/// What scripts in the extension can use; `pages` is the address of the server with the pages.
+constexpr const char* worker = R"(
+const tab = async name => (await chrome.tabs.query({url: pages + name}))[0].id;
+const windowOf = async name => (await chrome.tabs.query({url: pages + name}))[0].windowId;
+
+const openWindow = async (...names) => (await chrome.windows.create({url: names.map(name => pages + name)})).id;
+
+// Its normal windows, the one that was used last first, the others in the order in which they were opened.
+async function session() {
+  const windows = await chrome.windows.getAll({populate: true, windowTypes: ['normal']});
+  const last = windows.length && (await chrome.windows.getLastFocused({windowTypes: ['normal']})).id;
+  windows.sort((a, b) => (b.id === last) - (a.id === last) || a.id - b.id);
+  return windows.map(({tabs}) => ({
+    active: tabs.findIndex(tab => tab.active),
+    tabs: tabs.map(({title, url}) => ({title, url}))}));
+})";
+
+// In milliseconds: reached only when something is broken.
+constexpr int patience = 30'000;
+
+void writeOnce(const path& file, std::string_view contents) {
+  std::filesystem::create_directories(file.parent_path());
+  if (!std::filesystem::exists(file))
+    std::ofstream(file) << contents;
+}
+
+}  // namespace
+
+TestChromium::TestChromium(const Options& options) {
+  // It has settings from before, so that it takes up what was open then.
+  writeOnce(userData() / "Default/Preferences", R"({"session": {"restore_on_startup": 1}})");
+  extension_.write("manifest.json", manifest);
+  extension_.write("worker.js", worker);
+  start(options);
+  awaitWorker();
+}
+
+TestChromium::~TestChromium() {
+  process_.reset();
+  close(commands_);
+  close(answers_);
+}
+
+path TestChromium::userData() {
+  return path(std::getenv("XDG_CONFIG_HOME")) / "chromium";
+}
+
+void TestChromium::ask(Options options) {
+  options.insert(options.begin(), {"chromium", "--no-sandbox"});
+  TestSupport::run(options, {.captureErrors = true});
+}
+
+// It takes commands from its descriptor 3 and answers on its descriptor 4.
+void TestChromium::start(const Options& options) {
+  std::array<int, 2> commands{};
+  std::array<int, 2> answers{};
+  if (pipe(commands.data()) != 0 || pipe(answers.data()) != 0)
+    throw std::runtime_error("no pipes for Chromium");
+  commands_ = commands[1];
+  answers_ = answers[0];
+  fcntl(commands_, F_SETFD, FD_CLOEXEC);
+  fcntl(answers_, F_SETFD, FD_CLOEXEC);
+  const std::string pipes = " 3<&" + std::to_string(commands[0]) + " 4>&" + std::to_string(answers[1]);
+  Options arguments = {"bash", "-c", "exec chromium \"$@\"" + pipes, "chromium"};
+  arguments.insert(arguments.end(), {"--no-sandbox", "--password-store=basic", "--no-first-run", "--disable-gpu",
+                                     "--remote-debugging-pipe", "--load-extension=" + extension_.path().string()});
+  arguments.insert(arguments.end(), options.begin(), options.end());
+  process_.emplace(arguments, ChildProcess::Options{.captureErrors = true});
+  close(commands[0]);
+  close(answers[1]);
+}
+
+void TestChromium::awaitWorker() {
+  call("Target.setDiscoverTargets", {{"discover", true}});
+  awaitUntil([&] { return !target("service_worker", "").is_null(); });
+  const json found = target("service_worker", "").at("targetId");
+  workerSession_ = call("Target.attachToTarget", {{"targetId", found}, {"flatten", true}})["sessionId"];
+  call("Runtime.enable", json::object(), workerSession_);
+}
+
+nlohmann::json TestChromium::run(const std::string& script) {
+  json answer = call("Runtime.evaluate", {{"expression", script}, {"awaitPromise", true}, {"returnByValue", true}},
+                     workerSession_);
+  if (answer.contains("exceptionDetails"))
+    throw std::runtime_error(script + ": " + answer["exceptionDetails"].dump());
+  return answer["result"].value("value", json());
+}
+
+nlohmann::json TestChromium::target(const std::string& type, const std::string& url) {
+  const json targets = call("Target.getTargets")["targetInfos"];
+  const auto isWanted = [&](const json& target) {
+    return target["type"] == type && (url.empty() || target["url"] == url);
+  };
+  const auto found = std::ranges::find_if(targets, isWanted);
+  return found != targets.end() ? *found : json();
+}
+
+bool TestChromium::hasPage(const std::string& url) {
+  return !target("page", url).is_null();
+}
+
+void TestChromium::openDevTools(const std::string& url) {
+  call("Target.openDevTools", {{"targetId", target("page", url).at("targetId")}});
+}
+
+void TestChromium::awaitUntil(const std::function<bool()>& condition) {
+  for (;;) {
+    isChanged_ = false;
+    if (condition())
+      return;
+    if (!isChanged_)
+      nextMessage();
+  }
+}
+
+void TestChromium::awaitPage(const std::string& url) {
+  awaitUntil([&] { return hasPage(url); });
+}
+
+void TestChromium::runInPage(const std::string& url, const std::string& script) {
+  const json session =
+      call("Target.attachToTarget", {{"targetId", target("page", url).at("targetId")}, {"flatten", true}})["sessionId"];
+  call("Runtime.evaluate", {{"expression", script}, {"userGesture", true}}, session);
+  call("Target.detachFromTarget", {{"sessionId", session}});
+}
+
+nlohmann::json TestChromium::call(const std::string& method, const json& parameters, const std::string& session) {
+  json message = {{"id", ++calls_}, {"method", method}, {"params", parameters}};
+  if (!session.empty())
+    message["sessionId"] = session;
+  const std::string bytes = message.dump() + '\0';
+  if (::write(commands_, bytes.data(), bytes.size()) != std::ssize(bytes))
+    throw std::runtime_error("Chromium takes no commands");
+  for (;;) {
+    const json answer = nextMessage();
+    if (answer.value("id", 0) == calls_ && answer.contains("error"))
+      throw std::runtime_error(method + ": " + answer["error"].dump());
+    if (answer.value("id", 0) == calls_)
+      return answer["result"];
+  }
+}
+
+nlohmann::json TestChromium::nextMessage() {
+  std::size_t end = 0;
+  while ((end = received_.find('\0')) == std::string::npos) {
+    std::array<char, 65536> buffer{};
+    pollfd answers = {.fd = answers_, .events = POLLIN, .revents = 0};
+    const bool isAnswered = poll(&answers, 1, patience) > 0;
+    const ssize_t count = isAnswered ? read(answers_, buffer.data(), buffer.size()) : 0;
+    if (count <= 0)
+      throw std::runtime_error(isAnswered ? "Chromium has gone" : "Chromium says nothing more");
+    received_.append(buffer.data(), static_cast<std::size_t>(count));
+  }
+  json message = json::parse(received_.substr(0, end));
+  received_.erase(0, end + 1);
+  isChanged_ = isChanged_ || message.contains("method");
+  return message;
+}
+
+}  // namespace TestSupport
