@@ -1,0 +1,2 @@
+    tell application "Deskloom" to get is plugin installed at path "/there"
+--> true

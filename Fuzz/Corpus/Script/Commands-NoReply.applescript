@@ -1,0 +1,2 @@
+    tell application "Deskloom" to get config "none"
+--> nothing

@@ -1,0 +1,2 @@
+    tell application "Deskloom" to ring "dinner"
+--> "for dinner"

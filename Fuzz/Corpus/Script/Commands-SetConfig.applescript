@@ -1,0 +1,2 @@
+    tell application "Deskloom" to set config "T" action "A"
+--> nothing

@@ -1,0 +1,1 @@
+{"aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀"} as integer

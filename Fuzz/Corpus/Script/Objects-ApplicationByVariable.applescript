@@ -1,0 +1,3 @@
+set n to "test desk"
+name of application n
+--> "Test Desk"

@@ -1,0 +1,2 @@
+paragraphs of "a\nb\r\nc\rd\n"
+--> {"a", "b", "c", "d", ""}

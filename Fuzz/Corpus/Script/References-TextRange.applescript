@@ -1,0 +1,2 @@
+text 2 thru 4 of "añbcd"
+--> "ñbc"

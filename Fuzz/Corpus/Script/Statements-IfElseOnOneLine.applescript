@@ -1,0 +1,2 @@
+if false then 1 else 2
+--> 2

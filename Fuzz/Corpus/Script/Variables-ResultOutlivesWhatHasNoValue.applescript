@@ -1,0 +1,4 @@
+5
+tell application "Deskloom" to install plugin
+result
+--> 5

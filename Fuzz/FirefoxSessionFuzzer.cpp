@@ -1,0 +1,45 @@
+#include <string>
+
+#include "BrowserSessions/FirefoxState.h"
+#include "BrowserSessions/MozillaLZ4.h"
+#include "Fuzz/SoundSession.h"
+#include "Fuzz/Target.h"
+#include "Tests/BrowserSessions/MozillaLZ4File.h"
+
+namespace {
+
+void readState(std::string_view json) {
+  const auto session = BrowserSessions::firefoxState(json);
+  if (session)
+    Fuzz::requireSound(*session, json.size(), {.tab = 2, .window = std::string_view(R"({"tabs":[]})").size()});
+  else
+    Fuzz::require(!session.error().empty(), "A failure has a reason.");
+}
+
+void readFile(std::string_view file) {
+  const auto contents = BrowserSessions::mozillaLZ4Contents(file);
+  if (!contents) {
+    Fuzz::require(!contents.error().empty(), "A failure has a reason.");
+    return;
+  }
+  readState(*contents);
+  const std::string_view cut = file.substr(0, file.size() - 1);
+  Fuzz::require(contents->empty() || !BrowserSessions::mozillaLZ4Contents(cut), "A file that lacks a byte is refused.");
+}
+
+void requireSameContents(std::string_view contents) {
+  const auto unpacked = BrowserSessions::mozillaLZ4Contents(BrowserSessions::Testing::mozillaLZ4File(contents));
+  Fuzz::require(unpacked && *unpacked == contents, "What was compressed comes back.");
+}
+
+}  // namespace
+
+// The input is a file as Firefox leaves it or, where it does not begin like one, the JSON text that would be in it.
+void Fuzz::run(std::string_view input) {
+  if (input.starts_with("mozLz4")) {
+    readFile(input);
+  } else {
+    readState(input);
+    requireSameContents(input);
+  }
+}
