@@ -1,0 +1,43 @@
+// Makes a profile of Firefox whose session store holds the JSON text of a file, and keeps it locked, as a running
+// Firefox does, from the line that it prints until it is ended.
+
+#include <cstdio>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include <unistd.h>
+
+#include "Tests/BrowserSessions/LockedProfile.h"
+#include "Tests/BrowserSessions/MozillaLZ4File.h"
+
+namespace {
+
+void writeSession(const char* json, const std::filesystem::path& profile) {
+  std::ifstream stream(json, std::ios::binary);
+  const std::string text(std::istreambuf_iterator<char>(stream), {});
+  std::filesystem::create_directories(profile / "sessionstore-backups");
+  std::ofstream(profile / "sessionstore-backups/recovery.jsonlz4", std::ios::binary)
+      << BrowserSessions::Testing::mozillaLZ4File(text);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::fprintf(stderr, "Usage: %s JSON PROFILE\n", argv[0]);
+    return 2;
+  }
+  try {
+    writeSession(argv[1], argv[2]);
+    const BrowserSessions::Testing::LockedProfile lock(argv[2]);
+    std::puts("locked");
+    std::fflush(stdout);
+    pause();
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "failed: %s\n", failure.what());
+    return 1;
+  }
+}
