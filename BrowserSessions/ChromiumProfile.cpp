@@ -46,17 +46,26 @@ Session newestSession(const std::vector<SessionFile>& files) {
   return std::unexpected(files.front().path.string() + " is not complete, nor is an older session log.");
 }
 
+std::vector<SessionFile> logsOf(const std::optional<BrowserRun>& run, const path& folder) {
+  auto files = sessionFiles(folder);
+  if (run)
+    std::erase_if(files, [&](const SessionFile& file) { return !run->mayHaveWritten(file); });
+  return files;
+}
+
 }  // namespace
 
-Session chromiumProfileSession(const path& profile) {
+Session chromiumProfileSession(const path& profile, const std::optional<BrowserRun>& run) {
   const path folder = profile / "Sessions";
   Session session;
-  auto files = sessionFiles(folder);
+  // The browser begins the readable log first.
+  const auto encrypted = logsOf(run, profile / "Sessions_Encrypted");
+  auto files = logsOf(run, folder);
   for (int attempt = 0; attempt < attempts; ++attempt) {
-    if (areStale(files, sessionFiles(profile / "Sessions_Encrypted")))
+    if (areStale(files, encrypted))
       return std::unexpected("The browser keeps the session in " + profile.string() + " encrypted.");
     session = newestSession(files);
-    auto later = sessionFiles(folder);
+    auto later = logsOf(run, folder);
     if (session || later == files)
       break;
     files = std::move(later);

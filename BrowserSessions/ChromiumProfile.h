@@ -3,17 +3,21 @@
 #include <cstdint>
 #include <expected>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "BrowserSessions/BrowserRun.h"
 #include "BrowserSessions/LoggedSession.h"
 
 namespace BrowserSessions {
 
 /// What a running browser of the Chromium family has open with the profile in a folder, as it was a few seconds ago;
-/// see `chromiumSession`. Nothing is open where the profile has no session log. Fails where the current log cannot be
-/// read or understood, is not complete, or is kept encrypted: an older log does not stand in for it.
-std::expected<LoggedSession, std::string> chromiumProfileSession(const std::filesystem::path& profile);
+/// see `chromiumSession`. Nothing is open where the profile has no session log, or none of this run where that is
+/// given. Fails where the current log cannot be read or understood, is not complete, or is kept encrypted: an older log
+/// does not stand in for it.
+std::expected<LoggedSession, std::string> chromiumProfileSession(const std::filesystem::path& profile,
+                                                                 const std::optional<BrowserRun>& run = std::nullopt);
 
 /// The numbers of the windows that the profile has of web applications, which have a log of their own. None where that
 /// cannot be read.

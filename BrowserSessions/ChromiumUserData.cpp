@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "BrowserSessions/BrowserRun.h"
 #include "BrowserSessions/ChromiumProfile.h"
 #include "BrowserSessions/DevToolsSession.h"
 #include "BrowserSessions/LiveSession.h"
@@ -33,8 +34,8 @@ struct Logs {
 
 // Titles are added where nobody else has any, and web applications told apart where somebody else takes them for
 // windows.
-void read(Logs& logs, const path& profile, bool isLive) {
-  auto session = chromiumProfileSession(profile);
+void read(Logs& logs, const path& profile, const std::optional<BrowserRun>& run, bool isLive) {
+  auto session = chromiumProfileSession(profile, run);
   if (!session) {
     logs.problems.push_back(std::move(session.error()));
     return;
@@ -57,12 +58,13 @@ SessionReading withLive(const LiveSession& live, Logs logs, std::size_t profiles
 
 }  // namespace
 
-std::expected<SessionReading, std::string> chromiumUserDataSession(const path& userData) {
+std::expected<SessionReading, std::string> chromiumUserDataSession(const path& userData, std::optional<pid_t> process) {
+  const auto run = process ? std::optional(BrowserRun(userData, *process)) : std::nullopt;
   const std::optional<LiveSession> live = devToolsSession(userData);
   const std::vector<path> profiles = openChromiumProfiles(userData);
   Logs logs;
   for (const path& profile : profiles)
-    read(logs, profile, live.has_value());
+    read(logs, profile, run, live.has_value());
   if (live)
     return withLive(*live, std::move(logs), profiles.size());
   if (!logs.problems.empty() && !logs.isAnyRead)

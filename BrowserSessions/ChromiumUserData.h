@@ -2,7 +2,10 @@
 
 #include <expected>
 #include <filesystem>
+#include <optional>
 #include <string>
+
+#include <sys/types.h>
 
 #include "BrowserSessions/BrowserSession.h"
 
@@ -12,7 +15,9 @@ namespace BrowserSessions {
 /// folder: the normal windows that are not private. It is as at this moment where the browser's DevTools can be used
 /// from outside, otherwise as its session logs had it a few seconds ago, with titles from its history where they lack
 /// them. A profile whose session cannot be read is left out and is among the problems; fails, with the first one's
-/// sentence, where that leaves none.
-std::expected<SessionReading, std::string> chromiumUserDataSession(const std::filesystem::path& userData);
+/// sentence, where that leaves none. Where the browser's process is given, what an earlier one has left behind does not
+/// count.
+std::expected<SessionReading, std::string> chromiumUserDataSession(const std::filesystem::path& userData,
+                                                                   std::optional<pid_t> process = std::nullopt);
 
 }  // namespace BrowserSessions

@@ -82,8 +82,8 @@ const BrowserClasses& GoogleChrome::classes() const {
 std::vector<RunningBrowser> GoogleChrome::runningBrowsers(const std::vector<pid_t>& processes) const {
   std::vector<RunningBrowser> browsers;
   for (RunningChromium& running : runningChromiums(processes))
-    browsers.push_back({running.process, [userData = std::move(running.userData)] {
-                          return BrowserSessions::chromiumUserDataSession(userData);
+    browsers.push_back({running.process, [userData = std::move(running.userData), process = running.process] {
+                          return BrowserSessions::chromiumUserDataSession(userData, process);
                         }});
   return browsers;
 }

@@ -218,6 +218,17 @@ TEST_F(GoogleChromeTest, ListsTheWindowsOfAllProfiles) {
   }));
 }
 
+TEST_F(GoogleChromeTest, ListsNothingThatWasOpenBeforeTheBrowserWasStarted) {
+  {
+    TestChromium browser;
+    introducePages(browser);
+    openWindow(browser, {"before"});
+    EXPECT_TRUE(isReadSoon([&] { return textOfScript(listTabs).find(pages_.url("before")) != std::string::npos; }));
+  }
+  const TestChromium browser;
+  EXPECT_EQ(textOfScript(listTabs).find(pages_.url("before")), std::string::npos);
+}
+
 TEST_F(GoogleChromeTest, ListsWhatHasBeenRestoredAfterACrash) {
   {
     TestChromium browser;
