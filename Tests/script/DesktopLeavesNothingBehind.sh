@@ -7,12 +7,14 @@ echo "$HOME" >home
 note() { echo "$!" >>pids; }
 sleep 4711 &
 note
-# One that leaves its session and its parent, one that won't listen, one that hides its environment, one in a window.
+# One that leaves its session and its parent, one that won't listen, one that hides its environment, one that does so and
+# leaves its parent with a file open, one in a window.
 (setsid sleep 4711 & note)
 bash -c 'trap "" TERM HUP; while :; do sleep 4711; done' &
 note
 (env --ignore-environment sleep 4711 & note; exec sleep 4711) &
 note
+(env --ignore-environment sleep 4711 >"$HOME/open" & note)
 xterm -e sleep 4711 &
 note
 while read -r line; do
@@ -32,5 +34,5 @@ END
 while read -r pid; do
   if runs "$pid"; then fail "still running: $(tr '\0' ' ' <"/proc/$pid/cmdline")"; fi
 done <"$scratch/pids"
-(($(sort -u "$scratch/pids" | wc -l) > 9)) || fail "too few processes were noted"
+(($(sort -u "$scratch/pids" | wc -l) > 10)) || fail "too few processes were noted"
 [[ ! -e $(dirname "$(cat "$scratch/home")") ]] || fail "its folder is still there"
