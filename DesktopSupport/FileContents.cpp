@@ -1,6 +1,5 @@
 #include "DesktopSupport/FileContents.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -36,10 +35,10 @@ std::optional<std::string> fileContents(const std::filesystem::path& file, std::
   // Without O_NONBLOCK, opening a pipe waits for its writer.
   const FileDescriptor descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
   const auto size = descriptor.isOpen() ? regularSize(descriptor) : std::nullopt;
-  if (!size)
+  if (!size || *size > maximumSize)
     return std::nullopt;
   std::string contents;
-  contents.reserve(std::min(*size, maximumSize));
+  contents.reserve(*size);
   std::array<char, 16384> piece = {};
   while (const ssize_t received = readSome(descriptor, piece.data(), piece.size())) {
     if (received < 0 || contents.size() + static_cast<std::size_t>(received) > maximumSize)
