@@ -19,6 +19,20 @@ std::string applicationObjectPath(std::string_view busName) {
   return path;
 }
 
+std::size_t urlsInOneOpen(std::span<const std::string> urls) {
+  constexpr std::size_t longestArray = 64UL << 20;
+  constexpr std::size_t lengthAndPadding = 8;
+  std::size_t bytes = 0;
+  std::size_t count = 0;
+  for (const std::string& url : urls) {
+    bytes += url.size() + lengthAndPadding;
+    if (count > 0 && bytes > longestArray)
+      break;
+    ++count;
+  }
+  return count;
+}
+
 GVariant* openArguments(const std::vector<std::string_view>& urls) {
   GVariantBuilder texts;
   g_variant_builder_init(&texts, G_VARIANT_TYPE("as"));

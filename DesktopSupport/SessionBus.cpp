@@ -57,11 +57,13 @@ std::expected<SessionBus, BusError> SessionBus::connect() {
 
 std::expected<VariantHandle, BusError> SessionBus::call(const BusMethod& method, GVariant* arguments,
                                                         const GVariantType* replyType,
-                                                        std::chrono::milliseconds timeout) const {
+                                                        std::chrono::milliseconds timeout,
+                                                        Activation activation) const {
+  const auto flags = activation == Activation::never ? G_DBUS_CALL_FLAGS_NO_AUTO_START : G_DBUS_CALL_FLAGS_NONE;
   ErrorHandle error;
-  VariantHandle reply(g_dbus_connection_call_sync(
-      connection_.get(), method.destination.c_str(), method.path.c_str(), method.interface.c_str(), method.name.c_str(),
-      arguments, replyType, G_DBUS_CALL_FLAGS_NO_AUTO_START, millisecondsFor(timeout), nullptr, Out(error)));
+  VariantHandle reply(g_dbus_connection_call_sync(connection_.get(), method.destination.c_str(), method.path.c_str(),
+                                                  method.interface.c_str(), method.name.c_str(), arguments, replyType,
+                                                  flags, millisecondsFor(timeout), nullptr, Out(error)));
   if (!reply)
     return std::unexpected(busErrorFrom(*error));
   return reply;

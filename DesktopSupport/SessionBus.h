@@ -39,6 +39,9 @@ struct BusMethod {
   std::string name;
 };
 
+/// Whether the bus may start the program that a call is for, if it does not run.
+enum class Activation { never, ifNeeded };
+
 /// The user's session bus. There is one connection per process, made when it is first asked for; every SessionBus
 /// shares it. A bus that goes away fails the calls under way and does not end the process.
 class SessionBus {
@@ -47,12 +50,13 @@ class SessionBus {
   static std::expected<SessionBus, BusError> connect();
 
   /// Calls `method` with the tuple `arguments` (none: nullptr; a floating variant is consumed) and yields the tuple
-  /// that it answers, which is of type `replyType`. Starts no program to answer: a destination that does not run fails
-  /// with `serviceUnknown` or `nameHasNoOwner`. Waits for `timeout` at most, then fails with `timeout`; a destination
-  /// that leaves the bus meanwhile fails with `noReply`. May be called on any thread.
+  /// that it answers, which is of type `replyType`. A destination that does not run and may not or cannot be started
+  /// fails with `serviceUnknown` or `nameHasNoOwner`. Waits for `timeout` at most, then fails with `timeout`; a
+  /// destination that leaves the bus meanwhile fails with `noReply`. May be called on any thread.
   [[nodiscard]] std::expected<VariantHandle, BusError> call(const BusMethod& method, GVariant* arguments,
                                                             const GVariantType* replyType,
-                                                            std::chrono::milliseconds timeout) const;
+                                                            std::chrono::milliseconds timeout,
+                                                            Activation activation = Activation::never) const;
 
   /// The connection itself, to own names and export objects with.
   [[nodiscard]] GDBusConnection* connection() const { return connection_.get(); }

@@ -25,7 +25,8 @@ class Alerts {
  public:
   virtual ~Alerts() = default;
 
-  /// Shows the alert and waits until the user dismisses it (runModal).
+  /// Shows the alert and waits until the user dismisses it (runModal) or the application is asked to terminate. While
+  /// the application terminates, no alert is shown.
   virtual void runModal(const Alert& alert) = 0;
 };
 

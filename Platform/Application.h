@@ -10,8 +10,9 @@ class Application {
  public:
   virtual ~Application() = default;
 
-  /// Asks the application to end (terminate:) and returns. What has already been delivered to the process is handled
-  /// first; then the will-terminate notification is posted, once however often this is called; then the process ends.
+  /// Asks the application to end (terminate:) and returns. From then on nothing that waits begins: queued work is
+  /// dropped, alerts are not shown, and launch URLs go to a fresh process. The will-terminate notification is posted,
+  /// once however often this is called; then the process ends.
   virtual void terminate() = 0;
 };
 

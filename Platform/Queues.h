@@ -6,7 +6,7 @@
 namespace Platform {
 
 /// The queues that work is handed to, on this thread or on others (dispatch queues). Work that has not begun when the
-/// application ends never does. Every operation may be called on any thread.
+/// application is asked to terminate never does. Every operation may be called on any thread.
 class Queues {
  public:
   /// A piece of work; it must not throw.

@@ -1,5 +1,7 @@
 #include "Platform/Fake/FakeApplication.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace Platform::Fake {
@@ -18,12 +20,14 @@ void FakeApplication::deliver(std::string launchURL) {
   if (delivering_)
     return;
   delivering_ = true;
-  while (!launchURLs_.empty()) {
+  while (!launchURLs_.empty() && terminateRequests == 0) {
     const AppleEvent event = AppleEvent::getURL(std::move(launchURLs_.front()));
     launchURLs_.pop_front();
     appleEvents_.dispatch(event);
   }
   delivering_ = false;
+  std::ranges::move(launchURLs_, std::back_inserter(undelivered));
+  launchURLs_.clear();
   if (terminateRequests > 0)
     postWillTerminateOnce();
 }

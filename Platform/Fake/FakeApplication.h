@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <string>
+#include <vector>
 
 #include "Platform/AppleEventManager.h"
 #include "Platform/Application.h"
@@ -19,8 +20,8 @@ class FakeApplication : public Application {
   /// none is being delivered.
   void terminate() override;
 
-  /// Delivers a launch URL as the desktop would: behind those that are still being delivered. Ends the application
-  /// behind the last of them where it asked for that.
+  /// Delivers a launch URL as the desktop would: after those that are still being delivered, and not at all once the
+  /// application was asked to terminate. Ends the application after the one that asked for that.
   void deliver(std::string launchURL);
 
   /// Posts the finished-launching notification, unless the application has been asked to terminate.
@@ -30,6 +31,8 @@ class FakeApplication : public Application {
   int terminateRequests = 0;
   /// How often the will-terminate notification was posted.
   int terminations = 0;
+  /// The launch URLs that came after the application was asked to terminate; a desktop gives them to a fresh process.
+  std::vector<std::string> undelivered;
 
  private:
   void postWillTerminateOnce();

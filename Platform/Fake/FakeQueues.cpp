@@ -16,6 +16,8 @@ FakeQueues::~FakeQueues() {
 }
 
 void FakeQueues::runInBackground(Work work) {
+  if (isMainThread() && isTerminating())
+    return;
   const std::lock_guard lock(mutex_);
   ++running_;
   threads_.emplace_back([this, work = std::move(work)]() mutable {
@@ -70,7 +72,8 @@ void FakeQueues::runMainQueue() {
     const Work work = std::move(main_.front());
     main_.pop_front();
     lock.unlock();
-    work();
+    if (!isTerminating())
+      work();
     lock.lock();
   }
 }

@@ -7,6 +7,7 @@
 #include <thread>
 #include <vector>
 
+#include "Platform/Fake/FakeApplication.h"
 #include "Platform/Fake/FakeClock.h"
 #include "Platform/Queues.h"
 
@@ -20,8 +21,10 @@ class FakeQueues : public Queues {
   /// A length of time, in seconds.
   using Seconds = std::chrono::duration<double>;
 
-  /// Moves this clock on as time passes; it must outlive the queues.
-  explicit FakeQueues(FakeClock& clock) : clock_(clock) {}
+  /// Moves this clock on as time passes, and begins no work once this application, if there is one, was asked to
+  /// terminate; both must outlive the queues.
+  explicit FakeQueues(FakeClock& clock, const FakeApplication* application = nullptr)
+      : clock_(clock), application_(application) {}
   FakeQueues(const FakeQueues&) = delete;
   FakeQueues& operator=(const FakeQueues&) = delete;
   /// Wakes what sleeps and waits for its end; work for the main thread is dropped.
@@ -53,7 +56,10 @@ class FakeQueues : public Queues {
   Sleeper* nextSleeper(Seconds until);
   void wake(Sleeper& sleeper);
 
+  [[nodiscard]] bool isTerminating() const { return application_ != nullptr && application_->terminateRequests > 0; }
+
   FakeClock& clock_;
+  const FakeApplication* application_;
   std::thread::id mainThread_ = std::this_thread::get_id();
   std::mutex mutex_;
   std::condition_variable changed_;

@@ -90,7 +90,7 @@ class FakeServices {
   FakeStrings strings;
   FakeLog log;
   FakeClock clock;
-  FakeQueues queues{clock};
+  FakeQueues queues{clock, &application};
   FakeUpdater updater;
   /// @}
   /// What `services()` yields; a test may take the application or the updater away.

@@ -2,14 +2,17 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "DesktopSupport/SessionBus.h"
 #include "Platform/Linux/BusPresence.h"
+#include "Platform/Linux/DetachedProcess.h"
 #include "Platform/Linux/LaunchArguments.h"
 #include "Platform/Linux/LinuxServices.h"
+#include "Platform/Linux/TerminationSignals.h"
 
 namespace Platform {
 
@@ -60,8 +63,9 @@ std::unique_ptr<BusPresence> busPresence(LinuxServices& desktop) {
 }
 
 /// Whether another process of this application has taken over what this one was started for. An owner of the name that
-/// is just leaving takes nothing more: then the name is free, or soon another's.
-bool handedToRunningProcess(BusPresence& presence, const LaunchArguments& arguments) {
+/// is just leaving takes nothing more: then the name is free, or soon another's. The launch URLs that it has taken are
+/// no longer among the arguments.
+bool handedToRunningProcess(BusPresence& presence, LaunchArguments& arguments) {
   for (int attempt = 0; attempt < attempts; ++attempt) {
     if (presence.acquireName())
       return false;
@@ -71,7 +75,20 @@ bool handedToRunningProcess(BusPresence& presence, const LaunchArguments& argume
   return false;
 }
 
+/// Has a fresh process handle the launch URLs that came when this one was about to end: started by the bus, or, if that
+/// can't, from this process's own executable.
+void handToFreshProcess(std::vector<std::string> launchURLs, const BusPresence* presence, Log& log) {
+  if (launchURLs.empty())
+    return;
+  if (presence != nullptr && presence->forwardStarting(launchURLs))
+    return;
+  launchURLs.insert(launchURLs.begin(), "--");
+  if (const int problem = Linux::startDetached("/proc/self/exe", launchURLs))
+    log.write("launch URLs were lost: no process could be started for them: " + std::string(std::strerror(problem)));
+}
+
 void runApplication(LinuxServices& desktop, BusPresence* presence, const LaunchArguments& arguments) {
+  const Linux::TerminationSignals signals([&] { desktop.application.terminate(); });
   for (const std::string& url : arguments.launchURLs)
     desktop.application.deliver(url);
   if (arguments.activatedByBus && presence != nullptr)
@@ -80,13 +97,15 @@ void runApplication(LinuxServices& desktop, BusPresence* presence, const LaunchA
   if (presence != nullptr)
     presence->releaseName();
   desktop.application.postWillTerminate();
+  // Not before the settings are written: the fresh process may read them.
+  handToFreshProcess(desktop.application.takeUndelivered(), presence, desktop.log);
   desktop.workspace.finishHandOvers();
 }
 
 }  // namespace
 
 int applicationMain(int argumentCount, char** arguments, const MakeApplicationDelegate& makeDelegate) {
-  const LaunchArguments launch = parseOrExit(argumentCount, arguments);
+  LaunchArguments launch = parseOrExit(argumentCount, arguments);
   LinuxServices desktop;
   if (launch.version) {
     std::printf("%s\n", desktop.bundle.information("Version").value_or("unknown").c_str());

@@ -1,6 +1,7 @@
 #include "Platform/Linux/BusPresence.h"
 
 #include <chrono>
+#include <cstddef>
 #include <string_view>
 #include <utility>
 
@@ -11,6 +12,7 @@ namespace Platform::Linux {
 
 namespace {
 
+using DesktopSupport::Activation;
 using DesktopSupport::BusMethod;
 using DesktopSupport::NodeInfoHandle;
 using DesktopSupport::VariantHandle;
@@ -67,13 +69,21 @@ bool BusPresence::acquireName() {
   return ownsName_;
 }
 
-bool BusPresence::forward(const std::vector<std::string>& launchURLs) const {
-  const bool hasURLs = !launchURLs.empty();
-  const BusMethod method = {identifier_, objectPath_, DesktopSupport::applicationInterface,
-                            hasURLs ? "Open" : "Activate"};
-  GVariant* arguments = hasURLs ? DesktopSupport::openArguments({launchURLs.begin(), launchURLs.end()})
-                                : DesktopSupport::activateArguments();
-  const auto answer = bus_.call(method, arguments, nullptr, answerTime);
+bool BusPresence::send(std::vector<std::string>& launchURLs, Activation activation) const {
+  if (launchURLs.empty())
+    return deliver("Activate", DesktopSupport::activateArguments(), activation);
+  while (!launchURLs.empty()) {
+    const auto end = launchURLs.begin() + static_cast<std::ptrdiff_t>(DesktopSupport::urlsInOneOpen(launchURLs));
+    if (!deliver("Open", DesktopSupport::openArguments({launchURLs.begin(), end}), activation))
+      return false;
+    launchURLs.erase(launchURLs.begin(), end);
+  }
+  return true;
+}
+
+bool BusPresence::deliver(const char* method, GVariant* arguments, Activation activation) const {
+  const auto answer = bus_.call({identifier_, objectPath_, DesktopSupport::applicationInterface, method}, arguments,
+                                nullptr, answerTime, activation);
   // An owner that is too busy to answer has the message all the same; sent again, it would be handled twice.
   return answer || answer.error().name == DesktopSupport::BusErrorName::timeout;
 }

@@ -29,14 +29,24 @@ class BusPresence {
   /// Takes the name and begins to be delivered to. False where another process has it, or the bus refuses it.
   bool acquireName();
 
-  /// Delivers the URLs (none: an activation) to the process that has the name. False where there is none any more.
-  [[nodiscard]] bool forward(const std::vector<std::string>& launchURLs) const;
+  /// Delivers the URLs (none: an activation) to the process that has the name. False if there is none any more; then
+  /// `launchURLs` holds those that were not delivered.
+  [[nodiscard]] bool forward(std::vector<std::string>& launchURLs) const {
+    return send(launchURLs, DesktopSupport::Activation::never);
+  }
+
+  /// The same, but the bus starts a process if none has the name. False also if the bus does not know how.
+  [[nodiscard]] bool forwardStarting(std::vector<std::string>& launchURLs) const {
+    return send(launchURLs, DesktopSupport::Activation::ifNeeded);
+  }
 
   /// Gives up the name, so that whatever comes later starts a fresh process, and delivers all that the bus had already
-  /// sent here. Returns when everything is handled and answered.
+  /// sent here. Returns when everything is delivered and answered.
   void releaseName();
 
  private:
+  [[nodiscard]] bool send(std::vector<std::string>& launchURLs, DesktopSupport::Activation activation) const;
+  [[nodiscard]] bool deliver(const char* method, GVariant* arguments, DesktopSupport::Activation activation) const;
   void exportObject();
   void handleCall(const char* method, GVariant* parameters);
   static void methodCalled(GDBusConnection* connection, const gchar* sender, const gchar* path, const gchar* interface,

@@ -7,11 +7,15 @@
 namespace Platform::Linux {
 
 void LinuxAlerts::runModal(const Alert& alert) {
+  if (application_.isTerminating())
+    return tell(alert, "the application is terminating");
   const auto toolkit = module_.toolkit();
   if (!toolkit)
     return tell(alert, toolkit.error());
   if (shown_ != nullptr)  // asked for by what the main context has brought while the user reads the one before
     awaitDismissal(*shown_);
+  if (application_.isTerminating())
+    return tell(alert, "the application is terminating");
 
   Alert complete = alert;
   if (complete.buttons.empty())
@@ -22,11 +26,8 @@ void LinuxAlerts::runModal(const Alert& alert) {
   shown_ = below;
 }
 
-/// An alert that an application shows while it terminates stays for the user to read; one that is there when it is
-/// asked to terminate goes.
 void LinuxAlerts::awaitDismissal(const AlertPanel& panel) const {
-  const bool wasTerminating = application_.isTerminating();
-  while (!panel.isDismissed() && application_.isTerminating() == wasTerminating)
+  while (!panel.isDismissed() && !application_.isTerminating())
     g_main_context_iteration(nullptr, /*may_block=*/TRUE);
 }
 

@@ -9,8 +9,8 @@
 namespace Platform::Linux {
 
 /// Shows alerts on the screen, one at a time, and runs the main context until the user has dismissed them or the
-/// application is asked to terminate. Where nothing can be shown, writes their texts to the log and standard error, and
-/// goes on as if they had been dismissed. For the main thread alone.
+/// application is asked to terminate. If nothing can be shown, or the application is terminating, writes their texts to
+/// the log and standard error, and goes on as if they had been dismissed. For the main thread alone.
 class LinuxAlerts : public Alerts {
  public:
   LinuxAlerts(WindowModule& module, const LinuxApplication& application, Strings& strings, Log& log)

@@ -1,5 +1,6 @@
 #include "Platform/Linux/LinuxApplication.h"
 
+#include <iterator>
 #include <utility>
 
 #include <glib.h>
@@ -21,12 +22,19 @@ void LinuxApplication::deliver(std::string launchURL) {
   if (isDelivering_)  // a handler that runs the main context, for an alert, is not interrupted by the next URL
     return;
   isDelivering_ = true;
-  while (!launchURLs_.empty()) {
+  while (!launchURLs_.empty() && !isTerminating_) {
     const AppleEvent event = AppleEvent::getURL(std::move(launchURLs_.front()));
     launchURLs_.pop_front();
     appleEvents_.dispatch(event);
   }
   isDelivering_ = false;
+}
+
+std::vector<std::string> LinuxApplication::takeUndelivered() {
+  std::vector<std::string> undelivered(std::make_move_iterator(launchURLs_.begin()),
+                                       std::make_move_iterator(launchURLs_.end()));
+  launchURLs_.clear();
+  return undelivered;
 }
 
 void LinuxApplication::awaitActivation() {

@@ -1,23 +1,30 @@
 #pragma once
 
+#include <atomic>
 #include <deque>
 #include <string>
+#include <vector>
 
 #include "Platform/AppleEventManager.h"
 #include "Platform/Application.h"
 
 namespace Platform::Linux {
 
-/// The running process as an application on GLib's main context. For the main thread alone.
+/// The running process as an application on GLib's main context. For the main thread alone, except for `isTerminating`.
 class LinuxApplication : public Application {
  public:
   LinuxApplication(AppleEventManager& appleEvents, NotificationCenter& notifications);
 
   void terminate() override { isTerminating_ = true; }
+  /// Whether the application was asked to terminate. May be called on any thread.
   [[nodiscard]] bool isTerminating() const { return isTerminating_; }
 
-  /// Delivers a launch URL as an Apple event, behind those that are still being delivered: one at a time.
+  /// Delivers a launch URL as an Apple event, after those that are still being delivered: one at a time. If the
+  /// application was asked to terminate, keeps it for a fresh process instead.
   void deliver(std::string launchURL);
+
+  /// Takes the launch URLs that were not delivered because the application was asked to terminate, in their order.
+  [[nodiscard]] std::vector<std::string> takeUndelivered();
 
   /// Ends the wait for the message that a process started by the bus is there for. Where launching has finished, does
   /// nothing.
@@ -40,7 +47,7 @@ class LinuxApplication : public Application {
   std::deque<std::string> launchURLs_;
   bool isDelivering_ = false;
   bool isActivated_ = false;
-  bool isTerminating_ = false;
+  std::atomic<bool> isTerminating_ = false;
   bool hasPostedWillTerminate_ = false;
 };
 

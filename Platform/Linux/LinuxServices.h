@@ -32,7 +32,7 @@ class LinuxServices {
   LinuxWindows windows{windowModule, log};
   LinuxClock clock;
   LinuxUpdater updater{bundle, log};
-  LinuxQueues queues;
+  LinuxQueues queues{application};
 
  private:
   Services services_{&application, appleEvents, notifications, scripts, workspace, alerts,  windows,

@@ -26,8 +26,6 @@ using DesktopSupport::VariantHandle;
 
 /// One argument of a process holds at most this many bytes, its terminator not counted (MAX_ARG_STRLEN).
 constexpr std::size_t longestArgument = 32UL * 4096 - 1;
-/// A D-Bus message holds at most 128 MiB; the last KiB is left to its header.
-constexpr std::size_t longestMessageText = (128UL << 20) - 1024;
 
 std::string_view schemeOf(const URL& url) {
   return url.scheme().value_or("");
@@ -43,18 +41,29 @@ std::optional<std::string> lengthProblem(std::size_t length, std::size_t limit, 
 
 }  // namespace
 
-/// A URL of this scheme on its way, and whom to tell when it has got there.
+/// A URL of this scheme on its way, and whom to tell when it has got there. It is counted for as long as it lives.
 struct LinuxWorkspace::HandOver {
   LinuxWorkspace& workspace;
   std::string scheme;
 
+  HandOver(LinuxWorkspace& owner, std::string_view schemeName) : workspace(owner), scheme(schemeName) {
+    const std::lock_guard lock(workspace.mutex_);
+    ++workspace.handOversUnderWay_;
+  }
+  HandOver(const HandOver&) = delete;
+  HandOver& operator=(const HandOver&) = delete;
+  ~HandOver() {
+    const std::lock_guard lock(workspace.mutex_);
+    --workspace.handOversUnderWay_;
+  }
+
+  /// Called from the main context, whichever thread began the hand-over.
   static void complete(GObject* bus, GAsyncResult* result, gpointer data) {
     const std::unique_ptr<HandOver> handOver(static_cast<HandOver*>(data));
     ErrorHandle error;
     const VariantHandle answer(g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, Out(error)));
     if (!answer)
       handOver->workspace.reportFailure(handOver->scheme, DesktopSupport::busErrorFrom(*error).message);
-    --handOver->workspace.handOversUnderWay_;
   }
 };
 
@@ -71,19 +80,17 @@ void LinuxWorkspace::open(const URL& url) {
 
 void LinuxWorkspace::openByBus(const URL& url, const DesktopEntry& handler) {
   const std::string& text = url.absoluteString();
-  if (const auto problem = lengthProblem(text.size(), longestMessageText, "a D-Bus message"))
+  if (const auto problem = lengthProblem(text.size(), DesktopSupport::longestOpenURL, "a D-Bus message"))
     return reportFailure(schemeOf(url), *problem);
   const auto bus = SessionBus::connect();
   if (!bus)
     return reportFailure(schemeOf(url), bus.error().message);
 
   constexpr int usualTimeout = -1;
-  ++handOversUnderWay_;
-  g_dbus_connection_call(bus->connection(), handler.id.c_str(),
-                         DesktopSupport::applicationObjectPath(handler.id).c_str(),
-                         DesktopSupport::applicationInterface, "Open", DesktopSupport::openArguments({text}), nullptr,
-                         G_DBUS_CALL_FLAGS_NONE, usualTimeout, nullptr, &HandOver::complete,
-                         new HandOver(*this, std::string(schemeOf(url))));
+  g_dbus_connection_call(
+      bus->connection(), handler.id.c_str(), DesktopSupport::applicationObjectPath(handler.id).c_str(),
+      DesktopSupport::applicationInterface, "Open", DesktopSupport::openArguments({text}), nullptr,
+      G_DBUS_CALL_FLAGS_NONE, usualTimeout, nullptr, &HandOver::complete, new HandOver(*this, schemeOf(url)));
 }
 
 void LinuxWorkspace::openByProgram(const URL& url, const DesktopEntry& handler) {
@@ -102,8 +109,13 @@ void LinuxWorkspace::openByProgram(const URL& url, const DesktopEntry& handler) 
 }
 
 void LinuxWorkspace::finishHandOvers() {
-  while (handOversUnderWay_ > 0)
+  while (isHandingOver())
     g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+}
+
+bool LinuxWorkspace::isHandingOver() const {
+  const std::lock_guard lock(mutex_);
+  return handOversUnderWay_ > 0;
 }
 
 void LinuxWorkspace::reportFailure(std::string_view scheme, const std::string& reason) {

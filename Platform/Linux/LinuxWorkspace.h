@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <mutex>
 #include <string>
 #include <string_view>
 
@@ -9,14 +11,14 @@
 
 namespace Platform::Linux {
 
-/// Opens URLs through the desktop's handler for their scheme. For the main thread alone.
+/// Opens URLs through the desktop's handler for their scheme. `open` may be called on any thread.
 class LinuxWorkspace : public Workspace {
  public:
   explicit LinuxWorkspace(Log& log) : log_(log) {}
 
   void open(const URL& url) override;
 
-  /// Runs the main context until every hand-over has completed or failed.
+  /// Runs the main context until every hand-over has completed or failed. For the main thread alone.
   void finishHandOvers();
 
  private:
@@ -26,8 +28,11 @@ class LinuxWorkspace : public Workspace {
   void openByProgram(const URL& url, const DesktopSupport::DesktopEntry& handler);
   void reportFailure(std::string_view scheme, const std::string& reason);
 
+  [[nodiscard]] bool isHandingOver() const;
+
   Log& log_;
-  int handOversUnderWay_ = 0;
+  mutable std::mutex mutex_;
+  std::size_t handOversUnderWay_ = 0;
 };
 
 }  // namespace Platform::Linux

@@ -124,16 +124,23 @@ TEST_F(LinuxAlertsTest, TerminatingEndsOneThatIsThere) {
   EXPECT_THAT(dismissed, ElementsAre("alert"));
 }
 
-TEST_F(LinuxAlertsTest, OneThatIsShownWhileTerminatingIsForTheUserToDismiss) {
+TEST_F(LinuxAlertsTest, OneThatIsAskedForWhileTerminatingIsLoggedInstead) {
   application.terminate();
-  std::atomic<bool> wasThere = false;
-  const auto use = [&](const TestDesktop& desk) {
-    const xcb_window_t alert = awaitAlert(desk);
-    wasThere = true;
-    close(desk, alert);
-  };
-  showTo(use, "alert");
-  EXPECT_TRUE(wasThere);
+  show("alert");
+  EXPECT_THAT(desktop.clients(), IsEmpty());
+  EXPECT_THAT(std::exchange(log.messages, {}),
+              ElementsAre("alert", "the alert could not be shown: the application is terminating"));
+}
+
+TEST_F(LinuxAlertsTest, TerminatingLeavesNoTurnToOneThatWaits) {
+  onMainContext([this] {
+    onMainContext([this] { application.terminate(); });
+    show("second");
+  });
+  show("first");
+  EXPECT_THAT(dismissed, ElementsAre("second", "first"));
+  EXPECT_THAT(std::exchange(log.messages, {}),
+              ElementsAre("second", "the alert could not be shown: the application is terminating"));
 }
 
 TEST_F(LinuxAlertsTest, HasTheButtonsItIsGivenAndElseOneInTheUsersLanguage) {

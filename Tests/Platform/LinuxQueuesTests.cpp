@@ -33,7 +33,10 @@ class LinuxQueuesTest : public testing::Test {
     }
   }
 
-  LinuxQueues queues;
+  Platform::AppleEventManager appleEvents;
+  Platform::NotificationCenter notifications;
+  Platform::Linux::LinuxApplication application{appleEvents, notifications};
+  LinuxQueues queues{application};
   std::vector<std::string> noted;
 };
 
@@ -105,19 +108,38 @@ TEST_F(LinuxQueuesTest, SleepNoShorterThanAsked) {
   EXPECT_GE(*slept, 20ms);
 }
 
-TEST(LinuxQueues, EndWithoutWaitingForWhatSleeps) {
+TEST_F(LinuxQueuesTest, BeginNothingOnceTheApplicationIsToTerminate) {
+  queues.runOnMain([this] {
+    noted.emplace_back("begun");
+    application.terminate();
+    runMain();
+    noted.emplace_back("ended");
+  });
+  queues.runOnMain([this] { noted.emplace_back("queued before"); });
+  runMainUntil([this] { return noted.size() == 2; });
+  queues.runOnMain([this] { noted.emplace_back("queued after"); });
+  std::promise<void> released;
+  queues.runInBackground([this, release = std::shared_ptr<void>(nullptr, [&](void*) { released.set_value(); })] {
+    ADD_FAILURE() << "it was given after the application was asked to terminate";
+  });
+  released.get_future().wait();
+  runMain();
+  EXPECT_THAT(noted, ElementsAre("begun", "ended"));
+}
+
+TEST_F(LinuxQueuesTest, EndWithoutWaitingForWhatSleeps) {
   std::promise<void> sleeps;
   auto held = std::make_shared<int>();
   const std::weak_ptr<int> released = held;
   {
-    LinuxQueues queues;
-    queues.runInBackground([&queues, &sleeps] {
+    LinuxQueues ended{application};
+    ended.runInBackground([&ended, &sleeps] {
       sleeps.set_value();
-      queues.sleep(24h);
-      queues.runOnMain([] { ADD_FAILURE() << "there is no main thread any more"; });
+      ended.sleep(24h);
+      ended.runOnMain([] { ADD_FAILURE() << "there is no main thread any more"; });
     });
     sleeps.get_future().wait();
-    queues.runOnMain([held = std::move(held)] { ADD_FAILURE() << "it was in line when the queues ended"; });
+    ended.runOnMain([held = std::move(held)] { ADD_FAILURE() << "it was in line when the queues ended"; });
   }
   EXPECT_TRUE(released.expired());
   while (g_main_context_iteration(nullptr, FALSE) != FALSE) {

@@ -128,7 +128,8 @@ TYPED_TEST(ServicesContract, ALaunchURLThatComesMeanwhileWaitsForTheOneBeingHand
         this->events.push_back("begin " + url);
         if (url == "first")
           this->driver.deliver("second");
-        this->driver.application().terminate();
+        else
+          this->driver.application().terminate();
         this->events.push_back("end " + url);
       });
   this->driver.launch({"first"});

@@ -16,6 +16,9 @@ constexpr const char* interfaceDescription = R"(
     <method name="GetIsPluginInstalledAtPath"><arg type="s"/><arg type="b" direction="out"/></method>
     <method name="InstallPlugin"/>
   </interface>
+  <interface name="org.freedesktop.Application">
+    <method name="Open"><arg type="as"/><arg type="a{sv}"/></method>
+  </interface>
 </node>)";
 
 }  // namespace

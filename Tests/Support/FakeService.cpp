@@ -54,8 +54,8 @@ void FakeService::exportObject(const char* description) {
   interface_ = node->interfaces[0]->name;
   static constexpr GDBusInterfaceVTable handlers = {
       .method_call = &FakeService::handleCall, .get_property = nullptr, .set_property = nullptr, .padding = {}};
-  g_dbus_connection_register_object(connection_.get(), path_.c_str(), node->interfaces[0], &handlers, this, nullptr,
-                                    nullptr);
+  for (GDBusInterfaceInfo** interface = node->interfaces; *interface != nullptr; ++interface)
+    g_dbus_connection_register_object(connection_.get(), path_.c_str(), *interface, &handlers, this, nullptr, nullptr);
 }
 
 void FakeService::ownName() {

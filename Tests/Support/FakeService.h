@@ -19,8 +19,8 @@ class FakeService {
   /// Answers a call, or refuses it, or keeps the invocation (and answers never). Runs on the service's thread.
   using Answer = std::function<void(GDBusMethodInvocation* invocation)>;
 
-  /// Has the name on the bus, and at `path` the object with the one interface that the XML describes. Throws where that
-  /// fails.
+  /// Has the name on the bus, and at `path` the object with the interfaces that the XML describes, no two of which have
+  /// a method of the same name. Signals are the first one's. Throws if that fails.
   FakeService(std::string name, std::string path, const char* description);
   FakeService(const FakeService&) = delete;
   FakeService& operator=(const FakeService&) = delete;

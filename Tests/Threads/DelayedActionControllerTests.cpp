@@ -31,7 +31,8 @@ class DelayedActionControllerTest : public testing::Test {
 
   Platform::Fake::FakeServices fakes;
   Platform::Linux::LinuxClock clock;
-  Platform::Linux::LinuxQueues queues;
+  Platform::Linux::LinuxApplication application{fakes.appleEvents, fakes.notifications};
+  Platform::Linux::LinuxQueues queues{application};
   Platform::Services services{
       &fakes.application, fakes.appleEvents, fakes.notifications, fakes.scripts, fakes.workspace, fakes.alerts,
       fakes.windows,      fakes.bundle,      fakes.strings,       fakes.log,     queues,          clock,

@@ -1,0 +1,48 @@
+#include "Platform/Linux/DetachedProcess.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <unistd.h>
+
+namespace Platform::Linux {
+
+namespace {
+
+/// How a process is started that has nothing to do with this one any more: neither its session nor its streams.
+class DetachedSpawn {
+ public:
+  DetachedSpawn() {
+    posix_spawnattr_init(&attributes_);
+    posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSID);
+    posix_spawn_file_actions_init(&actions_);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+      posix_spawn_file_actions_addopen(&actions_, stream, "/dev/null", O_RDWR, 0);
+  }
+  DetachedSpawn(const DetachedSpawn&) = delete;
+  DetachedSpawn& operator=(const DetachedSpawn&) = delete;
+  ~DetachedSpawn() {
+    posix_spawn_file_actions_destroy(&actions_);
+    posix_spawnattr_destroy(&attributes_);
+  }
+
+  int start(const char* program, char* const* arguments) const {
+    pid_t ignored = 0;
+    return posix_spawn(&ignored, program, &actions_, &attributes_, arguments, environ);
+  }
+
+ private:
+  posix_spawnattr_t attributes_ = {};
+  posix_spawn_file_actions_t actions_ = {};
+};
+
+}  // namespace
+
+int startDetached(const std::string& program, const std::vector<std::string>& arguments) {
+  std::vector<char*> texts = {const_cast<char*>(program.c_str())};
+  for (const std::string& argument : arguments)
+    texts.push_back(const_cast<char*>(argument.c_str()));
+  texts.push_back(nullptr);
+  return DetachedSpawn().start(program.c_str(), texts.data());
+}
+
+}  // namespace Platform::Linux

@@ -1,0 +1,213 @@
+// The way out of a real process: what is still done, what no longer begins, and what a fresh process does instead.
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <xkbcommon/xkbcommon-keysyms.h>
+
+#include "DesktopSupport/ApplicationBus.h"
+#include "Tests/Support/BusNames.h"
+#include "Tests/Support/ChildProcess.h"
+#include "Tests/Support/FakeDeskloomHost.h"
+#include "Tests/Support/TestInput.h"
+
+using testing::Contains;
+using testing::HasSubstr;
+using testing::Not;
+using TestSupport::ChildProcess;
+using TestSupport::FakeDeskloomHost;
+using TestSupport::openURL;
+
+namespace {
+
+constexpr const char* testPlugin = "com.example.TestPlugin";
+constexpr const char* gleanery = "com.quillary.Gleanery";
+constexpr const char* stored = R"(SetConfig('{"count":1}', 'A'))";
+
+std::string run(const std::string& steps) {
+  return "deskloomplugin://run/" + steps;
+}
+
+class QuittingTest : public testing::Test {
+ protected:
+  QuittingTest() {
+    prctl(PR_SET_CHILD_SUBREAPER, 1);  // the fresh processes become children of this one
+    host.answer("GetConfig", "(true, '')");
+    host.answer("SetConfig", "()");
+    host.answer("Open", "()");
+  }
+  ~QuittingTest() override { prctl(PR_SET_CHILD_SUBREAPER, 0); }
+
+  static ChildProcess launch(const std::vector<std::string>& launchURLs, ChildProcess::Options options = {}) {
+    std::vector<std::string> command = {TEST_PLUGIN_PROGRAM};
+    command.insert(command.end(), launchURLs.begin(), launchURLs.end());
+    return ChildProcess(command, options);
+  }
+
+  /// Longer than a saved setting waits before it is written.
+  static void letASecondPass() { std::this_thread::sleep_for(std::chrono::milliseconds(1200)); }
+
+  [[nodiscard]] long writes() const {
+    return std::ranges::count_if(host.calls(), [](const std::string& call) { return call.starts_with("SetConfig("); });
+  }
+
+  /// Waits for a window with this title, closes it, and waits until it is gone.
+  void closeWindow(const std::string& title) {
+    const auto window = desktop.waitForTitle(title);
+    ASSERT_TRUE(window);
+    desktop.watch(*window);
+    EXPECT_TRUE(desktop.waitUntil([&] { return desktop.isReady(*window); }));
+    desktop.askWindowManager(*window, "_NET_CLOSE_WINDOW");
+    EXPECT_TRUE(desktop.waitUntil([&] { return desktop.clients().empty(); }));
+  }
+
+  /// Waits for the end of a process that another one has left behind; yields its exit status.
+  static int awaitFreshProcess() {
+    int status = -1;
+    ::wait(&status);
+    return status;
+  }
+
+  TestSupport::TestDesktop desktop;
+  FakeDeskloomHost host;
+};
+
+TEST_F(QuittingTest, WritesSettingsOnceHoweverLongTheHostTakesToReceiveACommand) {
+  host.answer("Open", [](GDBusMethodInvocation* invocation) {
+    letASecondPass();
+    g_dbus_method_invocation_return_value(invocation, nullptr);
+  });
+  EXPECT_EQ(launch({run("read+save+send+quit")}).wait(), 0);
+  EXPECT_THAT(host.calls(), Contains(HasSubstr("deskloom://sent")));
+  EXPECT_EQ(writes(), 1);
+  EXPECT_EQ(host.calls().back(), stored);
+}
+
+TEST_F(QuittingTest, WritesSettingsOnceWhenTheirTimeCameWhileThePluginWasBusy) {
+  EXPECT_EQ(launch({run("read+save+work+quit")}).wait(), 0);
+  EXPECT_EQ(writes(), 1);
+}
+
+TEST_F(QuittingTest, ShowsNoAlertIfTheHostRefusesToStoreSettings) {
+  host.refuse("SetConfig");
+  host.answer("Open", [](GDBusMethodInvocation* invocation) {
+    letASecondPass();
+    g_dbus_method_invocation_return_value(invocation, nullptr);
+  });
+  for (const auto* steps : {"read+save+send+quit", "read+save+work+quit"}) {
+    ChildProcess plugin = launch({run(steps)}, {.environment = {{"DISPLAY", ""}}, .captureErrors = true});
+    EXPECT_EQ(plugin.readAll(), "") << steps;
+    EXPECT_EQ(plugin.wait(), 0) << steps;
+  }
+}
+
+TEST_F(QuittingTest, LeavesAnotherLaunchURLToAFreshProcessSoThatItsWindowStays) {
+  for (const std::string action : {"run", "edit"}) {
+    EXPECT_EQ(launch({run("quit"), "deskloomplugin://" + action + "/window"}).wait(), 0) << action;
+    closeWindow("Test Plug-in");
+    EXPECT_EQ(awaitFreshProcess(), 0) << action;
+  }
+}
+
+TEST_F(QuittingTest, LeavesAnotherLaunchURLToAFreshProcessWhoseWorkIsDone) {
+  EXPECT_EQ(launch({run("quit"), run("send+quit"), run("later")}).wait(), 0);
+  EXPECT_EQ(awaitFreshProcess(), 0);
+  EXPECT_EQ(awaitFreshProcess(), 0);
+  EXPECT_THAT(host.calls(), Contains(HasSubstr("deskloom://later")));
+  EXPECT_THAT(host.calls(), Contains(HasSubstr("deskloom://sent")));
+}
+
+TEST_F(QuittingTest, WritesSettingsBeforeTheFreshProcessReadsThem) {
+  EXPECT_EQ(launch({run("read+save+quit"), run("read+quit")}).wait(), 0);
+  EXPECT_EQ(awaitFreshProcess(), 0);
+  const auto calls = host.calls();
+  ASSERT_EQ(calls.size(), 4U);
+  EXPECT_EQ(calls[1], stored);
+  EXPECT_EQ(calls[2], "GetConfig('A',)");
+}
+
+TEST_F(QuittingTest, LeavesAnotherLaunchURLToAFreshProcessWithoutABusToo) {
+  const ChildProcess::Options withoutBus = {.environment = {{"DBUS_SESSION_BUS_ADDRESS", ""}, {"XDG_RUNTIME_DIR", ""}}};
+  EXPECT_EQ(launch({run("quit"), run("window")}, withoutBus).wait(), 0);
+  closeWindow("Test Plug-in");
+  EXPECT_EQ(awaitFreshProcess(), 0);
+}
+
+TEST_F(QuittingTest, LeavesAWindowThatTheHostAsksForDuringTheInstallationToAFreshProcess) {
+  host.answer("GetIsPluginInstalledAtPath", "(false,)");
+  host.answer("InstallPlugin", [](GDBusMethodInvocation* invocation) {
+    // On one connection, so the launch URL is in line when the plug-in hears that it is installed.
+    g_dbus_connection_call(g_dbus_method_invocation_get_connection(invocation), gleanery,
+                           DesktopSupport::applicationObjectPath(gleanery).c_str(),
+                           DesktopSupport::applicationInterface, "Open",
+                           DesktopSupport::openArguments({"deskloomplugin://configure"}), nullptr,
+                           G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr, nullptr);
+    g_dbus_method_invocation_return_value(invocation, nullptr);
+  });
+  EXPECT_EQ(ChildProcess({GLEANERY_PROGRAM}).wait(), 0);
+  closeWindow("About Gleanery");
+  TestSupport::awaitNoOwner(gleanery);
+}
+
+class SignalTest : public QuittingTest, public testing::WithParamInterface<int> {};
+
+TEST_P(SignalTest, IsARequestToTerminateAfterWhichSettingsAreWritten) {
+  ChildProcess plugin = launch({run("read+save+send")});
+  static_cast<void>(host.awaitCall("Open"));
+  kill(plugin.pid(), GetParam());
+  EXPECT_EQ(plugin.wait(), 0);
+  EXPECT_EQ(writes(), 1);
+  EXPECT_EQ(host.calls().back(), stored);
+}
+
+TEST_P(SignalTest, TakesWindowsOffTheScreen) {
+  ChildProcess plugin = launch({run("window")});
+  ASSERT_TRUE(desktop.waitForTitle("Test Plug-in"));
+  kill(plugin.pid(), GetParam());
+  EXPECT_EQ(plugin.wait(), 0);
+  EXPECT_TRUE(desktop.waitUntil([&] { return desktop.clients().empty(); }));
+}
+
+TEST_P(SignalTest, EndsAtOnceIfItIsTheSecond) {
+  host.answer("SetConfig", [](GDBusMethodInvocation*) {});  // never answered
+  ChildProcess plugin = launch({run("read+save+send")});
+  static_cast<void>(host.awaitCall("Open"));
+  kill(plugin.pid(), GetParam());
+  static_cast<void>(host.awaitCall("SetConfig"));
+  kill(plugin.pid(), SIGTERM);
+  EXPECT_EQ(plugin.wait(), 128 + SIGTERM);
+}
+
+TEST_P(SignalTest, LeavesLaunchURLsThatWereAcceptedToAFreshProcess) {
+  GDBusMethodInvocation* reading = nullptr;
+  host.answer("GetConfig", [&](GDBusMethodInvocation* invocation) { reading = invocation; });
+  ChildProcess plugin = launch({run("read+quit"), run("later")});
+  static_cast<void>(host.awaitCall("GetConfig"));
+  kill(plugin.pid(), GetParam());
+  g_dbus_method_invocation_return_value(reading, g_variant_new_parsed("(true, '')"));
+  EXPECT_EQ(plugin.wait(), 0);
+  EXPECT_THAT(host.awaitCall("Open"), HasSubstr("deskloom://later"));
+  EXPECT_EQ(awaitFreshProcess(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sent, SignalTest, testing::Values(SIGTERM, SIGHUP), [](const auto& signal) {
+  return signal.param == SIGTERM ? std::string("SIGTERM") : std::string("SIGHUP");
+});
+
+TEST_F(QuittingTest, IsNotAskedForByAHangUpThatTheProcessWasStartedToIgnore) {
+  ChildProcess plugin({"sh", "-c", "trap '' HUP; exec \"$@\"", "sh", TEST_PLUGIN_PROGRAM, run("send")});
+  static_cast<void>(host.awaitCall("Open"));
+  kill(plugin.pid(), SIGHUP);
+  EXPECT_TRUE(openURL(testPlugin, run("send"))) << "it is still there";
+  kill(plugin.pid(), SIGTERM);
+  EXPECT_EQ(plugin.wait(), 0) << "that was the first signal";
+}
+
+}  // namespace
