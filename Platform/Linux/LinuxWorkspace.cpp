@@ -41,31 +41,28 @@ std::optional<std::string> lengthProblem(std::size_t length, std::size_t limit, 
 
 }  // namespace
 
-/// A URL of this scheme on its way, and whom to tell when it has got there. It is counted for as long as it lives.
+/// A URL of this scheme on its way, and whom to tell when it has got there.
 struct LinuxWorkspace::HandOver {
   LinuxWorkspace& workspace;
   std::string scheme;
 
-  HandOver(LinuxWorkspace& owner, std::string_view schemeName) : workspace(owner), scheme(schemeName) {
-    const std::lock_guard lock(workspace.mutex_);
-    ++workspace.handOversUnderWay_;
-  }
-  HandOver(const HandOver&) = delete;
-  HandOver& operator=(const HandOver&) = delete;
-  ~HandOver() {
-    const std::lock_guard lock(workspace.mutex_);
-    --workspace.handOversUnderWay_;
-  }
-
   /// Called from the main context, whichever thread began the hand-over.
   static void complete(GObject* bus, GAsyncResult* result, gpointer data) {
+    const std::lock_guard lock(mutex_);
     const std::unique_ptr<HandOver> handOver(static_cast<HandOver*>(data));
     ErrorHandle error;
     const VariantHandle answer(g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, Out(error)));
     if (!answer)
       handOver->workspace.reportFailure(handOver->scheme, DesktopSupport::busErrorFrom(*error).message);
+    --handOver->workspace.handOversUnderWay_;
   }
 };
+
+LinuxWorkspace::HandOver* LinuxWorkspace::beginHandOver(std::string_view scheme) {
+  const std::lock_guard lock(mutex_);
+  ++handOversUnderWay_;
+  return new HandOver{*this, std::string(scheme)};
+}
 
 void LinuxWorkspace::open(const URL& url) {
   DesktopSupport::DesktopEntries entries(DesktopSupport::applicationFolders());
@@ -90,7 +87,7 @@ void LinuxWorkspace::openByBus(const URL& url, const DesktopEntry& handler) {
   g_dbus_connection_call(
       bus->connection(), handler.id.c_str(), DesktopSupport::applicationObjectPath(handler.id).c_str(),
       DesktopSupport::applicationInterface, "Open", DesktopSupport::openArguments({text}), nullptr,
-      G_DBUS_CALL_FLAGS_NONE, usualTimeout, nullptr, &HandOver::complete, new HandOver(*this, schemeOf(url)));
+      G_DBUS_CALL_FLAGS_NONE, usualTimeout, nullptr, &HandOver::complete, beginHandOver(schemeOf(url)));
 }
 
 void LinuxWorkspace::openByProgram(const URL& url, const DesktopEntry& handler) {

@@ -28,10 +28,12 @@ class LinuxWorkspace : public Workspace {
   void openByProgram(const URL& url, const DesktopSupport::DesktopEntry& handler);
   void reportFailure(std::string_view scheme, const std::string& reason);
 
+  [[nodiscard]] HandOver* beginHandOver(std::string_view scheme);
   [[nodiscard]] bool isHandingOver() const;
 
   Log& log_;
-  mutable std::mutex mutex_;
+  /// Guards the hand-overs of all workspaces: they begin on any thread and complete on the main one.
+  static inline std::mutex mutex_;
   std::size_t handOversUnderWay_ = 0;
 };
 

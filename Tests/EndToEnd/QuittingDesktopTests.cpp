@@ -124,6 +124,12 @@ TEST_F(QuittingTest, LeavesAnotherLaunchURLToAFreshProcessWhoseWorkIsDone) {
   EXPECT_THAT(host.calls(), Contains(HasSubstr("deskloom://sent")));
 }
 
+TEST_F(QuittingTest, LeavesTextsThatLookLikeOptionsToAFreshProcessAsTheyAre) {
+  EXPECT_EQ(launch({run("quit"), "--", "-x", run("send+quit")}).wait(), 0);
+  EXPECT_EQ(awaitFreshProcess(), 0);
+  EXPECT_THAT(host.calls(), Contains(HasSubstr("deskloom://sent")));
+}
+
 TEST_F(QuittingTest, WritesSettingsBeforeTheFreshProcessReadsThem) {
   EXPECT_EQ(launch({run("read+save+quit"), run("read+quit")}).wait(), 0);
   EXPECT_EQ(awaitFreshProcess(), 0);

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <utility>
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -83,15 +84,19 @@ TEST_F(LinuxWorkspaceTest, HandsTheLongestArgumentToAHandlerThatIsStartedWithIt)
   EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(pipe), {}) == url);
 }
 
-TEST_F(LinuxWorkspaceTest, HandsAURLOfFiveMegabytesWholeToAHostThatTheBusStarts) {
+TEST_F(LinuxWorkspaceTest, RefusesAURLThatNoArrayOfTheBusHoldsAndHandsTheLongestThatFitsToAHostThatTheBusStarts) {
+  constexpr std::size_t longest = 67'108'859;
   const TestSupport::TemporaryFolder folder;
   const std::filesystem::path hostLog = folder.path() / "log";
   TestSupport::setActivationEnvironment("DESKLOOM_HOST_LOG", hostLog);
-  const std::string url = "deskloom://gleanery/" + std::string(5 << 20, 'x');
+  const std::string beginning = "deskloom://gleanery/";
+  open(beginning + std::string(longest + 1 - beginning.size(), 'x'));
+  EXPECT_THAT(std::exchange(log.messages, {}), ElementsAre(HasSubstr("holds at most 67108859")));
+  const std::string url = beginning + std::string(longest - beginning.size(), 'x');
   open(url);
   EXPECT_THAT(log.messages, IsEmpty());
 
-  // The host answers before it writes: the next answer comes behind what it wrote.
+  // The host answers before it writes: the next answer comes after what it wrote.
   TestSupport::openURL("com.quillary.Deskloom", "deskloom://next");
   std::ifstream file(hostLog);
   std::string line;

@@ -2,7 +2,7 @@
 
 extern "C" const char* __tsan_default_suppressions();
 
-/// GLib synchronises its main contexts by means that the sanitizer does not see in a library that was built without it.
+/// GLib synchronises its threads by means that the sanitizer does not see in libraries that were built without it.
 extern "C" const char* __tsan_default_suppressions() {
-  return "called_from_lib:libglib-2.0.so";
+  return "called_from_lib:libglib-2.0.so\ncalled_from_lib:libgobject-2.0.so\ncalled_from_lib:libgio-2.0.so\n";
 }
