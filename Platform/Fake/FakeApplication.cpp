@@ -6,10 +6,11 @@
 
 namespace Platform::Fake {
 
-FakeApplication::FakeApplication(AppleEventManager& appleEvents, NotificationCenter& notifications)
-    : appleEvents_(appleEvents), notifications_(notifications) {}
+FakeApplication::FakeApplication(AppleEventManager& appleEvents, NotificationCenter& notifications, Events* events)
+    : appleEvents_(appleEvents), notifications_(notifications), events_(events) {}
 
 void FakeApplication::terminate() {
+  note(events_, "terminate");
   ++terminateRequests;
   if (!delivering_)
     postWillTerminateOnce();
@@ -34,14 +35,19 @@ void FakeApplication::deliver(std::string launchURL) {
 
 void FakeApplication::finishLaunching() {
   if (terminateRequests == 0)
-    notifications_.post({applicationDidFinishLaunchingNotification, this});
+    post(applicationDidFinishLaunchingNotification);
+}
+
+void FakeApplication::post(std::string_view name) {
+  note(events_, "post " + std::string(name));
+  notifications_.post({name, this});
 }
 
 void FakeApplication::postWillTerminateOnce() {
   if (terminations > 0)
     return;
   ++terminations;
-  notifications_.post({applicationWillTerminateNotification, this});
+  post(applicationWillTerminateNotification);
 }
 
 }  // namespace Platform::Fake

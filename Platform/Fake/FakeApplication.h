@@ -2,10 +2,12 @@
 
 #include <deque>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Platform/AppleEventManager.h"
 #include "Platform/Application.h"
+#include "Platform/Fake/Events.h"
 
 /// A desktop for tests: notes what is asked of it, and answers what it is told.
 namespace Platform::Fake {
@@ -13,8 +15,9 @@ namespace Platform::Fake {
 /// An application that lives and ends when the test says so.
 class FakeApplication : public Application {
  public:
-  /// Delivers its launch URLs to the one and posts its notifications to the other.
-  FakeApplication(AppleEventManager& appleEvents, NotificationCenter& notifications);
+  /// Delivers its launch URLs to `appleEvents` and posts its notifications to `notifications`. Adds both its requests
+  /// and its notifications to `events`, unless that is null.
+  FakeApplication(AppleEventManager& appleEvents, NotificationCenter& notifications, Events* events = nullptr);
 
   /// Counts the request. The will-terminate notification is posted by `deliver` behind the launch URL, or at once where
   /// none is being delivered.
@@ -35,10 +38,12 @@ class FakeApplication : public Application {
   std::vector<std::string> undelivered;
 
  private:
+  void post(std::string_view name);
   void postWillTerminateOnce();
 
   AppleEventManager& appleEvents_;
   NotificationCenter& notifications_;
+  Events* events_;
   std::deque<std::string> launchURLs_;
   bool delivering_ = false;
 };

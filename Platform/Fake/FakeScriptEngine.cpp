@@ -6,6 +6,7 @@ namespace Platform::Fake {
 
 std::optional<ScriptOutcome> FakeScriptEngine::run(std::string_view source) {
   sources.emplace_back(source);
+  note(events_, "script " + sources.back());
   return answer ? answer(source) : ScriptOutcome{};
 }
 

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Platform/Fake/Events.h"
 #include "Platform/ScriptEngine.h"
 
 namespace Platform::Fake {
@@ -13,6 +14,9 @@ namespace Platform::Fake {
 /// An interpreter that notes the sources it is given and answers what the test has told it to.
 class FakeScriptEngine : public ScriptEngine {
  public:
+  /// Adds the scripts to `events` as well, unless that is null.
+  explicit FakeScriptEngine(Events* events = nullptr) : events_(events) {}
+
   std::optional<ScriptOutcome> run(std::string_view source) override;
 
   /// Answers every script with this text.
@@ -30,6 +34,9 @@ class FakeScriptEngine : public ScriptEngine {
   std::function<std::optional<ScriptOutcome>(std::string_view source)> answer;
   /// The sources run so far.
   std::vector<std::string> sources;
+
+ private:
+  Events* events_;
 };
 
 }  // namespace Platform::Fake

@@ -2,6 +2,28 @@
 
 namespace Platform::Fake {
 
+void FakeWorkspace::open(const URL& url) {
+  opened.push_back(url.absoluteString());
+  note(events_, "open " + opened.back());
+}
+
+void FakeAlerts::runModal(const Alert& alert) {
+  shown.push_back(alert);
+  note(events_, "alert " + alert.messageText);
+  if (whileShown)
+    whileShown(alert);
+}
+
+void FakeUpdater::checkForUpdatesInBackground() {
+  ++checks;
+  note(events_, "check for updates");
+}
+
+void FakeLog::write(std::string_view message) {
+  messages.emplace_back(message);
+  note(events_, "log " + messages.back());
+}
+
 std::optional<std::string> FakeBundle::information(std::string_view key) const {
   const auto found = entries.find(key);
   return found == entries.end() ? std::nullopt : std::optional(found->second);

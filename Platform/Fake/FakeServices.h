@@ -1,11 +1,13 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "Platform/Fake/Events.h"
 #include "Platform/Fake/FakeApplication.h"
 #include "Platform/Fake/FakeClock.h"
 #include "Platform/Fake/FakeQueues.h"
@@ -18,19 +20,34 @@ namespace Platform::Fake {
 /// Notes the URLs that are opened.
 class FakeWorkspace : public Workspace {
  public:
-  void open(const URL& url) override { opened.push_back(url.absoluteString()); }
+  /// Adds them to `events` as well, unless that is null.
+  explicit FakeWorkspace(Events* events = nullptr) : events_(events) {}
+
+  void open(const URL& url) override;
 
   /// Their texts, in order.
   std::vector<std::string> opened;
+
+ private:
+  Events* events_;
 };
 
-/// Notes the alerts that are shown; each is dismissed at once.
+/// Notes the alerts that are shown. Each is dismissed at once, or when `whileShown` returns.
 class FakeAlerts : public Alerts {
  public:
-  void runModal(const Alert& alert) override { shown.push_back(alert); }
+  /// Adds them to `events` as well, unless that is null.
+  explicit FakeAlerts(Events* events = nullptr) : events_(events) {}
+
+  void runModal(const Alert& alert) override;
 
   /// In order.
   std::vector<Alert> shown;
+  /// What happens while an alert is up: a test looks at the application then, or delivers it a launch URL. May be
+  /// empty.
+  std::function<void(const Alert& alert)> whileShown;
+
+ private:
+  Events* events_;
 };
 
 /// A bundle that is where the test says.
@@ -59,39 +76,53 @@ class FakeStrings : public Strings {
 /// Counts the checks that are begun.
 class FakeUpdater : public Updater {
  public:
-  void checkForUpdatesInBackground() override { ++checks; }
+  /// Adds them to `events` as well, unless that is null.
+  explicit FakeUpdater(Events* events = nullptr) : events_(events) {}
+
+  void checkForUpdatesInBackground() override;
 
   /// How many were begun.
   int checks = 0;
+
+ private:
+  Events* events_;
 };
 
 /// Notes what is logged.
 class FakeLog : public Log {
  public:
-  void write(std::string_view message) override { messages.emplace_back(message); }
+  /// Adds it to `events` as well, unless that is null.
+  explicit FakeLog(Events* events = nullptr) : events_(events) {}
+
+  void write(std::string_view message) override;
 
   /// In order.
   std::vector<std::string> messages;
+
+ private:
+  Events* events_;
 };
 
 /// A whole desktop of fakes, for testing what runs on `Platform` without one. It is the ambient one for as long as it
 /// lives; its fields record what was asked of it and can be told what to answer.
 class FakeServices {
  public:
+  /// What happened, in one order across the services. A test may clear it.
+  Events events;
   /// The services; each is what its class says. @{
   AppleEventManager appleEvents;
   NotificationCenter notifications;
-  FakeApplication application{appleEvents, notifications};
-  FakeScriptEngine scripts;
-  FakeWorkspace workspace;
-  FakeAlerts alerts;
+  FakeApplication application{appleEvents, notifications, &events};
+  FakeScriptEngine scripts{&events};
+  FakeWorkspace workspace{&events};
+  FakeAlerts alerts{&events};
   FakeWindows windows;
   FakeBundle bundle;
   FakeStrings strings;
-  FakeLog log;
+  FakeLog log{&events};
   FakeClock clock;
   FakeQueues queues{clock, &application};
-  FakeUpdater updater;
+  FakeUpdater updater{&events};
   /// @}
   /// What `services()` yields; a test may take the application or the updater away.
   Services services{&application, appleEvents, notifications, scripts, workspace, alerts,  windows,
