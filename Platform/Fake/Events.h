@@ -13,6 +13,7 @@ namespace Platform::Fake {
 /// | `script <source>`      | a script was run                         |
 /// | `open <URL>`           | a URL was opened                         |
 /// | `alert <message text>` | an alert was shown                       |
+/// | `no alert <text>`      | one was asked for while terminating      |
 /// | `log <message>`        | a message was logged                     |
 /// | `check for updates`    | a check for updates was begun            |
 /// | `terminate`            | the application was asked to terminate   |

@@ -3,11 +3,14 @@
 namespace Platform::Fake {
 
 void FakeWorkspace::open(const URL& url) {
+  const std::lock_guard lock(mutex_);
   opened.push_back(url.absoluteString());
   note(events_, "open " + opened.back());
 }
 
 void FakeAlerts::runModal(const Alert& alert) {
+  if (application_ != nullptr && application_->terminateRequests > 0)
+    return note(events_, "no alert " + alert.messageText);
   shown.push_back(alert);
   note(events_, "alert " + alert.messageText);
   if (whileShown)

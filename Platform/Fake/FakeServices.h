@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,7 +18,7 @@
 
 namespace Platform::Fake {
 
-/// Notes the URLs that are opened.
+/// Notes the URLs that are opened, on any thread.
 class FakeWorkspace : public Workspace {
  public:
   /// Adds them to `events` as well, unless that is null.
@@ -30,13 +31,16 @@ class FakeWorkspace : public Workspace {
 
  private:
   Events* events_;
+  std::mutex mutex_;
 };
 
 /// Notes the alerts that are shown. Each is dismissed at once, or when `whileShown` returns.
 class FakeAlerts : public Alerts {
  public:
-  /// Adds them to `events` as well, unless that is null.
-  explicit FakeAlerts(Events* events = nullptr) : events_(events) {}
+  /// Adds them to `events` as well, unless that is null. Shows none once this application, if there is one, was asked
+  /// to terminate.
+  explicit FakeAlerts(Events* events = nullptr, const FakeApplication* application = nullptr)
+      : events_(events), application_(application) {}
 
   void runModal(const Alert& alert) override;
 
@@ -48,6 +52,7 @@ class FakeAlerts : public Alerts {
 
  private:
   Events* events_;
+  const FakeApplication* application_;
 };
 
 /// A bundle that is where the test says.
@@ -115,7 +120,7 @@ class FakeServices {
   FakeApplication application{appleEvents, notifications, &events};
   FakeScriptEngine scripts{&events};
   FakeWorkspace workspace{&events};
-  FakeAlerts alerts{&events};
+  FakeAlerts alerts{&events, &application};
   FakeWindows windows;
   FakeBundle bundle;
   FakeStrings strings;

@@ -7,15 +7,13 @@
 namespace Platform::Linux {
 
 void LinuxAlerts::runModal(const Alert& alert) {
+  if (shown_ != nullptr)  // asked for by what the main context has brought while the user reads the one before
+    awaitDismissal(*shown_);
   if (application_.isTerminating())
     return tell(alert, "the application is terminating");
   const auto toolkit = module_.toolkit();
   if (!toolkit)
     return tell(alert, toolkit.error());
-  if (shown_ != nullptr)  // asked for by what the main context has brought while the user reads the one before
-    awaitDismissal(*shown_);
-  if (application_.isTerminating())
-    return tell(alert, "the application is terminating");
 
   Alert complete = alert;
   if (complete.buttons.empty())
