@@ -159,6 +159,7 @@ TEST_F(QuittingTest, LeavesAWindowThatTheHostAsksForDuringTheInstallationToAFres
   });
   EXPECT_EQ(ChildProcess({GLEANERY_PROGRAM}).wait(), 0);
   closeWindow("About Gleanery");
+  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "the bus has started it, and not the plug-in";
   TestSupport::awaitNoOwner(gleanery);
 }
 
