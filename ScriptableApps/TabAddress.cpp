@@ -6,6 +6,9 @@
 
 #include <arpa/inet.h>
 
+#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/GLibHandles.h"
+
 namespace ScriptableApps {
 
 namespace {
@@ -77,7 +80,39 @@ bool isIPv6Literal(std::string_view host) {
   return !number.contains('\0') && inet_pton(AF_INET6, number.c_str(), binary.data()) == 1;
 }
 
-void appendAuthority(std::string& address, std::string_view authority) {
+// Whether the host of an address with this scheme is a name of the domain name system. The scheme has its colon.
+bool hasDomainName(std::string_view scheme) {
+  constexpr std::array<std::string_view, 5> schemes = {"http:", "https:", "ws:", "wss:", "ftp:"};
+  return std::ranges::find(schemes, DesktopSupport::lowerCase(scheme)) != schemes.end();
+}
+
+bool isASCIIHost(std::string_view host) {
+  return std::ranges::all_of(host, [](char character) {
+    return letters.contains(character) || digits.contains(character) || std::string_view("-._").contains(character);
+  });
+}
+
+// The ASCII form (xn--…) of an international host name. Empty if it has none from which the same name can be had again,
+// since that would be another host.
+std::string asciiHost(std::string_view host) {
+  if (isASCIIHost(host) || g_utf8_validate(host.data(), std::ssize(host), nullptr) == FALSE)
+    return {};
+  const std::string name(host);
+  const DesktopSupport::CharsHandle ascii(g_hostname_to_ascii(name.c_str()));
+  const DesktopSupport::CharsHandle back(ascii ? g_hostname_to_unicode(ascii.get()) : nullptr);
+  return back && name == back.get() && isASCIIHost(ascii.get()) ? ascii.get() : std::string();
+}
+
+void appendHost(std::string& address, std::string_view host, bool isDomainName) {
+  if (isIPv6Literal(host))
+    address += host;
+  else if (const std::string ascii = isDomainName ? asciiHost(host) : ""; !ascii.empty())
+    address += ascii;
+  else
+    appendPart(address, host, "");
+}
+
+void appendAuthority(std::string& address, std::string_view authority, bool hasDomainName) {
   if (const auto at = authority.rfind('@'); at != std::string_view::npos) {
     appendPart(address, authority.substr(0, at), ":");
     address += '@';
@@ -85,11 +120,7 @@ void appendAuthority(std::string& address, std::string_view authority) {
   }
   const auto portStart = authority.find_last_not_of(digits);
   const bool hasPort = portStart != std::string_view::npos && authority[portStart] == ':';
-  const std::string_view host = authority.substr(0, hasPort ? portStart : authority.size());
-  if (isIPv6Literal(host))
-    address += host;
-  else
-    appendPart(address, host, "");
+  appendHost(address, authority.substr(0, hasPort ? portStart : authority.size()), hasDomainName);
   if (hasPort)
     address += authority.substr(portStart);
 }
@@ -107,7 +138,7 @@ std::string tabAddress(std::string_view address) {
   if (hasAuthority) {
     result += "//";
     address.remove_prefix(2);
-    appendAuthority(result, takeUntil(address, "/?#"));
+    appendAuthority(result, takeUntil(address, "/?#"), hasDomainName(scheme));
   }
   // Without a scheme, a colon in the first segment would make one of what is in front of it.
   if (scheme.empty() && !hasAuthority)
