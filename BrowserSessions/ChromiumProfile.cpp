@@ -33,7 +33,7 @@ std::expected<std::optional<LoggedSession>, std::string> sessionIn(const path& f
   return log->isComplete() ? std::optional(chromiumSession(*log)) : std::nullopt;
 }
 
-Session newestSession(const std::vector<SessionFile>& files) {
+Session newestSession(const std::vector<SessionFile>& files, const path& profile) {
   for (const SessionFile& file : files) {
     auto session = sessionIn(file.path);
     if (!session)
@@ -42,7 +42,8 @@ Session newestSession(const std::vector<SessionFile>& files) {
       return std::move(*complete);
   }
   if (files.empty())
-    return LoggedSession();
+    return std::unexpected("What the browser has open with the profile " + profile.string() +
+                           " is not known: it has written no session log since it was started.");
   return std::unexpected(files.front().path.string() + " is not complete, nor is an older session log.");
 }
 
@@ -64,7 +65,7 @@ Session chromiumProfileSession(const path& profile, const std::optional<BrowserR
   for (int attempt = 0; attempt < attempts; ++attempt) {
     if (areStale(files, encrypted))
       return std::unexpected("The browser keeps the session in " + profile.string() + " encrypted.");
-    session = newestSession(files);
+    session = newestSession(files, profile);
     auto later = logsOf(run, folder);
     if (session || later == files)
       break;
@@ -74,7 +75,7 @@ Session chromiumProfileSession(const path& profile, const std::optional<BrowserR
 }
 
 std::vector<std::int32_t> chromiumApplicationWindows(const path& profile) {
-  return newestSession(sessionFiles(profile / "Sessions", "Apps_")).value_or(LoggedSession()).otherWindows;
+  return newestSession(sessionFiles(profile / "Sessions", "Apps_"), profile).value_or(LoggedSession()).otherWindows;
 }
 
 }  // namespace BrowserSessions

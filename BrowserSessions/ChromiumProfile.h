@@ -13,9 +13,9 @@
 namespace BrowserSessions {
 
 /// What a running browser of the Chromium family has open with the profile in a folder, as it was a few seconds ago;
-/// see `chromiumSession`. Nothing is open where the profile has no session log, or none of this run where that is
-/// given. Fails where the current log cannot be read or understood, is not complete, or is kept encrypted: an older log
-/// does not stand in for it.
+/// see `chromiumSession`. Fails if the profile has no session log, or none of this run if that is given, as shortly
+/// after the browser's start; also if the current log cannot be read or understood, is not complete, or is kept
+/// encrypted: an older log does not stand in for it.
 std::expected<LoggedSession, std::string> chromiumProfileSession(const std::filesystem::path& profile,
                                                                  const std::optional<BrowserRun>& run = std::nullopt);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -32,8 +33,14 @@ struct Logs {
   bool isAnyRead = false;
 };
 
+std::string leftOut(std::size_t tabs, const path& profile) {
+  return "Tabs of the profile " + profile.string() +
+         " that are left out, since their addresses are too long for the browser's session log: " +
+         std::to_string(tabs) + '.';
+}
+
 // Titles are added where nobody else has any, and web applications told apart where somebody else takes them for
-// windows.
+// windows. The browser itself also tells the tabs that the log leaves out.
 void read(Logs& logs, const path& profile, const std::optional<BrowserRun>& run, bool isLive) {
   auto session = chromiumProfileSession(profile, run);
   if (!session) {
@@ -45,6 +52,8 @@ void read(Logs& logs, const path& profile, const std::optional<BrowserRun>& run,
     append(logs.session.otherWindows, chromiumApplicationWindows(profile));
   else
     addTitles(session->windows, profile);
+  if (!isLive && session->tabsWithoutAddress > 0)
+    logs.problems.push_back(leftOut(session->tabsWithoutAddress, profile));
   append(logs.session.windows, std::move(session->windows));
   append(logs.session.otherWindows, std::move(session->otherWindows));
 }
@@ -67,8 +76,9 @@ std::expected<SessionReading, std::string> chromiumUserDataSession(const path& u
     read(logs, profile, run, live.has_value());
   if (live)
     return withLive(*live, std::move(logs), profiles.size());
-  if (!logs.problems.empty() && !logs.isAnyRead)
-    return std::unexpected(std::move(logs.problems.front()));
+  if (!logs.isAnyRead)
+    return std::unexpected(profiles.empty() ? "There is no profile in " + userData.string() + '.'
+                                            : std::move(logs.problems.front()));
   return SessionReading{browserSession(std::move(logs.session)), std::move(logs.problems)};
 }
 

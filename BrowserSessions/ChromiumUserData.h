@@ -14,9 +14,9 @@ namespace BrowserSessions {
 /// What a running browser of the Chromium family has open, all of its profiles taken together, given its user data
 /// folder: the normal windows that are not private. It is as at this moment where the browser's DevTools can be used
 /// from outside, otherwise as its session logs had it a few seconds ago, with titles from its history where they lack
-/// them. A profile whose session cannot be read is left out and is among the problems; fails, with the first one's
-/// sentence, where that leaves none. Where the browser's process is given, what an earlier one has left behind does not
-/// count.
+/// them. A profile whose session cannot be read is left out and is among the problems, and so are tabs whose addresses
+/// are too long for the logs; fails, with the first one's sentence, where no profile can be read. Where the browser's
+/// process is given, what an earlier one has left behind does not count.
 std::expected<SessionReading, std::string> chromiumUserDataSession(const std::filesystem::path& userData,
                                                                    std::optional<pid_t> process = std::nullopt);
 

@@ -7,7 +7,8 @@ namespace BrowserSessions {
 BrowserSession browserSession(LoggedSession logged) {
   BrowserSession session;
   for (ChromiumWindow& window : logged.windows)
-    session.push_back(std::move(window.contents));
+    if (!window.contents.tabs.empty())
+      session.push_back(std::move(window.contents));
   return session;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -18,15 +19,18 @@ struct ChromiumWindow {
 
 /// What the session logs of a browser of the Chromium family tell.
 struct LoggedSession {
-  /// The browser's normal windows, the one in front first, the others in the order in which they were opened.
+  /// The browser's normal windows, the one in front first, the others in the order in which they were opened. One whose
+  /// tabs are all left out has none.
   std::vector<ChromiumWindow> windows;
   /// The numbers of its other windows: pop-ups, developer tools, web applications.
   std::vector<std::int32_t> otherWindows = {};
+  /// How many tabs of the normal windows are left out, as their addresses were too long for the log.
+  std::size_t tabsWithoutAddress = 0;
 
   bool operator==(const LoggedSession&) const = default;
 };
 
-/// The normal windows without their numbers.
+/// The normal windows that have tabs, without their numbers.
 BrowserSession browserSession(LoggedSession logged);
 
 }  // namespace BrowserSessions

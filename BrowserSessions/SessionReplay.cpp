@@ -135,8 +135,12 @@ BrowserWindow SessionReplay::contents(const Shown& window) {
   for (const auto& [index, page] : window.pages) {
     if (index == window.shownIndex)
       contents.activeTab = contents.tabs.size();
-    contents.tabs.push_back({utf8FromUtf16(page.title), validUtf8(page.url)});
+    if (!page.url.empty())
+      contents.tabs.push_back({utf8FromUtf16(page.title), validUtf8(page.url)});
   }
+  // If the tab that is shown is left out, and was the last one.
+  if (contents.activeTab == contents.tabs.size() && !contents.tabs.empty())
+    --contents.activeTab;
   return contents;
 }
 
@@ -153,8 +157,10 @@ LoggedSession SessionReplay::session() const {
   if (const auto front = frontWindow(windows); front != windows.end())
     std::rotate(windows.begin(), front, std::next(front));
   LoggedSession session = {.windows = {}, .otherWindows = otherWindows()};
-  for (const Shown& window : windows)
+  for (const Shown& window : windows) {
     session.windows.push_back({window.id, contents(window)});
+    session.tabsWithoutAddress += window.pages.size() - session.windows.back().contents.tabs.size();
+  }
   return session;
 }
 

@@ -34,9 +34,7 @@ class BrowserRunTest : public testing::Test {
     return {folder_.write(name, SessionLogWriter().window(1).tab(1, 11, 0, "page").marker().bytes()), begun};
   }
   [[nodiscard]] BrowserRun run() const { return {folder_.path(), getpid()}; }
-  [[nodiscard]] std::size_t openWindows() const {
-    return chromiumProfileSession(folder_.path() / "Default", run())->windows.size();
-  }
+  [[nodiscard]] bool isKnown() const { return chromiumProfileSession(folder_.path() / "Default", run()).has_value(); }
 
   TestSupport::TemporaryFolder folder_;
 };
@@ -44,19 +42,19 @@ class BrowserRunTest : public testing::Test {
 TEST_F(BrowserRunTest, WritesLogsThatAreBegunBehindTheLock) {
   EXPECT_TRUE(run().mayHaveWritten(log(beginning)));
   EXPECT_TRUE(run().mayHaveWritten(log(beginning + 1)));
-  EXPECT_EQ(openWindows(), 1);
+  EXPECT_TRUE(isKnown());
 }
 
 TEST_F(BrowserRunTest, DoesNotWriteTheLogsThatWereThereBefore) {
   EXPECT_FALSE(run().mayHaveWritten(log(beginning - 1)));
-  EXPECT_EQ(openWindows(), 0);
+  EXPECT_FALSE(isKnown());
 }
 
 TEST_F(BrowserRunTest, WritesTheLogThatItHasOpenWhateverTheClockSays) {
   const SessionFile before = log(beginning - 1);
   const std::ofstream open(before.path, std::ios::app);
   EXPECT_TRUE(run().mayHaveWritten(before));
-  EXPECT_EQ(openWindows(), 1);
+  EXPECT_TRUE(isKnown());
 }
 
 TEST_F(BrowserRunTest, MayHaveWrittenAnyLogWhereNothingTellsWhenItWasBegun) {

@@ -42,11 +42,13 @@ class ChromiumProfile : public testing::Test {
   TestSupport::TemporaryFolder folder_;
 };
 
-TEST_F(ChromiumProfile, HasNothingOpenWithoutALog) {
-  EXPECT_EQ(openAddress(), "0 windows");
+TEST_F(ChromiumProfile, IsNotKnownWithoutALog) {
+  const std::string complaint = "What the browser has open with the profile " + folder_.path().string() +
+                                " is not known: it has written no session log since it was started.";
+  EXPECT_EQ(openAddress(), complaint);
   folder_.write("Sessions/Tabs_1", completeLog("closed"));
   folder_.write("Sessions/Apps_1", completeLog("application"));
-  EXPECT_EQ(openAddress(), "0 windows");
+  EXPECT_EQ(openAddress(), complaint);
 }
 
 TEST_F(ChromiumProfile, HasOpenWhatTheNewestLogTells) {

@@ -110,10 +110,28 @@ TEST(ChromiumSession, FollowsHistoriesThatArePruned) {
   EXPECT_EQ(session(history().record(5, number(11) + number(1))), BrowserSession{window("a", 0)});
 }
 
-TEST(ChromiumSession, HasAnEmptyTitleOrAddressWhereTheLogHasNone) {
-  const auto log = SessionLogWriter().window(1).tab(1, 11, 0, "https://a.example/").tab(1, 12, 1, "", u"Too long");
-  const BrowserSession expected = {{{{"", "https://a.example/"}, {"Too long", ""}}, 0}};
-  EXPECT_EQ(session(log), expected);
+LoggedSession logged(const SessionLogWriter& log) {
+  return chromiumSession(*SessionLog::open(log.bytes()));
+}
+
+TEST(ChromiumSession, LeavesOutTabsWhoseAddressIsTooLongForTheLog) {
+  auto log = SessionLogWriter().window(1).tab(1, 11, 0, "a").tab(1, 12, 1, "", u"Too long").tab(1, 13, 2, "c");
+  EXPECT_EQ(session(log.shown(1, 2)), BrowserSession{window("ac", 1)});
+  EXPECT_EQ(session(log.shown(1, 1)), BrowserSession{window("ac", 1)}) << "the shown one";
+  EXPECT_EQ(logged(log).tabsWithoutAddress, 1);
+  log.page(13, 1, "").goTo(13, 1);
+  EXPECT_EQ(session(log.shown(1, 2)), BrowserSession{window("a", 0)}) << "the shown and last one";
+  EXPECT_EQ(logged(log).tabsWithoutAddress, 2);
+  log.page(12, 0, "b");
+  EXPECT_EQ(session(log), BrowserSession{window("ab", 1)});
+  EXPECT_EQ(logged(log).tabsWithoutAddress, 1);
+}
+
+TEST(ChromiumSession, LeavesOutAWindowWhoseTabsAreAllLeftOut) {
+  const auto log = SessionLogWriter().window(1).tab(1, 11, 0, "").window(2).tab(2, 21, 0, "b").inFront(1);
+  EXPECT_EQ(session(log), BrowserSession{window("b", 0)});
+  EXPECT_EQ(logged(log).windows.size(), 2);
+  EXPECT_EQ(logged(log).tabsWithoutAddress, 1);
 }
 
 TEST(ChromiumSession, MakesTextsValid) {

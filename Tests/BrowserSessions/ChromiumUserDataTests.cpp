@@ -3,6 +3,7 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "BrowserSessions/ChromiumUserData.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
@@ -56,6 +57,25 @@ TEST_F(ChromiumUserData, CannotBeReadWhereNoProfileCan) {
             "The browser keeps the session in " + (folder_.path() / "Default").string() + " encrypted.");
 }
 
+TEST_F(ChromiumUserData, SaysHowManyTabsAreLeftOut) {
+  const auto log = SessionLogWriter().window(1).tab(1, 11, 0, "a").tab(1, 12, 1, "").tab(1, 13, 2, "").marker();
+  folder_.write("Default/Sessions/Session_1", log.bytes());
+  const SessionReading expected = {
+      .session = {{{{"", "a"}}, 0}},
+      .problems = {"Tabs of the profile " + (folder_.path() / "Default").string() +
+                   " that are left out, since their addresses are too long for the browser's session log: 2."}};
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), expected);
+}
+
+TEST_F(ChromiumUserData, LeavesOutNoTabThatTheBrowserItselfTells) {
+  state(R"({"profile": {"last_active_profiles": ["Default", "Profile 1"]}})");
+  folder_.write("Default/Sessions/Session_1", SessionLogWriter().window(1).tab(1, 11, 0, "").marker().bytes());
+  log("Profile 1", "first");
+  const auto devTools = FakeDevTools::withTabs({FakeDevTools::tab("Long", "long", 1, 0)});
+  devTools.noteIn(folder_);
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"Long", "long"}}, 0}}}));
+}
+
 TEST_F(ChromiumUserData, HasOpenWhatTheBrowserItselfTells) {
   log("Default", "logged");
   const auto devTools = FakeDevTools::withTabs({FakeDevTools::tab("Live", "live", 1, 0)});
@@ -98,8 +118,18 @@ TEST_F(ChromiumUserData, IsReadFromTheLogWhereNobodyAnswersOnThePort) {
   EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"", "logged"}}, 0}}}));
 }
 
-TEST_F(ChromiumUserData, HasNothingOpenWhereItIsMissing) {
-  EXPECT_EQ(chromiumUserDataSession(folder_.path() / "missing"), SessionReading());
+TEST_F(ChromiumUserData, CannotBeReadWithoutAProfile) {
+  EXPECT_EQ(chromiumUserDataSession(folder_.path() / "missing").error(),
+            "There is no profile in " + (folder_.path() / "missing").string() + '.');
+}
+
+TEST_F(ChromiumUserData, CannotBeReadFromTheLogsOfAnEarlierRun) {
+  log("Default", "before");
+  std::filesystem::create_symlink("host-" + std::to_string(getpid()), folder_.path() / "SingletonLock");
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"", "before"}}, 0}}}));
+  EXPECT_EQ(chromiumUserDataSession(folder_.path(), getpid()).error(),
+            "What the browser has open with the profile " + (folder_.path() / "Default").string() +
+                " is not known: it has written no session log since it was started.");
 }
 
 }  // namespace
