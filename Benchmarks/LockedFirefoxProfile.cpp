@@ -1,6 +1,7 @@
 // Makes a profile of Firefox whose session store holds the JSON text of a file, and keeps it locked, as a running
 // Firefox does, from the line that it prints until it is ended.
 
+#include <chrono>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -19,8 +20,10 @@ void writeSession(const char* json, const std::filesystem::path& profile) {
   std::ifstream stream(json, std::ios::binary);
   const std::string text(std::istreambuf_iterator<char>(stream), {});
   std::filesystem::create_directories(profile / "sessionstore-backups");
-  std::ofstream(profile / "sessionstore-backups/recovery.jsonlz4", std::ios::binary)
-      << BrowserSessions::Testing::mozillaLZ4File(text);
+  const std::filesystem::path file = profile / "sessionstore-backups/recovery.jsonlz4";
+  std::ofstream(file, std::ios::binary) << BrowserSessions::Testing::mozillaLZ4File(text);
+  // A file that is as old as the lock would be from an earlier run.
+  std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) + std::chrono::seconds(1));
 }
 
 }  // namespace
@@ -31,8 +34,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   try {
-    writeSession(argv[1], argv[2]);
     const BrowserSessions::Testing::LockedProfile lock(argv[2]);
+    writeSession(argv[1], argv[2]);
     std::puts("locked");
     std::fflush(stdout);
     pause();

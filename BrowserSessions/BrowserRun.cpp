@@ -1,9 +1,10 @@
 #include "BrowserSessions/BrowserRun.h"
 
+#include <chrono>
 #include <string>
 #include <system_error>
 
-#include <sys/stat.h>
+#include "BrowserSessions/FileTime.h"
 
 namespace BrowserSessions {
 
@@ -12,12 +13,12 @@ namespace {
 using std::filesystem::path;
 
 std::optional<std::int64_t> timeOfLock(const path& userData) {
-  constexpr std::int64_t from1601To1970 = 11'644'473'600;
-  constexpr std::int64_t microseconds = 1'000'000;
-  struct stat facts = {};
-  if (lstat((userData / "SingletonLock").c_str(), &facts) != 0)
+  constexpr std::chrono::seconds from1601To1970(11'644'473'600);
+  const auto time = fileTime(userData / "SingletonLock");
+  if (!time)
     return std::nullopt;
-  return (facts.st_mtim.tv_sec + from1601To1970) * microseconds + facts.st_mtim.tv_nsec / 1000;
+  const auto since1970 = std::chrono::floor<std::chrono::microseconds>(time->time_since_epoch());
+  return (since1970 + from1601To1970).count();
 }
 
 }  // namespace

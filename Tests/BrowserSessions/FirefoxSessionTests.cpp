@@ -1,7 +1,9 @@
+#include <chrono>
 #include <optional>
 #include <stop_token>
 #include <thread>
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -24,14 +26,32 @@ std::string sessionAt(const std::string& url) {
                         R"("}],"index":1}],"selected":1}],"selectedWindow":1})");
 }
 
+/// A profile that was locked an hour ago.
 class FirefoxSession : public testing::Test {
  protected:
+  FirefoxSession() {
+    std::filesystem::create_symlink("127.0.0.1:+4711", folder_.path() / "lock");
+    setTime("lock", std::chrono::hours(-1));
+  }
+
+  /// Gives a file a time, counted from the start of the test; a link has its own.
+  void setTime(const std::filesystem::path& file, std::chrono::nanoseconds fromStart) const {
+    const auto time = (start_ + fromStart).time_since_epoch();
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
+    const timespec written = {.tv_sec = seconds.count(), .tv_nsec = (time - seconds).count()};
+    const timespec times[] = {written, written};
+    EXPECT_EQ(
+        utimensat(AT_FDCWD, (folder_.path() / file).c_str(), static_cast<const timespec*>(times), AT_SYMLINK_NOFOLLOW),
+        0);
+  }
+
   // The address of the only tab, where the session can be read.
   [[nodiscard]] std::optional<std::string> url() const {
     const auto session = firefoxSession(folder_.path());
     return session ? std::optional(session->at(0).tabs.at(0).url) : std::nullopt;
   }
 
+  std::chrono::sys_time<std::chrono::nanoseconds> start_ = std::chrono::system_clock::now();
   TestSupport::TemporaryFolder folder_;
 };
 
@@ -55,6 +75,44 @@ TEST_F(FirefoxSession, IsWhatWasSavedBeforeWhereTheLastIsDamaged) {
     folder_.write(newest, file);
     EXPECT_EQ(url(), "old:");
   }
+}
+
+TEST_F(FirefoxSession, IsNotKnownUntilItIsSavedForTheFirstTimeInThisRun) {
+  folder_.write(newest, sessionAt("crashed:"));
+  folder_.write(previous, sessionAt("crashed:"));
+  for (const auto before : {std::chrono::nanoseconds(0), std::chrono::nanoseconds(1)}) {
+    setTime(newest, std::chrono::hours(-1) - before);
+    setTime(previous, std::chrono::hours(-1) - before);
+    EXPECT_EQ(firefoxSession(folder_.path()).error(), "The session of Firefox in " +
+                                                          (folder_.path() / newest).string() +
+                                                          " is unknown: It has not been saved since Firefox was "
+                                                          "started.");
+  }
+  setTime(previous, std::chrono::hours(-1) + std::chrono::nanoseconds(1));
+  EXPECT_EQ(url(), "crashed:");
+  folder_.write(newest, sessionAt("new:"));
+  setTime(previous, std::chrono::hours(-2));
+  EXPECT_EQ(url(), "new:");
+  folder_.write(newest, "damaged");
+  EXPECT_EQ(url(), std::nullopt) << "what was saved before is from an earlier run";
+}
+
+TEST_F(FirefoxSession, IsNotKnownUntilItIsSavedWhereThereAreNoLinks) {
+  std::filesystem::remove(folder_.path() / "lock");
+  folder_.write(newest, sessionAt("new:"));
+  EXPECT_EQ(url(), std::nullopt) << "nobody has ever locked the profile";
+  folder_.write(".parentlock", "");
+  setTime(".parentlock", std::chrono::hours(1));
+  EXPECT_EQ(url(), std::nullopt);
+  setTime(".parentlock", std::chrono::hours(-1));
+  EXPECT_EQ(url(), "new:");
+}
+
+TEST_F(FirefoxSession, IsKnownAlsoAfterAnotherFirefoxTriedToLockTheProfile) {
+  folder_.write(newest, sessionAt("new:"));
+  folder_.write(".parentlock", "");
+  setTime(".parentlock", std::chrono::hours(1));
+  EXPECT_EQ(url(), "new:");
 }
 
 TEST_F(FirefoxSession, IsNeverThatOfAnEarlierRun) {

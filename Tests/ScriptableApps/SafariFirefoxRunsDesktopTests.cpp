@@ -1,5 +1,6 @@
 // Safari with a real Firefox that starts and ends.
 
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -63,6 +64,23 @@ TEST_F(FirefoxRuns, AreListedTogetherTheOneInFrontFirst) {
   EXPECT_TRUE(changes.waitUntil([&] { return textOfScript(listWindows) == otherFirst; }));
   raise("first");
   EXPECT_EQ(textOfScript(listWindows), window("first", {"first"}) + window("other", {"other"}));
+}
+
+/// Shows nothing again after a crash, and saves nothing within the time of a test unless it is told to.
+TEST_F(FirefoxRuns, HasNothingListedOfTheRunThatCrashed) {
+  inside("await open('a');");
+  expectWindows(window("first", {"first", "a"}));
+  firefox_->crash();
+  std::ofstream(firefox_->profile() / "user.js", std::ios::app)
+      << "user_pref('browser.sessionstore.resume_from_crash', false);\n"
+      << "user_pref('browser.startup.page', 0);\n"
+      << "user_pref('browser.sessionstore.interval', 3600000);\n";
+  firefox_->startAgain();
+  EXPECT_EQ(textOfScript(listWindows), "-2700: Safari got an error: The session of Firefox in " +
+                                           (firefox_->sessionFolder() / "recovery.jsonlz4").string() +
+                                           " is unknown: It has not been saved since Firefox was started.");
+  inside("Services.prefs.setIntPref('browser.sessionstore.interval', 100); await visit(gBrowser.selectedTab, 'b');");
+  expectWindows(window("b", {"b"}));
 }
 
 }  // namespace
