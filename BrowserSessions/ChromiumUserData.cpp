@@ -13,6 +13,7 @@
 #include "BrowserSessions/LiveSession.h"
 #include "BrowserSessions/LoggedSession.h"
 #include "BrowserSessions/OpenProfiles.h"
+#include "BrowserSessions/PageNames.h"
 #include "BrowserSessions/TitleHistory.h"
 
 namespace BrowserSessions {
@@ -56,6 +57,14 @@ void read(Logs& logs, const path& profile, const std::optional<BrowserRun>& run,
     logs.problems.push_back(leftOut(session->tabsWithoutAddress, profile));
   append(logs.session.windows, std::move(session->windows));
   append(logs.session.otherWindows, std::move(session->otherWindows));
+  logs.session.tabsWithoutAddress += session->tabsWithoutAddress;
+}
+
+// A tab that is left out may be the one whose title a window has.
+void addNames(LoggedSession& session, const std::vector<std::string>& titles) {
+  if (session.tabsWithoutAddress == 0)
+    addWindowTitles(session.windows, titles);
+  addChromiumNames(session.windows);
 }
 
 // The browser itself tells what it has open with the profile that was used last, whatever its log is like.
@@ -67,7 +76,8 @@ SessionReading withLive(const LiveSession& live, Logs logs, std::size_t profiles
 
 }  // namespace
 
-std::expected<SessionReading, std::string> chromiumUserDataSession(const path& userData, std::optional<pid_t> process) {
+std::expected<SessionReading, std::string> chromiumUserDataSession(const path& userData, std::optional<pid_t> process,
+                                                                   const std::vector<std::string>& titles) {
   const auto run = process ? std::optional(BrowserRun(userData, *process)) : std::nullopt;
   const std::optional<LiveSession> live = devToolsSession(userData);
   const std::vector<path> profiles = openChromiumProfiles(userData);
@@ -79,6 +89,7 @@ std::expected<SessionReading, std::string> chromiumUserDataSession(const path& u
   if (!logs.isAnyRead)
     return std::unexpected(profiles.empty() ? "There is no profile in " + userData.string() + '.'
                                             : std::move(logs.problems.front()));
+  addNames(logs.session, titles);
   return SessionReading{browserSession(std::move(logs.session)), std::move(logs.problems)};
 }
 

@@ -7,6 +7,7 @@
 #include "BrowserSessions/FileTime.h"
 #include "BrowserSessions/FirefoxState.h"
 #include "BrowserSessions/MozillaLZ4.h"
+#include "BrowserSessions/PageNames.h"
 #include "DesktopSupport/FileContents.h"
 
 namespace BrowserSessions {
@@ -31,7 +32,10 @@ std::expected<BrowserSession, std::string> stateIn(const std::filesystem::path& 
   if (!bytes)
     return std::unexpected("It is not there, cannot be read or is too large.");
   const auto json = mozillaLZ4Contents(*bytes);
-  return json ? firefoxState(*json) : std::unexpected(json.error());
+  auto session = json ? firefoxState(*json) : std::unexpected(json.error());
+  if (session)
+    addFirefoxNames(*session);
+  return session;
 }
 
 }  // namespace

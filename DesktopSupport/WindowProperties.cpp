@@ -29,6 +29,7 @@ bool isOrdinary(const X11Atoms& atoms, const std::vector<std::uint32_t>& types,
 WindowProperties::WindowProperties(X11Connection& connection, const X11Atoms& atoms, xcb_window_t window)
     : window_(window),
       windowClass_(X11Property::request(connection, window, XCB_ATOM_WM_CLASS)),
+      title_(X11Property::request(connection, window, atoms[X11Name::title])),
       applicationId_(X11Property::request(connection, window, atoms[X11Name::gtkApplicationId])),
       transientFor_(X11Property::request(connection, window, XCB_ATOM_WM_TRANSIENT_FOR)),
       type_(X11Property::request(connection, window, atoms[X11Name::windowType])),
@@ -45,6 +46,7 @@ std::optional<Window> WindowProperties::collect(X11Connection& connection, const
   Window window{.id = window_};
   window.instance = classNames.empty() ? "" : classNames[0];
   window.windowClass = classNames.size() < 2 ? "" : classNames[1];
+  window.title = property(title_).text(utf8);
   window.applicationId = property(applicationId_).text(utf8);
   window.transientFor = property(transientFor_).number();
   window.isOrdinary = isOrdinary(atoms, property(type_).numbers(), states);

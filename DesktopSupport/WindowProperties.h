@@ -24,6 +24,7 @@ class WindowProperties {
  private:
   xcb_window_t window_;
   xcb_get_property_cookie_t windowClass_;
+  xcb_get_property_cookie_t title_;
   xcb_get_property_cookie_t applicationId_;
   xcb_get_property_cookie_t transientFor_;
   xcb_get_property_cookie_t type_;

@@ -18,6 +18,7 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(X11Name::count)>
     "_NET_WM_STATE",
     "_NET_WM_STATE_HIDDEN",
     "_NET_WM_STATE_SKIP_TASKBAR",
+    "_NET_WM_NAME",
     "_NET_WM_PID",
     "_GTK_APPLICATION_ID",
     "_GTK_UNIQUE_BUS_NAME",

@@ -22,6 +22,7 @@ enum class X11Name : std::size_t {
   state,
   stateHidden,
   stateSkipTaskbar,
+  title,
   processId,
   gtkApplicationId,
   gtkUniqueBusName,

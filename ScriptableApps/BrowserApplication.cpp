@@ -18,22 +18,30 @@ namespace ScriptableApps {
 namespace {
 
 using BrowserSessions::SessionReading;
+using DesktopSupport::Window;
+using DesktopSupport::WindowList;
 
-// The processes that show windows, the topmost first; none where there is no X server that tells.
-std::vector<pid_t> windowProcesses() {
-  const auto list = DesktopSupport::readWindows();
-  if (!list)
-    return {};
+// The processes that show windows, the topmost first.
+std::vector<pid_t> windowProcesses(const WindowList& list) {
   std::unordered_map<DesktopSupport::WindowId, pid_t> owners;
-  for (const DesktopSupport::Window& window : list->windows)
+  for (const Window& window : list.windows)
     if (window.pid)
       owners.emplace(window.id, *window.pid);
   std::vector<pid_t> processes;
-  for (const DesktopSupport::WindowId window : list->stack | std::views::reverse)
+  for (const DesktopSupport::WindowId window : list.stack | std::views::reverse)
     if (const auto owner = owners.find(window);
         owner != owners.end() && std::ranges::find(processes, owner->second) == processes.end())
       processes.push_back(owner->second);
   return processes;
+}
+
+// The titles of the windows of a process that are no dialogs.
+std::vector<std::string> windowTitles(const WindowList& list, std::optional<pid_t> process) {
+  std::vector<std::string> titles;
+  for (const Window& window : list.windows)
+    if (process && window.pid == process && window.isOrdinary && !window.transientFor)
+      titles.push_back(window.title);
+  return titles;
 }
 
 // By the place of the process among those that show windows, 0 for the one in front; browsers without a window come
@@ -50,11 +58,11 @@ BrowsersByPlace sortedByPlace(std::vector<RunningBrowser> browsers, const std::v
 }
 
 // What the browsers have open, taken together. Fails where nothing could be read of any of them.
-std::expected<SessionReading, std::string> joinedReading(const BrowsersByPlace& browsers) {
+std::expected<SessionReading, std::string> joinedReading(const BrowsersByPlace& browsers, const WindowList& windows) {
   SessionReading all;
   bool isAnyRead = false;
   for (const auto& [place, browser] : browsers) {
-    auto reading = browser.read();
+    auto reading = browser.read(windowTitles(windows, browser.process));
     isAnyRead = isAnyRead || reading;
     if (!reading)
       reading = SessionReading{.session = {}, .problems = {std::move(reading.error())}};
@@ -69,11 +77,13 @@ std::expected<SessionReading, std::string> joinedReading(const BrowsersByPlace& 
 }  // namespace
 
 AppleScript::Result<AppleScript::ObjectPointer> BrowserApplication::open() {
-  const auto processes = windowProcesses();
+  // There are no windows if there is no X server that tells.
+  const WindowList windows = DesktopSupport::readWindows().value_or(WindowList());
+  const auto processes = windowProcesses(windows);
   auto browsers = runningBrowsers(processes);
   if (browsers.empty())
     return std::unexpected(notRunning(name()));
-  const auto reading = joinedReading(sortedByPlace(std::move(browsers), processes));
+  const auto reading = joinedReading(sortedByPlace(std::move(browsers), processes), windows);
   if (!reading)
     return std::unexpected(applicationError(name(), AppleScript::ErrorNumber::genericError, reading.error()));
   for (const std::string& problem : reading->problems)

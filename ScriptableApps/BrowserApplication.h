@@ -18,8 +18,10 @@ namespace ScriptableApps {
 struct RunningBrowser {
   /// None where that cannot be told.
   std::optional<pid_t> process;
-  /// Reads what it has open; fails with a sentence where that cannot be.
-  std::function<std::expected<BrowserSessions::SessionReading, std::string>()> read;
+  /// Reads what it has open, given the titles of the windows of its process, as far as they are known, in the order in
+  /// which they were opened; fails with a sentence where that cannot be.
+  std::function<std::expected<BrowserSessions::SessionReading, std::string>(const std::vector<std::string>& titles)>
+      read;
 };
 
 /// A scriptable application that stands for one or more browsers of a kind: their windows are its windows, those of the

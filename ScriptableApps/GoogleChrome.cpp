@@ -63,6 +63,17 @@ std::vector<RunningChromium> runningChromiums(const std::vector<pid_t>& processe
   return running;
 }
 
+// The titles of the pages that windows show: their own without the browser's name at the end. Windows of web
+// applications and of the developer tools don't have that.
+std::vector<std::string> pageTitles(const std::vector<std::string>& windowTitles, std::string_view browser) {
+  const std::string end = " - " + std::string(browser);
+  std::vector<std::string> titles;
+  for (const std::string& title : windowTitles)
+    if (title.ends_with(end))
+      titles.push_back(title.substr(0, title.size() - end.size()));
+  return titles;
+}
+
 }  // namespace
 
 std::string_view GoogleChrome::name() const {
@@ -81,9 +92,10 @@ const BrowserClasses& GoogleChrome::classes() const {
 
 std::vector<RunningBrowser> GoogleChrome::runningBrowsers(const std::vector<pid_t>& processes) const {
   std::vector<RunningBrowser> browsers;
-  for (RunningChromium& running : runningChromiums(processes))
-    browsers.push_back({running.process, [userData = std::move(running.userData), process = running.process] {
-                          return BrowserSessions::chromiumUserDataSession(userData, process);
+  for (const RunningChromium& running : runningChromiums(processes))
+    browsers.push_back({running.process, [running](const std::vector<std::string>& titles) {
+                          return BrowserSessions::chromiumUserDataSession(running.userData, running.process,
+                                                                          pageTitles(titles, running.browser));
                         }});
   return browsers;
 }

@@ -68,7 +68,8 @@ using ReadSession = std::expected<BrowserSession, std::string> (*)(const std::fi
 
 RunningBrowser runningBrowser(std::filesystem::path profile, std::optional<pid_t> process, ReadSession readSession) {
   return {process,
-          [profile = std::move(profile), readSession] -> std::expected<BrowserSessions::SessionReading, std::string> {
+          [profile = std::move(profile), readSession](const std::vector<std::string>& /*titles*/)
+              -> std::expected<BrowserSessions::SessionReading, std::string> {
             auto session = readSession(profile);
             if (!session)
               return std::unexpected(std::move(session.error()));

@@ -35,7 +35,7 @@ TEST_F(ChromiumUserData, HasOpenWhatAllItsOpenProfilesHave) {
   log("Default", "default");
   log("Profile 1", "first");
   log("Profile 2", "second");
-  const BrowserSession expected = {{{{"", "first"}}, 0}, {{{"", "default"}}, 0}};
+  const BrowserSession expected = {{{{"first", "first"}}, 0}, {{{"default", "default"}}, 0}};
   EXPECT_EQ(chromiumUserDataSession(folder_.path()), SessionReading{expected});
 }
 
@@ -44,7 +44,7 @@ TEST_F(ChromiumUserData, LeavesOutAProfileThatCannotBeRead) {
   folder_.write("Profile 1/Sessions_Encrypted/Session_1", "");
   log("Default", "default");
   const SessionReading expected = {
-      .session = {{{{"", "default"}}, 0}},
+      .session = {{{{"default", "default"}}, 0}},
       .problems = {"The browser keeps the session in " + (folder_.path() / "Profile 1").string() + " encrypted."}};
   EXPECT_EQ(chromiumUserDataSession(folder_.path()), expected);
 }
@@ -58,12 +58,12 @@ TEST_F(ChromiumUserData, CannotBeReadWhereNoProfileCan) {
 }
 
 TEST_F(ChromiumUserData, SaysHowManyTabsAreLeftOut) {
-  const auto log = SessionLogWriter().window(1).tab(1, 11, 0, "a").tab(1, 12, 1, "").tab(1, 13, 2, "").marker();
+  const auto log = SessionLogWriter().window(1).tab(1, 11, 0, "a").tab(1, 12, 1, "").marker();
   folder_.write("Default/Sessions/Session_1", log.bytes());
   const SessionReading expected = {
-      .session = {{{{"", "a"}}, 0}},
+      .session = {{{{"a", "a"}}, 0}},
       .problems = {"Tabs of the profile " + (folder_.path() / "Default").string() +
-                   " that are left out, since their addresses are too long for the browser's session log: 2."}};
+                   " that are left out, since their addresses are too long for the browser's session log: 1."}};
   EXPECT_EQ(chromiumUserDataSession(folder_.path()), expected);
 }
 
@@ -74,6 +74,23 @@ TEST_F(ChromiumUserData, LeavesOutNoTabThatTheBrowserItselfTells) {
   const auto devTools = FakeDevTools::withTabs({FakeDevTools::tab("Long", "long", 1, 0)});
   devTools.noteIn(folder_);
   EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"Long", "long"}}, 0}}}));
+}
+
+TEST_F(ChromiumUserData, HasTheTitlesOfTheBrowsersWindows) {
+  state(R"({"profile": {"last_active_profiles": ["Profile 1", "Default"]}})");
+  const auto tabs = SessionLogWriter().window(1).tab(1, 11, 0, "a", u"A").tab(1, 12, 1, "b").shown(1, 1).marker();
+  folder_.write("Default/Sessions/Session_1", tabs.bytes());
+  folder_.write("Profile 1/Sessions/Session_1", SessionLogWriter().window(2).tab(2, 21, 0, "c").marker().bytes());
+  const BrowserSession expected = {{{{"Page C", "c"}}, 0}, {{{"A", "a"}, {"Page B", "b"}}, 1}};
+  EXPECT_EQ(chromiumUserDataSession(folder_.path(), std::nullopt, {"Page B", "Page C"}), SessionReading{expected});
+}
+
+TEST_F(ChromiumUserData, HasNoTitleOfAWindowWhoseTabMayBeLeftOut) {
+  const auto log = SessionLogWriter().window(1).tab(1, 11, 0, "a").tab(1, 12, 1, "").shown(1, 1).marker();
+  folder_.write("Default/Sessions/Session_1", log.bytes());
+  const auto reading = chromiumUserDataSession(folder_.path(), std::nullopt, {"Too long"});
+  ASSERT_TRUE(reading);
+  EXPECT_EQ(reading->session, (BrowserSession{{{{"a", "a"}}, 0}}));
 }
 
 TEST_F(ChromiumUserData, HasOpenWhatTheBrowserItselfTells) {
@@ -115,7 +132,7 @@ TEST_F(ChromiumUserData, SaysWhichProfileTheBrowserMayHaveLeftOut) {
 TEST_F(ChromiumUserData, IsReadFromTheLogWhereNobodyAnswersOnThePort) {
   log("Default", "logged");
   folder_.write("DevToolsActivePort", std::to_string(deadPort()) + "\n" + FakeDevTools::path);
-  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"", "logged"}}, 0}}}));
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"logged", "logged"}}, 0}}}));
 }
 
 TEST_F(ChromiumUserData, CannotBeReadWithoutAProfile) {
@@ -126,7 +143,7 @@ TEST_F(ChromiumUserData, CannotBeReadWithoutAProfile) {
 TEST_F(ChromiumUserData, CannotBeReadFromTheLogsOfAnEarlierRun) {
   log("Default", "before");
   std::filesystem::create_symlink("host-" + std::to_string(getpid()), folder_.path() / "SingletonLock");
-  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"", "before"}}, 0}}}));
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"before", "before"}}, 0}}}));
   EXPECT_EQ(chromiumUserDataSession(folder_.path(), getpid()).error(),
             "What the browser has open with the profile " + (folder_.path() / "Default").string() +
                 " is not known: it has written no session log since it was started.");

@@ -44,9 +44,12 @@ TEST_F(WindowReaderDesktopTest, ReadsAnEmptyDesktop) {
 }
 
 TEST_F(WindowReaderDesktopTest, ReadsWhatAWindowSays) {
-  window_.setClass("tool", "Tool").setText("_GTK_APPLICATION_ID", "org.example.Tool", "UTF8_STRING");
+  window_.setClass("tool", "Tool")
+      .setText("_GTK_APPLICATION_ID", "org.example.Tool", "UTF8_STRING")
+      .setText("_NET_WM_NAME", "Werkzeug für alles", "UTF8_STRING");
   const auto window = showAndRead();
   ASSERT_TRUE(window);
+  EXPECT_EQ(window->title, "Werkzeug für alles");
   EXPECT_EQ(window->instance, "tool");
   EXPECT_EQ(window->windowClass, "Tool");
   EXPECT_EQ(window->applicationId, "org.example.Tool");

@@ -26,7 +26,7 @@ class StandIn : public Application {
   [[nodiscard]] std::vector<RunningBrowser> runningBrowsers(const std::vector<pid_t>& /*processes*/) const override {
     std::vector<RunningBrowser> browsers;
     for (const Reading& reading : readings_)
-      browsers.push_back({std::nullopt, [reading] { return reading; }});
+      browsers.push_back({std::nullopt, [reading](const std::vector<std::string>& /*titles*/) { return reading; }});
     return browsers;
   }
 
@@ -118,6 +118,12 @@ TEST(BrowserApplication, HandsOverOneLineEach) {
 
 TEST(BrowserApplication, HasAnAddressForEveryTab) {
   EXPECT_EQ(ofSafari("get URL of tab 1 of window 1", {{.tabs = {{"New Tab", ""}}}}), "about:blank");
+}
+
+TEST(BrowserApplication, HasANameForEveryTab) {
+  EXPECT_EQ(ofChrome("get title of tab 1 of window 1", {{.tabs = {{"", "https://example.com/a b"}}}}),
+            "https://example.com/a%20b");
+  EXPECT_EQ(ofSafari("get name of tab 1 of window 1", {{.tabs = {{"\x01", ""}}}}), "about:blank");
 }
 
 TEST(BrowserApplication, TakesAllBrowsersTogether) {

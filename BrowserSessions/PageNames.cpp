@@ -1,0 +1,143 @@
+#include "BrowserSessions/PageNames.h"
+
+#include <algorithm>
+#include <optional>
+#include <unordered_map>
+
+#include "DesktopSupport/GLibHandles.h"
+
+namespace BrowserSessions {
+
+namespace {
+
+constexpr std::string_view schemeEnd = "://";
+
+// The character that an escape (%XX) at the start of the text stands for.
+std::optional<char> escapedCharacter(std::string_view text) {
+  constexpr int hexadecimal = 16;
+  if (text.size() < 3 || text[0] != '%' || g_ascii_xdigit_value(text[1]) < 0 || g_ascii_xdigit_value(text[2]) < 0)
+    return std::nullopt;
+  return static_cast<char>(hexadecimal * g_ascii_xdigit_value(text[1]) + g_ascii_xdigit_value(text[2]));
+}
+
+// Whether an address means the same with this character in place of its escape, and can be read.
+bool isReadable(char character) {
+  constexpr std::string_view special = "#$%&+,/:;=?@\\";
+  return g_ascii_iscntrl(character) == FALSE && !special.contains(character);
+}
+
+std::string unescaped(std::string_view address) {
+  std::string text;
+  for (std::size_t position = 0; position < address.size(); ++position) {
+    const auto character = escapedCharacter(address.substr(position));
+    const bool isTaken = character && isReadable(*character);
+    text += isTaken ? *character : address[position];
+    position += isTaken ? 2 : 0;
+  }
+  const bool isText = g_utf8_validate(text.data(), std::ssize(text), nullptr) != FALSE;
+  return isText ? text : std::string(address);
+}
+
+// A host as it is read, without the user's name and password; the port is kept.
+std::string readableHost(std::string_view authority) {
+  const std::string_view withPort = authority.substr(authority.rfind('@') + 1);
+  const std::string host(withPort.substr(0, withPort.rfind(':')));
+  const DesktopSupport::CharsHandle name(host.contains("xn--") ? g_hostname_to_unicode(host.c_str()) : nullptr);
+  return (name ? name.get() : host) + std::string(withPort.substr(host.size()));
+}
+
+// The name of a file together with what follows it in the address.
+std::string_view fileName(std::string_view url) {
+  return url.substr(url.substr(0, url.find_first_of("?#")).rfind('/') + 1);
+}
+
+// Whether a title is the address of its page. The host may be written in another way.
+bool isAddress(std::string_view title, std::string_view url) {
+  const auto scheme = url.find(schemeEnd);
+  if (title == url || scheme == std::string_view::npos)
+    return title == url;
+  const auto partsAfterHost = [start = scheme + schemeEnd.size()](std::string_view address) {
+    return address.substr(std::min(address.find('/', start), address.size()));
+  };
+  return title.starts_with(url.substr(0, scheme + schemeEnd.size())) && partsAfterHost(title) == partsAfterHost(url);
+}
+
+// The tabs that the windows show, in the order in which the windows were opened. None if a window has no tabs.
+std::vector<BrowserTab*> shownTabs(std::vector<ChromiumWindow>& windows) {
+  std::vector<ChromiumWindow*> opened;
+  for (ChromiumWindow& window : windows)
+    opened.push_back(&window);
+  std::ranges::sort(opened, {}, &ChromiumWindow::number);
+  std::vector<BrowserTab*> shown;
+  for (ChromiumWindow* window : opened) {
+    if (window->contents.tabs.empty())
+      return {};
+    shown.push_back(&window->contents.tabs[window->contents.activeTab]);
+  }
+  return shown;
+}
+
+std::unordered_map<std::string, int> addressCounts(const std::vector<ChromiumWindow>& windows) {
+  std::unordered_map<std::string, int> counts;
+  for (const ChromiumWindow& window : windows)
+    for (const BrowserTab& tab : window.contents.tabs)
+      ++counts[tab.url];
+  return counts;
+}
+
+}  // namespace
+
+std::string chromiumPageName(std::string_view url) {
+  constexpr std::string_view source = "view-source:";
+  constexpr std::string_view http = "http://";
+  const std::string_view prefix = url.starts_with(source) ? source : "";
+  const std::string_view page = url.substr(prefix.size());
+  if (page.starts_with("file:"))
+    return unescaped(fileName(page));
+  const auto scheme = page.find(schemeEnd);
+  if (scheme == std::string_view::npos)
+    return unescaped(url);
+  const std::string_view start = page.substr(0, scheme + schemeEnd.size());
+  const std::string_view authority = page.substr(start.size(), page.find_first_of("/?#", start.size()) - start.size());
+  const std::string_view rest = page.substr(start.size() + authority.size());
+  return std::string(prefix) + std::string(start == http ? "" : start) + readableHost(authority) +
+         (rest == "/" ? "" : unescaped(rest));
+}
+
+std::string firefoxPageName(std::string_view url) {
+  constexpr std::string_view usualHost = "www.";
+  const auto scheme = url.find(':');
+  if (scheme == std::string_view::npos || !url.substr(scheme).starts_with(schemeEnd))
+    return std::string(url);
+  url.remove_prefix(scheme + schemeEnd.size());
+  return std::string(url.substr(url.starts_with(usualHost) ? usualHost.size() : 0));
+}
+
+void addFirefoxNames(BrowserSession& session) {
+  for (BrowserWindow& window : session)
+    for (BrowserTab& tab : window.tabs)
+      if (tab.title.empty() || isAddress(tab.title, tab.url))
+        tab.title = firefoxPageName(tab.url);
+}
+
+void addWindowTitles(std::vector<ChromiumWindow>& windows, const std::vector<std::string>& titles) {
+  const auto shown = shownTabs(windows);
+  if (shown.size() != titles.size())
+    return;
+  const auto counts = addressCounts(windows);
+  const auto keepsTitle = [&](const BrowserTab& tab) { return !tab.title.empty() && counts.at(tab.url) == 1; };
+  for (std::size_t index = 0; index < shown.size(); ++index)
+    if (keepsTitle(*shown[index]) && shown[index]->title != titles[index])
+      return;
+  for (std::size_t index = 0; index < shown.size(); ++index)
+    shown[index]->title = titles[index];
+}
+
+void addChromiumNames(std::vector<ChromiumWindow>& windows) {
+  for (ChromiumWindow& window : windows)
+    for (BrowserTab& tab : window.contents.tabs)
+      if (tab.title.empty())
+        tab.title = chromiumPageName(tab.url);
+}
+
+}  // namespace BrowserSessions
