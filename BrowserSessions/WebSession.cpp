@@ -1,6 +1,8 @@
 #include "BrowserSessions/WebSession.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <set>
 
 #include "BrowserSessions/WebState.h"
 #include "DesktopSupport/FileContents.h"
@@ -23,6 +25,14 @@ std::expected<BrowserSession, std::string> webSession(const std::filesystem::pat
   if (!session)
     return std::unexpected("The session of GNOME Web in " + file.string() + " is unknown: " + session.error());
   return session;
+}
+
+bool isBehind(const BrowserSession& session, const std::vector<std::string>& windowTitles) {
+  std::set<std::string> titles;
+  for (const BrowserWindow& window : session)
+    for (const BrowserTab& tab : window.tabs)
+      titles.insert(tab.title);
+  return std::ranges::any_of(windowTitles, [&](const std::string& title) { return !titles.contains(title); });
 }
 
 }  // namespace BrowserSessions

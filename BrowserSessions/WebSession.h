@@ -3,6 +3,7 @@
 #include <expected>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "BrowserSessions/BrowserSession.h"
 
@@ -15,5 +16,11 @@ namespace BrowserSessions {
 /// Where the user has set that nothing is restored after an ordinary exit, newer versions save pinned tabs only, and an
 /// overview page in place of the others. Fails with a sentence that names the file where that cannot be read.
 std::expected<BrowserSession, std::string> webSession(const std::filesystem::path& profile);
+
+/// Whether GNOME Web has not saved this session since one of its windows came to show another page, given the titles of
+/// its windows: no tab has the window's title. That lasts a second, and until the next change if a script has changed
+/// the title; but while a tab shows the source of a page, or is at another address that GNOME Web cannot write, nothing
+/// is saved at all.
+bool isBehind(const BrowserSession& session, const std::vector<std::string>& windowTitles);
 
 }  // namespace BrowserSessions

@@ -19,8 +19,8 @@ using AppleScript::ElementsDescription;
 using AppleScript::Object;
 using AppleScript::PropertyDescription;
 using AppleScript::Value;
-using BrowserSessions::BrowserSession;
 using BrowserSessions::RunningFirefox;
+using BrowserSessions::SessionReading;
 
 using Answer = AppleScript::Result<Value>;
 
@@ -64,17 +64,25 @@ std::vector<RunningFirefox> allRunningFirefoxes(const std::vector<pid_t>& proces
   return running;
 }
 
-using ReadSession = std::expected<BrowserSession, std::string> (*)(const std::filesystem::path& profile);
+using Reading = std::expected<SessionReading, std::string>;
 
-RunningBrowser runningBrowser(std::filesystem::path profile, std::optional<pid_t> process, ReadSession readSession) {
-  return {process,
-          [profile = std::move(profile), readSession](const std::vector<std::string>& /*titles*/)
-              -> std::expected<BrowserSessions::SessionReading, std::string> {
-            auto session = readSession(profile);
-            if (!session)
-              return std::unexpected(std::move(session.error()));
-            return BrowserSessions::SessionReading{.session = std::move(*session)};
-          }};
+Reading readFirefox(const std::filesystem::path& profile) {
+  auto session = BrowserSessions::firefoxSession(profile);
+  if (!session)
+    return std::unexpected(std::move(session.error()));
+  return SessionReading{.session = std::move(*session)};
+}
+
+Reading readWeb(const std::filesystem::path& profile, const std::vector<std::string>& windowTitles) {
+  auto session = BrowserSessions::webSession(profile);
+  if (!session)
+    return std::unexpected(std::move(session.error()));
+  SessionReading reading = {.session = std::move(*session)};
+  if (BrowserSessions::isBehind(reading.session, windowTitles))
+    reading.problems.emplace_back(
+        "What is listed of GNOME Web may be out of date: a window shows a page that it has not saved in " +
+        profile.string() + '.');
+  return reading;
 }
 
 }  // namespace
@@ -96,9 +104,13 @@ const BrowserClasses& Safari::classes() const {
 std::vector<RunningBrowser> Safari::runningBrowsers(const std::vector<pid_t>& processes) const {
   std::vector<RunningBrowser> browsers;
   if (const auto web = BrowserSessions::runningWeb())
-    browsers.push_back(runningBrowser(web->profile, web->process, BrowserSessions::webSession));
-  for (const auto& [profile, process] : allRunningFirefoxes(processes))
-    browsers.push_back(runningBrowser(profile, process, BrowserSessions::firefoxSession));
+    browsers.push_back({web->process, [profile = web->profile](const std::vector<std::string>& titles) {
+                          return readWeb(profile, titles);
+                        }});
+  for (const RunningFirefox& firefox : allRunningFirefoxes(processes))
+    browsers.push_back({firefox.process, [profile = firefox.profile](const std::vector<std::string>& /*titles*/) {
+                          return readFirefox(profile);
+                        }});
   return browsers;
 }
 

@@ -11,6 +11,7 @@
 
 namespace {
 
+using BrowserSessions::isBehind;
 using BrowserSessions::webSession;
 using testing::HasSubstr;
 
@@ -54,6 +55,16 @@ TEST(WebSession, CannotBeReadFromWhatIsNoFile) {
   std::filesystem::create_directories(folder.path() / "c");
   ASSERT_EQ(mkfifo((folder.path() / "c" / file).c_str(), 0600), 0);
   EXPECT_FALSE(webSession(folder.path() / "c"));
+}
+
+TEST(WebSession, IsBehindWhereAWindowShowsWhatNoTabHas) {
+  const BrowserSessions::BrowserSession session = {{{{"A", "a:"}, {"B", "b:"}}, 1}, {{{"C", "c:"}}, 0}};
+  EXPECT_FALSE(isBehind(session, {}));
+  EXPECT_FALSE(isBehind(session, {"B", "C"}));
+  EXPECT_FALSE(isBehind(session, {"C", "A", "A"}));
+  EXPECT_TRUE(isBehind(session, {"B", "D"}));
+  EXPECT_TRUE(isBehind(session, {"", "C"}));
+  EXPECT_TRUE(isBehind({}, {"A"}));
 }
 
 TEST(WebSession, IsAWholeOneAlsoWhileItIsReplaced) {

@@ -83,4 +83,19 @@ TEST_F(FirefoxRuns, HasNothingListedOfTheRunThatCrashed) {
   expectWindows(window("b", {"b"}));
 }
 
+TEST_F(FirefoxRuns, HaveTheNamesAndAddressesThatAreShown) {
+  const TestSupport::TemporaryFolder folder;
+  const std::string text = "file://" + folder.write("a b.txt", "text").parent_path().string() + "/a%20b.txt";
+  std::string host = server().url("a");
+  host.replace(host.find("127.0.0.1"), std::string("127.0.0.1").size(), "b\u00fccher.localhost");
+  inside(
+      "Services.prefs.setCharPref('network.proxy.no_proxies_on', '127.0.0.1, .localhost');"
+      "await open('" +
+      text + "'); await open('data:text/plain,a%20b'); await open('" + host + "');");
+  const std::string shown = text.substr(std::string("file://").size());
+  const std::string ascii = "http://xn--bcher-kva" + host.substr(host.find(".localhost"));
+  expectWindows(window("first", {"first"}) + shown + '\n' + text + "\ndata:text/plain,a%20b\ndata:text/plain,a%20b\n" +
+                "Page a\n" + ascii + '\n');
+}
+
 }  // namespace

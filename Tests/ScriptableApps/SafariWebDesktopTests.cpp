@@ -97,4 +97,21 @@ TEST_F(WebTest, HasNothingListedOnceItHasQuit) {
   EXPECT_EQ(textOfScript(listWindows), notRunning);
 }
 
+TEST_F(WebTest, IsSaidToBeOutOfDateWhileItSavesNothing) {
+  start({url("a")});
+  expectPages({{"a", "a"}});
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(textOfScript(listTabs), "Page a\n" + url("a") + '\n');
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  start({"view-source:" + url("a")});
+  ASSERT_TRUE(desktop_.waitForTitle(url("a")));
+  start({url("b")});
+  ASSERT_TRUE(desktop_.waitForTitle("Page b"));
+  testing::internal::CaptureStderr();
+  EXPECT_THAT(textOfScript(listTabs), testing::Not(testing::HasSubstr("Page b")));
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "What is listed of GNOME Web may be out of date: a window shows a page that it has not saved in " +
+                profile_.string() + ".\n");
+}
+
 }  // namespace
