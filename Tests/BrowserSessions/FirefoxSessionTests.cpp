@@ -61,6 +61,11 @@ TEST_F(FirefoxSession, IsWhatWasSavedLast) {
   EXPECT_EQ(url(), "new:");
 }
 
+TEST_F(FirefoxSession, HasANameForAPageWithoutATitle) {
+  folder_.write(newest, sessionAt("http://example.com/a"));
+  EXPECT_EQ(firefoxSession(folder_.path())->at(0).tabs.at(0).title, "example.com/a");
+}
+
 TEST_F(FirefoxSession, IsWhatWasSavedBeforeWhileThereIsNothingElse) {
   folder_.write(previous, sessionAt("old:"));
   EXPECT_EQ(url(), "old:");
