@@ -18,6 +18,7 @@ struct Window {
   /// WM_CLASS: the name of this instance of the program, often the one it was started by, and that of the program.
   std::string instance = {};
   std::string windowClass = {};
+  /// _NET_WM_NAME.
   std::string title = {};
   /// _GTK_APPLICATION_ID, the id of the application's desktop entry.
   std::string applicationId = {};
