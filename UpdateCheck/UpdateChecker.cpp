@@ -38,11 +38,21 @@ UpdateChecker::Result UpdateChecker::checkWith(const UpdateStateFile& file) cons
   UpdateState state = file.read();
   if (!state.isDue(surroundings_.now, settings_.interval))
     return {};
+  state.lastAttempt = surroundings_.now;
+  if (const Result noted = file.write(state); !noted)
+    return noted;
+  const auto feed = feed_.load();
+  if (!feed)
+    return std::unexpected(feed.error());
   state.lastCheck = surroundings_.now;
   if (const Result noted = file.write(state); !noted)
     return noted;
+  return compareWith(*feed, file, std::move(state));
+}
 
-  const auto found = feed_.newerItem();
+UpdateChecker::Result UpdateChecker::compareWith(std::string_view feed, const UpdateStateFile& file,
+                                                 UpdateState state) const {
+  const auto found = feed_.newerItem(feed);
   if (!found)
     return std::unexpected(found.error());
   const std::optional<AppcastItem>& item = *found;

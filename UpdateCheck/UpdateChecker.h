@@ -37,9 +37,9 @@ class UpdateChecker {
   UpdateChecker(const UpdateSettings& settings, const Surroundings& surroundings);
 
   /// Checks, and logs one line about what came of it. Nothing is logged where it isn't time yet, another check is under
-  /// way, or there is nothing that the user doesn't know. The time of the check is noted before the feed is loaded, so
-  /// that one that can't be loaded is not asked for again at once; a version is noted once a notification service has
-  /// taken it.
+  /// way, or there is nothing that the user doesn't know. The attempt is noted before the feed is loaded, so that a
+  /// feed that can't be loaded is not asked for again at once; the check, for which the interval counts, is noted when
+  /// the feed is loaded, and a version when a notification service has taken it.
   void run() const;
 
  private:
@@ -47,6 +47,7 @@ class UpdateChecker {
 
   [[nodiscard]] Result check() const;
   [[nodiscard]] Result checkWith(const UpdateStateFile& file) const;
+  [[nodiscard]] Result compareWith(std::string_view feed, const UpdateStateFile& file, UpdateState state) const;
   [[nodiscard]] Result announce(const AppcastItem& item, const UpdateStateFile& file, UpdateState state) const;
   void log(std::string_view message) const;
 

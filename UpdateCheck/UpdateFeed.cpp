@@ -21,11 +21,15 @@ std::unexpected<std::string> failure(const char* subject, const std::string& rea
 UpdateFeed::UpdateFeed(UpdateSettings settings, std::string kernelRelease)
     : settings_(std::move(settings)), kernelRelease_(std::move(kernelRelease)), fetcher_(settings_.userAgent()) {}
 
-std::expected<std::optional<AppcastItem>, std::string> UpdateFeed::newerItem() const {
-  const auto bytes = fetcher_.fetch(settings_.feed, feedLimits);
-  if (!bytes)
-    return failure("the feed cannot be loaded", bytes.error());
-  const auto appcast = Appcast::parse(*bytes);
+std::expected<std::string, std::string> UpdateFeed::load() const {
+  auto feed = fetcher_.fetch(settings_.feed, feedLimits);
+  if (!feed)
+    return failure("the feed cannot be loaded", feed.error());
+  return feed;
+}
+
+std::expected<std::optional<AppcastItem>, std::string> UpdateFeed::newerItem(std::string_view feed) const {
+  const auto appcast = Appcast::parse(feed);
   if (!appcast)
     return failure("the feed cannot be read", appcast.error());
   return appcast->newestAfter(settings_.version, kernelRelease_);

@@ -3,6 +3,7 @@
 #include <expected>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "Platform/URL.h"
 #include "UpdateCheck/AppcastItem.h"
@@ -21,9 +22,12 @@ class UpdateFeed {
   /// `kernelRelease` is that of the running kernel, as uname has it.
   UpdateFeed(UpdateSettings settings, std::string kernelRelease);
 
-  /// Loads the feed and picks the newest update, if there is one after the version at hand. Fails with a clause for the
-  /// log.
-  [[nodiscard]] std::expected<std::optional<AppcastItem>, std::string> newerItem() const;
+  /// Loads the feed's text. Fails with a clause for the log.
+  [[nodiscard]] std::expected<std::string, std::string> load() const;
+
+  /// The newest update in the text of the feed, if there is one after the version at hand. Fails with a clause for the
+  /// log if the text is no appcast.
+  [[nodiscard]] std::expected<std::optional<AppcastItem>, std::string> newerItem(std::string_view feed) const;
 
   /// Where the settings have a key, loads what the item offers and verifies its signature; without one, does nothing.
   /// Fails with a clause for the log.

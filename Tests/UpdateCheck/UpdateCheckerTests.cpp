@@ -54,6 +54,7 @@ class UpdateCheckerTest : public testing::Test {
                           .publicKey = std::nullopt};
 };
 
+constexpr const char* noUpdate = "there is no update of Plugin 1.0";
 constexpr const char* noFeed =
     "could not check for an update of Plugin: the feed cannot be loaded: No such file or directory";
 constexpr const char* unreachable =
@@ -66,12 +67,23 @@ TEST_F(UpdateCheckerTest, LogsWhereThereIsNothingNew) {
     EXPECT_EQ(state().lastCheck, now);
     now += 24h;
   }
-  EXPECT_THAT(log.messages, ElementsAre("there is no update of Plugin 1.0", "there is no update of Plugin 1.0"));
+  EXPECT_THAT(log.messages, ElementsAre(noUpdate, noUpdate));
 }
 
 TEST_F(UpdateCheckerTest, DoesNotAskAgainWithinTheInterval) {
+  offer("1.0");
   check();
   now += 24h - 1s;
+  check();
+  EXPECT_THAT(log.messages, ElementsAre(noUpdate));
+  now += 1s;
+  check();
+  EXPECT_THAT(log.messages, ElementsAre(noUpdate, noUpdate));
+}
+
+TEST_F(UpdateCheckerTest, AsksAFeedThatCouldNotBeLoadedAgainSoonButNotAtOnce) {
+  check();
+  now += UpdateState::retryInterval - 1s;
   check();
   EXPECT_THAT(log.messages, ElementsAre(noFeed));
   now += 1s;
@@ -79,17 +91,42 @@ TEST_F(UpdateCheckerTest, DoesNotAskAgainWithinTheInterval) {
   EXPECT_THAT(log.messages, ElementsAre(noFeed, noFeed));
 }
 
+TEST_F(UpdateCheckerTest, KeepsToTheIntervalOnceTheFeedCouldBeLoaded) {
+  check();
+  offer("1.0");
+  now += UpdateState::retryInterval;
+  check();
+  EXPECT_THAT(log.messages, ElementsAre(noFeed, noUpdate));
+  now += 24h - 1s;
+  check();
+  EXPECT_THAT(log.messages, ElementsAre(noFeed, noUpdate));
+  now += 1s;
+  check();
+  EXPECT_THAT(log.messages, ElementsAre(noFeed, noUpdate, noUpdate));
+}
+
+TEST_F(UpdateCheckerTest, KeepsToTheIntervalWhereTheFeedCannotBeRead) {
+  folder.write("appcast.xml", "not a feed");
+  check();
+  EXPECT_EQ(state().lastCheck, now);
+  now += 24h - 1s;
+  check();
+  EXPECT_EQ(log.messages.size(), 1U);
+}
+
 TEST_F(UpdateCheckerTest, AsksAgainOnceTheClockWasSetBack) {
+  offer("1.0");
   check();
   now -= 365 * 24h;
   check();
-  EXPECT_THAT(log.messages, ElementsAre(noFeed, noFeed));
+  EXPECT_THAT(log.messages, ElementsAre(noUpdate, noUpdate));
   EXPECT_EQ(state().lastCheck, now);
 }
 
-TEST_F(UpdateCheckerTest, NotesTheTimeOfACheckThatFails) {
+TEST_F(UpdateCheckerTest, NotesAnAttemptThatFailsAndNoCheck) {
   check();
-  EXPECT_EQ(state().lastCheck, now);
+  EXPECT_EQ(state().lastAttempt, now);
+  EXPECT_EQ(state().lastCheck, std::nullopt);
 }
 
 TEST_F(UpdateCheckerTest, DoesNotNoteAVersionThatNobodyWasToldOf) {

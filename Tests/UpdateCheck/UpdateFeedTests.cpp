@@ -41,12 +41,19 @@ AppcastItem itemWith(const std::string& url, const std::optional<std::string>& s
   return item;
 }
 
+std::expected<std::optional<AppcastItem>, std::string> loadNewerItem(const UpdateFeed& feed) {
+  const auto text = feed.load();
+  if (!text)
+    return std::unexpected(text.error());
+  return feed.newerItem(*text);
+}
+
 /// A feed in a folder of the test's own.
 class UpdateFeedTest : public testing::Test {
  protected:
   [[nodiscard]] auto newerItem(std::string_view feedText) const {
     folder.write("appcast.xml", feedText);
-    return UpdateFeed(settings, "6.1").newerItem();
+    return loadNewerItem(UpdateFeed(settings, "6.1"));
   }
 
   [[nodiscard]] std::string verify(const AppcastItem& item) const {
@@ -78,7 +85,7 @@ TEST_F(UpdateFeedTest, FindsNothingInAFeedThatIsBehind) {
 }
 
 TEST_F(UpdateFeedTest, SaysWhyAFeedCannotBeLoaded) {
-  EXPECT_EQ(UpdateFeed(settings, "6.1").newerItem().error(), "the feed cannot be loaded: No such file or directory");
+  EXPECT_EQ(UpdateFeed(settings, "6.1").load().error(), "the feed cannot be loaded: No such file or directory");
   EXPECT_EQ(newerItem(std::string((1UL << 20) + 1, ' ')).error(),
             "the feed cannot be loaded: it has more than 1048576 bytes");
 }
@@ -173,7 +180,7 @@ TEST(UpdateFeed, IsLoadedAndVerifiedFromTheWeb) {
   UpdateSettings settings = settingsFor(server.url("appcast.xml"));
   settings.publicKey = key.publicKey();
   const UpdateFeed feed(settings, "6.1");
-  const auto item = feed.newerItem();
+  const auto item = loadNewerItem(feed);
   ASSERT_TRUE(item && *item) << item.error();
   const auto verified = feed.verify(**item);
   EXPECT_TRUE(verified) << verified.error();
@@ -182,10 +189,10 @@ TEST(UpdateFeed, IsLoadedAndVerifiedFromTheWeb) {
 TEST(UpdateFeed, IsNotLoadedFromAServerThatNobodyVouchesFor) {
   const HTTPSServer server;
   server.serve("appcast.xml", appcast(""));
-  const auto item = UpdateFeed(settingsFor(server.url("appcast.xml")), "6.1").newerItem();
-  ASSERT_FALSE(item);
-  EXPECT_THAT(item.error(), StartsWith("the feed cannot be loaded: "));
-  EXPECT_THAT(item.error(), HasSubstr("certificate"));
+  const auto text = UpdateFeed(settingsFor(server.url("appcast.xml")), "6.1").load();
+  ASSERT_FALSE(text);
+  EXPECT_THAT(text.error(), StartsWith("the feed cannot be loaded: "));
+  EXPECT_THAT(text.error(), HasSubstr("certificate"));
 }
 
 }  // namespace

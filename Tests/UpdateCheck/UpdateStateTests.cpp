@@ -17,8 +17,10 @@ UpdateState checkedAt(std::chrono::sys_seconds time) {
 
 TEST(UpdateState, ComesBackAsItWasWritten) {
   for (const std::string version : {"2.0", "", " 2 ", "2\n[Updates]\nLastCheck=1", "\\s;#="}) {
-    const UpdateState state = UpdateState::parse(UpdateState{.lastCheck = noon, .announcedVersion = version}.text());
+    const UpdateState state = UpdateState::parse(
+        UpdateState{.lastCheck = noon, .lastAttempt = noon + 5s, .announcedVersion = version}.text());
     EXPECT_EQ(state.lastCheck, noon);
+    EXPECT_EQ(state.lastAttempt, noon + 5s);
     EXPECT_EQ(state.announcedVersion, version);
   }
 }
@@ -26,6 +28,7 @@ TEST(UpdateState, ComesBackAsItWasWritten) {
 TEST(UpdateState, MayRememberNothing) {
   const UpdateState state = UpdateState::parse(UpdateState{}.text());
   EXPECT_EQ(state.lastCheck, std::nullopt);
+  EXPECT_EQ(state.lastAttempt, std::nullopt);
   EXPECT_EQ(state.announcedVersion, std::nullopt);
 }
 
@@ -55,8 +58,23 @@ TEST(UpdateState, IsDueWhereNobodyEverChecked) {
   EXPECT_TRUE(UpdateState{}.isDue(noon, 24h));
 }
 
+TEST(UpdateState, IsDueSoonAfterAnAttemptThatFailed) {
+  const UpdateState state{.lastCheck = noon - 24h, .lastAttempt = noon, .announcedVersion = std::nullopt};
+  EXPECT_FALSE(state.isDue(noon + 15min - 1s, 24h));
+  EXPECT_TRUE(state.isDue(noon + 15min, 24h));
+  EXPECT_FALSE(state.isDue(noon + 59s, 60s)) << "the interval is shorter";
+  EXPECT_TRUE(state.isDue(noon + 60s, 60s));
+}
+
+TEST(UpdateState, IsNotDueBeforeTheIntervalHasGoneByWhateverWasAttempted) {
+  const UpdateState state{.lastCheck = noon, .lastAttempt = noon - 15min, .announcedVersion = std::nullopt};
+  EXPECT_FALSE(state.isDue(noon + 24h - 1s, 24h));
+}
+
 TEST(UpdateState, IsDueWhereTheLastCheckIsStillToCome) {
   EXPECT_TRUE(checkedAt(noon + 1s).isDue(noon, 24h));
+  const UpdateState attempted{.lastCheck = std::nullopt, .lastAttempt = noon + 1s, .announcedVersion = std::nullopt};
+  EXPECT_TRUE(attempted.isDue(noon, 24h));
   EXPECT_TRUE(UpdateState::parse("[Updates]\nLastCheck=99999999999999999999999\n").isDue(noon, 24h));
 }
 
