@@ -132,8 +132,12 @@ class LinuxWindowsTest : public testing::Test, public Platform::WindowDelegate {
   void show(std::vector<Platform::WindowElement> elements, const std::function<void(const User&)>& use) {
     const auto window = windows.makeWindow({.title = "Settings", .elements = std::move(elements)});
     ASSERT_TRUE(window);
-    window->setDelegate(this);
-    window->makeKeyAndOrderFront();
+    show(*window, use);
+  }
+
+  void show(Platform::Window& window, const std::function<void(const User&)>& use) {
+    window.setDelegate(this);
+    window.makeKeyAndOrderFront();
     isClosed = false;
     const std::jthread user([&] { use(User()); });
     while (!isClosed)
@@ -232,6 +236,18 @@ TEST_F(LinuxWindowsTest, NobodyNeedsToListen) {
     user.close();
   });
   EXPECT_THAT(events, ElementsAre("close", "close"));
+}
+
+TEST_F(LinuxWindowsTest, TheLevelReadsBackOnAWindowThatIsShownToo) {
+  const auto window = windows.makeWindow({.title = "Settings", .elements = {}});
+  ASSERT_TRUE(window);
+  EXPECT_EQ(window->level(), Platform::normalWindowLevel);
+  for (const int level : {-1, Platform::normalWindowLevel, Platform::floatingWindowLevel + 1}) {
+    window->setLevel(level);
+    EXPECT_EQ(window->level(), level);
+  }
+  show(*window, [](const User& user) { user.press({XKB_KEY_Escape}); });
+  EXPECT_EQ(window->level(), Platform::floatingWindowLevel + 1);
 }
 
 TEST_F(LinuxWindowsTest, ScreenReadersReadAControlWithItsLabel) {
