@@ -73,7 +73,7 @@ const DesktopEntry* DesktopEntries::find(std::string_view id) {
 }
 
 const DesktopEntry* DesktopEntries::findFile(const path& file) {
-  if (file.extension() != extension || !isDisplayable(file.string()))
+  if (!file.is_absolute() || file.extension() != extension || !isDisplayable(file.string()))
     return nullptr;
   for (const path& folder : folders_)
     if (isInside(file, folder))

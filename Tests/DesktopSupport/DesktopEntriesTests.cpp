@@ -158,6 +158,7 @@ TEST_F(DesktopEntriesTest, AreFoundByTheirFilesOutsideOfTheFolders) {
   EXPECT_EQ(entries.findFile(folder_.write("image/a.txt", entryCalled("Image"))), nullptr);
   EXPECT_EQ(entries.findFile(folder_.path() / "image/missing.desktop"), nullptr);
   EXPECT_EQ(entries.findFile(""), nullptr);
+  EXPECT_EQ(entries.findFile(std::filesystem::relative(file)), nullptr) << "another program's folder may be another";
 }
 
 TEST_F(DesktopEntriesTest, WithoutAnyFolderAreNone) {
