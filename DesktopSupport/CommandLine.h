@@ -28,4 +28,8 @@ struct CommandLine {
 /// Whether the base name of a program is that of an interpreter or runtime, which says nothing about what it runs.
 bool isInterpreter(std::string_view program);
 
+/// The script that a command line has the interpreter with the base name `program` run, as it is written there. None if
+/// `program` is no interpreter, or if the command line names no file: "-c", "python3 -m", a script from the input.
+std::optional<std::string> scriptOf(std::string_view program, const std::vector<std::string>& arguments);
+
 }  // namespace DesktopSupport

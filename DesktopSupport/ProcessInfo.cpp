@@ -1,13 +1,17 @@
 #include "DesktopSupport/ProcessInfo.h"
 
 #include <algorithm>
+#include <climits>
 
+#include "DesktopSupport/CommandLine.h"
 #include "DesktopSupport/FileContents.h"
 #include "DesktopSupport/KeyFileGroup.h"
 
 namespace DesktopSupport {
 
 namespace {
+
+using std::filesystem::path;
 
 // Twice what the kernel lets arguments and environment have together by default.
 constexpr std::size_t maximumSize = 4 << 20;
@@ -21,31 +25,60 @@ std::vector<std::string> separatedByNul(std::string_view text) {
   return parts;
 }
 
+bool isFile(const path& file) {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(file, ignored);
+}
+
 }  // namespace
 
-ProcessInfo::ProcessInfo(std::optional<pid_t> pid, const std::filesystem::path& processes) : pid_(pid) {
+ProcessInfo::ProcessInfo(std::optional<pid_t> pid, const path& processes) : pid_(pid) {
   if (pid)
     folder_ = processes / std::to_string(*pid);
 }
 
-std::optional<std::string> ProcessInfo::contents(const std::filesystem::path& file) const {
+std::optional<std::string> ProcessInfo::contents(const path& file) const {
   return pid_ ? fileContents(folder_ / file, maximumSize) : std::nullopt;
 }
 
-const std::string& ProcessInfo::cachedContents(const std::filesystem::path& file,
-                                               std::optional<std::string>& cache) const {
+const std::string& ProcessInfo::cachedContents(const path& file, std::optional<std::string>& cache) const {
   if (!cache)
     cache = contents(file).value_or("");
   return *cache;
 }
 
-std::optional<std::filesystem::path> ProcessInfo::executable() const {
-  constexpr std::string_view deleted = " (deleted)";
+std::optional<path> ProcessInfo::linked(const char* link) const {
   std::error_code error;
-  std::string file = pid_ ? std::filesystem::read_symlink(folder_ / "exe", error).string() : "";
-  if (file.ends_with(deleted))
-    file.resize(file.size() - deleted.size());
-  return file.starts_with('/') ? std::optional(file) : std::nullopt;
+  const path target = pid_ ? std::filesystem::read_symlink(folder_ / link, error) : path();
+  return target.is_absolute() ? std::optional(target) : std::nullopt;
+}
+
+std::optional<path> ProcessInfo::executable() const {
+  constexpr std::string_view deleted = " (deleted)";
+  const auto target = linked("exe");
+  std::string file = target.value_or("").string();
+  // A file may also be called so.
+  if (!file.ends_with(deleted) || isFile(file))
+    return target;
+  file.resize(file.size() - deleted.size());
+  return file;
+}
+
+std::optional<path> ProcessInfo::script() const {
+  const auto program = executable();
+  const auto script = program ? scriptOf(program->filename().string(), arguments()) : std::nullopt;
+  if (!script || script->size() > PATH_MAX)
+    return std::nullopt;
+  path file = *script;
+  if (file.is_relative()) {
+    const auto folder = linked("cwd");
+    if (!folder)
+      return std::nullopt;
+    file = *folder / file;
+  }
+  std::error_code error;
+  file = std::filesystem::canonical(file.parent_path(), error) / file.filename();
+  return !error && isFile(file) ? std::optional(file) : std::nullopt;
 }
 
 std::vector<std::string> ProcessInfo::arguments() const {

@@ -21,6 +21,10 @@ class ProcessInfo {
   /// The path of the program that runs, also where its file was replaced meanwhile.
   [[nodiscard]] std::optional<std::filesystem::path> executable() const;
 
+  /// The file of the script that the program runs if it is an interpreter, as far as the command line tells it: an
+  /// absolute path without links in its folder. Absent for code that is no file, and if there is no such file any more.
+  [[nodiscard]] std::optional<std::filesystem::path> script() const;
+
   /// The command line, the program's name included; empty where it cannot be read.
   [[nodiscard]] std::vector<std::string> arguments() const;
 
@@ -34,6 +38,8 @@ class ProcessInfo {
   [[nodiscard]] std::optional<std::string> flatpakId() const;
 
  private:
+  /// The path that a link of the process leads to.
+  [[nodiscard]] std::optional<std::filesystem::path> linked(const char* link) const;
   [[nodiscard]] std::optional<std::string> contents(const std::filesystem::path& file) const;
   /// The file's contents, empty where it cannot be read; kept in `cache` for the next time.
   const std::string& cachedContents(const std::filesystem::path& file, std::optional<std::string>& cache) const;

@@ -1,3 +1,8 @@
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "DesktopSupport/CommandLine.h"
@@ -48,6 +53,12 @@ TEST(CommandLine, RunsNothingWhereAnInterpreterIsByItself) {
   EXPECT_EQ(program({"perl", "-e", "1"}), "none");
 }
 
+TEST(CommandLine, RunsTheModuleOfAnInterpreter) {
+  EXPECT_EQ(program({"python3", "-u", "-m", "tool", "file"}), "tool");
+  EXPECT_EQ(program({"python3", "-um", "tool"}), "tool");
+  EXPECT_EQ(program({"python3", "-m"}), "none");
+}
+
 TEST(CommandLine, OfAnEntryHasItsFixedArguments) {
   const auto command = CommandLine::fromExec(R"("/opt/my tool/run" --new 'a b' %U --class=%c 100%%)");
   ASSERT_TRUE(command);
@@ -74,6 +85,51 @@ TEST(CommandLine, KnowsInterpretersInAllVersions) {
     EXPECT_TRUE(isInterpreter(name)) << name;
   for (const char* name : {"", "3", "xterm", "pythonista", "shotwell", "nodejs-manager"})
     EXPECT_FALSE(isInterpreter(name)) << name;
+}
+
+TEST(ScriptOf, IsTheFirstWordThatIsNeitherAnOptionNorItsArgument) {
+  const std::vector<std::pair<std::string, Words>> commandLines = {
+      {"python3.11", {"python3", "s", "x"}},
+      {"python3.11", {"/usr/bin/python3", "-u", "-B", "s"}},
+      {"python3.11", {"python3", "-W", "ignore", "s", "-m", "x"}},
+      {"python3.11", {"python3", "-uX", "dev", "s"}},
+      {"python3.11", {"python3", "-Wignore", "s", "x"}},
+      {"python3.11", {"python3", "--check-hash-based-pycs=never", "s"}},
+      {"perl", {"perl", "-w", "-I", "lib", "-MTk", "s"}},
+      {"perl", {"perl", "-Ilime", "s"}},
+      {"dash", {"sh", "-e", "-o", "pipefail", "s"}},
+      {"ruby3.1", {"ruby", "-r", "gtk3", "s"}},
+      {"java", {"java", "-Xmx1g", "-jar", "s", "x"}},
+      {"gjs-console", {"gjs", "-m", "s"}},
+      {"wish8.6", {"wish", "s", "-display", ":0"}},
+  };
+  for (const auto& [program, arguments] : commandLines)
+    EXPECT_EQ(DesktopSupport::scriptOf(program, arguments), "s") << testing::PrintToString(arguments);
+}
+
+TEST(ScriptOf, IsNoneWhereTheCommandLineNamesNoFile) {
+  const std::vector<std::pair<std::string, Words>> commandLines = {
+      {"python3", {}},
+      {"python3", {"python3"}},
+      {"python3", {"python3", "-i"}},
+      {"python3", {"python3", "-m", "s", "x"}},
+      {"python3", {"python3", "-um", "s"}},
+      {"python3", {"python3", "-ms", "x"}},
+      {"python3", {"python3", "-c", "s", "x"}},
+      {"python3", {"python3", "-uc", "s"}},
+      {"python3", {"python3", "-cs", "x"}},
+      {"python3", {"python3", "-W", "ignore", "-m", "s"}},
+      {"python3", {"python3", "-W"}},
+      {"python3", {"python3", "-", "x"}},
+      {"perl", {"perl", "-we", "s", "x"}},
+      {"dash", {"sh", "-s", "x"}},
+      {"bash", {"bash", "-lc", "s"}},
+      {"node", {"node", "-p", "s"}},
+      {"xterm", {"xterm", "s"}},
+      {"tool", {"python3", "s"}},
+  };
+  for (const auto& [program, arguments] : commandLines)
+    EXPECT_EQ(DesktopSupport::scriptOf(program, arguments), std::nullopt) << testing::PrintToString(arguments);
 }
 
 }  // namespace

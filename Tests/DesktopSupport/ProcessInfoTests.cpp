@@ -13,9 +13,18 @@ class ProcessInfoTest : public testing::Test {
  protected:
   ProcessInfo process() { return ProcessInfo(7, folder_.path()); }
 
-  void linkExecutable(const std::string& target) {
+  void link(const char* name, const std::string& target) {
     std::filesystem::create_directories(folder_.path() / "7");
-    std::filesystem::create_symlink(target, folder_.path() / "7/exe");
+    std::filesystem::create_symlink(target, folder_.path() / "7" / name);
+  }
+  void linkExecutable(const std::string& target) { link("exe", target); }
+
+  /// What a process of Python with this as its first argument runs.
+  std::optional<std::filesystem::path> scriptOf(const std::string& argument) {
+    if (!std::filesystem::is_symlink(folder_.path() / "7/exe"))
+      linkExecutable("/usr/bin/python3.11");
+    folder_.write("7/cmdline", "python3\0-u\0"s + argument + "\0more\0"s);
+    return process().script();
   }
 
   TestSupport::TemporaryFolder folder_;
@@ -38,6 +47,53 @@ TEST_F(ProcessInfoTest, HasNoProgramThatIsNoFile) {
   EXPECT_EQ(process().executable(), std::nullopt);
 }
 
+TEST_F(ProcessInfoTest, TellsAProgramThatIsOnlyCalledDeleted) {
+  const std::string program = folder_.write("tool (deleted)", "");
+  linkExecutable(program);
+  EXPECT_EQ(process().executable(), program);
+}
+
+TEST_F(ProcessInfoTest, TellsTheScript) {
+  const std::string script = folder_.write("scripts/viewer.py", "");
+  folder_.write("other/file", "");
+  EXPECT_EQ(scriptOf(script), script);
+  EXPECT_EQ(scriptOf(folder_.path() / "other/../scripts//viewer.py"), script);
+  link("cwd", folder_.path() / "other");
+  EXPECT_EQ(scriptOf("../scripts/./viewer.py"), script);
+  EXPECT_EQ(scriptOf("file"), folder_.path() / "other/file");
+}
+
+TEST_F(ProcessInfoTest, TellsTheScriptByItsOwnNameWhereThatIsALink) {
+  std::filesystem::create_symlink(folder_.write("scripts/viewer.py", ""), folder_.path() / "viewer");
+  std::filesystem::create_directory_symlink("scripts", folder_.path() / "link");
+  EXPECT_EQ(scriptOf(folder_.path() / "viewer"), folder_.path() / "viewer");
+  EXPECT_EQ(scriptOf(folder_.path() / "link/../viewer"), folder_.path() / "viewer");
+  EXPECT_EQ(scriptOf(folder_.path() / "link/viewer.py"), folder_.path() / "scripts/viewer.py");
+}
+
+TEST_F(ProcessInfoTest, TellsNoScriptThatIsNoFile) {
+  link("cwd", folder_.path());
+  folder_.write("viewer.py", "");
+  EXPECT_EQ(scriptOf("viewer.py"), folder_.path() / "viewer.py");
+  for (const std::string& argument :
+       {std::string(), std::string("."), std::string(".."), std::string("7"), std::string("/"),
+        std::string("/dev/null"), std::string("removed.py"), folder_.path().string(), "/" + std::string(2 << 20, '/'),
+        std::string(2 << 20, 'n')})
+    EXPECT_EQ(scriptOf(argument), std::nullopt) << argument.substr(0, 100);
+}
+
+TEST_F(ProcessInfoTest, TellsNoScriptOfAnUnknownFolder) {
+  const std::string file = std::filesystem::relative("/proc/self/comm");
+  EXPECT_EQ(scriptOf(file), std::nullopt) << "it would be one in this process's folder";
+  link("cwd", folder_.path() / "removed (deleted)");
+  EXPECT_EQ(scriptOf("viewer.py"), std::nullopt);
+}
+
+TEST_F(ProcessInfoTest, TellsNoScriptOfAProgramThatIsNoInterpreter) {
+  linkExecutable("/usr/bin/tool");
+  EXPECT_EQ(scriptOf(folder_.write("viewer.py", "")), std::nullopt);
+}
+
 TEST_F(ProcessInfoTest, SplitsTheCommandLine) {
   folder_.write("7/cmdline", "tool\0\0--a b\0"s);
   EXPECT_EQ(process().arguments(), (std::vector<std::string>{"tool", "", "--a b"}));
@@ -58,6 +114,7 @@ TEST_F(ProcessInfoTest, FindsTheSandbox) {
 
 TEST_F(ProcessInfoTest, HasNothingWhereTheProcessIsGone) {
   EXPECT_EQ(process().executable(), std::nullopt);
+  EXPECT_EQ(process().script(), std::nullopt);
   EXPECT_TRUE(process().arguments().empty());
   EXPECT_EQ(process().environment("A"), std::nullopt);
   EXPECT_EQ(process().controlGroups(), "");
