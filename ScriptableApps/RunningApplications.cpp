@@ -1,9 +1,13 @@
 #include "ScriptableApps/RunningApplications.h"
 
+#include <map>
+#include <system_error>
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
+#include "DesktopSupport/CommandLine.h"
 #include "DesktopSupport/DisplayableText.h"
-#include "DesktopSupport/GLibHandles.h"
 #include "DesktopSupport/ProcessInfo.h"
 #include "DesktopSupport/WindowMatcher.h"
 #include "ScriptableApps/WindowOwners.h"
@@ -14,23 +18,22 @@ namespace {
 
 using DesktopSupport::displayable;
 using DesktopSupport::isDisplayable;
+using DesktopSupport::ProcessInfo;
 using DesktopSupport::Window;
 using std::filesystem::path;
 
 // What is known of a window's application.
 struct Origin {
+  const Window* window = nullptr;
   const DesktopSupport::DesktopEntry* entry = nullptr;
   std::optional<pid_t> pid = {};
-  path program = {};
+  // The program, or the script that it runs.
+  path file = {};
   std::string windowClass = {};
-
-  [[nodiscard]] bool isKnown() const { return entry != nullptr || !program.empty() || !windowClass.empty(); }
 
   // The same for all windows of one application.
   [[nodiscard]] std::string key() const {
-    if (entry != nullptr)
-      return "entry " + entry->id;
-    return program.empty() ? "class " + windowClass : "program " + program.string();
+    return entry != nullptr ? "entry " + entry->id : "class " + windowClass + '\n' + file.string();
   }
 };
 
@@ -46,94 +49,124 @@ std::string classOf(const Window& window) {
   return "";
 }
 
+path fileOf(const ProcessInfo& process) {
+  if (auto script = process.script())
+    return std::move(*script);
+  return process.executable().value_or("");
+}
+
 Origin originOf(const Window& window, DesktopSupport::DesktopEntries& entries, const path& processes) {
-  DesktopSupport::ProcessInfo process(window.pid, processes);
-  path program = process.executable().value_or("");
-  if (isTunnel(program)) {
-    process = DesktopSupport::ProcessInfo(std::nullopt);
-    program.clear();
-  }
-  return {.entry = DesktopSupport::matchWindow(entries, window, process),
+  ProcessInfo process(window.pid, processes);
+  if (isTunnel(process.executable().value_or("")))
+    process = ProcessInfo(std::nullopt);
+  return {.window = &window,
+          .entry = DesktopSupport::matchWindow(entries, window, process),
           .pid = process.pid(),
-          .program = program,
+          .file = fileOf(process),
           .windowClass = classOf(window)};
 }
 
-std::string nameOf(const Origin& origin) {
-  if (origin.entry != nullptr)
-    return origin.entry->name;
-  const std::string program = displayable(origin.program.filename().string());
-  return program.empty() ? origin.windowClass : program;
+// A window without a class goes with the first one of its file that has one.
+void addMissingClasses(std::vector<Origin>& origins) {
+  std::map<path, std::string> classes;
+  for (const Origin& origin : origins)
+    if (!origin.windowClass.empty())
+      classes.emplace(origin.file, origin.windowClass);
+  for (Origin& origin : origins)
+    if (origin.windowClass.empty())
+      origin.windowClass = classes[origin.file];
 }
 
-std::optional<std::string> programCalled(const std::string& name) {
-  if (name.contains('/'))
+// Why an application cannot be told of; none if it can.
+std::optional<std::string> problemWith(const Origin& origin) {
+  std::error_code ignored;
+  if (origin.entry != nullptr)
     return std::nullopt;
-  const DesktopSupport::CharsHandle found(g_find_program_in_path(name.c_str()));
-  const std::string file = found ? found.get() : "";
-  return file.starts_with('/') && isDisplayable(file) ? std::optional(file) : std::nullopt;
+  const std::string subject = "An application with windows of the class \"" + origin.windowClass + "\" is left out: ";
+  const std::string file = displayable(origin.file.string());
+  if (file.empty())
+    return subject + "no process of this machine tells which program it is.";
+  if (!isDisplayable(origin.file.string()))
+    return subject + "the path of " + file + " is not one line of text.";
+  if (!std::filesystem::is_regular_file(origin.file, ignored))
+    return subject + "there is no file " + file + '.';
+  return std::nullopt;
 }
 
-std::string fileOf(const Origin& origin, const Window& window) {
+RunningApplication describe(const Origin& origin) {
   if (origin.entry != nullptr)
-    return origin.entry->file;
-  if (!origin.program.empty() && isDisplayable(origin.program.string()))
-    return origin.program;
-  for (const std::string& name : {window.instance, window.windowClass})
-    if (auto program = programCalled(name))
-      return *program;
-  return origin.windowClass.empty() ? displayable(origin.program.string()) : origin.windowClass;
-}
-
-RunningApplication describe(const Origin& origin, const Window& window) {
-  RunningApplication application{.name = nameOf(origin), .file = fileOf(origin, window), .pid = origin.pid};
-  if (origin.entry != nullptr)
-    application.entryId = origin.entry->id;
-  return application;
+    return {.name = origin.entry->name, .file = origin.entry->file, .entryId = origin.entry->id, .pid = origin.pid};
+  return {.name = origin.file.filename(), .file = origin.file, .pid = origin.pid};
 }
 
 class Builder {
  public:
-  Builder(DesktopSupport::DesktopEntries& entries, const path& processes) : entries_(entries), processes_(processes) {}
-
-  void add(const Window& window) {
-    const Origin origin = originOf(window, entries_, processes_);
-    if (!origin.isKnown())
+  void add(const Origin& origin) {
+    const std::string key = origin.key();
+    if (auto problem = problemWith(origin)) {
+      if (leftOut_.insert(key).second)
+        problems_.push_back(std::move(*problem));
       return;
-    const auto [place, isNew] = places_.emplace(origin.key(), applications.size());
+    }
+    const auto [place, isNew] = places_.emplace(key, applications_.size());
     if (isNew)
-      applications.push_back(describe(origin, window));
-    owners_.emplace(window.id, place->second);
-    applications[place->second].isVisible |= !window.isHidden;
+      begin(origin);
+    owners_.emplace(origin.window->id, place->second);
+    applications_[place->second].isVisible |= !origin.window->isHidden;
   }
 
   void markFrontmost(DesktopSupport::WindowId window) {
     const auto owner = owners_.find(window);
     if (owner != owners_.end())
-      applications[owner->second].isFrontmost = true;
+      applications_[owner->second].isFrontmost = true;
   }
 
-  std::vector<RunningApplication> applications;
+  RunningApplications finish() {
+    for (std::size_t place = 0; place < applications_.size(); ++place)
+      if (needsClass(applications_[place]) && !classes_[place].empty())
+        applications_[place].name = classes_[place];
+    return {.applications = std::move(applications_), .problems = std::move(problems_)};
+  }
 
  private:
-  DesktopSupport::DesktopEntries& entries_;
-  const path& processes_;
+  void begin(const Origin& origin) {
+    applications_.push_back(describe(origin));
+    classes_.push_back(origin.windowClass);
+    ++sharers_[applications_.back().file];
+  }
+
+  [[nodiscard]] bool needsClass(const RunningApplication& application) const {
+    return !application.entryId &&
+           (sharers_.at(application.file) > 1 || DesktopSupport::isInterpreter(application.name));
+  }
+
+  std::vector<RunningApplication> applications_;
+  std::vector<std::string> problems_;
+  // The class of each application's first window.
+  std::vector<std::string> classes_;
+  // How many applications have a file.
+  std::unordered_map<std::string, int> sharers_;
+  std::unordered_set<std::string> leftOut_;
   std::unordered_map<std::string, std::size_t> places_;
   std::unordered_map<DesktopSupport::WindowId, std::size_t> owners_;
 };
 
 }  // namespace
 
-std::vector<RunningApplication> runningApplications(const DesktopSupport::WindowList& list,
-                                                    DesktopSupport::DesktopEntries& entries, const path& processes) {
+RunningApplications runningApplications(const DesktopSupport::WindowList& list, DesktopSupport::DesktopEntries& entries,
+                                        const path& processes) {
   const WindowOwners owners(list);
-  Builder builder(entries, processes);
+  std::vector<Origin> origins;
   for (const Window& window : list.windows)
     if (window.isOrdinary && owners.ownerOf(window.id) == window.id)
-      builder.add(window);
+      origins.push_back(originOf(window, entries, processes));
+  addMissingClasses(origins);
+  Builder builder;
+  for (const Origin& origin : origins)
+    builder.add(origin);
   if (list.active)
     builder.markFrontmost(owners.ownerOf(*list.active));
-  return std::move(builder.applications);
+  return builder.finish();
 }
 
 }  // namespace ScriptableApps

@@ -14,10 +14,10 @@ namespace ScriptableApps {
 
 /// An application that shows itself to the user with at least one window. All texts are one line of UTF-8 each.
 struct RunningApplication {
-  /// The name of its desktop entry in the user's language, else that of its program's file, else its window's class.
+  /// The name of its desktop entry in the user's language, else that of its file; where that doesn't tell it from
+  /// others (an interpreter by itself, a program whose windows have several classes), its windows' class.
   std::string name = {};
-  /// The path of its desktop entry, else of its program; where neither can be told, its window's class, as of a program
-  /// by that name in $PATH or as it is.
+  /// The absolute path of its desktop entry, else of the script that its interpreter runs, else of its program.
   std::string file = {};
   /// The desktop file id without ".desktop".
   std::optional<std::string> entryId = {};
@@ -29,12 +29,20 @@ struct RunningApplication {
   bool isVisible = false;
 };
 
-/// The applications behind `list`, each once, in the order in which the first windows of each appear there. Panels and
-/// what else belongs to the desktop itself is none; a dialog belongs to the window it is for. A window that tells
-/// neither class nor process cannot be told apart and is left out. `processes` is where the system tells about
-/// processes.
-std::vector<RunningApplication> runningApplications(const DesktopSupport::WindowList& list,
-                                                    DesktopSupport::DesktopEntries& entries,
-                                                    const std::filesystem::path& processes = "/proc");
+/// What runs, and what had to be left out.
+struct RunningApplications {
+  std::vector<RunningApplication> applications = {};
+  /// A sentence for each application that has no file here.
+  std::vector<std::string> problems = {};
+};
+
+/// The applications behind `list`, each once, in the order in which the first windows of each appear there. Windows
+/// without a desktop entry belong to one application if both their class and their file are the same; one without a
+/// class belongs to the first application of its file. Panels and what else belongs to the desktop itself is none; a
+/// dialog belongs to the window it is for. An application without a desktop entry is left out if no process of this
+/// machine tells its file, or if there is no such file, or if its path is not one line of UTF-8. `processes` is where
+/// the system tells about processes.
+RunningApplications runningApplications(const DesktopSupport::WindowList& list, DesktopSupport::DesktopEntries& entries,
+                                        const std::filesystem::path& processes = "/proc");
 
 }  // namespace ScriptableApps

@@ -1,6 +1,10 @@
 #include "ScriptableApps/SystemEvents.h"
 
+#include <string>
+#include <utility>
+
 #include "DesktopSupport/ApplicationFolders.h"
+#include "DesktopSupport/SystemLog.h"
 #include "DesktopSupport/WindowReader.h"
 #include "ScriptableApps/ApplicationError.h"
 #include "ScriptableApps/SystemEventsObjects.h"
@@ -20,7 +24,10 @@ AppleScript::Result<AppleScript::ObjectPointer> SystemEvents::open() {
   if (!windows)
     return std::unexpected(notRunning(name(), windows.error().message));
   DesktopSupport::DesktopEntries entries(DesktopSupport::applicationFolders());
-  return std::make_shared<const SystemEventsRoot>(runningApplications(*windows, entries));
+  auto running = runningApplications(*windows, entries);
+  for (const std::string& problem : running.problems)
+    DesktopSupport::writeToSystemLog(problem);
+  return std::make_shared<const SystemEventsRoot>(std::move(running.applications));
 }
 
 }  // namespace ScriptableApps

@@ -33,6 +33,31 @@ std::vector<RunningApplication> openProcesses() {
   return processes;
 }
 
+// A program that shows a window of the class that it is given, until the X server ends its connection.
+constexpr std::string_view pythonProgram = R"(
+import ctypes, os, sys
+
+class Roots(ctypes.Structure):
+    _fields_ = [("data", ctypes.POINTER(ctypes.c_uint32)), ("rest", ctypes.c_int), ("index", ctypes.c_int)]
+
+xcb = ctypes.CDLL("libxcb.so.1")
+xcb.xcb_connect.restype = xcb.xcb_get_setup.restype = xcb.xcb_wait_for_event.restype = ctypes.c_void_p
+xcb.xcb_setup_roots_iterator.restype = Roots
+xcb.xcb_setup_roots_iterator.argtypes = [ctypes.c_void_p]
+connection = ctypes.c_void_p(xcb.xcb_connect(None, None))
+root = xcb.xcb_setup_roots_iterator(xcb.xcb_get_setup(connection)).data[0]
+window = xcb.xcb_generate_id(connection)
+xcb.xcb_create_window(connection, 0, window, root, 0, 0, 10, 10, 0, 1, 0, 0, None)
+text = ("instance\0" + sys.argv[1] + "\0").encode()
+xcb.xcb_change_property(connection, 0, window, 67, 31, 8, len(text), text)
+xcb.xcb_map_window(connection, window)
+xcb.xcb_flush(connection)
+if sys.argv[2:] == ["--leave-to-child"] and os.fork():
+    os._exit(0)
+while xcb.xcb_wait_for_event(connection):
+    pass
+)";
+
 // The desktop that script/desktop brings up, with desktop entries of the test's own.
 class SystemEventsTest : public testing::Test {
  protected:
@@ -45,6 +70,11 @@ class SystemEventsTest : public testing::Test {
     std::vector<std::string> names;
     std::ranges::transform(openProcesses(), std::back_inserter(names), &RunningApplication::name);
     return names;
+  }
+
+  // Waits until so many windows are listed.
+  void awaitWindows(std::size_t count) {
+    EXPECT_TRUE(desktop_.waitUntil([&] { return desktop_.clients().size() == count; }));
   }
 
   // What a window with these properties is listed as.
@@ -103,6 +133,47 @@ TEST_F(SystemEventsTest, ListsAProgramOnceHoweverOftenItRuns) {
   const auto processes = openProcesses();
   ASSERT_EQ(processes.size(), 1U);
   EXPECT_EQ(processes[0].pid, first.pid());
+}
+
+TEST_F(SystemEventsTest, ListsTheScriptsOfAnInterpreterEachByItself) {
+  const std::string viewer = folder_.write("viewer.py", pythonProgram);
+  const std::string editor = folder_.write("editor.py", pythonProgram);
+  const std::string folder = folder_.path();
+  const ChildProcess first({"/usr/bin/python3", viewer, "Tk"});
+  awaitWindows(1);
+  const ChildProcess second({"env", "--chdir", folder, "/usr/bin/python3", "-W", "ignore", "editor.py", "Tk"});
+  awaitWindows(2);
+  const ChildProcess third({"env", "--chdir", folder, "/usr/bin/python3", "-m", "viewer", "Module"});
+  awaitWindows(3);
+  const ChildProcess fourth({"/usr/bin/python3", "-c", std::string(pythonProgram), "Code"});
+  awaitWindows(4);
+  const ChildProcess fifth({"/usr/bin/python3", viewer, "Tk"});
+  awaitWindows(5);
+  const std::string python = std::filesystem::canonical("/usr/bin/python3");
+  const auto processes = openProcesses();
+  ASSERT_EQ(processes.size(), 4U);
+  EXPECT_EQ(names(), (Names{"viewer.py", "editor.py", "Module", "Code"}));
+  EXPECT_EQ(processes[0].file, viewer);
+  EXPECT_EQ(processes[1].file, editor);
+  EXPECT_EQ(processes[2].file, python);
+  EXPECT_EQ(processes[3].file, python);
+}
+
+TEST_F(SystemEventsTest, LeavesOutAWindowThatNoProcessOfThisMachineShows) {
+  const ChildProcess xclock({"xclock"});
+  ASSERT_TRUE(desktop_.waitForClass("XClock"));
+  ChildProcess remote({"/usr/bin/python3", "-c", std::string(pythonProgram), "../../etc/shadow", "--leave-to-child"});
+  ASSERT_TRUE(desktop_.waitForClass("../../etc/shadow"));
+  EXPECT_EQ(remote.wait(), 0) << "the process that the X server knows is gone";
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(names(), Names{"xclock"});
+  EXPECT_EQ(
+      testing::internal::GetCapturedStderr(),
+      "An application with windows of the class \"../../etc/shadow\" is left out: no process of this machine tells "
+      "which program it is.\n");
+  xcb_kill_client(desktop_.connection(), desktop_.clients().back());
+  desktop_.synchronize();
+  awaitWindows(1);
 }
 
 TEST_F(SystemEventsTest, LeavesPartsOfTheDesktopOut) {
