@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 
 #include "DesktopSupport/GLibHandles.h"
 
@@ -61,7 +60,8 @@ const Interpreter* interpreterCalled(std::string_view program) {
 }
 
 std::string baseName(const std::string& path) {
-  return std::filesystem::path(path).filename();
+  // A path object would take a hundred times the text's memory, and a process may have megabytes there.
+  return path.substr(path.rfind('/') + 1);
 }
 
 bool isOption(const std::string& word) {

@@ -67,6 +67,7 @@ std::optional<path> ProcessInfo::executable() const {
 std::optional<path> ProcessInfo::script() const {
   const auto program = executable();
   const auto script = program ? scriptOf(program->filename().string(), arguments()) : std::nullopt;
+  // Nothing is called so, and a path object of megabytes would take a hundred times as much memory.
   if (!script || script->size() > PATH_MAX)
     return std::nullopt;
   path file = *script;

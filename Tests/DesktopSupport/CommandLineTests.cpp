@@ -57,6 +57,7 @@ TEST(CommandLine, RunsTheModuleOfAnInterpreter) {
   EXPECT_EQ(program({"python3", "-u", "-m", "tool", "file"}), "tool");
   EXPECT_EQ(program({"python3", "-um", "tool"}), "tool");
   EXPECT_EQ(program({"python3", "-m"}), "none");
+  EXPECT_EQ(program({"python3", "-mtool", "file"}), "none");
 }
 
 TEST(CommandLine, OfAnEntryHasItsFixedArguments) {
