@@ -26,6 +26,7 @@ inline constexpr std::string_view noReply = "org.freedesktop.DBus.Error.NoReply"
 inline constexpr std::string_view timeout = "org.freedesktop.DBus.Error.Timeout";
 inline constexpr std::string_view invalidArguments = "org.freedesktop.DBus.Error.InvalidArgs";
 inline constexpr std::string_view accessDenied = "org.freedesktop.DBus.Error.AccessDenied";
+inline constexpr std::string_view notSupported = "org.freedesktop.DBus.Error.NotSupported";
 }  // namespace BusErrorName
 
 /// The name under which D-Bus knows `error`, and its message without the name GLib puts in front.

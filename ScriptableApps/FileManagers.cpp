@@ -1,12 +1,14 @@
 #include "ScriptableApps/FileManagers.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 #include <optional>
+#include <ranges>
 #include <utility>
 
 #include "DesktopSupport/GTKWindowStack.h"
+#include "DesktopSupport/WindowReader.h"
+#include "ScriptableApps/RunningFileManagers.h"
 
 namespace ScriptableApps {
 
@@ -27,33 +29,9 @@ struct ShownWindow {
 };
 using Windows = std::vector<ShownWindow>;
 
-// Only one program has the first name; others that run beside it can be found by their own.
-constexpr std::array fileManagerNames = {"org.freedesktop.FileManager1", "org.gnome.Nautilus", "org.Nemo"};
-
-BusError noFileManager() {
-  return {.name = std::string(BusErrorName::nameHasNoOwner), .message = "There is no file manager."};
-}
-
-std::expected<std::string, BusError> ownerOf(const SessionBus& bus, const char* name, milliseconds patience) {
-  const auto reply = bus.call({.destination = "org.freedesktop.DBus",
-                               .path = "/org/freedesktop/DBus",
-                               .interface = "org.freedesktop.DBus",
-                               .name = "GetNameOwner"},
-                              g_variant_new("(s)", name), G_VARIANT_TYPE("(s)"), patience);
-  if (!reply)
-    return std::unexpected(reply.error());
-  const char* owner = nullptr;
-  g_variant_get(reply->get(), "(&s)", &owner);
-  return owner;
-}
-
-// The connections of the file managers that run, each once.
-std::vector<std::string> runningFileManagers(const SessionBus& bus, milliseconds patience) {
-  std::vector<std::string> owners;
-  for (const char* name : fileManagerNames)
-    if (auto owner = ownerOf(bus, name, patience); owner && std::ranges::find(owners, *owner) == owners.end())
-      owners.push_back(std::move(*owner));
-  return owners;
+BusError doesNotTell(const FileManager& fileManager) {
+  return {.name = std::string(BusErrorName::notSupported),
+          .message = nameOf(fileManager) + " is running but does not tell what it shows."};
 }
 
 Locations stringsOf(GVariant* array) {
@@ -79,44 +57,85 @@ Windows windowsOf(const std::string& fileManager, GVariant* dictionary) {
   return windows;
 }
 
-std::optional<Windows> windowsAmong(const std::string& fileManager, GVariant* properties) {
+// None if the file manager doesn't tell. Some have the property of their locations and never set it.
+std::optional<Windows> windowsAmong(const FileManager& fileManager, GVariant* properties,
+                                    const WindowsOnScreen& screen) {
   const auto lookUp = [&](const char* name, const char* type) {
     return VariantHandle(g_variant_lookup_value(properties, name, G_VARIANT_TYPE(type)));
   };
   if (const auto windows = lookUp("OpenWindowsWithLocations", "a{sas}"))
-    return windowsOf(fileManager, windows.get());
-  if (const auto locations = lookUp("OpenLocations", "as"))
-    return Windows{{.name = {.connection = fileManager}, .locations = stringsOf(locations.get())}};
-  return std::nullopt;
+    return windowsOf(fileManager.connection, windows.get());
+  const auto locations = lookUp("OpenLocations", "as");
+  if (!locations || (g_variant_n_children(locations.get()) == 0 && mayShowWindows(fileManager, screen)))
+    return std::nullopt;
+  return Windows{{.name = {.connection = fileManager.connection}, .locations = stringsOf(locations.get())}};
 }
 
+// GLib answers so for an object without the interface, depending on what else the object has.
 bool saysThatItDoesNotTell(const BusError& error) {
-  return error.name.starts_with("org.freedesktop.DBus.Error.Unknown");
+  return error.name.starts_with("org.freedesktop.DBus.Error.Unknown") || error.name == BusErrorName::invalidArguments ||
+         error.name == BusErrorName::notSupported;
 }
 
-std::expected<Windows, BusError> windowsOf(const SessionBus& bus, const std::string& fileManager,
-                                           milliseconds patience) {
+std::expected<Windows, BusError> windowsOf(const SessionBus& bus, const FileManager& fileManager,
+                                           const WindowsOnScreen& screen, milliseconds patience) {
   const auto reply =
-      bus.call({.destination = fileManager,
+      bus.call({.destination = fileManager.connection,
                 .path = "/org/freedesktop/FileManager1",
                 .interface = "org.freedesktop.DBus.Properties",
                 .name = "GetAll"},
                g_variant_new("(s)", "org.freedesktop.FileManager1"), G_VARIANT_TYPE("(a{sv})"), patience);
   if (!reply)
-    return std::unexpected(saysThatItDoesNotTell(reply.error()) ? noFileManager() : reply.error());
+    return std::unexpected(saysThatItDoesNotTell(reply.error()) ? doesNotTell(fileManager) : reply.error());
   const VariantHandle properties(g_variant_get_child_value(reply->get(), 0));
-  auto windows = windowsAmong(fileManager, properties.get());
+  auto windows = windowsAmong(fileManager, properties.get(), screen);
   if (!windows)
-    return std::unexpected(noFileManager());
+    return std::unexpected(doesNotTell(fileManager));
   return std::move(*windows);
 }
 
-// What is known after one more file manager was asked.
-void add(std::expected<Windows, BusError>& known, std::expected<Windows, BusError> more) {
-  if (known && more)
-    std::ranges::move(*more, std::back_inserter(*known));
-  else if (more || (!known && more.error().name != BusErrorName::nameHasNoOwner))
-    known = std::move(more);
+// What all file managers together have answered.
+struct Answers {
+  Windows windows = {};
+  bool hasAnyTold = false;
+  std::vector<BusError> failures = {};
+  // A sentence for each failure.
+  std::vector<std::string> problems = {};
+
+  void add(const FileManager& fileManager, std::expected<Windows, BusError> answer) {
+    hasAnyTold |= answer.has_value();
+    if (answer) {
+      std::ranges::move(*answer, std::back_inserter(windows));
+      return;
+    }
+    const BusError& failure = failures.emplace_back(std::move(answer.error()));
+    problems.push_back(failure.name == BusErrorName::notSupported
+                           ? failure.message
+                           : nameOf(fileManager) + " has not told what it shows: " + failure.message);
+  }
+
+  // Why none has told.
+  [[nodiscard]] BusError failure() const {
+    if (failures.empty())
+      return {.name = std::string(BusErrorName::nameHasNoOwner), .message = "There is no file manager."};
+    if (failures.size() == 1)
+      return failures.front();
+    BusError all{.name = std::string(BusErrorName::notSupported), .message = problems.front()};
+    for (const std::string& problem : problems | std::views::drop(1))
+      all.message += ' ' + problem;
+    return all;
+  }
+};
+
+Answers askAll(const SessionBus* bus, milliseconds patience) {
+  const auto screen = DesktopSupport::readWindows();
+  const FileManagers onBus = bus != nullptr ? fileManagersOn(*bus, patience) : FileManagers();
+  Answers answers;
+  for (const FileManager& fileManager : onBus)
+    answers.add(fileManager, windowsOf(*bus, fileManager, screen, patience));
+  for (const FileManager& fileManager : otherFileManagers(screen, onBus))
+    answers.add(fileManager, std::unexpected(doesNotTell(fileManager)));
+  return answers;
 }
 
 // Windows that the X server doesn't know stay where they are, behind those that it does.
@@ -137,17 +156,15 @@ Locations locationsOf(const Windows& windows) {
 
 }  // namespace
 
-std::expected<Locations, BusError> openLocations(milliseconds patience) {
+std::expected<OpenLocations, BusError> openLocations(milliseconds patience) {
   const auto bus = SessionBus::connect();
-  if (!bus)
+  Answers answers = askAll(bus ? &*bus : nullptr, patience);
+  if (!bus && answers.failures.empty())
     return std::unexpected(bus.error());
-  std::expected<Windows, BusError> windows = std::unexpected(noFileManager());
-  for (const std::string& fileManager : runningFileManagers(*bus, patience))
-    add(windows, windowsOf(*bus, fileManager, patience));
-  if (!windows)
-    return std::unexpected(windows.error());
-  bringFrontFirst(*windows);
-  return locationsOf(*windows);
+  if (!answers.hasAnyTold)
+    return std::unexpected(answers.failure());
+  bringFrontFirst(answers.windows);
+  return OpenLocations{.locations = locationsOf(answers.windows), .problems = std::move(answers.problems)};
 }
 
 }  // namespace ScriptableApps

@@ -1,11 +1,27 @@
 #include "ScriptableApps/Finder.h"
 
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "DesktopSupport/SystemLog.h"
 #include "ScriptableApps/ApplicationError.h"
 #include "ScriptableApps/FileManagers.h"
 #include "ScriptableApps/FinderObjects.h"
 #include "ScriptableApps/MountedPlaces.h"
 
 namespace ScriptableApps {
+
+namespace {
+
+AppleScript::ScriptError errorFor(std::string_view application, const DesktopSupport::BusError& error) {
+  if (error.name == DesktopSupport::BusErrorName::notSupported)
+    return applicationError(application, AppleScript::ErrorNumber::noSuchObject, error.message);
+  return applicationError(application, error);
+}
+
+}  // namespace
 
 std::string_view Finder::name() const {
   return "Finder";
@@ -16,14 +32,20 @@ const AppleScript::Dictionary& Finder::dictionary() const {
 }
 
 AppleScript::Result<AppleScript::ObjectPointer> Finder::open() {
-  const auto locations = openLocations(patience_);
-  if (!locations)
-    return std::unexpected(applicationError(name(), locations.error()));
+  const auto open = openLocations(patience_);
+  if (!open)
+    return std::unexpected(errorFor(name(), open.error()));
+  for (const std::string& problem : open->problems)
+    DesktopSupport::writeToSystemLog(problem);
   MountedPlaces places(patience_);
   std::vector<FinderWindow> windows;
-  for (const std::string& location : *locations)
-    if (auto folder = openFolderAt(location, places))
-      windows.emplace_back(std::move(*folder));
+  for (const std::string& location : open->locations) {
+    auto folder = openFolderAt(location, places);
+    if (!folder)
+      DesktopSupport::writeToSystemLog(folder.error());
+    else if (*folder)
+      windows.emplace_back(std::move(**folder));
+  }
   return std::make_shared<const FinderRoot>(std::move(windows));
 }
 

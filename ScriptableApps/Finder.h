@@ -17,8 +17,10 @@ class Finder : public AppleScript::Application {
   [[nodiscard]] std::string_view name() const override;
   [[nodiscard]] const AppleScript::Dictionary& dictionary() const override;
 
-  /// Fails with -600 where no file manager runs that tells what it shows. Where one runs and none of them told: with
-  /// -1712 where it stayed silent, -1723 where it may not be asked, and -2700 where its answer makes no sense.
+  /// What a file manager beside one that told has not told, and a folder whose path is not one line, is in the system's
+  /// log. Fails with -600 if no file manager runs, and with -1728 and their names if they don't tell what they show.
+  /// Else, if none told: with -1712 if it stayed silent, -1723 if it may not be asked, and -2700 if its answer makes no
+  /// sense.
   [[nodiscard]] AppleScript::Result<AppleScript::ObjectPointer> open() override;
 
  private:

@@ -49,14 +49,17 @@ std::string nameOf(const std::string& path) {
 
 }  // namespace
 
-std::optional<OpenFolder> openFolderAt(const std::string& uri, MountedPlaces& places) {
+std::expected<std::optional<OpenFolder>, std::string> openFolderAt(const std::string& uri, MountedPlaces& places) {
   const auto found = pathOf(uri, places);
   if (!found)
     return std::nullopt;
   const std::string path = canonical(found->c_str());
   std::error_code ignored;
-  if (!std::filesystem::is_directory(path, ignored) || !DesktopSupport::isDisplayable(path))
+  if (!std::filesystem::is_directory(path, ignored))
     return std::nullopt;
+  if (!DesktopSupport::isDisplayable(path))
+    return std::unexpected("The folder " + DesktopSupport::displayable(path) +
+                           " is left out: its path is not one line of text.");
   return OpenFolder{.name = nameOf(path), .path = path.ends_with('/') ? path : path + '/'};
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <expected>
 #include <optional>
 #include <string>
 
@@ -16,8 +17,8 @@ struct OpenFolder {
 };
 
 /// The folder at a location's URI. A place on the network or on a device appears under its mount point. None where
-/// there is no such folder in the file system (the trash, a search, what is not mounted), and where its path is not one
-/// line of UTF-8.
-std::optional<OpenFolder> openFolderAt(const std::string& uri, MountedPlaces& places);
+/// there is no such folder in the file system (the trash, a search, what is not mounted). Fails with a sentence if the
+/// folder's path is not one line of UTF-8.
+std::expected<std::optional<OpenFolder>, std::string> openFolderAt(const std::string& uri, MountedPlaces& places);
 
 }  // namespace ScriptableApps

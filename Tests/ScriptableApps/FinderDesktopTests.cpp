@@ -77,6 +77,28 @@ void expectNotRunning() {
   expectError(ErrorNumber::notRunning, "Application isn’t running.");
 }
 
+/// What a file manager is told to be that doesn't tell what it shows.
+std::string isSilent(const std::string& program) {
+  return program + " is running but does not tell what it shows.";
+}
+
+/// The program behind the file managers made here.
+std::string ownProgram() {
+  return std::filesystem::read_symlink("/proc/self/exe").filename();
+}
+
+void expectSilent() {
+  expectError(ErrorNumber::noSuchObject, isSilent(ownProgram()));
+}
+
+/// The paths, with what is written to the log while they are asked for in `log`.
+std::vector<std::string> openPathsAndLog(std::string& log, std::chrono::milliseconds patience = 60s) {
+  testing::internal::CaptureStderr();
+  const auto paths = openPaths(patience);
+  log = testing::internal::GetCapturedStderr();
+  return paths.value_or(std::vector<std::string>{paths ? "" : paths.error().message});
+}
+
 // The connection that has a name on the bus.
 std::string ownerOf(const char* name) {
   const auto reply = DesktopSupport::SessionBus::connect()->call(
@@ -165,13 +187,26 @@ TEST_F(FinderTest, AsksEveryFileManagerThatRuns) {
 TEST_F(FinderTest, FindsAFileManagerBesideOneThatDoesNotTell) {
   FakeFileManager owner;
   FakeFileManager other(otherFileManager);
+  std::string log;
   other.has("{'OpenLocations': <[" + uri(a_) + "]>}");
   owner.has("@a{sv} {}");
-  EXPECT_THAT(openPaths().value(), ElementsAre(a_ / ""));
+  EXPECT_THAT(openPathsAndLog(log), ElementsAre(a_ / ""));
+  EXPECT_EQ(log, isSilent(ownProgram()) + '\n');
   owner.staysSilent();
-  EXPECT_THAT(openPaths(50ms).value(), ElementsAre(a_ / ""));
+  EXPECT_THAT(openPathsAndLog(log, 50ms), ElementsAre(a_ / ""));
+  EXPECT_THAT(log, testing::StartsWith(ownProgram() + " has not told what it shows: "));
   owner.answerUnchecked("GetAll", "('nonsense',)");
-  EXPECT_THAT(openPaths().value(), ElementsAre(a_ / ""));
+  EXPECT_THAT(openPathsAndLog(log), ElementsAre(a_ / ""));
+  EXPECT_THAT(log, testing::StartsWith(ownProgram() + " has not told what it shows: "));
+}
+
+TEST_F(FinderTest, TellsOfAllFileManagersWhereNoneTells) {
+  FakeFileManager owner;
+  FakeFileManager other(otherFileManager);
+  owner.has("@a{sv} {}");
+  other.fails("org.example.Error");
+  expectError(ErrorNumber::noSuchObject,
+              isSilent(ownProgram()) + ' ' + ownProgram() + " has not told what it shows: No.");
 }
 
 TEST_F(FinderTest, KeepsWhatOneFileManagerToldWhereAnotherFails) {
@@ -192,18 +227,85 @@ TEST_F(FinderTest, IsNotRunningWithoutABus) {
   expectNotRunning();
 }
 
-TEST_F(FinderTest, IsNotRunningWhereTheFileManagerDoesNotTell) {
+TEST_F(FinderTest, SaysThatTheFileManagerDoesNotTell) {
   FakeFileManager fileManager;
   for (const char* properties :
        {"@a{sv} {}", "{'OpenLocations': <'file:///'>, 'OpenWindowsWithLocations': <['file:///']>}"}) {
     fileManager.has(properties);
-    expectNotRunning();
+    expectSilent();
   }
   for (const char* error : {"org.freedesktop.DBus.Error.UnknownMethod", "org.freedesktop.DBus.Error.UnknownInterface",
-                            "org.freedesktop.DBus.Error.UnknownObject", "org.freedesktop.DBus.Error.UnknownProperty"}) {
+                            "org.freedesktop.DBus.Error.UnknownObject", "org.freedesktop.DBus.Error.UnknownProperty",
+                            "org.freedesktop.DBus.Error.NotSupported"}) {
     fileManager.fails(error);
-    expectNotRunning();
+    expectSilent();
   }
+}
+
+TEST_F(FinderTest, SaysThatAFileManagerWithMethodsAloneDoesNotTell) {
+  for (const char* interface : {"org.freedesktop.FileManager1", "org.example.Other"}) {
+    const std::string description =
+        std::string("<node><interface name='") + interface +
+        "'><method name='ShowFolders'><arg type='as'/><arg type='s'/></method></interface></node>";
+    const FakeService fileManager(interfaceOwner, "/org/freedesktop/FileManager1", description.c_str());
+    expectSilent();
+  }
+}
+
+TEST_F(FinderTest, SaysThatAFileManagerWithAnEmptyListAndAWindowDoesNotTell) {
+  FakeFileManager fileManager("org.Nemo");
+  const TestSupport::TestDesktop desktop;
+  TestSupport::TestWindow background(desktop);
+  background.setAtom("_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DESKTOP");
+  ASSERT_TRUE(background.show());
+  fileManager.has("{'OpenLocations': <@as []>}");
+  EXPECT_THAT(openPaths().value(), IsEmpty()) << "the desktop's icons are no window";
+  TestSupport::TestWindow window(desktop);
+  ASSERT_TRUE(window.show());
+  expectSilent();
+  fileManager.has("{'OpenLocations': <[" + uri(a_) + "]>}");
+  EXPECT_THAT(openPaths().value(), ElementsAre(a_ / ""));
+  fileManager.has("{'OpenWindowsWithLocations': <@a{sas} {}>, 'OpenLocations': <@as []>}");
+  EXPECT_THAT(openPaths().value(), IsEmpty()) << "its windows are those that show no folder";
+}
+
+TEST_F(FinderTest, SaysThatAFileManagerWithAnEmptyListDoesNotTellWhereItMayHaveAWindow) {
+  FakeFileManager fileManager("org.Nemo");
+  fileManager.has("{'OpenLocations': <@as []>}");
+  const TestSupport::EnvironmentVariable noDisplay("DISPLAY", std::nullopt);
+  expectSilent();
+}
+
+TEST_F(FinderTest, AsksAFileManagerThatIsOnTheBusOnce) {
+  FakeFileManager fileManager;
+  fileManager.has("{'OpenLocations': <[" + uri(a_) + "]>}");
+  const TestSupport::TestDesktop desktop;
+  TestSupport::TestWindow window(desktop);
+  window.setClass("thunar", "Thunar");
+  ASSERT_TRUE(window.show());
+  std::string log;
+  EXPECT_THAT(openPathsAndLog(log), ElementsAre(a_ / ""));
+  EXPECT_EQ(log, "");
+}
+
+TEST_F(FinderTest, IsNotRunningForTheDesktopsIcons) {
+  const TestSupport::TestDesktop desktop;
+  TestSupport::TestWindow background(desktop);
+  background.setClass("pcmanfm", "Pcmanfm").setAtom("_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DESKTOP");
+  ASSERT_TRUE(background.show());
+  expectNotRunning();
+}
+
+TEST_F(FinderTest, LeavesOutAFolderWhosePathIsNotOneLineAndLogsIt) {
+  const auto folder = folder_.path() / "two\nlines";
+  std::filesystem::create_directory(folder);
+  FakeFileManager fileManager;
+  fileManager.has("{'OpenLocations': <['file://" + folder_.path().string() + "/two%0Alines', " + uri(a_) +
+                  ", 'trash:///']>}");
+  std::string log;
+  EXPECT_THAT(openPathsAndLog(log), ElementsAre(a_ / ""));
+  EXPECT_EQ(log,
+            "The folder " + folder_.path().string() + "/two lines is left out: its path is not one line of text.\n");
 }
 
 TEST_F(FinderTest, IsNotRunningWhereTheFileManagerQuitsMeanwhile) {

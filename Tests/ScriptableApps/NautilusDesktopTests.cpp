@@ -1,10 +1,11 @@
-// The Finder with a real file manager.
+// The Finder with real file managers: one that tells what it shows, and one that doesn't.
 
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
+#include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
 #include "Tests/Support/TestDesktop.h"
 
@@ -58,7 +60,10 @@ class NautilusTest : public testing::Test {
     for (const char* name : {"first", "second", "third"})
       std::filesystem::create_directory(folder_.path() / name);
   }
-  ~NautilusTest() override { TestSupport::awaitNoOwner(fileManagerName); }
+  ~NautilusTest() override {
+    TestSupport::awaitNoOwner(fileManagerName);
+    EXPECT_TRUE(desktop_.waitUntil([this] { return desktop_.clients().empty(); }));
+  }
 
   [[nodiscard]] std::string path(const std::string& name) const { return folder_.path() / name; }
   /// What the script answers for a folder.
@@ -127,6 +132,26 @@ TEST_F(NautilusTest, ShowsNoPlacesThatAreNoFolders) {
   const ChildProcess nautilus({"nautilus", "--new-window", "other-locations:///", path("first")});
   ASSERT_TRUE(desktop_.waitForTitle("Other Locations"));
   EXPECT_EQ(foldersOnceThereAre(1), lines("first"));
+}
+
+TEST_F(NautilusTest, IsListedBesideAFileManagerThatDoesNotTell) {
+  const ChildProcess pcmanfm({"pcmanfm", path("second")});
+  ASSERT_TRUE(desktop_.waitForClass("Pcmanfm"));
+  const ChildProcess nautilus({"nautilus", "--new-window", path("first")});
+  EXPECT_EQ(foldersOnceThereAre(1), lines("first"));
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(textOfScript(listFolders), lines("first"));
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "pcmanfm is running but does not tell what it shows.\n");
+}
+
+TEST_F(NautilusTest, IsNotStartedForAFileManagerThatDoesNotTell) {
+  const ChildProcess pcmanfm({"pcmanfm", path("second")});
+  ASSERT_TRUE(desktop_.waitForClass("Pcmanfm"));
+  constexpr const char* error = "-1728: Finder got an error: pcmanfm is running but does not tell what it shows.";
+  EXPECT_EQ(textOfScript(listFolders), error);
+  const TestSupport::EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
+  const TestSupport::EnvironmentVariable runtimeFolder("XDG_RUNTIME_DIR", std::nullopt);
+  EXPECT_EQ(textOfScript(listFolders), error) << "it is known without a bus, too";
 }
 
 TEST_F(NautilusTest, IsNotStarted) {

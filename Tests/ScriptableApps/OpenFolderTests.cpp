@@ -1,5 +1,9 @@
 #include <cstdlib>
+#include <expected>
 #include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
 
 #include <gtest/gtest.h>
 
@@ -22,9 +26,15 @@ class OpenFolderTest : public testing::Test {
     return folder;
   }
 
-  static std::optional<OpenFolder> at(const std::string& uri) {
+  static std::expected<std::optional<OpenFolder>, std::string> find(const std::string& uri) {
     ScriptableApps::MountedPlaces places(60s);
     return ScriptableApps::openFolderAt(uri, places);
+  }
+
+  static std::optional<OpenFolder> at(const std::string& uri) {
+    const auto folder = find(uri);
+    EXPECT_TRUE(folder) << folder.error();
+    return folder.value_or(std::nullopt);
   }
 
   static void expectFolder(const std::string& uri, const std::string& name, const std::string& path) {
@@ -92,11 +102,21 @@ TEST_F(OpenFolderTest, IsNoneForPlacesOutsideTheFileSystem) {
     EXPECT_FALSE(at(uri)) << uri;
 }
 
-TEST_F(OpenFolderTest, IsNoneWhereItsPathIsNotOneLineOfUTF8) {
-  for (const char* name : {"two\nlines", "two\rlines", "two\xe2\x80\xa8lines", "Gr\xf6nland"}) {
+TEST_F(OpenFolderTest, IsAProblemWhereItsPathIsNotOneLineOfUTF8) {
+  for (const auto& [name, shown] : std::map<std::string, std::string>{{"two\nlines", "two lines"},
+                                                                      {"two\rlines", "two lines"},
+                                                                      {"two\xe2\x80\xa8lines", "two lines"},
+                                                                      {"Gr\xf6nland", "Gr\uFFFDnland"}}) {
     const DesktopSupport::CharsHandle uri(g_filename_to_uri(make(name).c_str(), nullptr, nullptr));
-    EXPECT_FALSE(at(uri.get())) << uri.get();
+    const auto folder = find(uri.get());
+    ASSERT_FALSE(folder) << uri.get();
+    EXPECT_EQ(folder.error(),
+              "The folder " + (folder_.path() / shown).string() + " is left out: its path is not one line of text.");
   }
+}
+
+TEST_F(OpenFolderTest, IsNoProblemWhereThereIsNoneOfSuchAPath) {
+  EXPECT_FALSE(at("file://" + folder_.path().string() + "/no%0Afolder"));
 }
 
 }  // namespace
