@@ -114,6 +114,22 @@ TEST_F(RunCommandTest, SendsAnEmptyListAndLogsWhyWithoutADisplay) {
   EXPECT_EQ(host.nextLine(), emptyListCommand);
 }
 
+TEST_F(RunCommandTest, SendsAnEmptyListAndLogsWhichFileManagerDoesNotTellWhatItShows) {
+  TestSupport::ClientList windows;
+  windows.awaitCount(0);
+  {
+    const ChildProcess pcmanfm({"pcmanfm", "/"});
+    windows.awaitCount(1);
+    ChildProcess plugin({GLEANERY_PROGRAM, "deskloomplugin://runCommand/finder"}, {.captureErrors = true});
+    const std::string log = plugin.readAll();
+    EXPECT_THAT(log, HasSubstr("Finder got an error: pcmanfm is running but does not tell what it shows."));
+    EXPECT_THAT(log, HasSubstr("NSAppleScriptErrorNumber = \"-1728\";"));
+    EXPECT_EQ(plugin.wait(), 0);
+    EXPECT_EQ(host.nextLine(), emptyListCommand);
+  }
+  windows.awaitCount(0);
+}
+
 TEST_F(RunCommandTest, LogsThatNothingCouldBeHandedOverWithoutASessionBus) {
   ChildProcess plugin({GLEANERY_PROGRAM, "deskloomplugin://runCommand/apps"},
                       {.environment = {{"DBUS_SESSION_BUS_ADDRESS", ""}, {"XDG_RUNTIME_DIR", "/no-such-folder"}},
