@@ -11,6 +11,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "Tests/Support/ProcessKeeper.h"
+
 namespace TestSupport {
 
 namespace {
@@ -45,21 +47,30 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Opti
     ADD_FAILURE() << "no pipe for " << arguments.at(0);
     return;
   }
-  pid_ = fork();
-  if (pid_ == 0)
-    become(arguments, options, ends[1]);
+  const auto start = [&] { become(arguments, options, ends[1]); };
+  if (options.hasHelpers) {
+    const KeptProgram kept = startKept(start);
+    pid_ = kept.program;
+    waited_ = kept.keeper;
+  } else {
+    waited_ = pid_ = fork();
+    if (pid_ == 0)
+      start();
+  }
   close(ends[1]);
   output_ = ends[0];
 }
 
 ChildProcess::ChildProcess(ChildProcess&& other) noexcept
     : pid_(std::exchange(other.pid_, -1)),
+      waited_(std::exchange(other.waited_, -1)),
       output_(std::exchange(other.output_, -1)),
       buffer_(std::move(other.buffer_)) {}
 
 ChildProcess::~ChildProcess() {
-  if (pid_ > 0) {
-    kill(pid_, SIGKILL);
+  if (waited_ > 0) {
+    // A keeper kills the program and its helpers, and then ends.
+    kill(waited_, waited_ == pid_ ? SIGKILL : SIGTERM);
     wait();
   }
   if (output_ >= 0)
@@ -98,13 +109,13 @@ std::string ChildProcess::readAll() {
 }
 
 int ChildProcess::wait() {
-  if (pid_ <= 0)
+  if (waited_ <= 0)
     return -1;
   int status = 0;
-  while (waitpid(pid_, &status, 0) < 0 && errno == EINTR) {
+  while (waitpid(waited_, &status, 0) < 0 && errno == EINTR) {
   }
-  pid_ = -1;
-  return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+  pid_ = waited_ = -1;
+  return exitStatus(status);
 }
 
 int run(const std::vector<std::string>& arguments, const ChildProcess::Options& options) {

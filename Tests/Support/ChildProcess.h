@@ -15,6 +15,9 @@ struct ChildProcessOptions {
   std::map<std::string, std::string> environment = {};
   /// Whether standard error comes with the output.
   bool captureErrors = false;
+  /// For a program with helper processes, such as a browser: whether those are part of it. Then it has ended when they
+  /// have, and they are ended with it, so that nobody writes to its files any more.
+  bool hasHelpers = false;
 };
 
 /// A program that a test has started. It is ended with the test, by its process id.
@@ -43,6 +46,8 @@ class ChildProcess {
   bool readMore();
 
   pid_t pid_ = -1;
+  /// Whom to wait for: the program, or the keeper of the program and its helpers.
+  pid_t waited_ = -1;
   int output_ = -1;
   std::string buffer_;
 };

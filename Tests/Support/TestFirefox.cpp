@@ -88,7 +88,8 @@ void TestFirefox::startAgain() {
   std::vector<std::string> arguments = {"sh",          "-c",           "exec \"$@\" >/dev/null 2>&1", "sh",
                                         "firefox-esr", "--marionette", "--remote-allow-system-access"};
   arguments.insert(arguments.end(), options_.begin(), options_.end());
-  process_.emplace(arguments, ChildProcess::Options{.environment = {{"MOZ_CRASHREPORTER_DISABLE", "1"}}});
+  process_.emplace(arguments,
+                   ChildProcess::Options{.environment = {{"MOZ_CRASHREPORTER_DISABLE", "1"}}, .hasHelpers = true});
   control_.emplace(awaitPort(profile_, changes));
 }
 

@@ -1,0 +1,85 @@
+#include <cerrno>
+#include <csignal>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "Tests/Support/ChildProcess.h"
+
+namespace {
+
+using TestSupport::ChildProcess;
+using TestSupport::run;
+
+const ChildProcess::Options withHelpers = {.hasHelpers = true};
+
+bool exists(pid_t process) {
+  return kill(process, 0) == 0 || errno != ESRCH;
+}
+
+/// Starts two helpers that are hard to get hold of: they don't listen to signals, have sessions of their own and no
+/// environment, and the second is left behind by the first. They print their process ids and stay.
+constexpr std::string_view startHelpers = R"(
+  stay='trap "" TERM HUP; echo $$; exec >/dev/null sleep 4711'
+  setsid env -i "stay=$stay" sh -c 'trap "" TERM HUP; (setsid sh -c "$stay" &); eval "$stay"' &
+)";
+
+/// The process ids of the helpers, once both run.
+std::vector<pid_t> awaitHelpers(ChildProcess& program) {
+  std::vector<pid_t> helpers;
+  for (int count = 0; count < 2; ++count)
+    helpers.push_back(std::stoi(program.readLine().value()));
+  return helpers;
+}
+
+TEST(ChildProcess, YieldsTheExitStatus) {
+  for (const bool hasHelpers : {false, true}) {
+    EXPECT_EQ(run({"sh", "-c", "exit 7"}, {.hasHelpers = hasHelpers}), 7);
+    EXPECT_EQ(run({"sh", "-c", "kill -KILL $$"}, {.hasHelpers = hasHelpers}), 128 + SIGKILL);
+    EXPECT_EQ(run({"sh", "-c", "kill -TERM $$; exit 7"}, {.hasHelpers = hasHelpers}), 128 + SIGTERM);
+    EXPECT_EQ(run({"/nonexistent"}, {.hasHelpers = hasHelpers}), 127);
+  }
+}
+
+TEST(ChildProcess, IsTheProgramItself) {
+  for (const bool hasHelpers : {false, true}) {
+    ChildProcess program({"sh", "-c", "echo $$"}, {.hasHelpers = hasHelpers});
+    EXPECT_EQ(program.readLine(), std::to_string(program.pid()));
+    EXPECT_EQ(program.readAll(), "");
+    EXPECT_EQ(program.wait(), 0);
+  }
+}
+
+TEST(ChildProcess, HasEndedWhenItsHelpersHave) {
+  ChildProcess program({"sh", "-c", std::string(startHelpers) + "exec sleep 4711"}, withHelpers);
+  const std::vector<pid_t> helpers = awaitHelpers(program);
+  kill(program.pid(), SIGKILL);
+  EXPECT_EQ(program.wait(), 128 + SIGKILL);
+  for (const pid_t helper : helpers)
+    EXPECT_FALSE(exists(helper));
+}
+
+TEST(ChildProcess, TakesItsHelpersWithIt) {
+  std::vector<pid_t> helpers;
+  {
+    ChildProcess program({"sh", "-c", std::string(startHelpers) + "exec sleep 4711"}, withHelpers);
+    helpers = awaitHelpers(program);
+    ChildProcess moved = std::move(program);
+    helpers.push_back(moved.pid());
+  }
+  for (const pid_t helper : helpers)
+    EXPECT_FALSE(exists(helper));
+}
+
+TEST(ChildProcess, LeavesTheHelpersOfOthersAlone) {
+  ChildProcess other({"sh", "-c", std::string(startHelpers) + "exec sleep 4711"}, withHelpers);
+  const std::vector<pid_t> helpers = awaitHelpers(other);
+  EXPECT_EQ(run({"sh", "-c", "setsid sleep 4711 & exit 7"}, withHelpers), 7);
+  for (const pid_t helper : helpers)
+    EXPECT_TRUE(exists(helper));
+}
+
+}  // namespace
