@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "Tests/Support/Patience.h"
+
 namespace TestSupport {
 
 namespace {
@@ -11,8 +13,6 @@ using DesktopSupport::VariantHandle;
 
 constexpr const char* accessible = "org.a11y.atspi.Accessible";
 constexpr const char* accessibleText = "org.a11y.atspi.Text";
-/// How long an application may take to answer, in milliseconds: reached only when something is broken.
-constexpr int patience = 30000;
 
 std::string firstString(const VariantHandle& reply) {
   const char* text = "";
@@ -34,7 +34,7 @@ VariantHandle AccessibleObject::call(const char* interface, const char* method, 
                                      const char* replyType) const {
   return VariantHandle(g_dbus_connection_call_sync(bus_.get(), owner_.c_str(), path_.c_str(), interface, method,
                                                    arguments, G_VARIANT_TYPE(replyType), G_DBUS_CALL_FLAGS_NONE,
-                                                   patience, nullptr, nullptr));
+                                                   milliseconds(patience), nullptr, nullptr));
 }
 
 bool AccessibleObject::ask(const char* interface, const char* method, GVariant* arguments) const {
@@ -68,7 +68,8 @@ std::string AccessibleObject::text() const {
 pid_t AccessibleObject::process() const {
   const VariantHandle reply(g_dbus_connection_call_sync(
       bus_.get(), "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetConnectionUnixProcessID",
-      g_variant_new("(s)", owner_.c_str()), G_VARIANT_TYPE("(u)"), G_DBUS_CALL_FLAGS_NONE, patience, nullptr, nullptr));
+      g_variant_new("(s)", owner_.c_str()), G_VARIANT_TYPE("(u)"), G_DBUS_CALL_FLAGS_NONE, milliseconds(patience),
+      nullptr, nullptr));
   guint32 process = 0;
   if (reply)
     g_variant_get(reply.get(), "(u)", &process);

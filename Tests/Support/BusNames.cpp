@@ -6,6 +6,7 @@
 #include "DesktopSupport/ApplicationBus.h"
 #include "DesktopSupport/GLibHandles.h"
 #include "DesktopSupport/SessionBus.h"
+#include "Tests/Support/Patience.h"
 
 namespace TestSupport {
 
@@ -41,12 +42,11 @@ void await(const std::string& busName, bool owned) {
 /// Calls a method and waits for the answer, which may take a program's start. False, and a failure of the test, where
 /// there is none.
 bool call(const DesktopSupport::BusMethod& method, GVariant* arguments) {
-  constexpr int patience = 60000;
   ErrorHandle error;
   const ObjectHandle<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, Out(error)));
   const VariantHandle answer(g_dbus_connection_call_sync(
       bus.get(), method.destination.c_str(), method.path.c_str(), method.interface.c_str(), method.name.c_str(),
-      arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, patience, nullptr, Out(error)));
+      arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, milliseconds(patience), nullptr, Out(error)));
   if (!answer)
     ADD_FAILURE() << error->message;
   return answer != nullptr;

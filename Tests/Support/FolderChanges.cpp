@@ -10,13 +10,13 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
+#include "Tests/Support/Patience.h"
+
 namespace TestSupport {
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-constexpr std::chrono::seconds patience(60);
 
 /// Takes all events that have arrived, as one of them is enough to look again.
 void takeEvents(int events) {

@@ -11,6 +11,8 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include "Tests/Support/Patience.h"
+
 namespace TestSupport {
 
 namespace {
@@ -37,9 +39,6 @@ async function session() {
     active: tabs.findIndex(tab => tab.active),
     tabs: tabs.map(({title, url}) => ({title, url}))}));
 })";
-
-// In milliseconds: reached only when something is broken.
-constexpr int patience = 30'000;
 
 void writeOnce(const path& file, std::string_view contents) {
   std::filesystem::create_directories(file.parent_path());
@@ -70,7 +69,7 @@ path TestChromium::userData() {
 
 void TestChromium::ask(Options options) {
   options.insert(options.begin(), {"chromium", "--no-sandbox"});
-  TestSupport::run(options, {.captureErrors = true});
+  TestSupport::run(options, {.captureErrors = true, .hasHelpers = true});
 }
 
 // It takes commands from its descriptor 3 and answers on its descriptor 4.
@@ -88,7 +87,7 @@ void TestChromium::start(const Options& options) {
   arguments.insert(arguments.end(), {"--no-sandbox", "--password-store=basic", "--no-first-run", "--disable-gpu",
                                      "--remote-debugging-pipe", "--load-extension=" + extension_.path().string()});
   arguments.insert(arguments.end(), options.begin(), options.end());
-  process_.emplace(arguments, ChildProcess::Options{.captureErrors = true});
+  process_.emplace(arguments, ChildProcess::Options{.captureErrors = true, .hasHelpers = true});
   close(commands[0]);
   close(answers[1]);
 }
@@ -168,7 +167,7 @@ nlohmann::json TestChromium::nextMessage() {
   while ((end = received_.find('\0')) == std::string::npos) {
     std::array<char, 65536> buffer{};
     pollfd answers = {.fd = answers_, .events = POLLIN, .revents = 0};
-    const bool isAnswered = poll(&answers, 1, patience) > 0;
+    const bool isAnswered = poll(&answers, 1, milliseconds(patience)) > 0;
     const ssize_t count = isAnswered ? read(answers_, buffer.data(), buffer.size()) : 0;
     if (count <= 0)
       throw std::runtime_error(isAnswered ? "Chromium has gone" : "Chromium says nothing more");

@@ -7,13 +7,13 @@
 
 #include <poll.h>
 
+#include "Tests/Support/Patience.h"
+
 namespace TestSupport {
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-constexpr std::chrono::seconds patience{30};
 
 struct Free {
   void operator()(void* memory) const { std::free(memory); }
