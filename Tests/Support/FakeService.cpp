@@ -26,27 +26,18 @@ ObjectHandle<GDBusConnection> connectToSessionBus() {
 }  // namespace
 
 FakeService::FakeService(std::string name, std::string path, const char* description)
-    : name_(std::move(name)),
-      path_(std::move(path)),
-      context_(g_main_context_new()),
-      loop_(g_main_loop_new(context_.get(), FALSE)) {
+    : name_(std::move(name)), path_(std::move(path)), context_(g_main_context_new()) {
   // The calls are handled in the context that is the thread's own while the object is exported.
   g_main_context_push_thread_default(context_.get());
   connection_ = connectToSessionBus();
   exportObject(description);
   g_main_context_pop_thread_default(context_.get());
-  thread_ = std::thread([this] { g_main_loop_run(loop_.get()); });
+  thread_.emplace(context_.get());
   ownName();
 }
 
 FakeService::~FakeService() {
   disappear();
-  const auto quit = [](gpointer loop) -> gboolean {
-    g_main_loop_quit(static_cast<GMainLoop*>(loop));
-    return G_SOURCE_REMOVE;
-  };
-  g_main_context_invoke(context_.get(), quit, loop_.get());
-  thread_.join();
 }
 
 void FakeService::exportObject(const char* description) {

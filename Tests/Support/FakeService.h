@@ -4,11 +4,12 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "DesktopSupport/GLibHandles.h"
+#include "Tests/Support/ServingThread.h"
 
 namespace TestSupport {
 
@@ -62,7 +63,6 @@ class FakeService {
   std::string path_;
   std::string interface_;
   DesktopSupport::MainContextHandle context_;
-  DesktopSupport::MainLoopHandle loop_;
   DesktopSupport::ObjectHandle<GDBusConnection> connection_;
   mutable std::mutex mutex_;
   std::condition_variable answered_;
@@ -70,7 +70,7 @@ class FakeService {
   std::vector<std::string> calls_;
   /// How many of the calls have been answered: their answers are on the way in front of whatever is said next.
   std::size_t answeredCalls_ = 0;
-  std::thread thread_;
+  std::optional<ServingThread> thread_;
 };
 
 }  // namespace TestSupport

@@ -57,7 +57,7 @@ gboolean serve(GThreadedSocketService* /*service*/, GSocketConnection* connectio
 
 }  // namespace
 
-PageServer::PageServer() : context_(g_main_context_new()), loop_(g_main_loop_new(context_.get(), FALSE)) {
+PageServer::PageServer() : context_(g_main_context_new()) {
   constexpr int atOnce = 64;
   // Connections are taken in the context that is the thread's own when the port is opened.
   g_main_context_push_thread_default(context_.get());
@@ -72,12 +72,11 @@ PageServer::PageServer() : context_(g_main_context_new()), loop_(g_main_loop_new
   if (!owner)
     throw std::runtime_error("no port for a web server");
   address_ = "http://127.0.0.1:" + std::to_string(g_inet_socket_address_get_port(G_INET_SOCKET_ADDRESS(address))) + '/';
-  thread_ = std::jthread([this] { g_main_loop_run(loop_.get()); });
+  thread_.emplace(context_.get());
 }
 
 PageServer::~PageServer() {
   g_socket_service_stop(service_.get());
-  g_main_loop_quit(loop_.get());
 }
 
 std::string PageServer::url(const std::string& name) const {

@@ -1,9 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
-#include <thread>
 
 #include "DesktopSupport/GLibHandles.h"
+#include "Tests/Support/ServingThread.h"
 
 namespace TestSupport {
 
@@ -23,10 +24,9 @@ class PageServer {
 
  private:
   DesktopSupport::MainContextHandle context_;
-  DesktopSupport::MainLoopHandle loop_;
   DesktopSupport::ObjectHandle<GSocketService> service_;
   std::string address_;
-  std::jthread thread_;
+  std::optional<ServingThread> thread_;
 };
 
 }  // namespace TestSupport
