@@ -12,6 +12,7 @@
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/FolderChanges.h"
 #include "Tests/Support/PageServer.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/TestDesktop.h"
 #include "Tests/Support/TestFirefox.h"
 
@@ -19,38 +20,78 @@ namespace TestSupport {
 
 /// What the scripts that run inside Firefox can use. `pages` is the address of the server.
 inline constexpr std::string_view insideFirefox = R"(
-  const pages = arguments[0];
-  const windows = () => BrowserWindowTracker.orderedWindows.filter(w => !PrivateBrowsingUtils.isWindowPrivate(w));
+  const [pages, patience] = arguments;
+  const {setTimeout} = ChromeUtils.importESModule('resource://gre/modules/Timer.sys.mjs');
+  // The windows, the one in front first, when they are ready.
+  const allWindows = () => BrowserWindowTracker.orderedWindows.filter(w => w.gBrowserInit?.delayedStartupFinished);
+  const windows = () => allWindows().filter(w => !PrivateBrowsingUtils.isWindowPrivate(w));
   const tabs = () => windows().flatMap(w => w.gBrowser.tabs);
   // The tab at the page with this name.
   const tab = name => tabs().find(t => t.linkedBrowser.currentURI.spec === pages + name);
   const windowOf = tab => tab.ownerDocument.defaultView;
   // The address of the server's page with this name; another address is as it is.
   const address = name => new URL(name, pages).href;
-  // Waits until the page at the address has been loaded in the tab.
-  const loaded = (tab, address) => new Promise(resolve => {
-    const browser = tab.linkedBrowser;
-    const listener = {
-      onStateChange(changed, progress, request, flags) {
-        const done = Ci.nsIWebProgressListener.STATE_STOP | Ci.nsIWebProgressListener.STATE_IS_WINDOW;
-        if (changed !== browser || browser.currentURI.spec !== address || (flags & done) !== done) return;
-        windowOf(tab).gBrowser.removeTabsProgressListener(listener);
-        resolve(tab);
-      }};
-    windowOf(tab).gBrowser.addTabsProgressListener(listener);
+  const isInFront = w => (Services.focus.activeWindow ?? BrowserWindowTracker.orderedWindows[0]) === w;
+  // Whether the tab's label is the title of the page that is loaded in it.
+  const isLabelled = tab => !tab.hasAttribute('busy') && tab.label === (tab.linkedBrowser.contentTitle || tab.label);
+  const isAt = (tab, address) => tab.linkedBrowser.currentURI.spec === address && isLabelled(tab);
+  // Waits until a condition holds, or so long that something must be broken. It is looked at again whenever a tab, its
+  // label or its page changes, or a window is opened, is closed or comes to the front.
+  const until = condition => new Promise(resolve => {
+    const tabEvents = ['TabOpen', 'TabClose', 'TabMove', 'TabSelect', 'TabAttrModified', 'TabHide', 'TabShow'];
+    const stops = [];
+    const stop = () => { stops.splice(0).forEach(stop => stop()); resolve(); };
+    // After the event, when everybody else has heard of it.
+    const look = () => Services.tm.dispatchToMainThread(() => { if (stops.length && condition()) stop(); });
+    const watch = w => {
+      const progress = {onLocationChange: look, onStateChange: look};
+      w.gBrowser.addTabsProgressListener(progress);
+      stops.push(() => w.gBrowser?.removeTabsProgressListener(progress));
+      for (const event of ['activate', ...tabEvents]) {
+        w.addEventListener(event, look);
+        stops.push(() => w.removeEventListener(event, look));
+      }
+    };
+    for (const topic of ['browser-delayed-startup-finished', 'domwindowclosed']) {
+      const observer = w => { if (topic !== 'domwindowclosed') watch(w); look(); };
+      Services.obs.addObserver(observer, topic);
+      stops.push(() => Services.obs.removeObserver(observer, topic));
+    }
+    allWindows().forEach(watch);
+    setTimeout(stop, patience);
+    look();
   });
+  // Waits until the page at the address has been loaded in the tab, and the tab is labelled with its title.
+  const loaded = async (tab, address) => {
+    const browser = tab.linkedBrowser;
+    await new Promise(resolve => {
+      const listener = {
+        onStateChange(changed, progress, request, flags) {
+          const done = Ci.nsIWebProgressListener.STATE_STOP | Ci.nsIWebProgressListener.STATE_IS_WINDOW;
+          if (changed !== browser || browser.currentURI.spec !== address || (flags & done) !== done) return;
+          windowOf(tab).gBrowser.removeTabsProgressListener(listener);
+          resolve();
+        }};
+      windowOf(tab).gBrowser.addTabsProgressListener(listener);
+    });
+    await until(() => isLabelled(tab));
+    return tab;
+  };
   // Goes to an address in a tab, …
   const visit = (tab, name) => {
     const triggeringPrincipal = Services.scriptSecurityManager.getSystemPrincipal();
     tab.linkedBrowser.loadURI(Services.io.newURI(address(name)), {triggeringPrincipal});
     return loaded(tab, address(name));
   };
-  // … and in a new one, behind the others.
+  // … and in a new one, after the others.
   const open = (name, w = window) => loaded(w.gBrowser.addTrustedTab(address(name)), address(name));
-  // A new window, with a tab at each of the pages.
+  // A new window in front of the others, with a tab at each of the pages. It goes to the first page by itself: what it is
+  // told meanwhile, its own first page may replace.
   const openWindow = async (names, options = {}) => {
-    const w = await BrowserWindowTracker.promiseOpenWindow(options);
-    await visit(w.gBrowser.tabs[0], names[0]);
+    const first = Cc['@mozilla.org/supports-string;1'].createInstance(Ci.nsISupportsString);
+    first.data = address(names[0]);
+    const w = await BrowserWindowTracker.promiseOpenWindow({...options, args: first});
+    await until(() => isInFront(w) && isAt(w.gBrowser.selectedTab, first.data));
     for (const name of names.slice(1)) await open(name, w);
     return w;
   };
@@ -62,9 +103,23 @@ inline constexpr std::string_view insideFirefox = R"(
     Services.obs.removeObserver(observer, topic);
     resolve();
   }, topic));
+  // Brings a window to the front.
+  const raise = w => { w.focus(); return until(() => isInFront(w)); };
   // Takes a tab to a window of its own.
-  const tearOff = tab => observed('browser-delayed-startup-finished', windowOf(tab).gBrowser.replaceTabWithWindow(tab));
+  const tearOff = async tab => {
+    const page = tab.linkedBrowser.currentURI.spec;
+    const w = windowOf(tab).gBrowser.replaceTabWithWindow(tab);
+    await observed('browser-delayed-startup-finished', w);
+    await until(() => isInFront(w) && isAt(w.gBrowser.selectedTab, page));
+  };
   const close = w => { const closed = observed('domwindowclosed', w); w.close(); return closed; };
+  // The windows as a script lists them.
+  const shownAddress = tab => {
+    const spec = tab.linkedBrowser.currentURI.spec;
+    return ReaderMode.getOriginalUrl(spec) ?? spec;
+  };
+  const listed = () => windows().map(w => `a window that shows ${w.gBrowser.selectedTab.label}\n` +
+    w.gBrowser.tabs.filter(t => !t.hidden).map(t => `${t.label}\n${shownAddress(t)}\n`).join('')).join('');
 )";
 
 /// A Firefox, with the page "first" in its only tab.
@@ -72,31 +127,36 @@ class FirefoxTest : public testing::Test {
  protected:
   explicit FirefoxTest(std::shared_ptr<TestFirefox> firefox)
       : firefox_(std::move(firefox)), changes_(firefox_->sessionFolder()) {
-    startAnew();
+    startAnew(*firefox_, "first");
   }
 
   /// Runs a script inside this Firefox.
   static nlohmann::json inside(TestFirefox& firefox, const std::string& script) {
     return firefox.run("return (async () => {" + std::string(insideFirefox) + script + "}).apply(null, arguments)",
-                       {server().url()});
+                       {server().url(), milliseconds(patience)});
   }
   nlohmann::json inside(const std::string& script) { return inside(*firefox_, script); }
 
-  /// Waits until a script yields this, and compares that with what Firefox itself says.
+  /// Waits until Firefox itself says that it has these windows, and then until a script lists them.
   void expectWindows(const std::string& windows) {
-    std::string listed;
-    static_cast<void>(changes_.waitUntil([&] { return (listed = textOfScript(listWindows)) == windows; }));
-    EXPECT_EQ(listed, windows);
-    EXPECT_EQ(listed, windowsInside());
+    // It notes the order of its windows when it saves something else.
+    const auto said = inside("const expected = " + nlohmann::json(windows).dump() + R"(;
+                              await until(() => listed() === expected);
+                              SessionStore.setCustomWindowValue(window, 'compared', `${Date.now()}`);
+                              return listed();)");
+    EXPECT_EQ(said, windows);
+    EXPECT_TRUE(changes_.waitUntil([&] { return textOfScript(listWindows) == windows; })) << textOfScript(listWindows);
   }
 
   /// Brings the window that shows the page with this name to the front.
-  void raise(const std::string& name) const {
+  void raise(TestFirefox& firefox, const std::string& name) {
     const auto window = desktop_.waitForTitle("Page " + name + " — Mozilla Firefox");
     ASSERT_TRUE(window);
     desktop_.askWindowManager(*window, "_NET_ACTIVE_WINDOW");
     EXPECT_TRUE(desktop_.waitUntil([&] { return desktop_.stackedClients().back() == *window; }));
+    inside(firefox, "await until(() => isInFront(windowOf(tab('" + name + "'))));");
   }
+  void raise(const std::string& name) { raise(*firefox_, name); }
 
   /// A window as a script yields it that has the pages with these names, and the shown one as the first of them.
   static std::string window(const std::string& shown, const std::vector<std::string>& names) {
@@ -114,28 +174,17 @@ class FirefoxTest : public testing::Test {
     return server;
   }
 
+  /// Leaves nothing open but the page with this name.
+  static void startAnew(TestFirefox& firefox, const std::string& name) {
+    inside(firefox, "const only = await open('" + name + "');" + R"(
+              for (const w of BrowserWindowTracker.orderedWindows.filter(w => w !== window)) await close(w);
+              gBrowser.selectedTab = only;
+              for (const tab of [...gBrowser.tabs].filter(t => t !== only)) gBrowser.removeTab(tab);)");
+  }
+
   std::shared_ptr<TestFirefox> firefox_;
   FolderChanges changes_;
   TestDesktop desktop_;
-
- private:
-  /// What Firefox itself says that `listWindows` has to yield.
-  std::string windowsInside() {
-    return inside(R"(
-      const shownAddress = tab => {
-        const spec = tab.linkedBrowser.currentURI.spec;
-        return ReaderMode.getOriginalUrl(spec) ?? spec;
-      };
-      return windows().map(w => `a window that shows ${w.gBrowser.selectedTab.label}\n` +
-        w.gBrowser.tabs.filter(t => !t.hidden).map(t => `${t.label}\n${shownAddress(t)}\n`).join('')).join('');)");
-  }
-
-  void startAnew() {
-    inside(R"(for (const w of BrowserWindowTracker.orderedWindows.filter(w => w !== window)) await close(w);
-              const first = await open('first');
-              gBrowser.selectedTab = first;
-              for (const tab of [...gBrowser.tabs].filter(t => t !== first)) gBrowser.removeTab(tab);)");
-  }
 };
 
 }  // namespace TestSupport

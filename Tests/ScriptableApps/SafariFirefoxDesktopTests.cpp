@@ -51,7 +51,7 @@ TEST_F(FirefoxTabs, FollowWhenTheyAreMovedClosedAndTakenToOtherWindows) {
   inside(R"(const e = windowOf(tab('e'));
             e.gBrowser.adoptTab(tab('d'), {tabIndex: 0, selectTab: true});
             await close(windowOf(tab('c')));
-            e.focus();)");
+            await raise(e);)");
   expectWindows(window("d", {"d", "e"}) + window("first", {"first", "a"}));
 }
 

@@ -55,11 +55,12 @@ TEST_F(FirefoxRuns, ListTabsAgainThatAreNotLoadedYet) {
 }
 
 TEST_F(FirefoxRuns, AreListedTogetherTheOneInFrontFirst) {
-  ASSERT_TRUE(changes_.waitUntil([&] { return textOfScript(listWindows) == window("first", {"first"}); }));
+  expectWindows(window("first", {"first"}));
   const TestSupport::TemporaryFolder elsewhere;
   TestFirefox other = TestFirefox::startIn(elsewhere.path() / "a profile", restoring);
   const TestSupport::FolderChanges changes(other.sessionFolder());
-  inside(other, "await visit(gBrowser.selectedTab, 'other');");
+  startAnew(other, "other");
+  raise(other, "other");
   const std::string otherFirst = window("other", {"other"}) + window("first", {"first"});
   EXPECT_TRUE(changes.waitUntil([&] { return textOfScript(listWindows) == otherFirst; }));
   raise("first");

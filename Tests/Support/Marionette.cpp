@@ -2,6 +2,8 @@
 
 #include <stdexcept>
 
+#include "Tests/Support/Patience.h"
+
 namespace TestSupport {
 
 namespace {
@@ -27,6 +29,7 @@ Marionette::Marionette(std::uint16_t port)
       input_(g_data_input_stream_new(g_io_stream_get_input_stream(G_IO_STREAM(connection_.get())))) {
   read();  // what the browser says of itself
   command("WebDriver:NewSession", json::object());
+  command("WebDriver:SetTimeouts", {{"script", milliseconds(10 * patience)}});  // a script may wait several times
   command("Marionette:SetContext", {{"value", "chrome"}});
 }
 
