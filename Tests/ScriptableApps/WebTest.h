@@ -40,17 +40,19 @@ class WebTest : public testing::Test {
   ChildProcess& start(std::vector<std::string> options) {
     options.insert(options.begin(), {"sh", "-c", "exec \"$@\" >/dev/null 2>&1", "sh", "epiphany-browser"});
     return processes_.emplace_back(
-        options, ChildProcess::Options{.environment = {{"WEBKIT_DISABLE_SANDBOX_THIS_IS_DANGEROUS", "1"},
-                                                       {"NO_AT_BRIDGE", ""},
-                                                       {"GTK_A11Y", ""}}});
+        options,
+        ChildProcess::Options{
+            .environment = {{"WEBKIT_DISABLE_SANDBOX_THIS_IS_DANGEROUS", "1"}, {"NO_AT_BRIDGE", ""}, {"GTK_A11Y", ""}},
+            .hasHelpers = true});
   }
 
-  /// Waits until a script yields this, and compares its titles with those that a screen reader reads out.
+  /// Waits until a screen reader reads these titles out, and then until a script lists the windows.
   void expectWindows(const std::string& windows, const std::vector<Titles>& titles) {
-    std::string listed;
-    static_cast<void>(changes_.waitUntil([&] { return (listed = textOfScript(listWindows)) == windows; }));
-    EXPECT_EQ(listed, windows);
-    EXPECT_THAT(titlesOnScreen(), testing::UnorderedElementsAreArray(titles));
+    const auto areOnScreen = [&] {
+      return testing::Value(titlesOnScreen(), testing::UnorderedElementsAreArray(titles));
+    };
+    EXPECT_TRUE(reader_.waitUntil(areOnScreen)) << testing::PrintToString(titlesOnScreen());
+    EXPECT_TRUE(changes_.waitUntil([&] { return textOfScript(listWindows) == windows; })) << textOfScript(listWindows);
   }
 
   /// The same for windows with the pages that have these names, each behind the name of the one that is shown.

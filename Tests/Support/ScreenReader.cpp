@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "Tests/Support/Patience.h"
+
 namespace TestSupport {
 
 namespace {
@@ -13,9 +15,6 @@ namespace {
 using namespace DesktopSupport;
 
 using SourceHandle = std::unique_ptr<GSource, ReleasedBy<g_source_unref>>;
-
-/// In seconds.
-constexpr guint patience = 30;
 
 std::string accessibilityBusAddress() {
   ErrorHandle error;
@@ -43,6 +42,15 @@ ObjectHandle<GDBusConnection> connectTo(const std::string& address) {
   return bus;
 }
 
+/// Has programs tell of their windows that do so only if somebody has asked for it.
+void askForEvents(GDBusConnection* bus) {
+  for (const char* event : {"object:", "window:"})
+    VariantHandle(g_dbus_connection_call_sync(bus, "org.a11y.atspi.Registry", "/org/a11y/atspi/registry",
+                                              "org.a11y.atspi.Registry", "RegisterEvent",
+                                              g_variant_new("(sass)", event, nullptr, ""), nullptr,
+                                              G_DBUS_CALL_FLAGS_NONE, milliseconds(patience), nullptr, nullptr));
+}
+
 void ignoreSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant*, gpointer) {}
 
 }  // namespace
@@ -54,6 +62,7 @@ ScreenReader::ScreenReader() : context_(g_main_context_new()) {
   subscription_ = g_dbus_connection_signal_subscribe(bus_.get(), nullptr, nullptr, nullptr, nullptr, nullptr,
                                                      G_DBUS_SIGNAL_FLAGS_NONE, ignoreSignal, nullptr, nullptr);
   g_main_context_pop_thread_default(context_.get());
+  askForEvents(bus_.get());
 }
 
 ScreenReader::~ScreenReader() {
@@ -86,7 +95,7 @@ bool ScreenReader::waitUntil(const std::function<bool()>& condition) const {
     *static_cast<bool*>(late) = true;
     return G_SOURCE_REMOVE;
   };
-  const SourceHandle alarm(g_timeout_source_new_seconds(patience));
+  const SourceHandle alarm(g_timeout_source_new(milliseconds(patience)));
   g_source_set_callback(alarm.get(), beLate, &isLate, nullptr);
   g_source_attach(alarm.get(), context_.get());
 
