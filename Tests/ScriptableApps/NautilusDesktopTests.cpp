@@ -62,7 +62,7 @@ class NautilusTest : public testing::Test {
   }
   ~NautilusTest() override {
     TestSupport::awaitNoOwner(fileManagerName);
-    EXPECT_TRUE(desktop_.waitUntil([this] { return desktop_.clients().empty(); }));
+    EXPECT_TRUE(desktop_.waitForNoWindows());
   }
 
   [[nodiscard]] std::string path(const std::string& name) const { return folder_.path() / name; }

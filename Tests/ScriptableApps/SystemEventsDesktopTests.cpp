@@ -61,6 +61,8 @@ while xcb.xcb_wait_for_event(connection):
 // The desktop that script/desktop brings up, with desktop entries of the test's own.
 class SystemEventsTest : public testing::Test {
  protected:
+  ~SystemEventsTest() override { EXPECT_TRUE(desktop_.waitForNoWindows()); }
+
   void addEntry(const std::string& id, const std::string& name, std::string_view more = "") {
     folder_.write("applications/" + id + ".desktop",
                   "[Desktop Entry]\nType=Application\nName=" + name + '\n' + std::string(more) + '\n');

@@ -31,6 +31,7 @@ class WebTest : public testing::Test {
 
   void TearDown() override {
     processes_.clear();
+    EXPECT_TRUE(desktop_.waitForNoWindows());
     awaitNoOwner(BrowserSessions::webBusName);
     std::filesystem::remove_all(profile_);
   }

@@ -141,6 +141,10 @@ bool TestDesktop::waitUntil(const std::function<bool()>& condition) const {
   return true;
 }
 
+bool TestDesktop::waitForNoWindows() const {
+  return waitUntil([this] { return clients().empty(); });
+}
+
 bool TestDesktop::waitForClass(std::string_view windowClass) const {
   const std::string end = std::string(windowClass) + '\0';
   return waitUntil([&] {

@@ -58,6 +58,9 @@ class TestDesktop {
   /// watched one changes. False where that takes so long that something must be broken.
   [[nodiscard]] bool waitUntil(const std::function<bool()>& condition) const;
 
+  /// Waits until no window is listed: what a program has shown that has ended may still be, for a moment.
+  [[nodiscard]] bool waitForNoWindows() const;
+
   /// Waits until a window whose WM_CLASS ends with `windowClass` is listed.
   [[nodiscard]] bool waitForClass(std::string_view windowClass) const;
 
