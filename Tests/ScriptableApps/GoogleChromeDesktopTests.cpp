@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -12,7 +14,6 @@
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/EnvironmentVariable.h"
-#include "Tests/Support/FolderChanges.h"
 #include "Tests/Support/PageServer.h"
 #include "Tests/Support/TemporaryFolder.h"
 #include "Tests/Support/TestChromium.h"
@@ -24,7 +25,6 @@ using BrowserSessions::BrowserSession;
 using BrowserSessions::BrowserTab;
 using BrowserSessions::BrowserWindow;
 using nlohmann::json;
-using TestSupport::FolderChanges;
 using TestSupport::TestChromium;
 using TestSupport::textOfScript;
 
@@ -129,20 +129,42 @@ class GoogleChromeTest : public testing::Test {
 
   // The windows in no order but that of their first tabs' addresses.
   static BrowserSession sorted(BrowserSession session) {
-    std::ranges::sort(session, {}, [](const BrowserWindow& window) { return window.tabs.front().url; });
+    std::ranges::sort(session, {}, [](const BrowserWindow& window) {
+      return window.tabs.empty() ? std::string() : window.tabs.front().url;
+    });
     return session;
   }
 
-  // Waits until a condition on what is read holds.
-  static testing::AssertionResult isReadSoon(const std::function<bool()>& condition) {
-    const bool isRead = FolderChanges(TestChromium::userData()).waitUntil(condition);
-    return isRead ? testing::AssertionSuccess() : testing::AssertionFailure() << testing::PrintToString(read());
+  // What is compared of a session.
+  using View = std::function<BrowserSession(BrowserSession)>;
+  static BrowserSession sortedWithoutTitles(BrowserSession session) {
+    return sorted(withoutTitles(std::move(session)));
   }
 
-  // Waits until what is read is what the browser has open, but for the titles, and compares.
-  static void expectReadSoon(TestChromium& browser) {
-    static_cast<void>(isReadSoon([&] { return withoutTitles(read()) == withoutTitles(openIn(browser)); }));
-    EXPECT_EQ(withoutTitles(read()), withoutTitles(openIn(browser)));
+  // Waits until what is read is what the browser says itself that it has open, as far as the view shows it, and
+  // compares. Both are taken at one moment, and again whenever one of them may have changed.
+  static void expectReadSoon(TestChromium& browser, const View& view, const BrowserSession& more = {}) {
+    BrowserSession isRead;
+    BrowserSession isOpen;
+    static_cast<void>(browser.waitUntilWritten([&] {
+      isOpen = openIn(browser);
+      std::ranges::copy(more, std::back_inserter(isOpen));
+      isRead = read();
+      return view(isRead) == view(isOpen);
+    }));
+    EXPECT_EQ(view(isRead), view(isOpen));
+  }
+
+  // The same for what a script lists.
+  static void expectListedSoon(TestChromium& browser) {
+    std::string isListed;
+    std::string isOpen;
+    static_cast<void>(browser.waitUntilWritten([&] {
+      isOpen = linesOf(openIn(browser));
+      isListed = textOfScript(listTabs);
+      return isListed == isOpen;
+    }));
+    EXPECT_EQ(isListed, isOpen);
   }
 
   // Opens windows that are not to be listed.
@@ -168,40 +190,40 @@ const TestChromium::Options withPort = {"--remote-debugging-port=0"};
 TEST_F(GoogleChromeTest, ListsWhatIsOpenSecondsAfterAChange) {
   TestChromium browser;
   openThreeWindows(browser);
-  expectReadSoon(browser);
+  expectReadSoon(browser, withoutTitles);
   changeMuch(browser);
-  expectReadSoon(browser);
-  EXPECT_TRUE(isReadSoon([&] { return read() == openIn(browser); })) << "with titles";
-  EXPECT_EQ(textOfScript(listTabs), linesOf(openIn(browser)));
+  expectReadSoon(browser, withoutTitles);
+  expectReadSoon(browser, std::identity());
+  expectListedSoon(browser);
 }
 
 TEST_F(GoogleChromeTest, ListsWhatIsOpenAtOnceWhereTheBrowserCanBeAsked) {
   TestChromium browser(withPort);
   openThreeWindows(browser);
   changeMuch(browser);
-  EXPECT_TRUE(isReadSoon([&] { return sorted(read()) == sorted(openIn(browser)); }));
+  expectReadSoon(browser, sorted);
+  browser.run("tab('h').then(id => chrome.tabs.move(id, {index: 0}))");
+  // The log never has a title that a script changes, so what has it is what the browser was asked for.
   browser.runInPage(pages_.url("a2"), "document.title = 'By a script'");
   EXPECT_TRUE(TestSupport::TestDesktop().waitForTitle("By a script - Chromium"));
-  EXPECT_EQ(sorted(read()), sorted(openIn(browser)));
-  browser.run("tab('h').then(id => chrome.tabs.move(id, {index: 0}))");
-  EXPECT_EQ(sorted(read()), sorted(openIn(browser)));
+  expectReadSoon(browser, sorted);
   // Which window is in front is what the log tells.
-  EXPECT_TRUE(isReadSoon([&] { return read() == openIn(browser); }));
-  EXPECT_EQ(textOfScript(listTabs), linesOf(openIn(browser)));
+  expectReadSoon(browser, std::identity());
+  expectListedSoon(browser);
 }
 
 TEST_F(GoogleChromeTest, ListsNoOtherWindows) {
   TestChromium browser;
   openThreeWindows(browser);
   openOtherWindows(browser);
-  EXPECT_TRUE(isReadSoon([&] { return sorted(withoutTitles(read())) == sorted(withoutTitles(openIn(browser))); }));
+  expectReadSoon(browser, sortedWithoutTitles);
 }
 
 TEST_F(GoogleChromeTest, ListsNoOtherWindowsWhereTheBrowserCanBeAsked) {
   TestChromium browser(withPort);
   openThreeWindows(browser);
   openOtherWindows(browser);
-  EXPECT_TRUE(isReadSoon([&] { return sorted(read()) == sorted(openIn(browser)); }));
+  expectReadSoon(browser, sorted);
 }
 
 TEST_F(GoogleChromeTest, ListsTheWindowsOfAllProfiles) {
@@ -211,11 +233,7 @@ TEST_F(GoogleChromeTest, ListsTheWindowsOfAllProfiles) {
   const BrowserWindow second = {{{"", pages_.url("second")}}, 0};
   TestChromium::ask({"--profile-directory=Profile 1", second.tabs.front().url});
   browser.awaitPage(second.tabs.front().url);
-  EXPECT_TRUE(isReadSoon([&] {
-    BrowserSession open = withoutTitles(openIn(browser));
-    open.push_back(second);
-    return sorted(withoutTitles(read())) == sorted(open);
-  }));
+  expectReadSoon(browser, sortedWithoutTitles, {second});
 }
 
 TEST_F(GoogleChromeTest, ListsNothingThatWasOpenBeforeTheBrowserWasStarted) {
@@ -223,7 +241,7 @@ TEST_F(GoogleChromeTest, ListsNothingThatWasOpenBeforeTheBrowserWasStarted) {
     TestChromium browser;
     introducePages(browser);
     openWindow(browser, {"before"});
-    EXPECT_TRUE(isReadSoon([&] { return textOfScript(listTabs).find(pages_.url("before")) != std::string::npos; }));
+    expectReadSoon(browser, withoutTitles);
   }
   const TestChromium browser;
   EXPECT_EQ(textOfScript(listTabs).find(pages_.url("before")), std::string::npos);
@@ -233,13 +251,13 @@ TEST_F(GoogleChromeTest, ListsWhatHasBeenRestoredAfterACrash) {
   {
     TestChromium browser;
     openThreeWindows(browser);
-    expectReadSoon(browser);
+    expectReadSoon(browser, withoutTitles);
   }
   EXPECT_EQ(textOfScript(listTabs), "-600: Google Chrome got an error: Application isn’t running.");
   TestChromium browser({"--restore-last-session"});
   for (const char* name : {"a", "e", "f", "i", "j", "l"})
     browser.awaitUntil([&] { return browser.hasPage(pages_.url(name)); });
-  expectReadSoon(browser);
+  expectReadSoon(browser, withoutTitles);
 }
 
 }  // namespace

@@ -49,14 +49,15 @@ void FolderChanges::watchFoldersInside() const {
       static_cast<void>(watch(entry->path()));
 }
 
-bool FolderChanges::waitUntil(const std::function<bool()>& condition) const {
+bool FolderChanges::waitUntil(const std::function<bool()>& condition, int other) const {
   const auto deadline = Clock::now() + patience;
   while (!condition()) {
     const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now());
     if (left.count() <= 0)
       return false;
-    pollfd changes = {.fd = events_.number(), .events = POLLIN, .revents = 0};
-    poll(&changes, 1, static_cast<int>(left.count()));
+    std::array<pollfd, 2> changes = {pollfd{.fd = events_.number(), .events = POLLIN, .revents = 0},
+                                     pollfd{.fd = other, .events = POLLIN, .revents = 0}};
+    poll(changes.data(), changes.size(), static_cast<int>(left.count()));
     takeEvents(events_.number());
     watchFoldersInside();
   }

@@ -11,6 +11,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include "Tests/Support/FolderChanges.h"
 #include "Tests/Support/Patience.h"
 
 namespace TestSupport {
@@ -38,7 +39,9 @@ async function session() {
   return windows.map(({tabs}) => ({
     active: tabs.findIndex(tab => tab.active),
     tabs: tabs.map(({title, url}) => ({title, url}))}));
-})";
+}
+
+console.log('ready');)";
 
 void writeOnce(const path& file, std::string_view contents) {
   std::filesystem::create_directories(file.parent_path());
@@ -98,6 +101,8 @@ void TestChromium::awaitWorker() {
   const json found = target("service_worker", "").at("targetId");
   workerSession_ = call("Target.attachToTarget", {{"targetId", found}, {"flatten", true}})["sessionId"];
   call("Runtime.enable", json::object(), workerSession_);
+  // It is there before its script has run, and before it may use what an extension may.
+  awaitUntil([&] { return isReady_; });
 }
 
 nlohmann::json TestChromium::run(const std::string& script) {
@@ -133,6 +138,10 @@ void TestChromium::awaitUntil(const std::function<bool()>& condition) {
     if (!isChanged_)
       nextMessage();
   }
+}
+
+bool TestChromium::waitUntilWritten(const std::function<bool()>& condition) const {
+  return FolderChanges(userData()).waitUntil(condition, answers_);
 }
 
 void TestChromium::awaitPage(const std::string& url) {
@@ -175,6 +184,7 @@ nlohmann::json TestChromium::nextMessage() {
   }
   json message = json::parse(received_.substr(0, end));
   received_.erase(0, end + 1);
+  isReady_ = isReady_ || message.value("method", "") == "Runtime.consoleAPICalled";
   isChanged_ = isChanged_ || message.contains("method");
   return message;
 }

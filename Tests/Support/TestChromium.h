@@ -41,6 +41,10 @@ class TestChromium {
   /// address.
   void awaitUntil(const std::function<bool()>& condition);
 
+  /// The same for a condition that depends on what the browser writes, too. It has to call `run`. False where that
+  /// takes so long that something must be broken.
+  [[nodiscard]] bool waitUntilWritten(const std::function<bool()>& condition) const;
+
   /// Waits until there is a page at this address.
   void awaitPage(const std::string& url);
 
@@ -65,6 +69,8 @@ class TestChromium {
   std::string workerSession_;
   int calls_ = 0;
   bool isChanged_ = false;
+  /// Whether the extension has said that it is ready.
+  bool isReady_ = false;
 };
 
 }  // namespace TestSupport
