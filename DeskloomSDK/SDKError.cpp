@@ -6,8 +6,8 @@
 
 namespace DeskloomSDK {
 
-Platform::Error makeError(ErrorCode code, std::string description, std::string failureReason) {
-  return {errorDomain, static_cast<int>(code), std::move(description), std::move(failureReason)};
+Platform::Error makeError(int code, std::string description, std::string failureReason) {
+  return {errorDomain, code, std::move(description), std::move(failureReason)};
 }
 
 Platform::Error makeScriptError() {
