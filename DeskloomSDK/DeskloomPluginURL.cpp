@@ -19,13 +19,16 @@ std::optional<std::string> segmentBehindHost(const Platform::URL& url) {
 
 }  // namespace
 
+DeskloomPluginURL::DeskloomPluginURL(std::string action, std::optional<std::string> actionIdentifier)
+    : actionID(std::move(actionIdentifier)), scheme_(launchScheme), action_(std::move(action)) {}
+
 std::optional<DeskloomPluginURL> DeskloomPluginURL::parse(const Platform::URL& url) {
   if (url.scheme() != launchScheme)
     return std::nullopt;
   auto host = url.host();
   if (!host)
     return std::nullopt;
-  return DeskloomPluginURL{std::string(launchScheme), std::move(*host), segmentBehindHost(url)};
+  return DeskloomPluginURL(std::move(*host), segmentBehindHost(url));
 }
 
 }  // namespace DeskloomSDK

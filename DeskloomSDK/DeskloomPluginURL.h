@@ -11,16 +11,24 @@ namespace DeskloomSDK {
 ///
 ///     deskloomplugin://<action>
 ///     deskloomplugin://<action>/<actionID>
-struct DeskloomPluginURL {
-  /// Reads a launch URL. None where the scheme is not "deskloomplugin" to the letter or the URL has no host.
+class DeskloomPluginURL {
+ public:
+  /// Reads a launch URL. `nullopt` if the scheme is not exactly "deskloomplugin" or the URL has no host.
   static std::optional<DeskloomPluginURL> parse(const Platform::URL& url);
 
   /// Always "deskloomplugin".
-  std::string scheme;
-  /// The URL's host, its case kept; not held against any list of actions.
-  std::string action;
-  /// The one path segment behind the host; none where there is none, or more than one.
+  [[nodiscard]] const std::string& scheme() const { return scheme_; }
+  /// The URL's host with its case kept. It need not be an action that anyone knows.
+  [[nodiscard]] const std::string& action() const { return action_; }
+
+  /// The only path segment after the host; `nullopt` if there is none or more than one. May be changed.
   std::optional<std::string> actionID;
+
+ private:
+  DeskloomPluginURL(std::string action, std::optional<std::string> actionIdentifier);
+
+  std::string scheme_;
+  std::string action_;
 };
 
 }  // namespace DeskloomSDK

@@ -30,15 +30,15 @@ bool PluginController::handleURLEvent(const Platform::AppleEvent& event) {
   const auto url = launchURL(event);
   if (!url)
     return false;
-  if (url->action == "edit")
+  if (url->action() == "edit")
     return perform(onEdit, url->actionID);
-  if (url->action == "run")
+  if (url->action() == "run")
     return perform(onRun, url->actionID);
-  if (url->action == "configure") {
+  if (url->action() == "configure") {
     onConfigure();
     return performed();
   }
-  if (url->action == "runCommand") {
+  if (url->action() == "runCommand") {
     onRunCommand(url->actionID);
     return performed();
   }
