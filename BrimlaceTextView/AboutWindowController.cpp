@@ -65,6 +65,7 @@ std::unique_ptr<AboutWindowController> AboutWindowController::createWithWindow(
   return std::unique_ptr<AboutWindowController>(new AboutWindowController(std::move(window)));
 }
 
-AboutWindowController::AboutWindowController(std::unique_ptr<Platform::Window> window) : window_(std::move(window)) {}
+AboutWindowController::AboutWindowController(std::unique_ptr<Platform::Window> window)
+    : WindowController(std::move(window)) {}
 
 }  // namespace BrimlaceTextView

@@ -5,26 +5,21 @@
 #include <string>
 
 #include "Platform/URL.h"
-#include "Platform/Window.h"
+#include "Platform/WindowController.h"
 
 namespace BrimlaceTextView {
 
 /// The window that says what the application is: its icon, name, version, licence and website, as far as the main
 /// bundle tells them.
-class AboutWindowController {
+class AboutWindowController : public Platform::WindowController {
  public:
   /// The controller with its window, which is not shown yet. With a share message, the window has a link that
   /// recommends the application in these words; with a link, one to the maker's other applications.
   static std::unique_ptr<AboutWindowController> createWithWindow(const std::optional<std::string>& shareMessage,
                                                                  const std::optional<Platform::URL>& moreAppsLink);
 
-  /// The window; null where there is no display to show one on.
-  [[nodiscard]] Platform::Window* window() const { return window_.get(); }
-
  private:
   explicit AboutWindowController(std::unique_ptr<Platform::Window> window);
-
-  std::unique_ptr<Platform::Window> window_;
 };
 
 }  // namespace BrimlaceTextView

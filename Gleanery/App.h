@@ -8,6 +8,9 @@ namespace Gleanery {
 class App {
  public:
   static App& shared();
+  App(const App&) = delete;
+  App& operator=(const App&) = delete;
+  ~App() = default;
 
   DeskloomSDK::DeskloomPlugin deskloomPlugin;
 

@@ -7,6 +7,7 @@
 #include "Platform/AppleEvent.h"
 #include "Platform/ApplicationDelegate.h"
 #include "Platform/Window.h"
+#include "Platform/WindowController.h"
 
 namespace Gleanery {
 
@@ -21,6 +22,11 @@ class AppDelegate : public Platform::ApplicationDelegate, public Platform::Windo
 
   void applicationDidFinishLaunching(const Platform::Notification& notification) override;
 
+  /// The controllers of windows for the run action: always empty, as this application doesn't offer that action.
+  [[nodiscard]] const std::vector<std::unique_ptr<Platform::WindowController>>& runControllers() const {
+    return runControllers_;
+  }
+
   /// Passes a URL event to the runtime; the reply is not used.
   void handleGetURLEvent(const Platform::AppleEvent& event, Platform::AppleEvent& replyEvent);
 
@@ -32,6 +38,7 @@ class AppDelegate : public Platform::ApplicationDelegate, public Platform::Windo
   void showAboutWindow();
 
   std::unique_ptr<BrimlaceTextView::AboutWindowController> aboutWindowController_;
+  std::vector<std::unique_ptr<Platform::WindowController>> runControllers_;
   /// Lets callbacks that may outlive the delegate see whether it is still there.
   std::shared_ptr<AppDelegate> self_{this, [](AppDelegate*) {}};
 };

@@ -1,3 +1,5 @@
+#include <type_traits>
+
 #include <gmock/gmock.h>
 
 #include "Gleanery/App.h"
@@ -11,6 +13,8 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 namespace {
+
+static_assert(!std::is_copy_constructible_v<App> && !std::is_copy_assignable_v<App>);
 
 /// The application object lives as long as the process and hangs on the services it was made with, so all tests of this
 /// suite share one desktop.
@@ -45,6 +49,14 @@ TEST_F(AppDelegateTest, IgnoresALaunchURLThatIsNone) {
     desktop->application.deliver(text);
   EXPECT_THAT(desktop->workspace.opened, IsEmpty());
   EXPECT_FALSE(App::shared().deskloomPlugin.actionController.didPerformAction);
+}
+
+TEST_F(AppDelegateTest, HasNoRunControllers) {
+  const std::vector<std::unique_ptr<Platform::WindowController>>& controllers = delegate->runControllers();
+  EXPECT_THAT(controllers, IsEmpty());
+  desktop->application.deliver("deskloomplugin://configure");
+  desktop->application.deliver("deskloomplugin://runCommand/nobody");
+  EXPECT_THAT(controllers, IsEmpty());
 }
 
 TEST_F(AppDelegateTest, ChecksForUpdatesOnce) {
