@@ -15,6 +15,9 @@ class AppTerminationObserver {
   /// Observes the shared application from here on, to the end of the process; once the observer is gone, nothing runs.
   /// May be called on any thread. Stops the process with a fatal error where there is no shared application.
   explicit AppTerminationObserver(Callback onRun);
+  AppTerminationObserver(const AppTerminationObserver&) = delete;
+  AppTerminationObserver& operator=(const AppTerminationObserver&) = delete;
+  ~AppTerminationObserver() = default;
 
   /// What to run; nothing where it is empty.
   [[nodiscard]] Callback& onRun() { return *onRun_; }

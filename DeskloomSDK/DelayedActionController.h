@@ -21,6 +21,9 @@ class DelayedActionController {
   /// `interval` is the quiet period in seconds that the owner has in mind; it is carried along, and changes nothing.
   /// `lastTime` is the time of the latest request, if there was one.
   DelayedActionController(double interval, std::optional<Platform::Date> lastTime, Action action);
+  DelayedActionController(const DelayedActionController&) = delete;
+  DelayedActionController& operator=(const DelayedActionController&) = delete;
+  ~DelayedActionController() = default;
 
   /// The seconds that it was made with.
   [[nodiscard]] double interval() const { return interval_; }

@@ -18,6 +18,9 @@ using APIResult = std::expected<T, Platform::Error>;
 /// error where the script gives no text. The two global operations stop the process where the bundle has no identifier.
 class DeskloomAPI {
  public:
+  DeskloomAPI() = default;
+  DeskloomAPI(const DeskloomAPI&) = delete;
+  DeskloomAPI& operator=(const DeskloomAPI&) = delete;
   virtual ~DeskloomAPI() = default;
 
   /// The plug-in's own configuration text.

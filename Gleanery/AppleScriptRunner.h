@@ -9,6 +9,11 @@ namespace Gleanery {
 /// the host.
 class AppleScriptRunner {
  public:
+  AppleScriptRunner() = default;
+  AppleScriptRunner(const AppleScriptRunner&) = delete;
+  AppleScriptRunner& operator=(const AppleScriptRunner&) = delete;
+  ~AppleScriptRunner() = default;
+
   /// The script's result as text, or the empty text on any failure, which is logged.
   [[nodiscard]] std::string run(std::string_view script) const;
 };

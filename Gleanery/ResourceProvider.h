@@ -14,6 +14,9 @@ using DeskloomSDK::Resource;
 /// A source of resources: what one desktop application has open.
 class ResourceProvider {
  public:
+  ResourceProvider() = default;
+  ResourceProvider(const ResourceProvider&) = delete;
+  ResourceProvider& operator=(const ResourceProvider&) = delete;
   virtual ~ResourceProvider() = default;
 
   /// The key by which the host selects this provider.

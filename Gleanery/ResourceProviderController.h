@@ -12,6 +12,9 @@ namespace Gleanery {
 class ResourceProviderController {
  public:
   ResourceProviderController();
+  ResourceProviderController(const ResourceProviderController&) = delete;
+  ResourceProviderController& operator=(const ResourceProviderController&) = delete;
+  ~ResourceProviderController() = default;
 
   [[nodiscard]] const std::vector<std::unique_ptr<ResourceProvider>>& providers() const { return providers_; }
 

@@ -9,6 +9,11 @@ namespace Gleanery {
 /// host.
 class RunCommandActionController {
  public:
+  RunCommandActionController() = default;
+  RunCommandActionController(const RunCommandActionController&) = delete;
+  RunCommandActionController& operator=(const RunCommandActionController&) = delete;
+  ~RunCommandActionController() = default;
+
   /// `data` is the identifier of a provider. Sends that provider's allowed resources, an empty list for an identifier
   /// that nobody has, and nothing without an identifier. An error is shown in an alert. Always ends by asking the
   /// application to terminate.

@@ -9,6 +9,9 @@ class UpdateController {
  public:
   /// Stops the process with a fatal error where the platform has no updater.
   static UpdateController& shared();
+  UpdateController(const UpdateController&) = delete;
+  UpdateController& operator=(const UpdateController&) = delete;
+  ~UpdateController() = default;
 
   Platform::Updater& updater;
 

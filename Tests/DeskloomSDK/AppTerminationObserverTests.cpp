@@ -20,6 +20,11 @@ TEST_F(AppTerminationObserverTest, CannotBeMadeWithoutACallback) {
   EXPECT_FALSE(std::is_default_constructible_v<AppTerminationObserver>);
 }
 
+TEST_F(AppTerminationObserverTest, CannotBeCopied) {
+  EXPECT_FALSE(std::is_copy_constructible_v<AppTerminationObserver>);
+  EXPECT_FALSE(std::is_copy_assignable_v<AppTerminationObserver>);
+}
+
 TEST_F(AppTerminationObserverTest, RunsItsCallbackOnceBeforeTheApplicationEnds) {
   const AppTerminationObserver observer([this] { ++runs; });
   EXPECT_EQ(runs, 0);
@@ -57,6 +62,7 @@ TEST_F(AppTerminationObserverTest, MayBeReleasedByItsCallback) {
   observer.emplace([&, kept = std::make_shared<int>(1)] {
     observer.reset();
     runs += *kept;
+    EXPECT_EQ(kept.use_count(), 1) << "only the callback that runs is left";
   });
   desktop.application.terminate();
   EXPECT_EQ(runs, 1);

@@ -1,3 +1,5 @@
+#include <type_traits>
+
 #include <gmock/gmock.h>
 
 #include "DeskloomSDK/AppleScriptRunner.h"
@@ -7,6 +9,8 @@ using DeskloomSDK::AppleScriptRunner;
 using testing::ElementsAre;
 
 namespace {
+
+static_assert(!std::is_copy_constructible_v<AppleScriptRunner> && !std::is_copy_assignable_v<AppleScriptRunner>);
 
 class SDKAppleScriptRunnerTest : public testing::Test {
  protected:
@@ -26,6 +30,14 @@ TEST_F(SDKAppleScriptRunnerTest, YieldsNothingWhereTheScriptGivesNoText) {
   EXPECT_EQ(AppleScriptRunner::run("").value(), std::nullopt);
   desktop.scripts.answerWithoutText();
   EXPECT_EQ(AppleScriptRunner::run("").value(), std::nullopt);
+}
+
+TEST_F(SDKAppleScriptRunnerTest, RunsAnEmptySourceLikeAnyOther) {
+  desktop.scripts.answerText("text");
+  EXPECT_EQ(AppleScriptRunner::run("").value(), "text");
+  EXPECT_THAT(desktop.scripts.sources, ElementsAre(""));
+  desktop.scripts.fail(-600, "");
+  EXPECT_FALSE(AppleScriptRunner::run(""));
 }
 
 TEST_F(SDKAppleScriptRunnerTest, YieldsNothingForASourceThatCannotBeLoaded) {

@@ -2,6 +2,7 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <type_traits>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -20,11 +21,13 @@ using Seconds = std::chrono::duration<double>;
 
 class DelayedActionControllerTest : public testing::Test {
  protected:
-  DelayedActionController make(double interval = 1.0) {
-    return {interval, std::nullopt, [this] {
-              EXPECT_TRUE(desktop.queues.isMainThread());
-              runs.push_back((desktop.clock.date - start).count());
-            }};
+  DelayedActionController make(double interval = 1.0) { return {interval, std::nullopt, noteRun()}; }
+
+  DelayedActionController::Action noteRun() {
+    return [this] {
+      EXPECT_TRUE(desktop.queues.isMainThread());
+      runs.push_back((desktop.clock.date - start).count());
+    };
   }
 
   void pass(double seconds) { desktop.queues.advance(Seconds(seconds)); }
@@ -34,6 +37,11 @@ class DelayedActionControllerTest : public testing::Test {
   /// When the action ran, in seconds from the start, by the clock.
   std::vector<double> runs;
 };
+
+TEST_F(DelayedActionControllerTest, CannotBeCopied) {
+  EXPECT_FALSE(std::is_copy_constructible_v<DelayedActionController>);
+  EXPECT_FALSE(std::is_copy_assignable_v<DelayedActionController>);
+}
 
 TEST_F(DelayedActionControllerTest, RunsTheActionOnceASecondAfterASingleRequest) {
   auto controller = make();
@@ -145,7 +153,7 @@ TEST_F(DelayedActionControllerTest, DoesNothingOnceItIsReleased) {
 }
 
 TEST_F(DelayedActionControllerTest, DoesNothingWhereItIsReleasedWithItsCheckAtTheMainThread) {
-  std::optional<DelayedActionController> controller(make());
+  std::optional<DelayedActionController> controller(std::in_place, 1.0, std::nullopt, noteRun());
   desktop.queues.isMainBlocked = true;
   controller->perform();
   pass(2);

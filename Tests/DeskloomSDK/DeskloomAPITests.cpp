@@ -1,4 +1,5 @@
 #include <string>
+#include <type_traits>
 #include <utility>
 
 #include <gmock/gmock.h>
@@ -13,6 +14,8 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 namespace {
+
+static_assert(!std::is_copy_constructible_v<DeskloomAPI> && !std::is_copy_assignable_v<DeskloomAPI>);
 
 class DeskloomAPITest : public testing::Test {
  protected:

@@ -1,3 +1,6 @@
+#include <type_traits>
+#include <utility>
+
 #include <gmock/gmock.h>
 
 #include "DeskloomSDK/DeskloomPlugin.h"
@@ -6,6 +9,7 @@
 using DeskloomSDK::DeskloomPlugin;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 namespace {
 
@@ -13,6 +17,8 @@ constexpr DeskloomPlugin::Config bothOptions = {.askToInstallPluginIfNotInstalle
                                                 .alertUserThatPluginMustBeRunByDeskloomAndQuit = true};
 const std::string installedQuery =
     "    tell application \"Deskloom\" to get is plugin installed at path \"/plugins/com.example.Plugin\"";
+const std::string finished = "post NSApplicationDidFinishLaunchingNotification";
+const std::string willTerminate = "post NSApplicationWillTerminateNotification";
 const std::string installRequest = "    tell application \"Deskloom\" to install plugin";
 
 class DeskloomPluginTest : public testing::Test {
@@ -31,12 +37,16 @@ TEST_F(DeskloomPluginTest, HasBothOptionsOffAtFirst) {
   EXPECT_FALSE(config.alertUserThatPluginMustBeRunByDeskloomAndQuit);
 }
 
+TEST_F(DeskloomPluginTest, CannotBeCopied) {
+  EXPECT_FALSE(std::is_copy_constructible_v<DeskloomPlugin>);
+  EXPECT_FALSE(std::is_copy_assignable_v<DeskloomPlugin>);
+}
+
 TEST_F(DeskloomPluginTest, AsksTheHostToInstallAPluginThatItDoesNotKnowAndQuits) {
   desktop.scripts.answerText("false");
   launch(bothOptions);
-  EXPECT_THAT(desktop.scripts.sources, ElementsAre(installedQuery, installRequest));
-  EXPECT_THAT(desktop.alerts.shown, IsEmpty());
-  EXPECT_EQ(desktop.application.terminations, 1);
+  EXPECT_THAT(desktop.events, ElementsAre(finished, "script " + installedQuery, "script " + installRequest, "terminate",
+                                          willTerminate));
 }
 
 TEST_F(DeskloomPluginTest, SaysThatTheHostMustRunAnInstalledPluginAndQuits) {
@@ -51,6 +61,26 @@ TEST_F(DeskloomPluginTest, SaysThatTheHostMustRunAnInstalledPluginAndQuits) {
             "Information that plugin must be run by Deskloom");
   EXPECT_EQ(desktop.strings.comments["OK"], "OK button");
   EXPECT_EQ(desktop.application.terminations, 1);
+}
+
+TEST_F(DeskloomPluginTest, QuitsOnlyAfterTheAlertIsDismissed) {
+  desktop.alerts.whileShown = [this](const Platform::Alert&) {
+    EXPECT_EQ(desktop.application.terminateRequests, 0);
+    desktop.events.emplace_back("dismiss");
+  };
+  desktop.scripts.answerText("true");
+  launch(bothOptions);
+  EXPECT_THAT(desktop.events,
+              ElementsAre(finished, "script " + installedQuery, "alert This plugin must be run by Deskloom app.",
+                          "dismiss", "terminate", willTerminate));
+}
+
+TEST_F(DeskloomPluginTest, QuitsOnlyAfterTheAlertOfAQueryThatFailedIsDismissed) {
+  desktop.alerts.whileShown = [this](const Platform::Alert&) { desktop.events.emplace_back("dismiss"); };
+  desktop.scripts.fail(-600, "");
+  launch(bothOptions);
+  EXPECT_THAT(desktop.events, ElementsAre(finished, "script " + installedQuery, "alert Could not run script", "dismiss",
+                                          "terminate", willTerminate));
 }
 
 TEST_F(DeskloomPluginTest, KeepsAnInstalledPluginRunningWhereTheAlertIsOff) {
@@ -86,8 +116,10 @@ TEST_F(DeskloomPluginTest, ShowsOneAlertWhereTheHostRefusesTheInstallation) {
     return {.error = Platform::ScriptErrorInformation{.number = -2700, .message = "refused"}};
   };
   launch(bothOptions);
+  EXPECT_THAT(desktop.events, ElementsAre(finished, "script " + installedQuery, "script " + installRequest,
+                                          "alert Plugin cannot be installed.", "terminate", willTerminate, "terminate"))
+      << "the request has asked to terminate, and the launch check does so too";
   ASSERT_EQ(desktop.alerts.shown.size(), 1U);
-  EXPECT_EQ(desktop.alerts.shown[0].messageText, "Plugin cannot be installed.");
   EXPECT_EQ(desktop.alerts.shown[0].informativeText,
             "Please make sure you have the latest version of Deskloom installed. If problem occurs again, go to "
             "Preferences -> Plugins and install the plugin there.");
@@ -100,6 +132,52 @@ TEST_F(DeskloomPluginTest, ChecksNothingWhereTheInstallOptionIsOff) {
   EXPECT_THAT(desktop.scripts.sources, IsEmpty());
   EXPECT_THAT(desktop.alerts.shown, IsEmpty());
   EXPECT_EQ(desktop.application.terminateRequests, 0);
+}
+
+TEST_F(DeskloomPluginTest, TakesTheOptionsThatAreThereAtTheEndOfLaunching) {
+  DeskloomPlugin plugin({});
+  plugin.config = bothOptions;
+  desktop.scripts.answerText("true");
+  desktop.application.finishLaunching();
+  EXPECT_THAT(desktop.alerts.shown, SizeIs(1));
+
+  desktop.events.clear();
+  plugin.config = {};
+  desktop.notifications.post({Platform::applicationDidFinishLaunchingNotification, nullptr});
+  EXPECT_THAT(desktop.events, IsEmpty());
+}
+
+TEST_F(DeskloomPluginTest, TakesTheOptionsThatAreThereWhenTheHostHasAnswered) {
+  for (const auto* answer : {"true", "false"}) {
+    desktop.events.clear();
+    DeskloomPlugin plugin(bothOptions);
+    desktop.scripts.answer = [&](std::string_view) {
+      plugin.config = {};
+      return Platform::ScriptOutcome{.result = Platform::ScriptOutcome::Result{answer}};
+    };
+    desktop.application.finishLaunching();
+    EXPECT_THAT(desktop.events, ElementsAre(finished, "script " + installedQuery)) << answer;
+  }
+}
+
+TEST_F(DeskloomPluginTest, TakesTheEndOfLaunchingFromWhoeverPostsIt) {
+  const DeskloomPlugin plugin(bothOptions);
+  desktop.scripts.answerText("true");
+  const int sender = 0;
+  desktop.notifications.post({Platform::applicationDidFinishLaunchingNotification, &sender});
+  EXPECT_THAT(desktop.alerts.shown, SizeIs(1));
+  desktop.notifications.post({Platform::applicationDidFinishLaunchingNotification, nullptr});
+  EXPECT_THAT(desktop.alerts.shown, SizeIs(2));
+}
+
+TEST_F(DeskloomPluginTest, AnotherControllerCanBeMovedIn) {
+  DeskloomPlugin plugin(bothOptions);
+  DeskloomSDK::PluginController controller;
+  controller.onRun = [](const std::string&) {};
+  plugin.actionController = std::move(controller);
+  EXPECT_TRUE(plugin.actionController.handleURLEvent(Platform::AppleEvent::getURL("deskloomplugin://run/A")));
+  desktop.application.finishLaunching();
+  EXPECT_THAT(desktop.scripts.sources, IsEmpty());
 }
 
 TEST_F(DeskloomPluginTest, ChecksNothingOnceAnActionWasPerformed) {

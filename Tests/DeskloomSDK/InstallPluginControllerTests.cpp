@@ -1,3 +1,5 @@
+#include <type_traits>
+
 #include <gmock/gmock.h>
 
 #include "DeskloomSDK/InstallPluginController.h"
@@ -8,6 +10,9 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
+
+static_assert(!std::is_copy_constructible_v<InstallPluginController> &&
+              !std::is_copy_assignable_v<InstallPluginController>);
 
 class InstallPluginControllerTest : public testing::Test {
  protected:
@@ -24,6 +29,15 @@ TEST_F(InstallPluginControllerTest, AsksTheHostAndEndsTheApplication) {
 TEST_F(InstallPluginControllerTest, OnlyAsksWhereItsCallerEndsTheApplication) {
   InstallPluginController().requestInstallation();
   EXPECT_EQ(desktop.application.terminateRequests, 0);
+}
+
+TEST_F(InstallPluginControllerTest, ARequestThatFailsEndsTheApplicationAfterItsAlert) {
+  desktop.alerts.whileShown = [this](const Platform::Alert&) { desktop.events.emplace_back("dismiss"); };
+  desktop.scripts.fail(-600, "");
+  InstallPluginController().requestInstallation();
+  EXPECT_THAT(desktop.events, ElementsAre("script     tell application \"Deskloom\" to install plugin",
+                                          "alert Plugin cannot be installed.", "dismiss", "terminate",
+                                          "post NSApplicationWillTerminateNotification"));
 }
 
 TEST_F(InstallPluginControllerTest, IgnoresWhatTheHostReplies) {

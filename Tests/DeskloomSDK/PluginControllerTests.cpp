@@ -1,7 +1,14 @@
+#include <csignal>
+#include <functional>
+#include <memory>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "DeskloomSDK/PluginController.h"
 
@@ -55,11 +62,89 @@ TEST_F(PluginControllerTest, RemembersThatAnActionWasPerformed) {
 }
 
 TEST_F(PluginControllerTest, RemembersItOnlyOnceTheHandlerHasReturned) {
-  bool during = true;
-  controller.onConfigure = [&] { during = controller.didPerformAction; };
+  const auto look = [this] { calls.emplace_back(controller.didPerformAction ? "too early" : "not yet"); };
+  controller.onRun = [look](const std::string&) { look(); };
+  controller.onEdit = [look](const std::string&) { look(); };
+  controller.onConfigure = look;
+  controller.onRunCommand = [look](const std::optional<std::string>&) { look(); };
+  for (const auto* text : {"deskloomplugin://run/A", "deskloomplugin://edit/A", "deskloomplugin://configure",
+                           "deskloomplugin://runCommand/A"}) {
+    calls.clear();
+    controller.didPerformAction = false;
+    EXPECT_TRUE(open(text));
+    EXPECT_THAT(calls, ElementsAre("not yet")) << text;
+    EXPECT_TRUE(controller.didPerformAction) << text;
+  }
+}
+
+TEST_F(PluginControllerTest, AHandlerMayReplaceItselfAndLivesUntilItHasReturned) {
+  auto alive = std::make_shared<std::string>("first");
+  const std::weak_ptr<std::string> watched = alive;
+  controller.onRun = [&controller = controller, &calls = calls, watched, alive = std::move(alive)](const std::string&) {
+    // What is used after the replacement is on the stack, for the case that the lambda is gone.
+    auto& noted = calls;
+    const auto stillWatched = watched;
+    controller.onRun = [&noted](const std::string& id) { noted.push_back("second " + id); };
+    noted.emplace_back(stillWatched.expired() ? "released too early" : "first");
+  };
+  EXPECT_TRUE(open("deskloomplugin://run/A"));
+  EXPECT_TRUE(watched.expired()) << "the old handler is released once it has returned";
+  EXPECT_TRUE(open("deskloomplugin://run/B"));
+  EXPECT_THAT(calls, ElementsAre("first", "second B"));
+}
+
+TEST_F(PluginControllerTest, AHandlerMayReplaceItsController) {
+  auto alive = std::make_shared<int>();
+  const std::weak_ptr<int> watched = alive;
+  controller.onEdit = [&controller = controller, &calls = calls, watched,
+                       alive = std::move(alive)](const std::string&) {
+    auto& noted = calls;
+    const auto stillWatched = watched;
+    PluginController next;
+    next.onEdit = [&noted](const std::string& id) { noted.push_back("next " + id); };
+    controller = std::move(next);
+    noted.emplace_back(stillWatched.expired() ? "released too early" : "first");
+    EXPECT_FALSE(controller.didPerformAction);
+  };
+  EXPECT_TRUE(open("deskloomplugin://edit/A"));
+  EXPECT_TRUE(controller.didPerformAction) << "the action counts for the controller that is there now";
+  EXPECT_TRUE(watched.expired());
+  EXPECT_TRUE(open("deskloomplugin://edit/B"));
+  EXPECT_THAT(calls, ElementsAre("first", "next B"));
+}
+
+TEST_F(PluginControllerTest, AHandlerKeepsItsStateFromCallToCall) {
+  controller.onRun = [this, count = 0](const std::string&) mutable { calls.push_back(std::to_string(++count)); };
+  open("deskloomplugin://run/A");
+  open("deskloomplugin://run/A");
+  EXPECT_THAT(calls, ElementsAre("1", "2"));
+}
+
+TEST_F(PluginControllerTest, AHandlerMayBeCalledTakenAndWrapped) {
+  controller.onRun = [this, inner = controller.onRun](const std::string& id) {
+    inner("inner " + id);
+    calls.emplace_back("outer");
+  };
+  controller.onRun("A");
+  controller.onEdit = controller.onRun;
+  open("deskloomplugin://edit/B");
+  EXPECT_THAT(calls, ElementsAre("run inner A", "outer", "run inner B", "outer"));
+}
+
+TEST_F(PluginControllerTest, IsMovedWithItsHandlersAndWhetherAnActionWasPerformed) {
   open("deskloomplugin://configure");
-  EXPECT_FALSE(during);
-  EXPECT_TRUE(controller.didPerformAction);
+  PluginController moved(std::move(controller));
+  EXPECT_TRUE(moved.didPerformAction);
+  PluginController assigned;
+  assigned = std::move(moved);
+  EXPECT_TRUE(assigned.didPerformAction);
+  EXPECT_TRUE(assigned.handleURLEvent(AppleEvent::getURL("deskloomplugin://run/A")));
+  EXPECT_THAT(calls, ElementsAre("configure", "run A"));
+}
+
+TEST_F(PluginControllerTest, CannotBeCopied) {
+  EXPECT_FALSE(std::is_copy_constructible_v<PluginController>);
+  EXPECT_FALSE(std::is_copy_assignable_v<PluginController>);
 }
 
 TEST_F(PluginControllerTest, ForgetsItWhereRunOrEditComesWithoutAnIdentifier) {
@@ -115,6 +200,42 @@ TEST(PluginControllerDeathTest, StopsTheProcessOverAHandlerThatIsNotSet) {
   EXPECT_DEATH(open("deskloomplugin://runCommand"),
                "^Fatal error: Edit Global Configuration action not implemented yet\\.: file PluginController\\.cpp, "
                "line [0-9]+\n$");
+}
+
+/// What the process says of itself when it is stopped by a launch URL.
+std::string lastWords(PluginController& controller, const char* text) {
+  testing::internal::CaptureStderr();
+  const pid_t child = fork();
+  if (child == 0) {
+    controller.handleURLEvent(AppleEvent::getURL(text));
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGABRT) << text;
+  return testing::internal::GetCapturedStderr();
+}
+
+TEST(PluginControllerDeathTest, StopsTheProcessOverAnEmptyHandlerAsOverOneThatIsNotSet) {
+  PluginController unset;
+  PluginController emptied;
+  emptied.onRun = nullptr;
+  emptied.onEdit = PluginController::ActionHandler::Callback();
+  emptied.onConfigure = nullptr;
+  emptied.onRunCommand = std::function<void(const std::optional<std::string>&)>();
+  for (const auto* text : {"deskloomplugin://run/A", "deskloomplugin://edit/A", "deskloomplugin://configure",
+                           "deskloomplugin://runCommand"}) {
+    const std::string expected = lastWords(unset, text);
+    EXPECT_THAT(expected, testing::StartsWith("Fatal error: ")) << text;
+    EXPECT_EQ(lastWords(emptied, text), expected) << "to the line";
+  }
+}
+
+TEST(PluginControllerDeathTest, TakingTheHandlerOfAnotherActionThatIsNotSetChangesNoMessage) {
+  PluginController controller;
+  controller.onEdit = controller.onRun;
+  EXPECT_DEATH(controller.handleURLEvent(AppleEvent::getURL("deskloomplugin://edit/A")),
+               "Edit action not implemented yet");
 }
 
 }  // namespace

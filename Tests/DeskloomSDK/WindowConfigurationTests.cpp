@@ -1,3 +1,5 @@
+#include <type_traits>
+
 #include <gtest/gtest.h>
 
 #include "DeskloomSDK/WindowConfiguration.h"
@@ -6,6 +8,9 @@
 using DeskloomSDK::WindowConfiguration;
 
 namespace {
+
+static_assert(!std::is_copy_constructible_v<DeskloomSDK::WindowConfiguration> &&
+              !std::is_copy_assignable_v<DeskloomSDK::WindowConfiguration>);
 
 TEST(WindowConfiguration, PutsAWindowOnLevelFourWhateverItWasBefore) {
   Platform::Fake::FakeServices desktop;

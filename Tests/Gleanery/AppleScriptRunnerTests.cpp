@@ -1,3 +1,5 @@
+#include <type_traits>
+
 #include <gmock/gmock.h>
 
 #include "Gleanery/AppleScriptRunner.h"
@@ -8,6 +10,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
+
+static_assert(!std::is_copy_constructible_v<AppleScriptRunner> && !std::is_copy_assignable_v<AppleScriptRunner>);
 
 class AppleScriptRunnerTest : public testing::Test {
  protected:
@@ -20,6 +24,12 @@ TEST_F(AppleScriptRunnerTest, YieldsTheText) {
   EXPECT_EQ(runner.run("the source"), "Café\n/a\n");
   EXPECT_THAT(desktop.scripts.sources, ElementsAre("the source"));
   EXPECT_THAT(desktop.log.messages, IsEmpty());
+}
+
+TEST_F(AppleScriptRunnerTest, RunsAnEmptySourceLikeAnyOther) {
+  desktop.scripts.answerText("text");
+  EXPECT_EQ(runner.run(""), "text");
+  EXPECT_THAT(desktop.scripts.sources, ElementsAre(""));
 }
 
 TEST_F(AppleScriptRunnerTest, LogsAScriptThatCannotBeMade) {

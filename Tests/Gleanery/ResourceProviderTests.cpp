@@ -1,5 +1,6 @@
 #include <memory>
 #include <string>
+#include <type_traits>
 
 #include <gmock/gmock.h>
 
@@ -113,6 +114,13 @@ TEST(ResourceProviderDeathTest, StopsTheProcessOverATabWhoseAddressIsNoURL) {
   EXPECT_DEATH(static_cast<void>(ChromeResourceProvider().makeResource("a", "")), "Fatal error: ");
 }
 
+TEST(ResourceProviders, CannotBeCopied) {
+  EXPECT_FALSE(std::is_copy_constructible_v<SafariResourceProvider>);
+  EXPECT_FALSE(std::is_copy_constructible_v<OpenAppsResourceProvider>);
+  EXPECT_FALSE(std::is_copy_constructible_v<ResourceProviderController>);
+  EXPECT_FALSE(std::is_copy_assignable_v<ResourceProviderController>);
+}
+
 TEST(ResourceProviderController, HasFourProvidersInItsOrder) {
   const ResourceProviderController controller;
   std::vector<std::string> identifiers;
@@ -128,16 +136,51 @@ TEST(ResourceProviderController, FindsAProviderByItsIdentifierToTheLetter) {
     EXPECT_EQ(controller.provider(unknown), nullptr) << unknown;
 }
 
-TEST(ProviderScripts, AreTheExactTexts) {
-  EXPECT_EQ(OpenAppsResourceProvider().script().size(), 339U);
-  EXPECT_EQ(FinderResourceProvider().script().size(), 303U);
-  EXPECT_EQ(SafariResourceProvider().script().size(), 452U);
-  EXPECT_EQ(ChromeResourceProvider().script().size(), 398U);
-  EXPECT_TRUE(OpenAppsResourceProvider().script().starts_with("    tell application \"System Events\"\n"));
-  EXPECT_TRUE(FinderResourceProvider().script().ends_with("\n    end tell"));
-  EXPECT_TRUE(
-      SafariResourceProvider().script().starts_with("    set result to \"\"\n\n    tell application \"Safari\"\n"));
-  EXPECT_TRUE(ChromeResourceProvider().script().ends_with("\n    end tell\n"));
+TEST(ProviderScripts, AreTheseTexts) {
+  EXPECT_EQ(OpenAppsResourceProvider().script(),
+            R"(    tell application "System Events"
+        set result to ""
+)"
+            "        \n"
+            R"(        repeat with element in (get properties of every process where background only is false)
+            set result to ((result & (get name of element) & linefeed as string) & (get POSIX path of file of element) & linefeed as string)
+        end repeat
+    end tell)");
+  EXPECT_EQ(FinderResourceProvider().script(),
+            R"(    tell application "Finder"
+        set result to ""
+)"
+            "        \n"
+            R"(        repeat with x from 1 to (number of windows)
+            set result to ((result & (get name of window x) & linefeed as string) & (get POSIX path of (target of window x as alias)) & linefeed as string)
+        end repeat
+    end tell)");
+  EXPECT_EQ(SafariResourceProvider().script(),
+            R"(    set result to ""
+
+    tell application "Safari"
+        repeat with x from 1 to (number of windows)
+            set subres to result
+            repeat with y from 1 to (number of tabs of window x)
+                set subres to ((subres & (get name of tab y of window x) & linefeed as string) & (get URL of tab y of window x) & linefeed as string)
+            end repeat
+)"
+            "            \n"
+            R"(            set result to subres
+        end repeat
+    end tell)");
+  EXPECT_EQ(ChromeResourceProvider().script(),
+            R"(    tell application "Google Chrome"
+        set result to ""
+)"
+            "        \n"
+            R"(        repeat with x from 1 to (number of windows)
+            repeat with y from 1 to (get number of tabs of window x)
+                set result to ((result & (get title of tab y of window x) & linefeed as string) & (get URL of tab y of window x) & linefeed as string)
+            end repeat
+        end repeat
+    end tell
+)");
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <type_traits>
+
 #include <gmock/gmock.h>
 
 #include "Gleanery/ChromeResourceProvider.h"
@@ -12,6 +14,9 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
+
+static_assert(!std::is_copy_constructible_v<RunCommandActionController> &&
+              !std::is_copy_assignable_v<RunCommandActionController>);
 
 constexpr const char* emptyListCommand = "deskloom://gleanery/%5B%5D";
 

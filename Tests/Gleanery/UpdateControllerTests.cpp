@@ -1,3 +1,5 @@
+#include <type_traits>
+
 #include <gtest/gtest.h>
 
 #include "Gleanery/UpdateController.h"
@@ -6,6 +8,8 @@
 using Gleanery::UpdateController;
 
 namespace {
+
+static_assert(!std::is_copy_constructible_v<UpdateController> && !std::is_copy_assignable_v<UpdateController>);
 
 // There is one controller in a process, so each of these has a process of its own.
 TEST(UpdateControllerDeathTest, HoldsThePlatformsUpdater) {
