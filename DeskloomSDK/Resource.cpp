@@ -1,5 +1,7 @@
 #include "DeskloomSDK/Resource.h"
 
+#include <algorithm>
+#include <array>
 #include <nlohmann/json.hpp>
 #include <utility>
 
@@ -10,24 +12,80 @@ namespace DeskloomSDK {
 namespace {
 
 using nlohmann::json;
+using nlohmann::ordered_json;
+using Kind = DecodingError::Kind;
+using enum Resource::CodingKeys;
 
-namespace CodingKeys {
-constexpr const char* type = "type";
-constexpr const char* name = "name";
-constexpr const char* url = "url";
-}  // namespace CodingKeys
+constexpr std::array<std::string_view, 3> stringValues = {"type", "name", "url"};
 
-std::expected<std::string, DecodingError> decodeString(const json& object, const char* key) {
-  const auto found = object.find(key);
-  if (found == object.end())
-    return std::unexpected(DecodingError{DecodingError::Kind::keyNotFound, key});
-  if (!found->is_string())
-    return std::unexpected(DecodingError{DecodingError::Kind::typeMismatch, key});
-  return found->get<std::string>();
+std::unexpected<DecodingError> failure(Kind kind, Resource::CodingKeys key) {
+  return std::unexpected(DecodingError{kind, std::string(stringValue(key))});
 }
 
-std::unexpected<DecodingError> corrupted(std::string key) {
-  return std::unexpected(DecodingError{DecodingError::Kind::dataCorrupted, std::move(key)});
+template <typename JSON>
+std::expected<std::string, DecodingError> decodeString(const JSON& object, Resource::CodingKeys key) {
+  const auto found = object.find(stringValue(key));
+  if (found == object.end())
+    return failure(Kind::keyNotFound, key);
+  if (!found->is_string())
+    return failure(Kind::typeMismatch, key);
+  return found->template get<std::string>();
+}
+
+template <typename JSON>
+std::expected<Resource, DecodingError> decodeObject(const JSON& object) {
+  if (!object.is_object())
+    return std::unexpected(DecodingError{Kind::typeMismatch, {}});
+
+  const auto rawType = decodeString(object, type);
+  if (!rawType)
+    return std::unexpected(rawType.error());
+  const auto decodedType = resourceType(*rawType);
+  if (!decodedType)
+    return failure(Kind::dataCorrupted, type);
+
+  auto decodedName = decodeString(object, name);
+  if (!decodedName)
+    return std::unexpected(decodedName.error());
+
+  const auto text = decodeString(object, url);
+  if (!text)
+    return std::unexpected(text.error());
+  auto decodedURL = Platform::URL::parse(*text);
+  if (!decodedURL)
+    return failure(Kind::dataCorrupted, url);
+
+  return Resource(*decodedType, std::move(*decodedName), std::move(*decodedURL));
+}
+
+/// Reports a failure with the numbers and in the words that the library has for it.
+template <typename JSON>
+[[noreturn]] void throwAsTheLibraryDoes(const DecodingError& error, const JSON& object) {
+  switch (error.kind) {
+    case Kind::keyNotFound:
+      throw json::out_of_range::create(403, "key '" + error.key + "' not found", &object);
+    case Kind::typeMismatch:
+      throw json::type_error::create(
+          302, error.key.empty() ? "type must be object" : "type of '" + error.key + "' must be string", &object);
+    case Kind::dataCorrupted:
+      break;
+  }
+  throw json::other_error::create(501, "'" + error.key + "' is not that of a resource", &object);
+}
+
+template <typename JSON>
+Resource decodeOrThrow(const JSON& object) {
+  auto resource = Resource::decode(object);
+  if (!resource)
+    throwAsTheLibraryDoes(resource.error(), object);
+  return std::move(*resource);
+}
+
+template <typename JSON>
+void encodeObject(JSON& object, const Resource& resource) {
+  object[stringValue(type)] = rawValue(resource.type());
+  object[stringValue(name)] = resource.name();
+  object[stringValue(url)] = resource.url().absoluteString();
 }
 
 /// About how long the text will be; exact where nothing in it needs an escape but the slashes of a web address.
@@ -45,34 +103,30 @@ Resource::Resource(ResourceType type, std::string name, Platform::URL url)
     : type_(type), name_(std::move(name)), url_(std::move(url)) {}
 
 std::expected<Resource, DecodingError> Resource::decode(const json& object) {
-  if (!object.is_object())
-    return std::unexpected(DecodingError{DecodingError::Kind::typeMismatch, {}});
-
-  const auto rawType = decodeString(object, CodingKeys::type);
-  if (!rawType)
-    return std::unexpected(rawType.error());
-  const auto type = resourceType(*rawType);
-  if (!type)
-    return corrupted(CodingKeys::type);
-
-  auto name = decodeString(object, CodingKeys::name);
-  if (!name)
-    return std::unexpected(name.error());
-
-  const auto text = decodeString(object, CodingKeys::url);
-  if (!text)
-    return std::unexpected(text.error());
-  auto url = Platform::URL::parse(*text);
-  if (!url)
-    return corrupted(CodingKeys::url);
-
-  return Resource(*type, std::move(*name), std::move(*url));
+  return decodeObject(object);
 }
 
-void to_json(nlohmann::ordered_json& object, const Resource& resource) {
-  object[CodingKeys::type] = rawValue(resource.type());
-  object[CodingKeys::name] = resource.name();
-  object[CodingKeys::url] = resource.url().absoluteString();
+std::expected<Resource, DecodingError> Resource::decode(const ordered_json& object) {
+  return decodeObject(object);
+}
+
+std::string_view stringValue(Resource::CodingKeys key) {
+  return stringValues.at(static_cast<std::size_t>(key));
+}
+
+std::optional<int> intValue(Resource::CodingKeys /*key*/) {
+  return std::nullopt;
+}
+
+std::optional<Resource::CodingKeys> codingKey(std::string_view stringValue) {
+  const auto* found = std::ranges::find(stringValues, stringValue);
+  if (found == stringValues.end())
+    return std::nullopt;
+  return static_cast<Resource::CodingKeys>(found - stringValues.begin());
+}
+
+std::optional<Resource::CodingKeys> codingKey(int /*intValue*/) {
+  return std::nullopt;
 }
 
 std::expected<std::string, EncodingError> encodeResources(const std::vector<Resource>& resources) {
@@ -83,7 +137,7 @@ std::expected<std::string, EncodingError> encodeResources(const std::vector<Reso
     for (const Resource& resource : resources) {
       if (text.size() > 1)
         text += ',';
-      appendEscapingSlashes(text, nlohmann::ordered_json(resource).dump());
+      appendEscapingSlashes(text, ordered_json(resource).dump());
     }
   } catch (const json::exception& failure) {
     return std::unexpected(EncodingError{failure.what()});
@@ -97,7 +151,7 @@ std::expected<std::vector<Resource>, DecodingError> decodeResources(std::string_
   if (!array)
     return std::unexpected(array.error());
   if (!array->is_array())
-    return std::unexpected(DecodingError{DecodingError::Kind::typeMismatch, {}});
+    return std::unexpected(DecodingError{Kind::typeMismatch, {}});
 
   std::vector<Resource> resources;
   resources.reserve(array->size());
@@ -111,3 +165,21 @@ std::expected<std::vector<Resource>, DecodingError> decodeResources(std::string_
 }
 
 }  // namespace DeskloomSDK
+
+using DeskloomSDK::Resource;
+
+Resource nlohmann::adl_serializer<Resource>::from_json(const json& object) {
+  return DeskloomSDK::decodeOrThrow(object);
+}
+
+Resource nlohmann::adl_serializer<Resource>::from_json(const ordered_json& object) {
+  return DeskloomSDK::decodeOrThrow(object);
+}
+
+void nlohmann::adl_serializer<Resource>::to_json(json& object, const Resource& resource) {
+  DeskloomSDK::encodeObject(object, resource);
+}
+
+void nlohmann::adl_serializer<Resource>::to_json(ordered_json& object, const Resource& resource) {
+  DeskloomSDK::encodeObject(object, resource);
+}

@@ -94,6 +94,18 @@ TEST(ResourceDecoding, FailsOverAValueOfAnotherType) {
   EXPECT_EQ(failure(R"(["url","n","x:y"])").kind, Kind::typeMismatch);
 }
 
+TEST(ResourceDecoding, FailsOverAScalar) {
+  for (const auto* scalar : {"1", "1.5", "true", "null", "\"type\"", "[]"}) {
+    EXPECT_EQ(failure(scalar).kind, Kind::typeMismatch) << scalar;
+    EXPECT_EQ(failure(scalar).key, "") << scalar;
+    const auto list = decodeResources("[" + std::string(scalar) + "]");
+    ASSERT_FALSE(list) << scalar;
+    EXPECT_EQ(list.error().kind, Kind::typeMismatch) << scalar;
+  }
+  for (const auto* scalar : {"1", "true", "null", "\"type\""})
+    EXPECT_EQ(decodeResources(scalar).error().kind, Kind::typeMismatch) << scalar;
+}
+
 TEST(ResourceDecoding, FailsOverATypeOrAURLThatIsNone) {
   EXPECT_EQ(failure(R"({"type":"link","name":"n","url":"x:y"})").kind, Kind::dataCorrupted);
   EXPECT_EQ(failure(R"({"type":"url","name":"n","url":""})").kind, Kind::dataCorrupted);
@@ -106,7 +118,87 @@ TEST(ResourceDecoding, ReportsTheFirstFieldThatFails) {
 }
 
 TEST(ResourceDecoding, FailsAsAWholeWhereOneElementFails) {
-  EXPECT_FALSE(decodeResources(R"([{"type":"url","name":"n","url":"x:y"},{"type":"url","name":"n"}])"));
+  const std::string good = R"({"type":"url","name":"n","url":"x:y"})";
+  const auto errorOf = [&](const std::string& bad) {
+    const auto list = decodeResources("[" + good + "," + bad + "," + good + "]");
+    EXPECT_FALSE(list) << bad;
+    return list ? DecodingError{} : list.error();
+  };
+  EXPECT_EQ(errorOf(R"({"type":"url","name":"n"})").kind, Kind::keyNotFound);
+  EXPECT_EQ(errorOf(R"({"type":"url","name":"n"})").key, "url");
+  EXPECT_EQ(errorOf(R"({"type":"url","name":7,"url":"x:y"})").kind, Kind::typeMismatch);
+  EXPECT_EQ(errorOf(R"({"type":"url","name":7,"url":"x:y"})").key, "name");
+  EXPECT_EQ(errorOf(R"({"type":"link","name":"n","url":"x:y"})").kind, Kind::dataCorrupted);
+  EXPECT_EQ(errorOf(R"({"type":"link","name":"n","url":"x:y"})").key, "type");
+  EXPECT_EQ(decodeResources(R"([{"type":"link"},{}])").error().key, "type") << "the first one's";
+}
+
+TEST(ResourceCodingKeys, AreFoundByTheirStringsToTheLetter) {
+  using enum Resource::CodingKeys;
+  EXPECT_EQ(DeskloomSDK::codingKey("type"), type);
+  EXPECT_EQ(DeskloomSDK::codingKey("name"), name);
+  EXPECT_EQ(DeskloomSDK::codingKey("url"), url);
+  for (const auto* text : {"Type", "URL", "", " name", "names", "0"})
+    EXPECT_EQ(DeskloomSDK::codingKey(text), std::nullopt) << text;
+  for (const auto key : {type, name, url})
+    EXPECT_EQ(DeskloomSDK::codingKey(stringValue(key)), key);
+}
+
+TEST(ResourceCodingKeys, HaveNoIntegers) {
+  using enum Resource::CodingKeys;
+  for (const int integer : {-1, 0, 1, 2, 3})
+    EXPECT_EQ(DeskloomSDK::codingKey(integer), std::nullopt) << integer;
+  for (const auto key : {type, name, url})
+    EXPECT_EQ(intValue(key), std::nullopt);
+}
+
+TEST(ResourceCodingKeys, AreInTheOrderInWhichTheyAreWritten) {
+  EXPECT_EQ(static_cast<int>(Resource::CodingKeys::type), 0);
+  EXPECT_EQ(static_cast<int>(Resource::CodingKeys::name), 1);
+  EXPECT_EQ(static_cast<int>(Resource::CodingKeys::url), 2);
+}
+
+template <typename JSON>
+class ResourceConversions : public testing::Test {};
+using JSONTypes = testing::Types<nlohmann::json, nlohmann::ordered_json>;
+TYPED_TEST_SUITE(ResourceConversions, JSONTypes);
+
+TYPED_TEST(ResourceConversions, WriteAnObjectAndReadItBack) {
+  const TypeParam json = website("a/b", "http://h/");
+  EXPECT_EQ(json, TypeParam({{"type", "website"}, {"name", "a/b"}, {"url", "http://h/"}}));
+  const auto resource = json.template get<Resource>();
+  EXPECT_EQ(resource.type(), ResourceType::website);
+  EXPECT_EQ(resource.name(), "a/b");
+  EXPECT_EQ(resource.url().absoluteString(), "http://h/");
+}
+
+TYPED_TEST(ResourceConversions, WriteAndReadLists) {
+  const TypeParam json = std::vector{website("a", "x:1"), website("b", "x:2")};
+  EXPECT_EQ(json.size(), 2U);
+  const auto resources = json.template get<std::vector<Resource>>();
+  ASSERT_EQ(resources.size(), 2U);
+  EXPECT_EQ(resources[1].name(), "b");
+  EXPECT_TRUE(TypeParam::array().template get<std::vector<Resource>>().empty());
+}
+
+TYPED_TEST(ResourceConversions, ThrowWhatTheLibraryThrowsAndChangeNothing) {
+  using json = nlohmann::json;
+  Resource resource = website("before", "x:y");
+  const auto read = [&](const char* text) { TypeParam::parse(text).get_to(resource); };
+  EXPECT_THROW(read("{}"), json::out_of_range);
+  EXPECT_THROW(read(R"({"type":"url","name":"n"})"), json::out_of_range);
+  EXPECT_THROW(read("7"), json::type_error);
+  EXPECT_THROW(read(R"({"type":"url","name":7,"url":"x:y"})"), json::type_error);
+  EXPECT_THROW(read(R"({"type":"link","name":"n","url":"x:y"})"), json::other_error);
+  EXPECT_THROW(read(R"({"type":"url","name":"n","url":"a b"})"), json::other_error);
+  EXPECT_EQ(resource.name(), "before");
+  EXPECT_THROW(static_cast<void>(TypeParam::parse("[{}]").template get<std::vector<Resource>>()), json::out_of_range);
+  read(R"({"type":"url","name":"after","url":"x:y"})");
+  EXPECT_EQ(resource.name(), "after");
+}
+
+TEST(ResourceConversion, KeepsTheOrderOfItsKeysWhereTheObjectDoes) {
+  EXPECT_EQ(nlohmann::ordered_json(website("a", "x:y")).dump(), R"({"type":"website","name":"a","url":"x:y"})");
 }
 
 TEST(ResourceDecoding, FailsOverATextThatIsNoList) {
