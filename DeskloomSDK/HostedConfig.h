@@ -14,6 +14,7 @@
 #include "DeskloomSDK/DeskloomAPI.h"
 #include "DeskloomSDK/DeskloomActionConfig.h"
 #include "DeskloomSDK/JSONText.h"
+#include "DeskloomSDK/StrictDecoding.h"
 #include "Platform/FatalError.h"
 #include "Platform/Services.h"
 
@@ -71,12 +72,8 @@ class HostedConfig : public ConfigProvider, public std::enable_shared_from_this<
   // The value's own conversions may throw whatever they like.
   static ConfigValue decoded(std::string_view text, const ConfigValue& fallback) {
     try {
-      const auto json = decodeJSON(text);
-      ConfigValue value;
-      if (json) {
-        json->get_to(value);
-        return value;
-      }
+      if (const auto json = decodeJSON(text))
+        return decodeStrictly<ConfigValue>(*json).value_or(fallback);
     } catch (...) {
     }
     return fallback;

@@ -32,6 +32,20 @@ TEST_F(CommandTest, KeepsSlashesAndColonsOfTheTextAndEscapesTheRest) {
             "%5B%7B%22type%22:%22file%22,%22name%22:%22Caf%C3%A9%22,%22url%22:%22file:%5C/%5C/%5C/tmp%5C/a%22%7D%5D");
 }
 
+TEST_F(CommandTest, EscapesWhatAPathDoesNotAllow) {
+  std::string name;
+  for (char character = ' '; character <= '~'; ++character)
+    name += character;
+  const Command command({Resource(ResourceType::file, name, URL::parse("x:y").value())});
+  EXPECT_EQ(command.data(),
+            "%5B%7B%22type%22:%22file%22,%22name%22:%22"
+            "%20!%5C%22%23$%25&'()*+,-.%5C/0123456789:;%3C=%3E%3F@ABCDEFGHIJKLMNOPQRSTUVWXYZ%5B%5C%5C%5D%5E_"
+            "%60abcdefghijklmnopqrstuvwxyz%7B%7C%7D~"
+            "%22,%22url%22:%22x:y%22%7D%5D");
+  EXPECT_TRUE(command.send());
+  EXPECT_THAT(desktop.workspace.opened, ElementsAre("deskloom://gleanery/" + command.data().value()));
+}
+
 TEST_F(CommandTest, GoesWithoutPayloadWhereTheListCannotBeEncoded) {
   const Command command({Resource(ResourceType::file, "\xFF", URL::parse("file:///tmp/a").value())});
   EXPECT_EQ(command.data(), std::nullopt);

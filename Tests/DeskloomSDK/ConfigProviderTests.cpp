@@ -1,3 +1,5 @@
+#include <array>
+#include <cstdint>
 #include <limits>
 #include <memory>
 #include <stdexcept>
@@ -9,6 +11,7 @@
 
 #include "DeskloomSDK/GlobalConfigProvider.h"
 #include "DeskloomSDK/LocalConfigProvider.h"
+#include "DeskloomSDK/Resource.h"
 #include "Platform/Fake/FakeServices.h"
 
 using DeskloomSDK::ConfigProvider;
@@ -40,6 +43,21 @@ void from_json(const nlohmann::json& /*json*/, Stubborn& /*stubborn*/) {
 void to_json(nlohmann::json& /*json*/, const Stubborn& /*stubborn*/) {
   throw 1;
 }
+
+/// A type whose fields have no initial values, and one of which is not in the JSON.
+struct Bare {
+  int count;
+  std::array<int, 100> rest;
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Bare, count)
+
+/// A configuration with resources and with other structs.
+struct Collection {
+  std::vector<DeskloomSDK::Resource> resources = {};
+  std::vector<Options> options = {};
+  std::uint8_t small = 1;
+};
+NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Collection, resources, options, small)
 
 const std::string readTitle = "Could not read action data in Deskloom.";
 
@@ -124,6 +142,48 @@ TEST_F(ConfigProviderTest, FallsBackInSilenceWhereTheTextIsNoSuchValue) {
   EXPECT_THAT(desktop.alerts.shown, IsEmpty());
 }
 
+TEST_F(ConfigProviderTest, FallsBackOverAMistypedNumberAndWritesNoneBack) {
+  for (const auto* number : {"true", "1.75", "99999999999", "1e300", "-1e300", "null", "\"3\"", "[3]", "2147483648"}) {
+    const auto provider = makeLocal(R"({"count":)" + std::string(number) + R"(,"kind":"images"})", {.count = 7});
+    EXPECT_EQ(provider->config.count, 7) << number;
+    EXPECT_EQ(provider->config.kind, "all") << number;
+    provider->save();
+    pass(1);
+    EXPECT_THAT(desktop.scripts.sources, ElementsAre(storing(7))) << number;
+  }
+  EXPECT_EQ(makeLocal(R"({"count":3.0,"kind":"images"})", {.count = 7})->config.count, 3);
+}
+
+TEST_F(ConfigProviderTest, KeepsResourcesAndOtherStructs) {
+  desktop.scripts.answerText(R"({"resources":[{"type":"file","name":"n","url":"file:\/\/\/a"}],)"
+                             R"("options":[{"count":3,"kind":"images"}],"small":255,"more":1.5})");
+  const auto provider = LocalConfigProvider<Collection>::make("A", {});
+  ASSERT_EQ(provider->config.resources.size(), 1U);
+  EXPECT_EQ(provider->config.resources[0].name(), "n");
+  EXPECT_EQ(provider->config.options.at(0).count, 3);
+  EXPECT_EQ(provider->config.small, 255);
+  provider->save();
+  pass(1);
+  EXPECT_THAT(desktop.scripts.sources.back(), testing::HasSubstr(R"(\"resources\":[{\"name\":\"n\",\"type\":\"file\",)"
+                                                                 R"(\"url\":\"file:\\/\\/\\/a\"}],\"small\":255})"));
+}
+
+TEST_F(ConfigProviderTest, FallsBackOverAResourceOrAStructThatIsNone) {
+  for (const auto* text : {R"({"resources":[{"type":"link","name":"n","url":"x:y"}],"options":[],"small":2})",
+                           R"({"resources":[],"options":[{"count":3.5,"kind":""}],"small":2})",
+                           R"({"resources":[],"options":[],"small":256})"}) {
+    desktop.scripts.answerText(text);
+    EXPECT_EQ(LocalConfigProvider<Collection>::make("A", {.small = 7})->config.small, 7) << text;
+  }
+}
+
+TEST_F(ConfigProviderTest, BeginsWithTheTypesValueWhereAFieldIsNotInTheText) {
+  for (const auto* text : {R"({"count":3})", ""}) {
+    desktop.scripts.answerText(text);
+    EXPECT_THAT(GlobalConfigProvider<Bare>::make()->config.rest, testing::Each(0)) << text;
+  }
+}
+
 TEST_F(ConfigProviderTest, ReadsALongTextThatIsSuchAValue) {
   const std::string kind(10'000'000, 'x');
   EXPECT_EQ(makeLocal(R"({"count":3,"kind":")" + kind + "\"}")->config.kind, kind);
@@ -175,6 +235,17 @@ TEST_F(ConfigProviderTest, WritesOnceASecondAfterTheLastOfABurstOfChanges) {
   EXPECT_THAT(desktop.scripts.sources, ElementsAre(storing(5)));
   pass(100);
   EXPECT_EQ(desktop.scripts.sources.size(), 1U);
+}
+
+TEST_F(ConfigProviderTest, HasOneControllerForAllItsWrites) {
+  const auto provider = makeLocal("");
+  desktop.queues.isMainBlocked = true;
+  for (int request = 0; request < 3; ++request)
+    provider->save();
+  pass(2);
+  desktop.queues.runMainQueue();
+  EXPECT_THAT(desktop.scripts.sources, ElementsAre(storing(10), storing(10), storing(10)))
+      << "each request has a check of its own, and all of them are late enough";
 }
 
 TEST_F(ConfigProviderTest, WritesTheValueOfTheTimeOfTheWriting) {
