@@ -6,6 +6,7 @@
 #include <ranges>
 #include <utility>
 
+#include "DesktopSupport/DisplayableText.h"
 #include "DesktopSupport/GTKWindowStack.h"
 #include "DesktopSupport/WindowReader.h"
 #include "ScriptableApps/RunningFileManagers.h"
@@ -111,7 +112,8 @@ struct Answers {
     const BusError& failure = failures.emplace_back(std::move(answer.error()));
     problems.push_back(failure.name == BusErrorName::notSupported
                            ? failure.message
-                           : nameOf(fileManager) + " has not told what it shows: " + failure.message);
+                           : nameOf(fileManager) +
+                                 " has not told what it shows: " + DesktopSupport::displayable(failure.message));
   }
 
   // Why none has told.

@@ -203,6 +203,18 @@ TEST_F(FinderTest, FindsAFileManagerBesideOneThatDoesNotTell) {
   EXPECT_THAT(log, testing::StartsWith(ownProgram() + " has not told what it shows: "));
 }
 
+TEST_F(FinderTest, LogsAFailureAsOneLine) {
+  FakeFileManager owner;
+  FakeFileManager other(otherFileManager);
+  other.has("{'OpenLocations': <[" + uri(a_) + "]>}");
+  owner.answer("GetAll", [](GDBusMethodInvocation* invocation) {
+    g_dbus_method_invocation_return_dbus_error(invocation, "org.example.Error", "Two\nlines.");
+  });
+  std::string log;
+  EXPECT_THAT(openPathsAndLog(log), ElementsAre(a_ / ""));
+  EXPECT_EQ(log, ownProgram() + " has not told what it shows: Two lines.\n");
+}
+
 TEST_F(FinderTest, TellsOfAllFileManagersWhereNoneTells) {
   FakeFileManager owner;
   FakeFileManager other(otherFileManager);
