@@ -98,6 +98,21 @@ void from_json(const json& value, Price& price) {
     throw std::invalid_argument("too cheap");
 }
 
+/// Converts to the smallest integers only what can be converted to them.
+struct Narrow {
+  std::int8_t number = 1;
+  std::uint8_t natural = 1;
+};
+void to_json(json& value, const Narrow& narrow) {
+  value = {{"number", narrow.number}, {"natural", narrow.natural}};
+}
+void from_json(const json& value, Narrow& narrow) {
+  for (const json& number : value)
+    EXPECT_TRUE(!number.is_number_float() || (-1 < number.get<double>() && number.get<double>() < 128)) << number;
+  value.at("number").get_to(narrow.number);
+  value.at("natural").get_to(narrow.natural);
+}
+
 template <typename Value>
 std::optional<Value> decoded(const std::string& text) {
   try {
@@ -149,6 +164,14 @@ TEST(StrictDecoding, RefusesForAnIntegerWhatItHasNoRoomFor) {
   EXPECT_THAT(
       readable<std::uint64_t>({"-1", "-9223372036854775808", "18446744073709551616", "0.5", "200.5", "true", "1e300"}),
       IsEmpty());
+}
+
+TEST(StrictDecoding, ConvertsNothingWhoseConversionIsUndefined) {
+  for (const auto* number : {"1e300", "-1e300", "3e9", "-3e9", "200.5", "-1.5", "128.5", "-129.5", "1e19", "255.5"}) {
+    EXPECT_FALSE(decoded<Narrow>(R"({"number":)" + std::string(number) + R"(,"natural":1})")) << number;
+    EXPECT_FALSE(decoded<Narrow>(R"({"number":1,"natural":)" + std::string(number) + "}")) << number;
+  }
+  EXPECT_TRUE(decoded<Narrow>(R"({"number":127.0,"natural":0.0})"));
 }
 
 TEST(StrictDecoding, TakesForAFloatingPointNumberTheNearestThatThereIs) {
