@@ -1,5 +1,6 @@
 #include <cerrno>
 #include <csignal>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -53,6 +54,23 @@ TEST(ChildProcess, IsTheProgramItself) {
   }
 }
 
+TEST(ChildProcess, SaysNothingMoreWhenItHasClosedItsOutput) {
+  for (const bool hasHelpers : {false, true}) {
+    ChildProcess program({"sh", "-c", "echo all; exec sleep 4711 >/dev/null"}, {.hasHelpers = hasHelpers});
+    EXPECT_EQ(program.readAll(), "all\n");
+  }
+}
+
+TEST(ChildProcess, BelongsToWhomItIsMovedTo) {
+  for (const bool hasHelpers : {false, true}) {
+    std::optional<ChildProcess> program(std::in_place, std::vector<std::string>{"sleep", "4711"},
+                                        ChildProcess::Options{.hasHelpers = hasHelpers});
+    const ChildProcess moved = std::move(*program);
+    program.reset();
+    EXPECT_TRUE(exists(moved.pid()));
+  }
+}
+
 TEST(ChildProcess, HasEndedWhenItsHelpersHave) {
   ChildProcess program({"sh", "-c", std::string(startHelpers) + "exec sleep 4711"}, withHelpers);
   const std::vector<pid_t> helpers = awaitHelpers(program);
@@ -67,8 +85,7 @@ TEST(ChildProcess, TakesItsHelpersWithIt) {
   {
     ChildProcess program({"sh", "-c", std::string(startHelpers) + "exec sleep 4711"}, withHelpers);
     helpers = awaitHelpers(program);
-    ChildProcess moved = std::move(program);
-    helpers.push_back(moved.pid());
+    helpers.push_back(program.pid());
   }
   for (const pid_t helper : helpers)
     EXPECT_FALSE(exists(helper));
