@@ -21,6 +21,7 @@ class Handler {
 
   /// A handler without a callback: calling it calls `whenUnset`.
   explicit Handler(void (*whenUnset)(Arguments...)) : whenUnset_(whenUnset) {}
+  /// A handler with the other's callback and what that does without one.
   Handler(const Handler&) = default;
   ~Handler() = default;
 
@@ -31,7 +32,8 @@ class Handler {
   }
   /// Takes the other's callback. Without a callback, each handler still does what it was made with.
   Handler& operator=(const Handler& other) {
-    callback_ = other.callback_;
+    if (this != &other)
+      callback_ = other.callback_;
     return *this;
   }
 

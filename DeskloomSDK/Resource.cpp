@@ -166,20 +166,24 @@ std::expected<std::vector<Resource>, DecodingError> decodeResources(std::string_
 
 }  // namespace DeskloomSDK
 
+namespace nlohmann {
+
 using DeskloomSDK::Resource;
 
-Resource nlohmann::adl_serializer<Resource>::from_json(const json& object) {
+Resource adl_serializer<Resource>::from_json(const json& object) {
   return DeskloomSDK::decodeOrThrow(object);
 }
 
-Resource nlohmann::adl_serializer<Resource>::from_json(const ordered_json& object) {
+Resource adl_serializer<Resource>::from_json(const ordered_json& object) {
   return DeskloomSDK::decodeOrThrow(object);
 }
 
-void nlohmann::adl_serializer<Resource>::to_json(json& object, const Resource& resource) {
+void adl_serializer<Resource>::to_json(json& object, const Resource& resource) {
   DeskloomSDK::encodeObject(object, resource);
 }
 
-void nlohmann::adl_serializer<Resource>::to_json(ordered_json& object, const Resource& resource) {
+void adl_serializer<Resource>::to_json(ordered_json& object, const Resource& resource) {
   DeskloomSDK::encodeObject(object, resource);
 }
+
+}  // namespace nlohmann

@@ -67,24 +67,28 @@ std::expected<std::vector<Resource>, DecodingError> decodeResources(std::string_
 
 }  // namespace DeskloomSDK
 
+namespace nlohmann {
+
 /// A resource's conversions from and to JSON values.
 template <>
-struct nlohmann::adl_serializer<DeskloomSDK::Resource> {
-  /// Reads a resource as `Resource::decode` does. Throws a `nlohmann::json::exception` where that fails: `out_of_range`
+struct adl_serializer<DeskloomSDK::Resource> {
+  /// Reads a resource as `Resource::decode` does. Throws a `nlohmann::json::exception` if that fails: `out_of_range`
   /// for a key that is missing, `type_error` for a value of another type, `other_error` for a string that names no type
-  /// or is no URL.
+  /// or is no URL. @{
   static DeskloomSDK::Resource from_json(const json& object);
-  static DeskloomSDK::Resource from_json(const ordered_json& object);  ///< @copydoc from_json(const json&)
+  static DeskloomSDK::Resource from_json(const ordered_json& object);
+  /// @}
 
-  /// Reads a resource in place of another; throws likewise, and then leaves that one as it was.
+  /// Reads a resource in place of another. Throws likewise, and then leaves that one as it was.
   template <typename JSON>
   static void from_json(const JSON& object, DeskloomSDK::Resource& resource) {
     resource = from_json(object);
   }
 
-  /// Writes the resource as an object with the keys "type", "name" and "url", in this order if the object keeps one.
+  /// Writes the resource as an object with the keys "type", "name" and "url", in this order if the object keeps one. @{
   static void to_json(json& object, const DeskloomSDK::Resource& resource);
-  static void to_json(
-      ordered_json& object,
-      const DeskloomSDK::Resource& resource);  ///< @copydoc to_json(json&, const DeskloomSDK::Resource&)
+  static void to_json(ordered_json& object, const DeskloomSDK::Resource& resource);
+  /// @}
 };
+
+}  // namespace nlohmann
