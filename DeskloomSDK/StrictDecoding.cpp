@@ -48,12 +48,11 @@ bool isSameInteger(const json& one, const json& other) {
 
 /// Whether the number is `written` in double or single precision.
 bool roundsTo(const json& read, double written) {
-  return std::isfinite(written) && withNumber(read, [&](auto exact) {
-           constexpr auto most = std::numeric_limits<float>::max();
-           const auto number = static_cast<double>(exact);
-           return number == written ||
-                  (std::abs(number) <= most && static_cast<double>(static_cast<float>(exact)) == written);
-         });
+  return withNumber(read, [&](auto exact) {
+    const auto number = static_cast<double>(exact);
+    const bool hasRoom = std::abs(number) <= std::numeric_limits<float>::max();
+    return number == written || (hasRoom && static_cast<double>(static_cast<float>(exact)) == written);
+  });
 }
 
 bool isSameNumber(const json& read, const json& written, bool ignoresFractions) {

@@ -170,6 +170,7 @@ TEST(StrictDecoding, ConvertsNothingWhoseConversionIsUndefined) {
   for (const auto* number : {"1e300", "-1e300", "3e9", "-3e9", "200.5", "-1.5", "128.5", "-129.5", "1e19", "255.5"}) {
     EXPECT_FALSE(decoded<Narrow>(R"({"number":)" + std::string(number) + R"(,"natural":1})")) << number;
     EXPECT_FALSE(decoded<Narrow>(R"({"number":1,"natural":)" + std::string(number) + "}")) << number;
+    EXPECT_FALSE(decoded<Narrow>(R"({"number":1e300,"natural":)" + std::string(number) + "}")) << number;
   }
   EXPECT_TRUE(decoded<Narrow>(R"({"number":127.0,"natural":0.0})"));
 }
