@@ -35,14 +35,25 @@ inline constexpr std::string_view insideFirefox = R"(
   // Whether the tab's label is the title of the page that is loaded in it.
   const isLabelled = tab => !tab.hasAttribute('busy') && tab.label === (tab.linkedBrowser.contentTitle || tab.label);
   const isAt = (tab, address) => tab.linkedBrowser.currentURI.spec === address && isLabelled(tab);
-  // Waits until a condition holds, or so long that something must be broken. It is looked at again whenever a tab, its
-  // label or its page changes, or a window is opened, is closed or comes to the front.
-  const until = condition => new Promise(resolve => {
+  // The windows as a script lists them.
+  const shownAddress = tab => {
+    const spec = tab.linkedBrowser.currentURI.spec;
+    return ReaderMode.getOriginalUrl(spec) ?? spec;
+  };
+  const listed = () => windows().map(w => `a window that shows ${w.gBrowser.selectedTab.label}\n` +
+    w.gBrowser.tabs.filter(t => !t.hidden).map(t => `${t.label}\n${shownAddress(t)}\n`).join('')).join('');
+  // Waits until a condition holds. It is looked at again whenever a tab, its label or its page changes, or a window is
+  // opened, is closed or comes to the front. Throws if that takes so long that something must be broken.
+  const until = condition => new Promise((resolve, reject) => {
     const tabEvents = ['TabOpen', 'TabClose', 'TabMove', 'TabSelect', 'TabAttrModified', 'TabHide', 'TabShow'];
     const stops = [];
-    const stop = () => { stops.splice(0).forEach(stop => stop()); resolve(); };
+    const stop = () => stops.splice(0).forEach(stop => stop());
     // After the event, when everybody else has heard of it.
-    const look = () => Services.tm.dispatchToMainThread(() => { if (stops.length && condition()) stop(); });
+    const look = () => Services.tm.dispatchToMainThread(() => {
+      if (!stops.length || !condition()) return;
+      stop();
+      resolve();
+    });
     const watch = w => {
       const progress = {onLocationChange: look, onStateChange: look};
       w.gBrowser.addTabsProgressListener(progress);
@@ -58,7 +69,8 @@ inline constexpr std::string_view insideFirefox = R"(
       stops.push(() => Services.obs.removeObserver(observer, topic));
     }
     allWindows().forEach(watch);
-    setTimeout(stop, patience);
+    const giveUp = () => { stop(); reject(new Error(`not so: ${condition}, but: ${listed()}`)); };
+    setTimeout(() => stops.length && giveUp(), patience);
     look();
   });
   // Waits until the page at the address has been loaded in the tab, and the tab is labelled with its title.
@@ -113,13 +125,6 @@ inline constexpr std::string_view insideFirefox = R"(
     await until(() => isInFront(w) && isAt(w.gBrowser.selectedTab, page));
   };
   const close = w => { const closed = observed('domwindowclosed', w); w.close(); return closed; };
-  // The windows as a script lists them.
-  const shownAddress = tab => {
-    const spec = tab.linkedBrowser.currentURI.spec;
-    return ReaderMode.getOriginalUrl(spec) ?? spec;
-  };
-  const listed = () => windows().map(w => `a window that shows ${w.gBrowser.selectedTab.label}\n` +
-    w.gBrowser.tabs.filter(t => !t.hidden).map(t => `${t.label}\n${shownAddress(t)}\n`).join('')).join('');
 )";
 
 /// A Firefox, with the page "first" in its only tab.
@@ -141,7 +146,7 @@ class FirefoxTest : public testing::Test {
   void expectWindows(const std::string& windows) {
     // It notes the order of its windows when it saves something else.
     const auto said = inside("const expected = " + nlohmann::json(windows).dump() + R"(;
-                              await until(() => listed() === expected);
+                              await until(() => listed() === expected).catch(() => {});
                               SessionStore.setCustomWindowValue(window, 'compared', `${Date.now()}`);
                               return listed();)");
     EXPECT_EQ(said, windows);
