@@ -165,9 +165,9 @@ TEST_F(DeskloomPluginTest, TakesTheEndOfLaunchingFromWhoeverPostsIt) {
   desktop.scripts.answerText("true");
   const int sender = 0;
   desktop.notifications.post({Platform::applicationDidFinishLaunchingNotification, &sender});
-  EXPECT_THAT(desktop.alerts.shown, SizeIs(1));
+  EXPECT_THAT(desktop.scripts.sources, SizeIs(1));
   desktop.notifications.post({Platform::applicationDidFinishLaunchingNotification, nullptr});
-  EXPECT_THAT(desktop.alerts.shown, SizeIs(2));
+  EXPECT_THAT(desktop.scripts.sources, SizeIs(2));
 }
 
 TEST_F(DeskloomPluginTest, AnotherControllerCanBeMovedIn) {

@@ -97,13 +97,14 @@ inline constexpr std::string_view insideFirefox = R"(
   };
   // … and in a new one, after the others.
   const open = (name, w = window) => loaded(w.gBrowser.addTrustedTab(address(name)), address(name));
-  // A new window in front of the others, with a tab at each of the pages. It goes to the first page by itself: what it is
-  // told meanwhile, its own first page may replace.
+  // A new window in front of the others, with a tab at each of the pages. It goes to a page of its own first: what it is
+  // told meanwhile, that page may replace, and Firefox may not take notice of it for the session that it saves.
   const openWindow = async (names, options = {}) => {
-    const first = Cc['@mozilla.org/supports-string;1'].createInstance(Ci.nsISupportsString);
-    first.data = address(names[0]);
-    const w = await BrowserWindowTracker.promiseOpenWindow({...options, args: first});
-    await until(() => isInFront(w) && isAt(w.gBrowser.selectedTab, first.data));
+    const own = Cc['@mozilla.org/supports-string;1'].createInstance(Ci.nsISupportsString);
+    own.data = address('opening');
+    const w = await BrowserWindowTracker.promiseOpenWindow({...options, args: own});
+    await until(() => isInFront(w) && isAt(w.gBrowser.selectedTab, own.data));
+    await visit(w.gBrowser.selectedTab, names[0]);
     for (const name of names.slice(1)) await open(name, w);
     return w;
   };
