@@ -55,7 +55,7 @@ std::optional<path> ProcessInfo::linked(const char* link) const {
 
 std::optional<path> ProcessInfo::executable() const {
   constexpr std::string_view deleted = " (deleted)";
-  const auto target = linked("exe");
+  auto target = linked("exe");
   std::string file = target.value_or("").string();
   // A file may also be called so.
   if (!file.ends_with(deleted) || isFile(file))

@@ -43,8 +43,8 @@ AppleScript::Result<AppleScript::ObjectPointer> Finder::open() {
     auto folder = openFolderAt(location, places);
     if (!folder)
       DesktopSupport::writeToSystemLog(folder.error());
-    else if (*folder)
-      windows.emplace_back(std::move(**folder));
+    else if (auto& shown = *folder)
+      windows.emplace_back(std::move(*shown));
   }
   return std::make_shared<const FinderRoot>(std::move(windows));
 }

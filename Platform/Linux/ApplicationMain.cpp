@@ -5,6 +5,7 @@
 #include <cstring>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "DesktopSupport/SessionBus.h"
@@ -83,7 +84,7 @@ void handToFreshProcess(std::vector<std::string> launchURLs, const BusPresence* 
   if (presence != nullptr && presence->forwardStarting(launchURLs))
     return;
   launchURLs.insert(launchURLs.begin(), "--");
-  if (const int problem = Linux::startDetached("/proc/self/exe", launchURLs))
+  if (const int problem = Linux::startDetached("/proc/self/exe", std::move(launchURLs)))
     log.write("launch URLs were lost: no process could be started for them: " + std::string(std::strerror(problem)));
 }
 

@@ -37,10 +37,10 @@ class DetachedSpawn {
 
 }  // namespace
 
-int startDetached(const std::string& program, const std::vector<std::string>& arguments) {
-  std::vector<char*> texts = {const_cast<char*>(program.c_str())};
-  for (const std::string& argument : arguments)
-    texts.push_back(const_cast<char*>(argument.c_str()));
+int startDetached(std::string program, std::vector<std::string> arguments) {
+  std::vector<char*> texts = {program.data()};
+  for (std::string& argument : arguments)
+    texts.push_back(argument.data());
   texts.push_back(nullptr);
   return DetachedSpawn().start(program.c_str(), texts.data());
 }

@@ -48,7 +48,7 @@ struct LinuxWorkspace::HandOver {
 
   /// Called from the main context, whichever thread began the hand-over.
   static void complete(GObject* bus, GAsyncResult* result, gpointer data) {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(mutex);
     const std::unique_ptr<HandOver> handOver(static_cast<HandOver*>(data));
     ErrorHandle error;
     const VariantHandle answer(g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, Out(error)));
@@ -59,7 +59,7 @@ struct LinuxWorkspace::HandOver {
 };
 
 LinuxWorkspace::HandOver* LinuxWorkspace::beginHandOver(std::string_view scheme) {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(mutex);
   ++handOversUnderWay_;
   return new HandOver{*this, std::string(scheme)};
 }
@@ -111,7 +111,7 @@ void LinuxWorkspace::finishHandOvers() {
 }
 
 bool LinuxWorkspace::isHandingOver() const {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(mutex);
   return handOversUnderWay_ > 0;
 }
 

@@ -33,7 +33,7 @@ class LinuxWorkspace : public Workspace {
 
   Log& log_;
   /// Guards the hand-overs of all workspaces: they begin on any thread and complete on the main one.
-  static inline std::mutex mutex_;
+  static inline std::mutex mutex;
   std::size_t handOversUnderWay_ = 0;
 };
 
