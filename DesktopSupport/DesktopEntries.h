@@ -24,7 +24,7 @@ class DesktopEntries {
   /// The entry with this desktop file id, given without ".desktop"; nullptr where there is none.
   [[nodiscard]] const DesktopEntry* find(std::string_view id);
 
-  /// The entry in `file`, which may lie outside of the folders. nullptr where there is none, and for a relative path.
+  /// The entry in `file`, which may lie outside of the folders. `nullptr` if there is none, and for a relative path.
   [[nodiscard]] const DesktopEntry* findFile(const std::filesystem::path& file);
 
   /// All entries by what they say about their windows and programs. Reads all files, the first time.
