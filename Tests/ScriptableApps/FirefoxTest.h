@@ -116,6 +116,12 @@ inline constexpr std::string_view insideFirefox = R"(
     Services.obs.removeObserver(observer, topic);
     resolve();
   }, topic));
+  // Has the store of sessions take notice of all pages. What it has asked a page for while the page moves to another
+  // process may never come, and it does not ask again before the page changes.
+  const noticed = () => Promise.all(windows().map(w => {
+    for (const tab of w.gBrowser.tabs) tab.linkedBrowser.frameLoader?.requestSHistoryUpdate();
+    return TabStateFlusher.flushWindow(w);
+  }));
   // Brings a window to the front.
   const raise = w => { w.focus(); return until(() => isInFront(w)); };
   // Takes a tab to a window of its own.
@@ -145,10 +151,10 @@ class FirefoxTest : public testing::Test {
 
   /// Waits until Firefox itself says that it has these windows, and then until a script lists them.
   void expectWindows(const std::string& windows) {
-    // A page that is loaded while its window is being opened may go unnoticed by the store of sessions until the store
-    // asks for it, and the order of the windows is noted when something else is saved.
+    // The order of the windows is noted when something else is saved.
     const auto said = inside("const expected = " + nlohmann::json(windows).dump() + R"(;
                               await until(() => listed() === expected).catch(() => {});
+                              await noticed();
                               SessionStore.setCustomWindowValue(window, 'compared', `${Date.now()}`);
                               return listed();)");
     EXPECT_EQ(said, windows);
@@ -186,7 +192,8 @@ class FirefoxTest : public testing::Test {
     inside(firefox, "const only = await open('" + name + "');" + R"(
               for (const w of BrowserWindowTracker.orderedWindows.filter(w => w !== window)) await close(w);
               gBrowser.selectedTab = only;
-              for (const tab of [...gBrowser.tabs].filter(t => t !== only)) gBrowser.removeTab(tab);)");
+              for (const tab of [...gBrowser.tabs].filter(t => t !== only)) gBrowser.removeTab(tab);
+              await noticed();)");
   }
 
   std::shared_ptr<TestFirefox> firefox_;
