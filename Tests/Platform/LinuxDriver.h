@@ -134,6 +134,7 @@ class LinuxDriver {
       desk.askWindowManager(desk.clients().at(0), "_NET_CLOSE_WINDOW");
     });
     alerts_.runModal(alert);
+    awaitNoWindow();
   }
   bool showsAlerts() { return !desktop_.clients().empty(); }
 
