@@ -121,10 +121,12 @@ TEST_F(GoogleChromeNames, AreNotThoseOfPrivateWindows) {
 
 TEST_F(GoogleChromeNames, AreMissingForAddressesTooLongForTheLog) {
   TestChromium browser;
-  browser.run("chrome.tabs.create({active: false, url: 'data:text/html,<title>Long</title>' + 'x'.repeat(70000)})");
-  browser.awaitUntil([&] {
-    return browser.run("chrome.tabs.query({title: 'Long', status: 'complete'}).then(tabs => tabs.length)") == 1;
-  });
+  browser.run(R"(new Promise(isLoaded => {
+    chrome.tabs.onUpdated.addListener((id, change, tab) => {
+      if (tab.title === 'Long' && tab.status === 'complete') isLoaded();
+    });
+    chrome.tabs.create({active: false, url: 'data:text/html,<title>Long</title>' + 'x'.repeat(70000)});
+  }))");
   open(browser, pages_.url("last"));
   testing::internal::CaptureStderr();
   const std::string listed = listedWith(pages_.url("last"));
