@@ -13,6 +13,9 @@ struct ChromiumWindow {
   /// No two windows have the same, whichever profile they are of, and a window has it for as long as it is open.
   std::int32_t number = 0;
   BrowserWindow contents;
+  /// Whether the tab that the window shows is among its tabs. It is not if it is left out, or if the log has no page of
+  /// it.
+  bool hasShownTab = true;
 
   bool operator==(const ChromiumWindow&) const = default;
 };

@@ -62,7 +62,7 @@ bool isAddress(std::string_view title, std::string_view url) {
   return title.starts_with(url.substr(0, scheme + schemeEnd.size())) && partsAfterHost(title) == partsAfterHost(url);
 }
 
-// The tabs that the windows show, in the order in which the windows were opened. None if a window has no tabs.
+// The tabs that the windows show, in the order in which the windows were opened. None if one of them is not known.
 std::vector<BrowserTab*> shownTabs(std::vector<ChromiumWindow>& windows) {
   std::vector<ChromiumWindow*> opened;
   for (ChromiumWindow& window : windows)
@@ -70,7 +70,7 @@ std::vector<BrowserTab*> shownTabs(std::vector<ChromiumWindow>& windows) {
   std::ranges::sort(opened, {}, &ChromiumWindow::number);
   std::vector<BrowserTab*> shown;
   for (ChromiumWindow* window : opened) {
-    if (window->contents.tabs.empty())
+    if (!window->hasShownTab || window->contents.tabs.empty())
       return {};
     shown.push_back(&window->contents.tabs[window->contents.activeTab]);
   }

@@ -158,7 +158,8 @@ LoggedSession SessionReplay::session() const {
     std::rotate(windows.begin(), front, std::next(front));
   LoggedSession session = {.windows = {}, .otherWindows = otherWindows()};
   for (const Shown& window : windows) {
-    session.windows.push_back({window.id, contents(window)});
+    const auto isShown = [&](const auto& each) { return each.first == window.shownIndex && !each.second.url.empty(); };
+    session.windows.push_back({window.id, contents(window), std::ranges::any_of(window.pages, isShown)});
     session.tabsWithoutAddress += window.pages.size() - session.windows.back().contents.tabs.size();
   }
   return session;

@@ -127,6 +127,13 @@ TEST(ChromiumSession, LeavesOutTabsWhoseAddressIsTooLongForTheLog) {
   EXPECT_EQ(logged(log).tabsWithoutAddress, 1);
 }
 
+TEST(ChromiumSession, SaysWhetherItHasTheTabThatIsShown) {
+  auto log = SessionLogWriter().window(1).tab(1, 11, 0, "a").tab(1, 12, 1, "").inWindow(13, 1).atIndex(13, 2);
+  EXPECT_TRUE(logged(log.shown(1, 0)).windows[0].hasShownTab);
+  EXPECT_FALSE(logged(log.shown(1, 1)).windows[0].hasShownTab) << "left out";
+  EXPECT_FALSE(logged(log.shown(1, 2)).windows[0].hasShownTab) << "without a page";
+}
+
 TEST(ChromiumSession, LeavesOutAWindowWhoseTabsAreAllLeftOut) {
   const auto log = SessionLogWriter().window(1).tab(1, 11, 0, "").window(2).tab(2, 21, 0, "b").inFront(1);
   EXPECT_EQ(session(log), BrowserSession{window("b", 0)});

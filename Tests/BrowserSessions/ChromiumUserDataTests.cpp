@@ -80,7 +80,8 @@ TEST_F(ChromiumUserData, HasTheTitlesOfTheBrowsersWindows) {
   state(R"({"profile": {"last_active_profiles": ["Profile 1", "Default"]}})");
   const auto tabs = SessionLogWriter().window(1).tab(1, 11, 0, "a", u"A").tab(1, 12, 1, "b").shown(1, 1).marker();
   folder_.write("Default/Sessions/Session_1", tabs.bytes());
-  folder_.write("Profile 1/Sessions/Session_1", SessionLogWriter().window(2).tab(2, 21, 0, "c").marker().bytes());
+  folder_.write("Profile 1/Sessions/Session_1",
+                SessionLogWriter().window(2).tab(2, 21, 0, "c").shown(2, 0).marker().bytes());
   const BrowserSession expected = {{{{"Page C", "c"}}, 0}, {{{"A", "a"}, {"Page B", "b"}}, 1}};
   EXPECT_EQ(chromiumUserDataSession(folder_.path(), std::nullopt, {"Page B", "Page C"}), SessionReading{expected});
 }

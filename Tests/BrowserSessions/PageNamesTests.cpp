@@ -97,6 +97,12 @@ TEST(PageNames, AreThoseOfTheWindowsForTheTabsThatTheyShow) {
   EXPECT_EQ(windows[1].contents.tabs[1].title, "B");
 }
 
+TEST(PageNames, AreNotThoseOfWindowsWhoseShownTabIsNotKnown) {
+  auto shown = window(1, {{"", "a"}});
+  shown.hasShownTab = false;
+  EXPECT_EQ(withTitles({shown}, {"New Tab"})[0].contents.tabs[0].title, "");
+}
+
 TEST(PageNames, AreThoseOfTheWindowsWhereSeveralTabsHaveOneAddress) {
   const auto windows = withTitles({window(1, {{"Last", "a"}, {"Last", "a"}, {"Last", "a"}}, 1)}, {"Second"});
   EXPECT_EQ(windows[0].contents, (BrowserWindow{{{"Last", "a"}, {"Second", "a"}, {"Last", "a"}}, 1}));

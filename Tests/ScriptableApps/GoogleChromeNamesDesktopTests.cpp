@@ -77,6 +77,10 @@ TEST_F(GoogleChromeNames, AreShownForPagesWithoutATitle) {
   TestChromium browser;
   const std::string files = "file://" + folder_.write("pages/a ü.txt", "text").parent_path().string();
   folder_.write("pages/untitled.html", "<!doctype html><p>untitled");
+  // The browser's own first tab may have no page yet.
+  browser.run("chrome.tabs.query({}).then(([first]) => chrome.tabs.update(first.id, {url: '" + pages_.url("first") +
+              "'}))");
+  ASSERT_TRUE(desktop_.waitForTitle("Page first - Chromium"));
   open(browser, files + "/a%20%C3%BC.txt");
   open(browser, files + "/untitled.html");
   open(browser, "data:text/plain,a%20b");
