@@ -15,8 +15,8 @@ struct ChildProcessOptions {
   std::map<std::string, std::string> environment = {};
   /// Whether standard error comes with the output.
   bool captureErrors = false;
-  /// For a program with helper processes, such as a browser: whether those are part of it. Then it has ended when they
-  /// have, and they are ended with it, so that nobody writes to its files any more.
+  /// Whether the processes that the program starts, such as a browser's helpers, count as part of it. Then they are
+  /// ended with it, and the wait for its end is a wait for theirs: after it, its files no longer change.
   bool hasHelpers = false;
 };
 
