@@ -140,8 +140,9 @@ TEST_F(GoogleChromeNames, AreMissingForAddressesTooLongForTheLog) {
 }
 
 TEST_F(GoogleChromeNames, AreNotKnownWithoutASessionLogOfThisRun) {
-  // No folder for logs can be made here.
+  // The browser can make no folder for logs, neither for the readable ones nor for the encrypted ones beside them.
   folder_.write("chromium/Default/Sessions", "");
+  folder_.write("chromium/Default/Sessions_Encrypted", "");
   TestChromium browser;
   TestChromium::ask({pages_.url("a")});
   browser.awaitPage(pages_.url("a"));
