@@ -39,7 +39,11 @@ summary of run 4
       1 B/Test2
       1 B/Test3
 4 runs, 2 failed"
-expect "$(grep --count -- ' -R Name$' "$scratch/arguments")" 4
+expect "$(grep --count -- ' --parallel [0-9]* -R Name$' "$scratch/arguments")" 4
+
+echo 2 >"$scratch/failing"
+run_tests --repeat 2
+expect "$status" 1
 
 : >"$scratch/failing"
 run_tests -R Name --repeat 2
