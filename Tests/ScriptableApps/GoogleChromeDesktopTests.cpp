@@ -237,14 +237,17 @@ TEST_F(GoogleChromeTest, ListsTheWindowsOfAllProfiles) {
 }
 
 TEST_F(GoogleChromeTest, ListsNothingThatWasOpenBeforeTheBrowserWasStarted) {
+  // The next one takes nothing up again.
+  folder_.write("chromium/Default/Preferences", R"({"session": {"restore_on_startup": 5}})");
   {
     TestChromium browser;
     introducePages(browser);
     openWindow(browser, {"before"});
     expectReadSoon(browser, withoutTitles);
   }
-  const TestChromium browser;
+  TestChromium browser;
   EXPECT_EQ(textOfScript(listTabs).find(pages_.url("before")), std::string::npos);
+  EXPECT_FALSE(browser.hasPage(pages_.url("before")));
 }
 
 TEST_F(GoogleChromeTest, ListsWhatHasBeenRestoredAfterACrash) {

@@ -35,10 +35,7 @@ constexpr std::string_view listTabs = R"(
 
 class GoogleChromeNames : public testing::Test {
  protected:
-  static void open(TestChromium& browser, const std::string& url) {
-    browser.run("chrome.tabs.create({active: false, url: " + json(url).dump() + "})");
-    browser.awaitPage(url);
-  }
+  static void open(TestChromium& browser, const std::string& url) { browser.run("openTab(" + json(url).dump() + ")"); }
 
   // Has a window show the server's page with this name.
   void show(TestChromium& browser, const std::string& name) const {

@@ -29,6 +29,19 @@ constexpr const char* worker = R"(
 const tab = async name => (await chrome.tabs.query({url: pages + name}))[0].id;
 const windowOf = async name => (await chrome.tabs.query({url: pages + name}))[0].windowId;
 
+// Opens a tab behind the others and waits until its page is there; on the way to its first page a tab has no address.
+const openTab = url => new Promise(async isLoaded => {
+  const {id} = await chrome.tabs.create({active: false, url});
+  const look = async () => {
+    const tab = await chrome.tabs.get(id);
+    if (tab.status !== 'complete' || !tab.url) return;
+    chrome.tabs.onUpdated.removeListener(look);
+    isLoaded();
+  };
+  chrome.tabs.onUpdated.addListener(look);
+  await look();
+});
+
 const openWindow = async (...names) => (await chrome.windows.create({url: names.map(name => pages + name)})).id;
 
 // Its normal windows, the one that was used last first, the others in the order in which they were opened.
