@@ -78,7 +78,15 @@ TEST_F(WebTest, IsNotListedInPrivate) {
   EXPECT_EQ(textOfScript(listWindows), notRunning);
   start({url("a")});
   ASSERT_TRUE(desktop_.waitForTitle("Page a"));
-  EXPECT_TRUE(changes_.waitUntil([&] { return textOfScript(listTabs) == "Page a\n" + url("a") + '\n'; }));
+  // When a tab is added it saves what the others show; the title of the last one may come too late for that.
+  start({url("b")});
+  ASSERT_TRUE(desktop_.waitForTitle("Page b"));
+  std::string listed;
+  EXPECT_TRUE(changes_.waitUntil([&] {
+    listed = textOfScript(listTabs);
+    return listed.starts_with("Page a\n" + url("a") + '\n');
+  })) << listed;
+  EXPECT_THAT(listed, testing::Not(testing::HasSubstr("secret")));
 }
 
 TEST_F(WebTest, IsKnownWithItsProfileAndProcessWhileItRuns) {
