@@ -105,6 +105,7 @@ TEST_F(RunCommandTest, HandlesEachLaunchURLOfItsCommandLine) {
   EXPECT_EQ(launch({"deskloomplugin://runCommand/a", "deskloomplugin://runCommand/b"}), 0);
   EXPECT_EQ(host.nextLine(), emptyListCommand);
   EXPECT_EQ(host.nextLine(), emptyListCommand) << "by a process that the first one has left it to";
+  EXPECT_THAT(host.linesSoFar(), IsEmpty());
 }
 
 TEST_F(RunCommandTest, SendsAnEmptyListAndLogsWhyWithoutADisplay) {
