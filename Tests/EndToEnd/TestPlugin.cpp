@@ -1,6 +1,8 @@
-// A plug-in that does what its launch URLs say: deskloomplugin://run/save+quit saves and quits.
+// A plug-in that does what its launch URLs say: deskloomplugin://run/save+quit saves and quits. Some steps take a
+// value: deskloomplugin://run/send=17 sends deskloom://sent/17.
 
 #include <chrono>
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <memory>
@@ -8,6 +10,7 @@
 #include <sstream>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "DeskloomSDK/Command.h"
 #include "DeskloomSDK/DeskloomPlugin.h"
@@ -46,9 +49,18 @@ class TestPlugin : public Platform::ApplicationDelegate, public Platform::Window
         {"later", [] { sendLater(); }},
         {"window", [this] { showWindow(); }},
         {"quit", [] { quit(); }}};
+    const std::map<std::string, std::function<void(const std::string&)>> withValue = {
+        {"send", [](const std::string& data) { send("sent", data); }},
+        {"times", [](const std::string& count) { sendNumbered(std::stoul(count)); }},
+        {"payload", [](const std::string& bytes) { send("payload", alphabet(std::stoul(bytes))); }}};
     std::istringstream words(steps);
-    for (std::string step; std::getline(words, step, '+');)
-      known.at(step)();
+    for (std::string step; std::getline(words, step, '+');) {
+      const auto name = step.substr(0, step.find('='));
+      if (name == step)
+        known.at(name)();
+      else
+        withValue.at(name)(step.substr(name.size() + 1));
+    }
   }
 
   void save() {
@@ -56,7 +68,23 @@ class TestPlugin : public Platform::ApplicationDelegate, public Platform::Window
     provider_->save();
   }
 
-  static void send(const std::string& name) { static_cast<void>(DeskloomSDK::Command(name, std::nullopt).send()); }
+  static void send(const std::string& name, std::optional<std::string> data = std::nullopt) {
+    static_cast<void>(DeskloomSDK::Command(name, std::move(data)).send());
+  }
+
+  /// Sends deskloom://times/1 and so on up to `count`.
+  static void sendNumbered(std::size_t count) {
+    for (std::size_t number = 1; number <= count; ++number)
+      send("times", std::to_string(number));
+  }
+
+  /// A text of so many bytes: the alphabet over and over.
+  static std::string alphabet(std::size_t bytes) {
+    std::string text(bytes, 'a');
+    for (std::size_t index = 0; index < bytes; ++index)
+      text[index] = static_cast<char>('a' + index % 26);
+    return text;
+  }
 
   /// As a plug-in does that has to wait for something.
   static void sendLater() {

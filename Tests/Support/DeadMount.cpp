@@ -128,10 +128,9 @@ void DeadMount::unmount() {
   }
 }
 
-void DeadMount::awaitRequest() const {
+bool DeadMount::awaitRequest(std::chrono::milliseconds time) const {
   pollfd requests = {.fd = requests_->number(), .events = POLLIN, .revents = 0};
-  while (poll(&requests, 1, -1) < 0 && errno == EINTR) {
-  }
+  return poll(&requests, 1, milliseconds(time)) > 0;
 }
 
 }  // namespace TestSupport

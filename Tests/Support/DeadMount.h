@@ -1,11 +1,13 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 
 #include <sys/types.h>
 
 #include "DesktopSupport/FileDescriptor.h"
+#include "Tests/Support/Patience.h"
 
 namespace TestSupport {
 
@@ -23,8 +25,8 @@ class DeadMount {
 
   [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
-  /// Waits until somebody has asked for something in it.
-  void awaitRequest() const;
+  /// Waits until somebody has asked for something in it. False if nobody does within `time`.
+  [[nodiscard]] bool awaitRequest(std::chrono::milliseconds time = patience) const;
 
  private:
   void mount();

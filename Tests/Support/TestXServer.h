@@ -15,6 +15,8 @@ class TestXServer {
   TestXServer& operator=(const TestXServer&) = delete;
   ~TestXServer();
 
+  [[nodiscard]] pid_t pid() const { return server_.pid(); }
+
  private:
   ChildProcess server_;
   std::unique_ptr<EnvironmentVariable> display_;

@@ -47,7 +47,7 @@ class DeadMountTest : public testing::Test {
 TEST_F(DeadMountTest, HoldsWhoeverAsksForAFolderInItUntilItsEnd) {
   std::optional<DeadMount> mount(folder.path());
   ChildProcess asking({"stat", folder.path() / "sub"}, {.captureErrors = true});
-  mount->awaitRequest();
+  ASSERT_TRUE(mount->awaitRequest());
   EXPECT_EQ(waitpid(asking.pid(), nullptr, WNOHANG), 0) << "it waits";
   mount.reset();
   EXPECT_NE(asking.readAll(), "");

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <mutex>
+#include <optional>
+#include <set>
+#include <string>
+
+#include <sys/types.h>
+
+#include "Soak/Bus.h"
+#include "Tests/Support/ServingThread.h"
+
+namespace Soak {
+
+/// Notes the processes that own a name on the bus, one after the other.
+class Owners {
+ public:
+  explicit Owners(const std::string& busName);
+  Owners(const Owners&) = delete;
+  Owners& operator=(const Owners&) = delete;
+  ~Owners();
+
+  /// Whether the process has had the name since this was made.
+  [[nodiscard]] bool include(pid_t process) const;
+
+ private:
+  static void ownerChanged(GDBusConnection* bus, const gchar* sender, const gchar* path, const gchar* interface,
+                           const gchar* signal, GVariant* arguments, gpointer self);
+  static void processTold(GObject* bus, GAsyncResult* result, gpointer self);
+
+  DesktopSupport::MainContextHandle context_;
+  Bus bus_;
+  mutable std::mutex mutex_;
+  std::set<pid_t> processes_;
+  guint subscription_ = 0;
+  std::optional<TestSupport::ServingThread> thread_;
+};
+
+}  // namespace Soak

@@ -1,0 +1,134 @@
+#include "Soak/Report.h"
+
+#include <algorithm>
+#include <csignal>
+#include <fstream>
+#include <iomanip>
+#include <map>
+
+#include "DesktopSupport/DisplayableText.h"
+#include "Soak/Process.h"
+
+namespace Soak {
+
+namespace {
+
+double milliseconds(const Launch& launch) {
+  return std::chrono::duration<double, std::milli>(launch.end - launch.begin).count();
+}
+
+/// The values in order, of which shares can be asked.
+class Times {
+ public:
+  explicit Times(const std::vector<Launch>& launches) {
+    for (const Launch& launch : launches)
+      if (launch.isAcknowledged)
+        times_.push_back(milliseconds(launch));
+    std::ranges::sort(times_);
+  }
+
+  /// The time in which this share of the launches was acknowledged; 0 if none was.
+  [[nodiscard]] double of(double share) const {
+    if (times_.empty())
+      return 0;
+    const auto last = static_cast<double>(times_.size() - 1);
+    return times_[static_cast<std::size_t>(share * last)];
+  }
+
+ private:
+  std::vector<double> times_;
+};
+
+bool wasGivenToAKilled(const Launch& launch, const std::vector<Launch>& launches, const Owners* owners) {
+  return launch.isUnanswered && owners != nullptr && std::ranges::any_of(launches, [&](const Launch& killed) {
+           return killed.signal == SIGKILL && killed.signalled >= launch.begin && killed.signalled <= launch.end &&
+                  owners->include(killed.process);
+         });
+}
+
+std::string lastLineOfLog() {
+  std::ifstream log(Process::log());
+  std::string last;
+  for (std::string line; std::getline(log, line);)
+    last = line;
+  return DesktopSupport::displayable(last.substr(0, 200));
+}
+
+}  // namespace
+
+void Report::demand(bool holds, const std::string& otherwise) {
+  if (!holds)
+    broken_.push_back(otherwise);
+}
+
+void Report::demandNone(std::size_t count, const std::string& what) {
+  demand(count == 0, std::to_string(count) + ' ' + what);
+}
+
+std::string Report::line() const {
+  if (holds())
+    return figures_.str() + ": held";
+  std::string text = figures_.str() + ": NOT HELD";
+  const char* separator = ": ";
+  for (const std::string& wrong : broken_) {
+    text += separator + wrong;
+    separator = ", ";
+  }
+  if (const auto last = lastLineOfLog(); !last.empty())
+    text += "; the log ends with: " + last;
+  return text;
+}
+
+double reportLaunches(Report& report, const Plan& plan, const std::vector<Launch>& launches, const Owners* owners) {
+  std::size_t killed = 0;
+  std::size_t ended = 0;
+  std::size_t givenToKilled = 0;
+  std::size_t refused = 0;
+  std::map<std::string, std::size_t> errors;
+  for (const Launch& launch : launches) {
+    killed += launch.signal == SIGKILL ? 1 : 0;
+    ended += launch.signal == SIGTERM ? 1 : 0;
+    if (launch.error.empty())
+      continue;
+    if (wasGivenToAKilled(launch, launches, owners))
+      ++givenToKilled;
+    else if (launch.isRefused && plan.mayBeRefused)
+      ++refused;
+    else
+      ++errors[launch.error];
+  }
+  const Times times(launches);
+  auto& figures = report.figures();
+  figures << launches.size() << " launches";
+  if (killed + ended > 0)
+    figures << " (" << killed << " killed, with " << givenToKilled << " more in their hands, " << ended << " ended)";
+  if (refused > 0)
+    figures << " (" << refused << " refused by the bus)";
+  figures << std::fixed << std::setprecision(0) << ", p50 " << times.of(0.5) << " ms, p99 " << times.of(0.99)
+          << " ms, max " << times.of(1) << " ms";
+  report.demandNone(static_cast<std::size_t>(plan.count) - launches.size(), "never begun");
+  for (const auto& [error, count] : errors)
+    report.demandNone(count, "failed with \"" + error + '"');
+  return times.of(0.99);
+}
+
+void demandDelivery(Report& report, const std::vector<Launch>& launches, const std::vector<std::string>& received) {
+  std::map<std::string, int> times;
+  for (const std::string& line : received)
+    ++times[line];
+  std::size_t lost = 0;
+  std::size_t doubled = 0;
+  for (const Launch& launch : launches) {
+    const auto count = times["deskloom://sent/" + std::to_string(launch.number)];
+    lost += launch.isAcknowledged && count == 0 ? 1 : 0;
+    doubled += count > 1 ? 1 : 0;
+  }
+  report.demandNone(lost, "lost");
+  report.demandNone(doubled, "doubled");
+}
+
+std::size_t acknowledged(const std::vector<Launch>& launches) {
+  return static_cast<std::size_t>(std::ranges::count_if(launches, &Launch::isAcknowledged));
+}
+
+}  // namespace Soak

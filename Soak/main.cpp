@@ -1,0 +1,44 @@
+// Runs one scenario on the desktop at hand and prints what it has measured: script/soak gives each a desktop of its
+// own.
+
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "Soak/Host.h"
+#include "Soak/Scenarios.h"
+
+namespace {
+
+using Soak::Settings;
+
+const std::map<std::string_view, Soak::Report (*)(const Settings&)> scenarios = {
+    {"launches", Soak::launches}, {"restarts", Soak::restarts}, {"limits", Soak::limits},
+    {"mount", Soak::mount},       {"stopped", Soak::stopped},   {"payloads", Soak::payloads}};
+
+int numberFrom(std::string_view text) {
+  int number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  if (argumentCount == 2 && std::strcmp(arguments[1], Soak::hostOption) == 0)
+    return Soak::beHost();
+  const auto scenario = argumentCount < 2 ? scenarios.end() : scenarios.find(arguments[1]);
+  if (scenario == scenarios.end() || argumentCount > 3) {
+    std::fprintf(stderr, "Usage: %s SCENARIO [LAUNCHES]\n", arguments[0]);
+    return 2;
+  }
+  Settings settings;
+  if (argumentCount == 3)
+    settings.launches = numberFrom(arguments[2]);
+  const Soak::Report report = scenario->second(settings);
+  std::printf("%s: %s\n", arguments[1], report.line().c_str());
+  return report.holds() ? 0 : 1;
+}
