@@ -1,5 +1,6 @@
 #include "Soak/Launch.h"
 
+#include <algorithm>
 #include <csignal>
 #include <mutex>
 #include <optional>
@@ -28,39 +29,46 @@ milliseconds since(Clock::time_point begin) {
   return std::chrono::duration_cast<milliseconds>(Clock::now() - begin);
 }
 
-/// A signal, and how long after its start a process gets it.
-struct Strike {
-  int signal;
-  milliseconds delay;
-};
-
-/// Deals out the signals, so that the planned share of all launches gets them.
+/// Deals out the signals, so that the planned share of the launches brings one.
 class Strikes {
  public:
   explicit Strikes(const Plan& plan) : killed_{SIGKILL, plan.percentKilled}, ended_{SIGTERM, plan.percentEnded} {}
 
-  /// What hits the process of the launch of this number.
-  std::optional<Strike> next(int number) {
+  /// The signal that the launch of this number brings, if any.
+  std::optional<int> next(int number) {
     const std::scoped_lock lock(mutex_);
     for (Share* share : {&killed_, &ended_})
       if (100 * share->count < share->percent * number) {
         ++share->count;
-        return Strike{share->signal, delay()};
+        return share->signal;
       }
     return std::nullopt;
   }
 
-  /// The process had ended before.
-  void missed(int signal) {
+  /// A moment at which the process of a launch is probably still there, after its start.
+  milliseconds delay() {
     const std::scoped_lock lock(mutex_);
-    --(signal == SIGKILL ? killed_ : ended_).count;
+    return milliseconds(std::uniform_int_distribution<milliseconds::rep>(0, usual_.count())(random_));
   }
 
-  /// Notes how long a process takes that gets no signal.
+  /// Notes how long the process of a launch takes.
   void note(milliseconds duration) {
     const std::scoped_lock lock(mutex_);
     usual_ += (duration - usual_) / 8;
   }
+
+  /// Sends the process the signal; another launch brings it if the process has ended.
+  void hit(std::optional<pid_t> process, const std::string& program, int signal) {
+    const auto now = Clock::now();
+    const bool isHit = process && sendTo(*process, program, signal);
+    const std::scoped_lock lock(mutex_);
+    if (isHit)
+      strikes_.push_back({*process, signal, now});
+    else
+      --(signal == SIGKILL ? killed_ : ended_).count;
+  }
+
+  std::vector<Strike> take() { return std::move(strikes_); }
 
  private:
   struct Share {
@@ -69,28 +77,25 @@ class Strikes {
     int count = 0;
   };
 
-  milliseconds delay() {
-    return milliseconds(std::uniform_int_distribution<milliseconds::rep>(0, usual_.count())(random_));
-  }
-
   std::mutex mutex_;
   std::mt19937 random_;
   milliseconds usual_{20};
   Share killed_;
   Share ended_;
+  std::vector<Strike> strikes_;
 };
 
 class Launches {
  public:
   explicit Launches(const Plan& plan) : plan_(plan), strikes_(plan), deadline_(Clock::now() + plan.time) {}
 
-  std::vector<Launch> carryOut() {
+  Outcome carryOut() {
     {
       std::vector<std::jthread> threads;
       for (int thread = 0; thread < plan_.atATime; ++thread)
         threads.emplace_back([this] { launchInTurn(); });
     }
-    return std::move(launches_);
+    return {std::move(launches_), strikes_.take()};
   }
 
  private:
@@ -119,8 +124,10 @@ class Launches {
     Launch launch{.number = number, .door = Door::commandLine, .begin = Clock::now()};
     Process process({plan_.plugin.program, plan_.url(number)});
     launch.process = process.pid();
-    if (const auto strike = strikes_.next(number))
-      hit(process, *strike, launch);
+    if (const auto signal = strikes_.next(number)) {
+      static_cast<void>(process.endsWithin(strikes_.delay()));
+      strikes_.hit(process.pid(), plan_.plugin.program, *signal);
+    }
     const bool isHung = !process.endsWithin(longestLaunch);
     if (isHung)
       process.send(SIGKILL);
@@ -129,22 +136,15 @@ class Launches {
     launch.isAcknowledged = WIFEXITED(status) && WEXITSTATUS(status) == 0;
     if (isHung)
       launch.error = "a process does not end";
-    else if (!launch.isAcknowledged && launch.signal == 0)
+    else if (!launch.isAcknowledged)
       launch.error = "a process ended with " + std::to_string(status);
-    if (launch.signal == 0)
-      strikes_.note(since(launch.begin));
+    strikes_.note(since(launch.begin));
     return launch;
   }
 
-  void hit(const Process& process, const Strike& strike, Launch& launch) {
-    if (process.endsWithin(strike.delay))
-      return strikes_.missed(strike.signal);
-    launch.signalled = Clock::now();
-    launch.signal = strike.signal;
-    process.send(strike.signal);
-  }
-
-  Launch byBus(int number, const Bus& bus) const {
+  Launch byBus(int number, const Bus& bus) {
+    if (const auto signal = strikes_.next(number))
+      strikes_.hit(bus.ownerOf(plan_.plugin.busName), plan_.plugin.program, *signal);
     Launch launch{.number = number, .door = Door::bus, .begin = Clock::now()};
     const auto error = bus.open(plan_.plugin.busName, plan_.url(number), longestLaunch);
     launch.end = Clock::now();
@@ -171,7 +171,11 @@ std::string numberedCommand(int number) {
   return "deskloomplugin://run/send=" + std::to_string(number) + "+quit";
 }
 
-std::vector<Launch> carryOut(const Plan& plan) {
+std::size_t Outcome::acknowledged() const {
+  return static_cast<std::size_t>(std::ranges::count_if(launches, &Launch::isAcknowledged));
+}
+
+Outcome carryOut(const Plan& plan) {
   return Launches(plan).carryOut();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -34,7 +35,9 @@ struct Plan {
   std::function<std::string(int number)> url;
   /// No launch begins after that.
   std::chrono::seconds time;
-  /// How many percent of the launches are killed, and how many ended with SIGTERM, at random moments on their way.
+  /// How many processes are killed, and how many ended with SIGTERM, in percent of the launches: of those by the
+  /// command line their own, at random moments, and of those by the bus the one that has the plug-in's name when they
+  /// begin.
   int percentKilled = 0;
   int percentEnded = 0;
   /// Whether the bus may refuse some, for its limits.
@@ -53,11 +56,9 @@ struct Launch {
   Clock::time_point end = {};
   /// Its process exited with status 0, or its method call was answered.
   bool isAcknowledged = false;
-  /// Its process, if it has one, and the signal that it was sent on its way.
+  /// Its process; -1 for a method call.
   pid_t process = -1;
-  int signal = 0;
-  Clock::time_point signalled = {};
-  /// Why it was not acknowledged. A process that was sent a signal has none.
+  /// Why it was not acknowledged.
   std::string error = {};
   /// Whether that is that the process which the bus gave it to ended without an answer.
   bool isUnanswered = false;
@@ -65,7 +66,23 @@ struct Launch {
   bool isRefused = false;
 };
 
-/// Launches as planned and yields all that have begun, each of which has ended.
-std::vector<Launch> carryOut(const Plan& plan);
+/// A process that was sent SIGKILL or SIGTERM.
+struct Strike {
+  pid_t process;
+  int signal;
+  Clock::time_point time;
+};
+
+struct Outcome {
+  /// All launches that have begun, each of which has ended.
+  std::vector<Launch> launches;
+  std::vector<Strike> strikes;
+
+  /// How many of the launches were acknowledged.
+  [[nodiscard]] std::size_t acknowledged() const;
+};
+
+/// Launches as planned.
+Outcome carryOut(const Plan& plan);
 
 }  // namespace Soak

@@ -49,8 +49,8 @@ Report mount(const Settings& settings) {
   const std::size_t received = Hosts().received().size();
   reportLaunches(report, plan, made);
   report.figures() << " while one " << (waits ? "waits" : "does not ask") << " for a folder";
-  report.demand(received >= acknowledged(made), std::to_string(acknowledged(made) - received) + " lost");
-  report.demand(received <= acknowledged(made) + 1, std::to_string(received - acknowledged(made)) + " too many");
+  report.demand(received >= made.acknowledged(), std::to_string(made.acknowledged() - received) + " lost");
+  report.demand(received <= made.acknowledged() + 1, std::to_string(received - made.acknowledged()) + " too many");
   mount.reset();
   report.demand(waiting.endsWithin(timeToEnd), "the one that waits never ends");
   return report;

@@ -78,6 +78,14 @@ Process::End Process::wait() {
   return {.status = status, .peakMemory = usage.ru_maxrss * 1024};
 }
 
+bool sendTo(pid_t process, const std::filesystem::path& program, int signal) {
+  const DesktopSupport::FileDescriptor handle(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
+  std::error_code ignored;
+  const auto running = std::filesystem::read_symlink("/proc/" + std::to_string(process) + "/exe", ignored);
+  return running == std::filesystem::canonical(program) &&
+         syscall(SYS_pidfd_send_signal, handle.number(), signal, nullptr, 0) == 0;
+}
+
 std::vector<pid_t> processesOf(const std::filesystem::path& program) {
   const auto file = std::filesystem::canonical(program);
   const std::string desktop = std::string("DESKLOOM_DESKTOP_ID=") + std::getenv("DESKLOOM_DESKTOP_ID") + '\0';

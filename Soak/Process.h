@@ -55,6 +55,9 @@ class Process {
   bool isOver_ = false;
 };
 
+/// Sends a signal to the process of this number, unless it has ended or doesn't run the program. Yields whether it did.
+bool sendTo(pid_t process, const std::filesystem::path& program, int signal);
+
 /// The processes of this desktop that run a program.
 std::vector<pid_t> processesOf(const std::filesystem::path& program);
 

@@ -39,10 +39,23 @@ class Times {
   std::vector<double> times_;
 };
 
-bool wasGivenToAKilled(const Launch& launch, const std::vector<Launch>& launches, const Owners* owners) {
-  return launch.isUnanswered && owners != nullptr && std::ranges::any_of(launches, [&](const Launch& killed) {
-           return killed.signal == SIGKILL && killed.signalled >= launch.begin && killed.signalled <= launch.end &&
-                  owners->include(killed.process);
+std::ptrdiff_t countOf(int signal, const Outcome& outcome) {
+  return std::ranges::count(outcome.strikes, signal, &Strike::signal);
+}
+
+/// Whether its own process was sent a signal.
+bool wasHit(const Launch& launch, const Outcome& outcome) {
+  return std::ranges::any_of(outcome.strikes, [&](const Strike& strike) {
+    return strike.process == launch.process && strike.time >= launch.begin && strike.time <= launch.end;
+  });
+}
+
+/// Whether it failed right after a process was killed that the bus may have given it to.
+bool wasGivenToAKilled(const Launch& launch, const Outcome& outcome, const Owners* owners) {
+  constexpr std::chrono::seconds rightAfter{1};
+  return launch.isUnanswered && owners != nullptr && std::ranges::any_of(outcome.strikes, [&](const Strike& strike) {
+           return strike.signal == SIGKILL && owners->include(strike.process) && strike.time <= launch.end &&
+                  launch.end - strike.time < rightAfter;
          });
 }
 
@@ -79,56 +92,49 @@ std::string Report::line() const {
   return text;
 }
 
-double reportLaunches(Report& report, const Plan& plan, const std::vector<Launch>& launches, const Owners* owners) {
-  std::size_t killed = 0;
-  std::size_t ended = 0;
+double reportLaunches(Report& report, const Plan& plan, const Outcome& outcome, const Owners* owners) {
   std::size_t givenToKilled = 0;
   std::size_t refused = 0;
   std::map<std::string, std::size_t> errors;
-  for (const Launch& launch : launches) {
-    killed += launch.signal == SIGKILL ? 1 : 0;
-    ended += launch.signal == SIGTERM ? 1 : 0;
-    if (launch.error.empty())
+  for (const Launch& launch : outcome.launches) {
+    if (launch.error.empty() || wasHit(launch, outcome))
       continue;
-    if (wasGivenToAKilled(launch, launches, owners))
+    if (wasGivenToAKilled(launch, outcome, owners))
       ++givenToKilled;
     else if (launch.isRefused && plan.mayBeRefused)
       ++refused;
     else
       ++errors[launch.error];
   }
-  const Times times(launches);
+  const Times times(outcome.launches);
   auto& figures = report.figures();
-  figures << launches.size() << " launches";
-  if (killed + ended > 0)
-    figures << " (" << killed << " killed, with " << givenToKilled << " more in their hands, " << ended << " ended)";
+  figures << outcome.launches.size() << " launches";
+  if (!outcome.strikes.empty())
+    figures << " (" << countOf(SIGKILL, outcome) << " processes killed, with " << givenToKilled
+            << " calls in their hands, " << countOf(SIGTERM, outcome) << " ended)";
   if (refused > 0)
     figures << " (" << refused << " refused by the bus)";
   figures << std::fixed << std::setprecision(0) << ", p50 " << times.of(0.5) << " ms, p99 " << times.of(0.99)
           << " ms, max " << times.of(1) << " ms";
-  report.demandNone(static_cast<std::size_t>(plan.count) - launches.size(), "never begun");
+  report.demandNone(static_cast<std::size_t>(plan.count) - outcome.launches.size(), "never begun");
   for (const auto& [error, count] : errors)
     report.demandNone(count, "failed with \"" + error + '"');
   return times.of(0.99);
 }
 
-void demandDelivery(Report& report, const std::vector<Launch>& launches, const std::vector<std::string>& received) {
+void demandDelivery(Report& report, const Outcome& outcome, const std::vector<std::string>& received) {
   std::map<std::string, int> times;
   for (const std::string& line : received)
     ++times[line];
   std::size_t lost = 0;
   std::size_t doubled = 0;
-  for (const Launch& launch : launches) {
+  for (const Launch& launch : outcome.launches) {
     const auto count = times["deskloom://sent/" + std::to_string(launch.number)];
     lost += launch.isAcknowledged && count == 0 ? 1 : 0;
     doubled += count > 1 ? 1 : 0;
   }
   report.demandNone(lost, "lost");
   report.demandNone(doubled, "doubled");
-}
-
-std::size_t acknowledged(const std::vector<Launch>& launches) {
-  return static_cast<std::size_t>(std::ranges::count_if(launches, &Launch::isAcknowledged));
 }
 
 }  // namespace Soak

@@ -31,16 +31,12 @@ class Report {
 };
 
 /// Tells how many launches there were and how long those took that were acknowledged. Demands that all planned ones
-/// began and that none failed, but for those that were sent a signal, and those that the bus had given to a process
-/// that was killed: one of `owners`. Yields the time in which 99 % were acknowledged, in milliseconds.
-double reportLaunches(Report& report, const Plan& plan, const std::vector<Launch>& launches,
-                      const Owners* owners = nullptr);
+/// began and that none failed, but for those whose process was sent a signal, and those that the bus had given to a
+/// process that was killed: one of `owners`. Yields the time in which 99 % were acknowledged, in milliseconds.
+double reportLaunches(Report& report, const Plan& plan, const Outcome& outcome, const Owners* owners = nullptr);
 
 /// Demands that the hosts have received "deskloom://sent/NUMBER" once for each launch that was acknowledged, and at
 /// most once for each other one.
-void demandDelivery(Report& report, const std::vector<Launch>& launches, const std::vector<std::string>& received);
-
-/// How many of the launches were acknowledged.
-std::size_t acknowledged(const std::vector<Launch>& launches);
+void demandDelivery(Report& report, const Outcome& outcome, const std::vector<std::string>& received);
 
 }  // namespace Soak

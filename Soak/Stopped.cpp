@@ -66,9 +66,9 @@ Report stopped(const Settings& settings) {
   report.demand(before.size() == 1 && before.front().find("soak") != std::string::npos, "the window was never listed");
   const auto same = before.empty() ? 0 : std::ranges::count(received, before.front()) - 1;
   report.figures() << ", " << same << " with the window";
-  report.demand(
-      received.size() - before.size() == acknowledged(made) && same == static_cast<std::ptrdiff_t>(acknowledged(made)),
-      std::to_string(received.size() - before.size()) + " arrived");
+  report.demand(received.size() - before.size() == made.acknowledged() &&
+                    same == static_cast<std::ptrdiff_t>(made.acknowledged()),
+                std::to_string(received.size() - before.size()) + " arrived");
   return report;
 }
 
