@@ -104,8 +104,7 @@ class Launches {
     while (const int number = next()) {
       if (number == plan_.count / 2 + 1)
         plan_.halfway();
-      // In pairs, as every second number would be in step with every second launch at a time.
-      add(number / 2 % 2 == 0 ? byCommandLine(number) : byBus(number, bus));
+      add(nextDoor() == Door::commandLine ? byCommandLine(number) : byBus(number, bus));
     }
   }
 
@@ -113,6 +112,12 @@ class Launches {
   int next() {
     const std::scoped_lock lock(mutex_);
     return begun_ < plan_.count && Clock::now() < deadline_ ? ++begun_ : 0;
+  }
+
+  /// At random, as those that bring a signal are evenly spaced.
+  Door nextDoor() {
+    const std::scoped_lock lock(mutex_);
+    return random_() % 2 == 0 ? Door::commandLine : Door::bus;
   }
 
   void add(Launch launch) {
@@ -161,6 +166,7 @@ class Launches {
   Strikes strikes_;
   Clock::time_point deadline_;
   std::mutex mutex_;
+  std::mt19937 random_;
   int begun_ = 0;
   std::vector<Launch> launches_;
 };

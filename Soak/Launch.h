@@ -25,7 +25,7 @@ extern const Plugin gleanery;
 /// The launch URL that has the soak plug-in send "deskloom://sent/NUMBER" and quit.
 std::string numberedCommand(int number);
 
-/// Many launches of a plug-in, one half by its command line and the other half by the bus.
+/// Many launches of a plug-in, about one half by its command line and the other half by the bus.
 struct Plan {
   const Plugin& plugin;
   int count;

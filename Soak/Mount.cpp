@@ -43,6 +43,7 @@ Report mount(const Settings& settings) {
   const FileManager fileManager(folder.path() / "documents");
   Process waiting({gleanery.program, "deskloomplugin://runCommand/finder"});
   const bool waits = mount->awaitRequest(timeToAsk);
+  report.demand(waits || waiting.endsWithin(timeToAsk), "nobody has asked for the folder");
 
   const auto made = carryOut(plan);
   static_cast<void>(awaitEndOf(gleanery.program, timeToEnd, waiting.pid()));
