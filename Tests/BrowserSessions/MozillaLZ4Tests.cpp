@@ -50,6 +50,21 @@ TEST(MozillaLZ4, RefusesSizesThatAreNotThoseOfTheContents) {
   EXPECT_FALSE(mozillaLZ4Contents(mozillaLZ4File(5, "")));
 }
 
+TEST(MozillaLZ4, MakesNoRoomForMoreThanABlockCanHold) {
+  const std::string block = "\x50hello";
+  EXPECT_EQ(mozillaLZ4Contents(mozillaLZ4File(255 * 7 - 1, block)).error(), "Its compressed contents are damaged.");
+  EXPECT_EQ(mozillaLZ4Contents(mozillaLZ4File(255 * 7, block)).error(),
+            "It cannot hold the 1785 bytes that it claims.");
+}
+
+TEST(MozillaLZ4, MakesNoRoomForMoreThan256MiB) {
+  const std::size_t limit = 256 << 20;
+  const std::string block(limit / 255 + 1, '\0');
+  EXPECT_EQ(mozillaLZ4Contents(mozillaLZ4File(limit, block)).error(), "Its compressed contents are damaged.");
+  EXPECT_EQ(mozillaLZ4Contents(mozillaLZ4File(limit + 1, block)).error(),
+            "It cannot hold the 268435457 bytes that it claims.");
+}
+
 TEST(MozillaLZ4, RefusesReferencesToWhatIsNotThere) {
   EXPECT_FALSE(mozillaLZ4Contents(mozillaLZ4File(15, "\x15-\x02\0\x50lasts"sv))) << "before the beginning";
   EXPECT_FALSE(mozillaLZ4Contents(mozillaLZ4File(15, "\x15-\xff\xff\x50lasts"sv))) << "long before the beginning";

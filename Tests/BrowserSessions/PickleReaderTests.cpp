@@ -42,6 +42,7 @@ TEST(PickleReader, NeedsAHeaderThatGoesWithTheLength) {
   EXPECT_FALSE(PickleReader::open(""));
   EXPECT_FALSE(PickleReader::open("\0\0\0"s));
   EXPECT_FALSE(PickleReader::open(SessionLogWriter::number(5) + "four")) << "more than there is";
+  EXPECT_FALSE(PickleReader::open(SessionLogWriter::number(8) + "four")) << "more than there is, were it no header";
   EXPECT_FALSE(PickleReader::open(SessionLogWriter::number(-1) + "four"));
   EXPECT_FALSE(PickleReader::open(SessionLogWriter::number(3) + "four")) << "a header of five bytes";
 }

@@ -28,6 +28,13 @@ TEST_F(FileContents, AreThoseOfFilesWithoutASizeToo) {
   EXPECT_TRUE(fileContents("/proc/self/cmdline", 1 << 20));
 }
 
+// A file that grows while it is read says too little as well.
+TEST_F(FileContents, AreReadUpToTheMaximumOnlyWhateverTheFileSaysOfItsSize) {
+  const auto size = fileContents("/proc/self/cmdline", 1 << 20).value().size();
+  EXPECT_TRUE(fileContents("/proc/self/cmdline", size));
+  EXPECT_EQ(fileContents("/proc/self/cmdline", size - 1), std::nullopt);
+}
+
 TEST_F(FileContents, AreAbsentWithoutAFile) {
   EXPECT_EQ(fileContents(folder_.path() / "missing", 10), std::nullopt);
   EXPECT_EQ(fileContents(folder_.path(), 10), std::nullopt) << "a folder";

@@ -59,6 +59,16 @@ TEST_F(UpdateStateFileTest, TakesAFileThatIsTooLongAsNone) {
   EXPECT_EQ((*lock())->read().lastCheck, std::nullopt);
 }
 
+TEST_F(UpdateStateFileTest, FollowsNoLinkInPlaceOfItsLock) {
+  const auto path = folder.write("state/deskloom/com.example.Plugin.updates", "").string() + ".lock";
+  const auto target = folder.path() / "target";
+  std::filesystem::create_symlink(target, path);
+  const auto locked = lock();
+  ASSERT_FALSE(locked);
+  EXPECT_EQ(locked.error(), "cannot use " + path + ": Too many levels of symbolic links");
+  EXPECT_FALSE(std::filesystem::exists(target));
+}
+
 TEST_F(UpdateStateFileTest, SaysWhereItsFolderCannotBeMade) {
   folder.write("state", "in the way");
   const auto locked = lock();
