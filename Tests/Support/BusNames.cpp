@@ -1,5 +1,7 @@
 #include "Tests/Support/BusNames.h"
 
+#include <stdexcept>
+
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
@@ -20,6 +22,7 @@ using DesktopSupport::VariantHandle;
 struct Wait {
   bool wanted;
   bool over = false;
+  bool isLate = false;
 };
 
 void await(const std::string& busName, bool owned) {
@@ -32,11 +35,19 @@ void await(const std::string& busName, bool owned) {
     auto* state = static_cast<Wait*>(data);
     state->over = !state->wanted;
   };
+  const auto beLate = [](gpointer data) -> gboolean {
+    static_cast<Wait*>(data)->isLate = true;
+    return G_SOURCE_CONTINUE;
+  };
+  const guint alarm = g_timeout_add(milliseconds(patience), beLate, &wait);
   const guint watch = g_bus_watch_name(G_BUS_TYPE_SESSION, busName.c_str(), G_BUS_NAME_WATCHER_FLAGS_NONE, appeared,
                                        vanished, &wait, nullptr);
-  while (!wait.over)
+  while (!wait.over && !wait.isLate)
     g_main_context_iteration(nullptr, /*may_block=*/TRUE);
   g_bus_unwatch_name(watch);
+  g_source_remove(alarm);
+  if (!wait.over)
+    throw std::runtime_error(busName + (owned ? " does not appear on the session bus" : " stays on the session bus"));
 }
 
 /// Calls a method and waits for the answer, which may take a program's start. False, and a failure of the test, where

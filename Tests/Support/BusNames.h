@@ -4,10 +4,10 @@
 
 namespace TestSupport {
 
-/// Waits until somebody has this name on the session bus. Starts nobody.
+/// Waits until somebody has this name on the session bus. Starts nobody. Throws if nobody does in time.
 void awaitOwner(const std::string& busName);
 
-/// Waits until nobody has this name on the session bus.
+/// Waits until nobody has this name on the session bus. Throws if somebody still has it in the end.
 void awaitNoOwner(const std::string& busName);
 
 /// Calls org.freedesktop.Application.Open of the application with this bus name, which the bus starts if needed, and

@@ -4,13 +4,17 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <stdexcept>
 #include <utility>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "DesktopSupport/FileDescriptor.h"
 #include "Tests/Support/ProcessKeeper.h"
 
 namespace TestSupport {
@@ -39,12 +43,29 @@ void applyEnvironment(const std::map<std::string, std::string>& environment) {
   _exit(127);
 }
 
+/// Whether the descriptor becomes ready to be read from.
+bool isReadable(int descriptor, ChildProcess::Duration atMost) {
+  pollfd waited = {.fd = descriptor, .events = POLLIN, .revents = 0};
+  int count = 0;
+  do
+    count = poll(&waited, 1, milliseconds(atMost));
+  while (count < 0 && errno == EINTR);
+  return count > 0;
+}
+
+/// As much of a line as a message has room for.
+std::string shortened(const std::string& line) {
+  constexpr std::size_t longest = 200;
+  return line.size() > longest ? line.substr(0, longest) + "…" : line;
+}
+
 }  // namespace
 
-ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Options& options) {
+ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Options& options)
+    : program_(arguments.at(0)) {
   std::array<int, 2> ends{};
   if (pipe2(ends.data(), O_CLOEXEC) != 0) {
-    ADD_FAILURE() << "no pipe for " << arguments.at(0);
+    ADD_FAILURE() << "no pipe for " << program_;
     return;
   }
   const auto start = [&] { become(arguments, options, ends[1]); };
@@ -62,22 +83,26 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments, const Opti
 }
 
 ChildProcess::ChildProcess(ChildProcess&& other) noexcept
-    : pid_(std::exchange(other.pid_, -1)),
+    : program_(std::move(other.program_)),
+      pid_(std::exchange(other.pid_, -1)),
       waited_(std::exchange(other.waited_, -1)),
       output_(std::exchange(other.output_, -1)),
-      buffer_(std::move(other.buffer_)) {}
+      buffer_(std::move(other.buffer_)),
+      lines_(std::move(other.lines_)) {}
 
 ChildProcess::~ChildProcess() {
   if (waited_ > 0) {
     // A keeper kills the program and its helpers, and then ends.
     kill(waited_, waited_ == pid_ ? SIGKILL : SIGTERM);
-    wait();
+    takeExitStatus();
   }
   if (output_ >= 0)
     close(output_);
 }
 
-bool ChildProcess::readMore() {
+bool ChildProcess::readMore(Duration atMost, const std::string& awaited) {
+  if (!isReadable(output_, atMost))
+    throw std::runtime_error(program_ + ": " + awaited + " does not come; so far:" + outputSoFar());
   std::array<char, 65536> bytes{};
   ssize_t count = 0;
   do
@@ -89,28 +114,47 @@ bool ChildProcess::readMore() {
   return true;
 }
 
-std::optional<std::string> ChildProcess::readLine() {
+std::string ChildProcess::outputSoFar() const {
+  std::string text;
+  for (const std::string& line : lines_)
+    text += "\n  " + line;
+  if (!buffer_.empty())
+    text += "\n  " + shortened(buffer_);
+  return text.empty() ? " nothing" : text;
+}
+
+std::optional<std::string> ChildProcess::readLine(Duration atMost) {
+  const std::string awaited = "line " + std::to_string(lines_.size() + 1);
   std::size_t searched = 0;
   std::size_t end = 0;
   while ((end = buffer_.find('\n', searched)) == std::string::npos) {
     searched = buffer_.size();
-    if (!readMore())
+    if (!readMore(atMost, awaited))
       return std::nullopt;
   }
   std::string line = buffer_.substr(0, end);
   buffer_.erase(0, end + 1);
+  lines_.push_back(shortened(line));
   return line;
 }
 
-std::string ChildProcess::readAll() {
-  while (readMore()) {
+std::string ChildProcess::readAll(Duration atMost) {
+  while (readMore(atMost, "the end of the output")) {
   }
   return std::exchange(buffer_, {});
 }
 
-int ChildProcess::wait() {
+int ChildProcess::wait(Duration atMost) {
   if (waited_ <= 0)
     return -1;
+  // GNU libc 2.36 declares pidfd_open for C alone.
+  const DesktopSupport::FileDescriptor process(static_cast<int>(syscall(SYS_pidfd_open, waited_, 0)));
+  if (process.isOpen() && !isReadable(process.number(), atMost))
+    throw std::runtime_error(program_ + ": its end does not come; so far:" + outputSoFar());
+  return takeExitStatus();
+}
+
+int ChildProcess::takeExitStatus() {
   int status = 0;
   while (waitpid(waited_, &status, 0) < 0 && errno == EINTR) {
   }

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include <sys/types.h>
+
+#include "Tests/Support/Patience.h"
 
 namespace TestSupport {
 
@@ -20,10 +23,12 @@ struct ChildProcessOptions {
   bool hasHelpers = false;
 };
 
-/// A program that a test has started. It is ended with the test, by its process id.
+/// A program that a test has started. It is ended with the test, by its process id. An operation that waits
+/// for the program throws if nothing happens for longer than `atMost`, and says what was awaited and what came before.
 class ChildProcess {
  public:
   using Options = ChildProcessOptions;
+  using Duration = std::chrono::milliseconds;
 
   /// Starts `arguments[0]`, found along PATH, with its standard output in a pipe. Fails the test where it cannot.
   explicit ChildProcess(const std::vector<std::string>& arguments, const Options& options = {});
@@ -32,24 +37,30 @@ class ChildProcess {
   ~ChildProcess();
 
   /// The next line of its output without the line feed, as soon as it is there; none once the output has ended.
-  std::optional<std::string> readLine();
+  std::optional<std::string> readLine(Duration atMost = patience);
 
   /// All the rest of its output.
-  std::string readAll();
+  std::string readAll(Duration atMost = patience);
 
   /// Waits for its end and yields its exit status; 128 and the signal's number where a signal ended it.
-  int wait();
+  int wait(Duration atMost = patience);
 
   [[nodiscard]] pid_t pid() const { return pid_; }
 
  private:
-  bool readMore();
+  /// Appends to the buffer; false once the output has ended. `awaited` is for the message.
+  bool readMore(Duration atMost, const std::string& awaited);
+  [[nodiscard]] std::string outputSoFar() const;
+  int takeExitStatus();
 
+  std::string program_;
   pid_t pid_ = -1;
   /// Whom to wait for: the program, or the keeper of the program and its helpers.
   pid_t waited_ = -1;
   int output_ = -1;
   std::string buffer_;
+  /// The lines that were read, shortened.
+  std::vector<std::string> lines_;
 };
 
 /// Runs a program to its end and yields its exit status.

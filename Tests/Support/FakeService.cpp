@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <utility>
 
+#include "Tests/Support/Patience.h"
+
 namespace TestSupport {
 
 namespace {
@@ -98,12 +100,14 @@ std::vector<std::string> FakeService::calls() const {
 std::string FakeService::awaitCall(const std::string& method) {
   std::unique_lock lock(mutex_);
   std::string found;
-  answered_.wait(lock, [&] {
+  const bool isCalled = answered_.wait_for(lock, patience, [&] {
     for (std::size_t index = 0; index < answeredCalls_; ++index)
       if (calls_[index].starts_with(method + '('))
         found = calls_[index];
     return !found.empty();
   });
+  if (!isCalled)
+    throw std::runtime_error(name_ + ": nobody calls " + method + "; calls so far: " + std::to_string(calls_.size()));
   return found;
 }
 

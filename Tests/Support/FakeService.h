@@ -42,7 +42,7 @@ class FakeService {
   /// What was asked so far, as "Method('argument', 'argument')".
   [[nodiscard]] std::vector<std::string> calls() const;
 
-  /// Waits until a call of the method has been answered, and yields the latest one.
+  /// Waits until a call of the method has been answered, and yields the latest one. Throws if none comes in time.
   [[nodiscard]] std::string awaitCall(const std::string& method);
 
   /// Tells everybody of a signal, with a tuple in GVariant's text form.

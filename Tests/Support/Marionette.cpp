@@ -11,9 +11,14 @@ namespace {
 using namespace DesktopSupport;
 using nlohmann::json;
 
+/// How long a script may take, which may wait several times; what the browser may take to answer is more.
+constexpr std::chrono::seconds scriptPatience = 4 * patience;
+constexpr std::chrono::seconds answerPatience = 5 * patience;
+
 ObjectHandle<GSocketConnection> connectTo(std::uint16_t port) {
   const ObjectHandle<GSocketClient> client(g_socket_client_new());
   g_socket_client_set_enable_proxy(client.get(), FALSE);
+  g_socket_client_set_timeout(client.get(), static_cast<guint>(answerPatience.count()));
   ErrorHandle error;
   ObjectHandle<GSocketConnection> connection(
       g_socket_client_connect_to_host(client.get(), "127.0.0.1", port, nullptr, Out(error)));
@@ -29,7 +34,7 @@ Marionette::Marionette(std::uint16_t port)
       input_(g_data_input_stream_new(g_io_stream_get_input_stream(G_IO_STREAM(connection_.get())))) {
   read();  // what the browser says of itself
   command("WebDriver:NewSession", json::object());
-  command("WebDriver:SetTimeouts", {{"script", milliseconds(10 * patience)}});  // a script may wait several times
+  command("WebDriver:SetTimeouts", {{"script", milliseconds(scriptPatience)}});
   command("Marionette:SetContext", {{"value", "chrome"}});
 }
 
@@ -60,7 +65,7 @@ void Marionette::write(const std::string& text) {
 json Marionette::read() {
   const CharsHandle length(g_data_input_stream_read_upto(input_.get(), ":", 1, nullptr, nullptr, nullptr));
   if (!length)
-    throw std::runtime_error("the browser is gone");
+    throw std::runtime_error("the browser is gone, or does not answer");
   g_data_input_stream_read_byte(input_.get(), nullptr, nullptr);
   std::string text(std::stoul(length.get()), '\0');
   gsize count = 0;

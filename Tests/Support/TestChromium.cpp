@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <stdexcept>
@@ -144,13 +145,15 @@ void TestChromium::openDevTools(const std::string& url) {
 }
 
 void TestChromium::awaitUntil(const std::function<bool()>& condition) {
-  for (;;) {
+  const auto deadline = std::chrono::steady_clock::now() + patience;
+  while (std::chrono::steady_clock::now() < deadline) {
     isChanged_ = false;
     if (condition())
       return;
     if (!isChanged_)
       nextMessage();
   }
+  throw std::runtime_error("Chromium says a lot, and not what is awaited");
 }
 
 bool TestChromium::waitUntilWritten(const std::function<bool()>& condition) const {

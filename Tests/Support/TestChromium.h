@@ -38,7 +38,7 @@ class TestChromium {
   bool hasPage(const std::string& url);
 
   /// Waits until a condition holds; it is looked at again whenever a page or a worker comes, goes or has another
-  /// address.
+  /// address. Throws if the condition does not hold in time.
   void awaitUntil(const std::function<bool()>& condition);
 
   /// The same for a condition that depends on what the browser writes, too. It has to call `run`. False where that

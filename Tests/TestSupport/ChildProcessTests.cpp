@@ -1,6 +1,8 @@
 #include <cerrno>
 #include <csignal>
+#include <functional>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,6 +14,7 @@
 
 namespace {
 
+using namespace std::chrono_literals;
 using TestSupport::ChildProcess;
 using TestSupport::run;
 
@@ -58,6 +61,28 @@ TEST(ChildProcess, SaysNothingMoreWhenItHasClosedItsOutput) {
   for (const bool hasHelpers : {false, true}) {
     ChildProcess program({"sh", "-c", "echo all; exec sleep 4711 >/dev/null"}, {.hasHelpers = hasHelpers});
     EXPECT_EQ(program.readAll(), "all\n");
+  }
+}
+
+/// What the operation throws.
+std::string failure(const std::function<void()>& operation) {
+  try {
+    operation();
+  } catch (const std::runtime_error& error) {
+    return error.what();
+  }
+  return "none";
+}
+
+TEST(ChildProcess, IsNotWaitedForWithoutEnd) {
+  for (const bool hasHelpers : {false, true}) {
+    ChildProcess program({"sh", "-c", R"(printf 'first\nsec'; exec sleep 4711)"}, {.hasHelpers = hasHelpers});
+    EXPECT_EQ(program.readLine(), "first");
+    EXPECT_EQ(failure([&] { program.readLine(1ms); }), "sh: line 2 does not come; so far:\n  first\n  sec");
+    EXPECT_EQ(failure([&] { program.readAll(1ms); }),
+              "sh: the end of the output does not come; so far:\n  first\n  sec");
+    EXPECT_EQ(failure([&] { program.wait(1ms); }), "sh: its end does not come; so far:\n  first\n  sec");
+    EXPECT_TRUE(exists(program.pid()));
   }
 }
 
