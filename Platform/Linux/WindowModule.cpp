@@ -18,10 +18,12 @@ std::unexpected<std::string> loadingProblem() {
 std::expected<WindowToolkit*, std::string> WindowModule::toolkit() {
   if (!toolkit_)
     toolkit_ = load();
-  return *toolkit_;
+  if (!*toolkit_)
+    return std::unexpected(toolkit_->error());
+  return toolkit_->value().get();
 }
 
-std::expected<WindowToolkit*, std::string> WindowModule::load() const {
+WindowModule::Toolkit WindowModule::load() const {
   void* module = dlopen((bundle_.path() / fileName).c_str(), RTLD_NOW | RTLD_LOCAL);
   if (module == nullptr)
     return loadingProblem();
@@ -31,9 +33,9 @@ std::expected<WindowToolkit*, std::string> WindowModule::load() const {
 
   auto* open = reinterpret_cast<OpenWindowToolkit*>(symbol);
   const auto icon = bundle_.information("Icon");
-  WindowToolkit* toolkit = open({.applicationIdentifier = bundle_.identifier().value_or(""),
-                                 .applicationName = bundle_.information("Name").value_or(""),
-                                 .icon = icon ? bundle_.path() / *icon : ""});
+  std::unique_ptr<WindowToolkit> toolkit(open({.applicationIdentifier = bundle_.identifier().value_or(""),
+                                               .applicationName = bundle_.information("Name").value_or(""),
+                                               .icon = icon ? bundle_.path() / *icon : ""}));
   if (toolkit == nullptr)
     return std::unexpected("no display can be opened");
   return toolkit;

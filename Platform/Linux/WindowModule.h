@@ -1,6 +1,7 @@
 #pragma once
 
 #include <expected>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -20,10 +21,12 @@ class WindowModule {
   std::expected<WindowToolkit*, std::string> toolkit();
 
  private:
-  [[nodiscard]] std::expected<WindowToolkit*, std::string> load() const;
+  using Toolkit = std::expected<std::unique_ptr<WindowToolkit>, std::string>;
+
+  [[nodiscard]] Toolkit load() const;
 
   const Bundle& bundle_;
-  std::optional<std::expected<WindowToolkit*, std::string>> toolkit_;
+  std::optional<Toolkit> toolkit_;
 };
 
 }  // namespace Platform::Linux
