@@ -191,7 +191,7 @@ json randomValue(std::mt19937& random, int levels) {
     case 1:
       return random() % 2 == 0;
     case 2:
-      return static_cast<std::int64_t>(random()) * static_cast<std::int64_t>(random()) - (std::int64_t{1} << 40);
+      return static_cast<std::int64_t>(std::uint64_t{random()} << 32 | random());
     case 3:
       return (static_cast<double>(random()) - 2e9) * 1e-7;
     case 6:
