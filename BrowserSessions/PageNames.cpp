@@ -43,7 +43,9 @@ std::string readableHost(std::string_view authority) {
   const std::string_view withPort = authority.substr(authority.rfind('@') + 1);
   const std::string host(withPort.substr(0, withPort.rfind(':')));
   const DesktopSupport::CharsHandle name(host.contains("xn--") ? g_hostname_to_unicode(host.c_str()) : nullptr);
-  return (name ? name.get() : host) + std::string(withPort.substr(host.size()));
+  // GLib decodes some names into bytes that are no text.
+  const bool isText = name && g_utf8_validate(name.get(), -1, nullptr) != FALSE;
+  return (isText ? name.get() : host) + std::string(withPort.substr(host.size()));
 }
 
 // The name of a file together with what follows it in the address.
