@@ -94,7 +94,7 @@ std::optional<Tabs> tabs(WebSocket& devTools) {
   for (const json& target : targets)
     if (auto found = tab(target)) {
       tabs.session.tabs.push_back(std::move(*found));
-      tabs.windowCalls.push_back(call("Browser.getWindowForTarget", {{"targetId", field(target, "targetId")}}));
+      tabs.windowCalls.push_back(call("Browser.getWindowForTarget", {{"targetId", textField(target, "targetId")}}));
     }
   const bool isUnderstood = targets.is_array() && (targets.empty() || !tabs.session.tabs.empty());
   return isUnderstood ? std::optional(std::move(tabs)) : std::nullopt;

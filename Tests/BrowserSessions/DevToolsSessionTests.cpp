@@ -154,6 +154,17 @@ TEST_F(DevToolsSession, TakesFieldsOfAnyKind) {
   EXPECT_EQ(session->tabs, (std::vector<LiveTab>{{.window = 1}}));
 }
 
+TEST_F(DevToolsSession, TakesFieldsOfAnyDepth) {
+  constexpr std::size_t depth = 1'000'000;
+  const std::string nested = std::string(depth, '[') + std::string(depth, ']');
+  const auto targets = [&](const json& id) {
+    return R"({"id":)" + id.dump() + R"(,"result":{"targetInfos":[{"targetId":)" + nested + R"(,"title":)" + nested +
+           R"(,"embedderData":{"tabStripIndex":0}}]}})";
+  };
+  EXPECT_EQ(toldBy(FakeDevTools(except("Target.getTargets", targets))),
+            (LiveSession{.tabs = {}, .mainProfile = "main"}));
+}
+
 // The one test that takes as long as it says.
 TEST_F(DevToolsSession, IsWaitedForHalfASecond) {
   const auto start = std::chrono::steady_clock::now();
