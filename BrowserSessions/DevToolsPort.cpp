@@ -7,6 +7,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "BrowserSessions/HTTPAnswer.h"
 #include "BrowserSessions/JSONFields.h"
 #include "BrowserSessions/LocalConnection.h"
 #include "DesktopSupport/FileContents.h"
@@ -19,9 +20,8 @@ namespace {
 constexpr std::size_t maximumNoteSize = 1 << 10;
 constexpr std::size_t maximumAnswerSize = 1 << 16;
 
-template <typename Number>
-std::optional<Number> number(std::string_view text) {
-  Number value = 0;
+std::optional<std::uint16_t> portNumber(std::string_view text) {
+  std::uint16_t value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   return error == std::errc() && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
 }
@@ -32,28 +32,13 @@ bool isPath(std::string_view text) {
          std::ranges::all_of(text, [](char c) { return g_ascii_isalnum(c) || c == '/' || c == '-'; });
 }
 
-// The size that an HTTP answer gives for what is behind its head, where it is a successful one.
-std::optional<std::size_t> contentSize(std::string head) {
-  std::ranges::transform(head, head.begin(), g_ascii_tolower);
-  constexpr std::string_view field = "\r\ncontent-length:";
-  const auto start = head.find(field);
-  if (!head.starts_with("http/1.1 200 ") || start == std::string::npos)
-    return std::nullopt;
-  const std::string_view rest = std::string_view(head).substr(start + field.size());
-  const auto digits = rest.find_first_not_of(" \t");
-  return digits < rest.find('\r') ? number<std::size_t>(rest.substr(digits, rest.find('\r') - digits)) : std::nullopt;
-}
-
 // The answer to the one question that every browser answers that needs no permission.
 std::optional<std::string> version(std::uint16_t port, LocalConnection::Deadline deadline) {
   auto connection = LocalConnection::open(port, deadline);
   const std::string request =
       "GET /json/version HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(port) + "\r\nConnection: close\r\n\r\n";
-  if (!connection || !connection->write(request))
-    return std::nullopt;
-  const auto head = connection->readTo("\r\n\r\n", maximumAnswerSize);
-  const auto size = head ? contentSize(*head) : std::nullopt;
-  return size && *size <= maximumAnswerSize ? connection->read(*size) : std::nullopt;
+  const bool isAsked = connection && connection->write(request);
+  return isAsked ? readHTTPContent(*connection, maximumAnswerSize) : std::nullopt;
 }
 
 }  // namespace
@@ -61,8 +46,7 @@ std::optional<std::string> version(std::uint16_t port, LocalConnection::Deadline
 std::optional<DevToolsPort> devToolsPort(const std::filesystem::path& userData) {
   const std::string note = DesktopSupport::fileContents(userData / "DevToolsActivePort", maximumNoteSize).value_or("");
   const auto end = note.find('\n');
-  const auto port =
-      end != std::string::npos ? number<std::uint16_t>(std::string_view(note).substr(0, end)) : std::nullopt;
+  const auto port = end != std::string::npos ? portNumber(std::string_view(note).substr(0, end)) : std::nullopt;
   if (!port || *port == 0)
     return std::nullopt;
   std::string path = note.substr(end + 1);

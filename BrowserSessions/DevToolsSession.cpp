@@ -122,11 +122,15 @@ std::optional<LiveSession> inTheirWindows(WebSocket& devTools, Tabs tabs) {
 std::optional<LiveSession> devToolsSession(const std::filesystem::path& userData) {
   const auto port = devToolsPort(userData);
   auto devTools = port ? connectDevTools(*port, in(patience)) : std::nullopt;
-  auto open = devTools ? tabs(*devTools) : std::nullopt;
+  return devTools ? devToolsSession(*devTools) : std::nullopt;
+}
+
+std::optional<LiveSession> devToolsSession(WebSocket& devTools) {
+  auto open = tabs(devTools);
   if (!open)
     return std::nullopt;
-  devTools->setDeadline(in(patienceForWindows));
-  return inTheirWindows(*devTools, std::move(*open));
+  devTools.setDeadline(in(patienceForWindows));
+  return inTheirWindows(devTools, std::move(*open));
 }
 
 }  // namespace BrowserSessions

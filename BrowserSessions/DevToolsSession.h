@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "BrowserSessions/LiveSession.h"
+#include "BrowserSessions/WebSocket.h"
 
 namespace BrowserSessions {
 
@@ -12,5 +13,8 @@ namespace BrowserSessions {
 /// DevTools cannot be used from outside (see `connectDevTools`), answer something else, or are of an older browser, in
 /// which they don't tell the order of the tabs; this takes half a second at most.
 std::optional<LiveSession> devToolsSession(const std::filesystem::path& userData);
+
+/// The same, asked over a WebSocket for the browser as a whole whose deadline is set.
+std::optional<LiveSession> devToolsSession(WebSocket& devTools);
 
 }  // namespace BrowserSessions

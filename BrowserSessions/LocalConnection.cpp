@@ -22,10 +22,14 @@ std::optional<LocalConnection> LocalConnection::open(std::uint16_t port, Deadlin
       g_socket_new(G_SOCKET_FAMILY_IPV4, G_SOCKET_TYPE_STREAM, G_SOCKET_PROTOCOL_TCP, Out(error)));
   if (!socket)
     return std::nullopt;
-  g_socket_set_blocking(socket.get(), FALSE);
   g_socket_set_option(socket.get(), IPPROTO_TCP, TCP_NODELAY, TRUE, nullptr);
   LocalConnection connection(std::move(socket), deadline);
   return connection.connect(port) ? std::optional(std::move(connection)) : std::nullopt;
+}
+
+LocalConnection::LocalConnection(ObjectHandle<GSocket> socket, Deadline deadline)
+    : socket_(std::move(socket)), deadline_(deadline) {
+  g_socket_set_blocking(socket_.get(), FALSE);
 }
 
 bool LocalConnection::connect(std::uint16_t port) {

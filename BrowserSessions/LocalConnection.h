@@ -20,6 +20,9 @@ class LocalConnection {
   /// Connects to the program that listens on this port; none where there is none.
   static std::optional<LocalConnection> open(std::uint16_t port, Deadline deadline);
 
+  /// Takes over a stream socket whose other end is the program's.
+  LocalConnection(DesktopSupport::ObjectHandle<GSocket> socket, Deadline deadline);
+
   void setDeadline(Deadline deadline) { deadline_ = deadline; }
 
   /// Writes all of the bytes; false where that could not be done.
@@ -30,8 +33,6 @@ class LocalConnection {
   std::optional<std::string> readTo(std::string_view end, std::size_t maximum);
 
  private:
-  LocalConnection(DesktopSupport::ObjectHandle<GSocket> socket, Deadline deadline)
-      : socket_(std::move(socket)), deadline_(deadline) {}
   bool connect(std::uint16_t port);
   bool await(GIOCondition condition);
   bool readMore();

@@ -67,9 +67,11 @@ std::string sizeField(std::size_t size) {
 
 std::optional<WebSocket> WebSocket::open(std::uint16_t port, std::string_view path, Deadline deadline) {
   auto connection = LocalConnection::open(port, deadline);
-  if (!connection)
-    return std::nullopt;
-  WebSocket socket(std::move(*connection));
+  return connection ? open(std::move(*connection), port, path) : std::nullopt;
+}
+
+std::optional<WebSocket> WebSocket::open(LocalConnection connection, std::uint16_t port, std::string_view path) {
+  WebSocket socket(std::move(connection));
   return socket.shakeHands(port, path) ? std::optional(std::move(socket)) : std::nullopt;
 }
 

@@ -17,6 +17,9 @@ class WebSocket {
   /// Opens the WebSocket that the program on this port has at a path; none where it has none.
   static std::optional<WebSocket> open(std::uint16_t port, std::string_view path, Deadline deadline);
 
+  /// Opens the WebSocket at a path over a connection to the program on this port; none where it has none.
+  static std::optional<WebSocket> open(LocalConnection connection, std::uint16_t port, std::string_view path);
+
   /// Until then must happen whatever is asked for from now on.
   void setDeadline(Deadline deadline) { connection_.setDeadline(deadline); }
 

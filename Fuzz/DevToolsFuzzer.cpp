@@ -1,0 +1,63 @@
+#include <algorithm>
+#include <string>
+
+#include "BrimlaceTextView/Lines.h"
+#include "BrowserSessions/DevToolsSession.h"
+#include "BrowserSessions/HTTPAnswer.h"
+#include "BrowserSessions/LoggedSession.h"
+#include "Fuzz/SoundSession.h"
+#include "Fuzz/Target.h"
+#include "Fuzz/ToldWebSocket.h"
+#include "Tests/BrowserSessions/FakeWebSocket.h"
+
+namespace {
+
+using BrowserSessions::FakeWebSocket;
+using Fuzz::require;
+
+// A tab has a place, and there is an answer with its window.
+constexpr std::string_view place = R"({"embedderData":{"tabStripIndex":0}})";
+constexpr std::string_view window = R"({"id":0,"result":{"windowId":0}})";
+
+void readAnswer(std::string_view answer) {
+  constexpr std::size_t maximumSize = 1024;
+  Fuzz::ToldConnection server(answer);
+  auto connection = server.takeClient();
+  const auto content = BrowserSessions::readHTTPContent(connection, maximumSize);
+  if (!content)
+    return;
+  require(content->size() <= maximumSize, "An answer has a bounded length.");
+  const auto head = answer.find("\r\n\r\n");
+  require(head != std::string_view::npos && answer.substr(head + 4).starts_with(*content),
+          "The content comes after the head.");
+}
+
+void requireSoundTabs(const BrowserSessions::LiveSession& session, std::size_t inputSize) {
+  require(session.tabs.size() <= inputSize / (place.size() + window.size()), "Each tab was told with its window.");
+  Fuzz::requireUTF8(session.mainProfile);
+  for (const auto& tab : session.tabs)
+    Fuzz::requireUTF8(tab.profile);
+  Fuzz::requireSound(BrowserSessions::joined(session, {}), inputSize, {.tab = place.size(), .window = window.size()});
+}
+
+void readMessages(std::string_view input) {
+  std::string told = Fuzz::webSocketHead();
+  for (const std::string_view message : BrimlaceTextView::lines(input))
+    told += FakeWebSocket::frame(FakeWebSocket::text, message);
+  Fuzz::ToldConnection connection(told);
+  auto devTools = Fuzz::openToldWebSocket(connection);
+  require(devTools.has_value(), "The WebSocket is opened.");
+  if (const auto session = BrowserSessions::devToolsSession(*devTools))
+    requireSoundTabs(*session, input.size());
+}
+
+}  // namespace
+
+// The input is what a browser's DevTools answer: over HTTP if it begins like that, otherwise each line is a message of
+// their WebSocket.
+void Fuzz::run(std::string_view input) {
+  if (input.starts_with("HTTP/"))
+    readAnswer(input);
+  else
+    readMessages(input);
+}

@@ -1,0 +1,46 @@
+#include "Fuzz/ToldConnection.h"
+
+#include <array>
+#include <chrono>
+#include <utility>
+
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include "Fuzz/Target.h"
+
+namespace Fuzz {
+
+namespace {
+
+// Never reached.
+constexpr auto patience = std::chrono::seconds(60);
+
+}  // namespace
+
+ToldConnection::ToldConnection(std::string_view told) {
+  std::array<int, 2> ends = {-1, -1};
+  require(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) == 0, "There are sockets.");
+  // As much as the system allows. Each write takes up far more than its own size.
+  const int bufferSize = 1 << 20;
+  setsockopt(ends[0], SOL_SOCKET, SO_SNDBUF, &bufferSize, sizeof(bufferSize));
+  client_.reset(g_socket_new_from_fd(ends[0], nullptr));
+  server_ = ends[1];
+  const ssize_t sent = send(server_, told.data(), told.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
+  require(std::cmp_equal(sent, told.size()), "What the server says fits into the buffer.");
+  shutdown(server_, SHUT_WR);
+}
+
+ToldConnection::~ToldConnection() {
+  close(server_);
+}
+
+BrowserSessions::LocalConnection ToldConnection::takeClient() {
+  return {std::move(client_), std::chrono::steady_clock::now() + patience};
+}
+
+BrowserSessions::FakeServer::Connection ToldConnection::server() const {
+  return BrowserSessions::FakeServer::Connection(server_);
+}
+
+}  // namespace Fuzz
