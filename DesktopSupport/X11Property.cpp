@@ -20,7 +20,7 @@ xcb_get_property_cookie_t X11Property::request(X11Connection& connection, xcb_wi
 }
 
 X11Property::X11Property(X11Connection& connection, xcb_get_property_cookie_t request)
-    : reply_(connection.reply<xcb_get_property_reply_t>(request)) {}
+    : X11Property(connection.reply<xcb_get_property_reply_t>(request)) {}
 
 std::vector<std::uint32_t> X11Property::numbers() const {
   if (!exists() || reply_->format != 32)

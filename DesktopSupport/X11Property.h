@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <xcb/xcb.h>
@@ -20,6 +21,8 @@ class X11Property {
 
   static xcb_get_property_cookie_t request(X11Connection& connection, xcb_window_t window, xcb_atom_t name);
   X11Property(X11Connection& connection, xcb_get_property_cookie_t request);
+  /// The property of an answer that has come; null if the server answered with an error.
+  explicit X11Property(Reply<xcb_get_property_reply_t> reply) : reply_(std::move(reply)) {}
 
   /// Whether the server answered, which it does not for a window that is gone.
   [[nodiscard]] bool hasAnswer() const { return reply_ != nullptr; }

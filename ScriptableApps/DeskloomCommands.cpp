@@ -38,19 +38,14 @@ Result<Value> text(Application& application, const char* method, std::initialize
   const auto reply = call(application, method, parameters, "(bs)");
   if (!reply)
     return std::unexpected(reply.error());
-  gboolean hasText = FALSE;
-  const char* answer = nullptr;
-  g_variant_get(reply->get(), "(b&s)", &hasText, &answer);
-  return hasText != FALSE ? Value(std::string(answer)) : Value();
+  return textOf(reply->get());
 }
 
 Result<Value> truth(Application& application, const char* method, std::initializer_list<Text> parameters) {
   const auto reply = call(application, method, parameters, "(b)");
   if (!reply)
     return std::unexpected(reply.error());
-  gboolean answer = FALSE;
-  g_variant_get(reply->get(), "(b)", &answer);
-  return Value(answer != FALSE);
+  return truthOf(reply->get());
 }
 
 // A method that was carried out, whatever it answers.

@@ -52,4 +52,17 @@ AppleScript::Result<VariantHandle> DeskloomHost::call(const std::string& method,
   return std::move(*reply);
 }
 
+AppleScript::Value textOf(GVariant* reply) {
+  gboolean hasText = FALSE;
+  const char* text = nullptr;
+  g_variant_get(reply, "(b&s)", &hasText, &text);
+  return hasText != FALSE ? AppleScript::Value(std::string(text)) : AppleScript::Value();
+}
+
+AppleScript::Value truthOf(GVariant* reply) {
+  gboolean truth = FALSE;
+  g_variant_get(reply, "(b)", &truth);
+  return {truth != FALSE};
+}
+
 }  // namespace ScriptableApps

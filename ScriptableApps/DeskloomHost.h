@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "AppleScript/ScriptError.h"
+#include "AppleScript/Value.h"
 #include "DesktopSupport/GLibHandles.h"
 #include "DesktopSupport/SessionBus.h"
 
@@ -27,5 +28,12 @@ class DeskloomHost {
  private:
   std::chrono::milliseconds patience_;
 };
+
+/// The text that the host answers with a tuple of type "(bs)": whether there is one, and the text. `missing value` if
+/// there is none.
+AppleScript::Value textOf(GVariant* reply);
+
+/// The truth value that the host answers with a tuple of type "(b)".
+AppleScript::Value truthOf(GVariant* reply);
 
 }  // namespace ScriptableApps

@@ -10,6 +10,7 @@
 #include "DesktopSupport/GTKWindowStack.h"
 #include "DesktopSupport/WindowReader.h"
 #include "ScriptableApps/RunningFileManagers.h"
+#include "ScriptableApps/ShownWindows.h"
 
 namespace ScriptableApps {
 
@@ -21,55 +22,9 @@ using DesktopSupport::VariantHandle;
 using std::chrono::milliseconds;
 namespace BusErrorName = DesktopSupport::BusErrorName;
 
-using Locations = std::vector<std::string>;
-
-// A window with the location of each of its tabs; where a file manager tells no windows, all of its locations.
-struct ShownWindow {
-  DesktopSupport::GTKWindowName name;
-  Locations locations;
-};
-using Windows = std::vector<ShownWindow>;
-
 BusError doesNotTell(const FileManager& fileManager) {
   return {.name = std::string(BusErrorName::notSupported),
           .message = nameOf(fileManager) + " is running but does not tell what it shows."};
-}
-
-Locations stringsOf(GVariant* array) {
-  Locations strings;
-  GVariantIter iterator;
-  g_variant_iter_init(&iterator, array);
-  const char* string = nullptr;
-  while (g_variant_iter_next(&iterator, "&s", &string) != FALSE)
-    strings.emplace_back(string);
-  return strings;
-}
-
-Windows windowsOf(const std::string& fileManager, GVariant* dictionary) {
-  Windows windows;
-  GVariantIter iterator;
-  g_variant_iter_init(&iterator, dictionary);
-  while (const VariantHandle entry{g_variant_iter_next_value(&iterator)}) {
-    const char* path = nullptr;
-    g_variant_get_child(entry.get(), 0, "&s", &path);
-    const VariantHandle tabs(g_variant_get_child_value(entry.get(), 1));
-    windows.push_back({.name = {.connection = fileManager, .path = path}, .locations = stringsOf(tabs.get())});
-  }
-  return windows;
-}
-
-// None if the file manager doesn't tell. Some have the property of their locations and never set it.
-std::optional<Windows> windowsAmong(const FileManager& fileManager, GVariant* properties,
-                                    const WindowsOnScreen& screen) {
-  const auto lookUp = [&](const char* name, const char* type) {
-    return VariantHandle(g_variant_lookup_value(properties, name, G_VARIANT_TYPE(type)));
-  };
-  if (const auto windows = lookUp("OpenWindowsWithLocations", "a{sas}"))
-    return windowsOf(fileManager.connection, windows.get());
-  const auto locations = lookUp("OpenLocations", "as");
-  if (!locations || (g_variant_n_children(locations.get()) == 0 && mayShowWindows(fileManager, screen)))
-    return std::nullopt;
-  return Windows{{.name = {.connection = fileManager.connection}, .locations = stringsOf(locations.get())}};
 }
 
 // GLib answers so for an object without the interface, depending on what else the object has.
@@ -78,8 +33,8 @@ bool saysThatItDoesNotTell(const BusError& error) {
          error.name == BusErrorName::notSupported;
 }
 
-std::expected<Windows, BusError> windowsOf(const SessionBus& bus, const FileManager& fileManager,
-                                           const WindowsOnScreen& screen, milliseconds patience) {
+std::expected<ShownWindows, BusError> windowsOf(const SessionBus& bus, const FileManager& fileManager,
+                                                const WindowsOnScreen& screen, milliseconds patience) {
   const auto reply =
       bus.call({.destination = fileManager.connection,
                 .path = "/org/freedesktop/FileManager1",
@@ -89,7 +44,7 @@ std::expected<Windows, BusError> windowsOf(const SessionBus& bus, const FileMana
   if (!reply)
     return std::unexpected(saysThatItDoesNotTell(reply.error()) ? doesNotTell(fileManager) : reply.error());
   const VariantHandle properties(g_variant_get_child_value(reply->get(), 0));
-  auto windows = windowsAmong(fileManager, properties.get(), screen);
+  auto windows = shownWindows(fileManager, properties.get(), screen);
   if (!windows)
     return std::unexpected(doesNotTell(fileManager));
   return std::move(*windows);
@@ -97,13 +52,13 @@ std::expected<Windows, BusError> windowsOf(const SessionBus& bus, const FileMana
 
 // What all file managers together have answered.
 struct Answers {
-  Windows windows = {};
+  ShownWindows windows = {};
   bool hasAnyTold = false;
   std::vector<BusError> failures = {};
   // A sentence for each failure.
   std::vector<std::string> problems = {};
 
-  void add(const FileManager& fileManager, std::expected<Windows, BusError> answer) {
+  void add(const FileManager& fileManager, std::expected<ShownWindows, BusError> answer) {
     hasAnyTold |= answer.has_value();
     if (answer) {
       std::ranges::move(*answer, std::back_inserter(windows));
@@ -141,7 +96,7 @@ Answers askAll(const SessionBus* bus, milliseconds patience) {
 }
 
 // Windows that the X server doesn't know stay where they are, behind those that it does.
-void bringFrontFirst(Windows& windows) {
+void bringFrontFirst(ShownWindows& windows) {
   if (windows.size() < 2)
     return;
   const auto stack = DesktopSupport::readGTKWindowStack();
@@ -149,8 +104,8 @@ void bringFrontFirst(Windows& windows) {
   std::ranges::stable_sort(windows, {}, depth);
 }
 
-Locations locationsOf(const Windows& windows) {
-  Locations locations;
+std::vector<std::string> locationsOf(const ShownWindows& windows) {
+  std::vector<std::string> locations;
   for (const ShownWindow& window : windows)
     locations.insert(locations.end(), window.locations.begin(), window.locations.end());
   return locations;

@@ -1,0 +1,123 @@
+#include <chrono>
+#include <cstdlib>
+#include <expected>
+#include <memory>
+#include <string>
+
+#include "AppleScript/Value.h"
+#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/SessionBus.h"
+#include "Fuzz/Target.h"
+#include "ScriptableApps/DeskloomHost.h"
+#include "ScriptableApps/MountedPlaces.h"
+#include "ScriptableApps/OpenFolder.h"
+#include "ScriptableApps/ShownWindows.h"
+
+namespace {
+
+using DesktopSupport::ErrorHandle;
+using DesktopSupport::ObjectHandle;
+using DesktopSupport::Out;
+using DesktopSupport::VariantHandle;
+using Fuzz::require;
+
+bool isOfType(GVariant* reply, const char* type) {
+  return g_variant_is_of_type(reply, G_VARIANT_TYPE(type)) != FALSE;
+}
+
+void requireFolder(const std::string& location) {
+  ScriptableApps::MountedPlaces places(std::chrono::milliseconds(0));
+  const auto folder = ScriptableApps::openFolderAt(location, places);
+  if (!folder) {
+    Fuzz::requireUTF8(folder.error());
+    require(DesktopSupport::isDisplayable(folder.error()), "A problem is one line.");
+  } else if (*folder) {
+    const auto& [name, path] = **folder;
+    require(DesktopSupport::isDisplayable(name) && DesktopSupport::isDisplayable(path), "A folder is told in lines.");
+    require(path.starts_with('/') && path.ends_with('/'), "A folder's path is from the root to its end.");
+  }
+}
+
+void readFileManager(GVariant* properties) {
+  const ScriptableApps::FileManager fileManager{.connection = ":1.1"};
+  const auto windows = ScriptableApps::shownWindows(
+      fileManager, properties, std::unexpected(DesktopSupport::DesktopError{"There is no X display."}));
+  if (!windows)
+    return;
+  for (const auto& [name, locations] : *windows) {
+    require(name.connection == fileManager.connection, "A window is of who tells it.");
+    Fuzz::requireUTF8(name.path);
+    for (const std::string& location : locations) {
+      Fuzz::requireUTF8(location);
+      requireFolder(location);
+    }
+  }
+}
+
+// Nobody outside is asked where a location is.
+void leaveBus() {
+  unsetenv("DBUS_SESSION_BUS_ADDRESS");
+  unsetenv("XDG_RUNTIME_DIR");
+}
+
+void read(GVariant* reply) {
+  if (isOfType(reply, "(bs)")) {
+    const auto value = ScriptableApps::textOf(reply);
+    Fuzz::requireUTF8(value.stringValue().value_or(""));
+  } else if (isOfType(reply, "(b)")) {
+    require(ScriptableApps::truthOf(reply).is<bool>(), "A truth value is one.");
+  } else if (isOfType(reply, "(a{sv})")) {
+    const VariantHandle properties(g_variant_get_child_value(reply, 0));
+    readFileManager(properties.get());
+  }
+}
+
+void readError(GDBusMessage& message) {
+  ErrorHandle failure;
+  require(g_dbus_message_to_gerror(&message, Out(failure)) != FALSE, "An error message is a failure.");
+  const auto error = DesktopSupport::busErrorFrom(*failure);
+  Fuzz::requireUTF8(error.name);
+  Fuzz::requireUTF8(error.message);
+}
+
+void readMessage(std::string_view bytes) {
+  std::string copy(bytes);
+  const ObjectHandle<GDBusMessage> message(g_dbus_message_new_from_blob(
+      reinterpret_cast<guchar*>(copy.data()), copy.size(), G_DBUS_CAPABILITY_FLAGS_NONE, nullptr));
+  if (!message)
+    return;
+  if (g_dbus_message_get_message_type(message.get()) == G_DBUS_MESSAGE_TYPE_ERROR)
+    readError(*message);
+  else if (GVariant* body = g_dbus_message_get_body(message.get()))
+    read(body);
+}
+
+void readValue(const char* type, std::string_view bytes) {
+  using BytesHandle = std::unique_ptr<GBytes, DesktopSupport::ReleasedBy<g_bytes_unref>>;
+  const BytesHandle copy(g_bytes_new(bytes.data(), bytes.size()));
+  read(DesktopSupport::owned(g_variant_new_from_bytes(G_VARIANT_TYPE(type), copy.get(), /*trusted=*/FALSE)).get());
+}
+
+}  // namespace
+
+// The input is what a program on the bus answers: a whole D-Bus message, or a value behind a letter for its type.
+// Values are damaged in more ways than those of messages, which GLib looks through.
+void Fuzz::run(std::string_view input) {
+  leaveBus();
+  if (input.empty())
+    return;
+  const std::string_view rest = input.substr(1);
+  switch (input.front()) {
+    case 't':
+      readValue("(bs)", rest);
+      break;
+    case 'b':
+      readValue("(b)", rest);
+      break;
+    case 'p':
+      readValue("(a{sv})", rest);
+      break;
+    default:
+      readMessage(input);
+  }
+}
