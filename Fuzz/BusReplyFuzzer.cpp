@@ -31,8 +31,8 @@ void requireFolder(const std::string& location) {
   if (!folder) {
     Fuzz::requireUTF8(folder.error());
     require(DesktopSupport::isDisplayable(folder.error()), "A problem is one line.");
-  } else if (*folder) {
-    const auto& [name, path] = **folder;
+  } else if (const auto& found = *folder) {
+    const auto& [name, path] = *found;
     require(DesktopSupport::isDisplayable(name) && DesktopSupport::isDisplayable(path), "A folder is told in lines.");
     require(path.starts_with('/') && path.ends_with('/'), "A folder's path is from the root to its end.");
   }

@@ -46,8 +46,9 @@ void readMessages(std::string_view input) {
     told += FakeWebSocket::frame(FakeWebSocket::text, message);
   Fuzz::ToldConnection connection(told);
   auto devTools = Fuzz::openToldWebSocket(connection);
+  const auto session = devTools ? BrowserSessions::devToolsSession(*devTools) : std::nullopt;
   require(devTools.has_value(), "The WebSocket is opened.");
-  if (const auto session = BrowserSessions::devToolsSession(*devTools))
+  if (session)
     requireSoundTabs(*session, input.size());
 }
 

@@ -39,8 +39,14 @@ BrowserSessions::LocalConnection ToldConnection::takeClient() {
   return {std::move(client_), std::chrono::steady_clock::now() + patience};
 }
 
-BrowserSessions::FakeServer::Connection ToldConnection::server() const {
-  return BrowserSessions::FakeServer::Connection(server_);
+std::string ToldConnection::heard() const {
+  std::string bytes;
+  std::array<char, 4096> piece = {};
+  while (const ssize_t count = recv(server_, piece.data(), piece.size(), 0)) {
+    require(count > 0, "The client can be heard.");
+    bytes.append(piece.data(), static_cast<std::size_t>(count));
+  }
+  return bytes;
 }
 
 }  // namespace Fuzz

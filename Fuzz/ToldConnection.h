@@ -1,9 +1,9 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "BrowserSessions/LocalConnection.h"
-#include "Tests/BrowserSessions/FakeServer.h"
 
 namespace Fuzz {
 
@@ -19,8 +19,8 @@ class ToldConnection {
   /// The client's end, which can be taken once.
   [[nodiscard]] BrowserSessions::LocalConnection takeClient();
 
-  /// The server's end, which tells what the client has said. Reading ends there once the client has gone.
-  [[nodiscard]] BrowserSessions::FakeServer::Connection server() const;
+  /// What the client has said. The client must have gone, or there would be more to come.
+  [[nodiscard]] std::string heard() const;
 
  private:
   DesktopSupport::ObjectHandle<GSocket> client_;

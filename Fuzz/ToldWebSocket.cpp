@@ -14,7 +14,7 @@ constexpr std::string_view mark = "{accept}";
 std::string acceptance() {
   ToldConnection connection("");
   openToldWebSocket(connection);
-  return BrowserSessions::FakeWebSocket::acceptance(connection.server().readTo("\r\n\r\n"));
+  return BrowserSessions::FakeWebSocket::acceptance(connection.heard());
 }
 
 }  // namespace

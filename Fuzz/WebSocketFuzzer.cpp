@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <string>
 
 #include "BrowserSessions/WebSocket.h"
@@ -14,15 +15,22 @@ using Fuzz::require;
 // The client answers each ping, and all of its answers must fit into the socket's buffer.
 constexpr std::size_t longestInput = 256;
 
-// What the client has sent: its answers to what it was told, frame by frame.
-void requireSoundFrames(const Fuzz::ToldConnection& connection, std::string_view told) {
-  constexpr std::size_t longestControl = 125;
-  const FakeWebSocket heard(connection.server());
-  for (auto frame = heard.receive(); frame.opcode != FakeWebSocket::continuation; frame = heard.receive()) {
-    require(frame.isMasked, "The client masks what it sends.");
-    require(frame.opcode == FakeWebSocket::pong || frame.opcode == FakeWebSocket::close, "The client only answers.");
-    require(frame.payload.size() <= longestControl && told.contains(frame.payload),
-            "It answers with what it was told.");
+// What the client has said after its request: a masked frame for each answer to a ping or to the end.
+void requireSoundFrames(std::string_view frames, std::string_view told) {
+  constexpr std::size_t headSize = 2;
+  constexpr std::size_t maskSize = 4;
+  constexpr auto maskedBit = '\x80';
+  constexpr std::size_t longestPayload = 125;
+  while (!frames.empty()) {
+    require(frames.starts_with('\x8A') || frames.starts_with('\x88'), "The client only answers, and at once.");
+    const std::size_t size = frames.size() > 1 ? static_cast<unsigned char>(frames[1] ^ maskedBit) : SIZE_MAX;
+    require(size <= longestPayload && frames.size() >= headSize + maskSize + size, "The client masks short answers.");
+    const std::string_view mask = frames.substr(headSize, maskSize);
+    std::string payload(frames.substr(headSize + maskSize, size));
+    for (std::size_t place = 0; place < size; ++place)
+      payload[place] = static_cast<char>(payload[place] ^ mask[place % maskSize]);
+    require(told.contains(payload), "It answers with what it was told.");
+    frames.remove_prefix(headSize + maskSize + size);
   }
 }
 
@@ -33,8 +41,10 @@ void hear(const std::string& told) {
     while (const auto message = socket->receive())
       size += message->size();
   require(size <= told.size(), "There is no more in the messages than was told.");
-  require(connection.server().readTo("\r\n\r\n").starts_with("GET /path HTTP/1.1\r\n"), "The client asks first.");
-  requireSoundFrames(connection, told);
+  const std::string heard = connection.heard();
+  const auto requestEnd = heard.find("\r\n\r\n");
+  require(heard.starts_with("GET /path HTTP/1.1\r\n") && requestEnd != std::string::npos, "The client asks first.");
+  requireSoundFrames(std::string_view(heard).substr(requestEnd + 4), told);
 }
 
 void requireSameMessage(std::string_view text) {
