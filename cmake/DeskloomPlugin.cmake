@@ -55,6 +55,8 @@ function(_deskloom_add_program program)
   add_executable(${program} ${PLUGIN_SOURCES})
   set_target_properties(${program} PROPERTIES CXX_EXTENSIONS OFF RUNTIME_OUTPUT_DIRECTORY "$<1:${bundle}>")
   target_link_libraries(${program} PRIVATE ${PLUGIN_LIBRARIES} DeskloomSDK::DeskloomSDK DeskloomSDK::Linux)
+  # All symbols are bound at the start, and then the tables of their addresses are read-only.
+  target_link_options(${program} PRIVATE -Wl,-z,relro -Wl,-z,now)
   # A launch is a few milliseconds long; loading the C++ library and binding its symbols would be one of them.
   target_link_options(${program} PRIVATE "$<$<CONFIG:Release>:-static-libstdc++;-static-libgcc>")
   file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
