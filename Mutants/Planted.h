@@ -1,8 +1,8 @@
 #pragma once
 
-// What script/mutants adds to the sources that it compiles. Each planted bug has a number. PLANTED_MUTANT in the environment
-// is the number of the one that is in effect; without it the program behaves as written. PLANTED_REACHED is a file to which
-// each process appends the numbers of the bugs that it comes by, a line each.
+// What script/mutants adds to the sources that it compiles. Each planted bug has a number. PLANTED_MUTANT in the
+// environment is the number of the one that is in effect; without it the program behaves as written. PLANTED_REACHED is
+// a file to which each process appends the numbers of the bugs that it comes by, a line each.
 
 #include <atomic>
 #include <cstdio>
