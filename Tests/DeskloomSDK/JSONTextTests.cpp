@@ -47,6 +47,13 @@ TEST(JSONText, IsReadDownToALimit) {
   EXPECT_FALSE(decodeJSON(std::string(1'000'000, '[')));
 }
 
+TEST(JSONText, HasNoLimitSideBySide) {
+  std::string text = "[[]";
+  for (int i = 0; i < 1000; ++i)
+    text += i % 2 == 0 ? ",{}" : ",[]";
+  EXPECT_TRUE(decodeJSON(text + "]"));
+}
+
 TEST(JSONText, CountsNoBracketsInStrings) {
   const std::string text = "\"\\\"" + std::string(1000, '[') + "\\\\\"";
   ASSERT_TRUE(decodeJSON(text));
