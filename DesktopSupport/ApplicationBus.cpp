@@ -12,6 +12,10 @@ GVariant* noPlatformData() {
 
 }  // namespace
 
+bool isApplicationName(const std::string& text) {
+  return g_dbus_is_name(text.c_str()) != FALSE && g_dbus_is_unique_name(text.c_str()) == FALSE;
+}
+
 std::string applicationObjectPath(std::string_view busName) {
   std::string path = "/" + std::string(busName);
   std::ranges::replace(path, '.', '/');

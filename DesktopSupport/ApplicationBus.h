@@ -13,6 +13,9 @@ namespace DesktopSupport {
 /// The D-Bus interface by which applications are activated and given URLs to open.
 inline constexpr const char* applicationInterface = "org.freedesktop.Application";
 
+/// Whether the text can be the name that an application has on the bus, such as com.example.Some-App.
+bool isApplicationName(const std::string& text);
+
 /// The path of the object at which the application with this bus name has the interface: that of com.example.Some-App
 /// is /com/example/Some_App.
 std::string applicationObjectPath(std::string_view busName);

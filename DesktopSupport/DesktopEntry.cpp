@@ -1,5 +1,6 @@
 #include "DesktopSupport/DesktopEntry.h"
 
+#include "DesktopSupport/ApplicationBus.h"
 #include "DesktopSupport/DisplayableText.h"
 #include "DesktopSupport/FileContents.h"
 #include "DesktopSupport/KeyFileGroup.h"
@@ -27,7 +28,7 @@ std::optional<DesktopEntry> DesktopEntry::read(const std::filesystem::path& file
   entry.exec = group->text("Exec").value_or("");
   entry.tryExec = group->text("TryExec").value_or("");
   entry.startupClass = group->text("StartupWMClass").value_or("");
-  entry.isBusActivatable = group->isTrue("DBusActivatable");
+  entry.isBusActivatable = group->isTrue("DBusActivatable") && isApplicationName(entry.id);
   entry.isShown = !group->isTrue("NoDisplay");
   return entry;
 }

@@ -18,7 +18,8 @@ struct DesktopEntry {
   std::string tryExec = {};
   std::string startupClass = {};
   bool isShown = true;
-  /// Whether the session bus starts it, under its id as the bus name, and it takes URLs there.
+  /// Whether the session bus starts it, under its id as the bus name, and it takes URLs there. False if the id cannot
+  /// be a bus name.
   bool isBusActivatable = false;
   /// Stands for "not installed": a hidden entry masks those of its id in the folders behind its own.
   bool isHidden = false;

@@ -31,6 +31,13 @@ std::string nameOf(const GError& error) {
   return name.get();
 }
 
+bool isValid(const BusMethod& method) {
+  return g_dbus_is_name(method.destination.c_str()) != FALSE &&
+         g_variant_is_object_path(method.path.c_str()) != FALSE &&
+         g_dbus_is_interface_name(method.interface.c_str()) != FALSE &&
+         g_dbus_is_member_name(method.name.c_str()) != FALSE;
+}
+
 int millisecondsFor(std::chrono::milliseconds timeout) {
   constexpr auto longest = std::numeric_limits<int>::max() - 1;
   return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(timeout.count(), 0, longest));
@@ -59,6 +66,11 @@ std::expected<VariantHandle, BusError> SessionBus::call(const BusMethod& method,
                                                         const GVariantType* replyType,
                                                         std::chrono::milliseconds timeout,
                                                         Activation activation) const {
+  // GIO would yield neither a reply nor an error.
+  if (!isValid(method)) {
+    const VariantHandle unused(arguments == nullptr ? nullptr : g_variant_ref_sink(arguments));
+    return std::unexpected(BusError{std::string(BusErrorName::invalidArguments), "D-Bus allows no such name."});
+  }
   const auto flags = activation == Activation::never ? G_DBUS_CALL_FLAGS_NO_AUTO_START : G_DBUS_CALL_FLAGS_NONE;
   ErrorHandle error;
   VariantHandle reply(g_dbus_connection_call_sync(connection_.get(), method.destination.c_str(), method.path.c_str(),

@@ -52,7 +52,8 @@ class SessionBus {
 
   /// Calls `method` with the tuple `arguments` (none: nullptr; a floating variant is consumed) and yields the tuple
   /// that it answers, which is of type `replyType`. A destination that does not run and may not or cannot be started
-  /// fails with `serviceUnknown` or `nameHasNoOwner`. Waits for `timeout` at most, then fails with `timeout`; a
+  /// fails with `serviceUnknown` or `nameHasNoOwner`, and a name or path of `method` that D-Bus does not allow with
+  /// `invalidArguments`. Waits for `timeout` at most, then fails with `timeout`; a
   /// destination that leaves the bus meanwhile fails with `noReply`. May be called on any thread.
   [[nodiscard]] std::expected<VariantHandle, BusError> call(const BusMethod& method, GVariant* arguments,
                                                             const GVariantType* replyType,

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "DesktopSupport/ApplicationBus.h"
 #include "DesktopSupport/SessionBus.h"
 #include "Platform/Linux/BusPresence.h"
 #include "Platform/Linux/DetachedProcess.h"
@@ -49,11 +50,16 @@ LaunchArguments parseOrExit(int argumentCount, char** arguments) {
   return *parsed;
 }
 
-/// The application's place on the bus; none without a session bus or a bundle identifier.
+/// The application's place on the bus. Null without a session bus, or if the bundle has no identifier that can be a
+/// name on the bus.
 std::unique_ptr<BusPresence> busPresence(LinuxServices& desktop) {
   const auto identifier = desktop.bundle.identifier();
   if (!identifier)
     return nullptr;
+  if (!DesktopSupport::isApplicationName(*identifier)) {
+    desktop.log.write("the bundle identifier " + *identifier + " cannot be a name on the bus");
+    return nullptr;
+  }
   auto bus = DesktopSupport::SessionBus::connect();
   if (!bus)
     return nullptr;

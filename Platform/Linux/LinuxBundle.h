@@ -1,10 +1,10 @@
 #pragma once
 
-#include <memory>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
 
-#include <glib.h>
-
-#include "DesktopSupport/GLibHandles.h"
 #include "Platform/Bundle.h"
 
 namespace Platform::Linux {
@@ -16,7 +16,8 @@ namespace Platform::Linux {
 ///     Name=Plugin
 ///     Version=1.0
 ///
-/// A file that is missing or can't be read is an empty one.
+/// A missing file counts as empty. So does one that cannot be read, is not a regular file or is larger than 1 MiB; the
+/// system's log then says so.
 class LinuxBundle : public Bundle {
  public:
   /// The bundle of the running executable, links to it resolved.
@@ -29,14 +30,14 @@ class LinuxBundle : public Bundle {
     return value("Bundle", key);
   }
 
-  /// The value of a key in a group of `Info.ini`; none where it is missing or empty.
-  [[nodiscard]] std::optional<std::string> value(const char* group, std::string_view key) const;
+  /// The value of a key in a group of `Info.ini`. `nullopt` if it is missing, empty or not UTF-8, or if a line up to
+  /// the end of the group is broken.
+  [[nodiscard]] std::optional<std::string> value(std::string_view group, std::string_view key) const;
 
  private:
-  using KeyFileHandle = std::unique_ptr<GKeyFile, DesktopSupport::ReleasedBy<g_key_file_unref>>;
-
   std::filesystem::path path_;
-  KeyFileHandle information_;
+  /// The text of `Info.ini`.
+  std::string information_;
 };
 
 }  // namespace Platform::Linux

@@ -11,6 +11,14 @@ TEST(ApplicationBus, PutsTheObjectOfAnApplicationAtThePathOfItsName) {
   EXPECT_EQ(applicationObjectPath("com.example.Some-App"), "/com/example/Some_App");
 }
 
+TEST(ApplicationBus, KnowsWhatCanBeAnApplicationsName) {
+  for (const char* name : {"com.example.Some-App", "a.b", "_a._1"})
+    EXPECT_TRUE(DesktopSupport::isApplicationName(name)) << name;
+  for (const char* name :
+       {"", "Plugin", "com.example.", ".com", "com.1st", ":1.2", "com.example/Plugin", "com.ex ample"})
+    EXPECT_FALSE(DesktopSupport::isApplicationName(name)) << name;
+}
+
 TEST(ApplicationBus, OpensTheURLsThatCanTravel) {
   const DesktopSupport::VariantHandle arguments =
       DesktopSupport::owned(DesktopSupport::openArguments({"a:b", "\xFF", std::string("c\0d", 3), "e"}));

@@ -76,6 +76,12 @@ TEST_F(DesktopEntryTest, HasANameOfOneLine) {
   EXPECT_EQ(read("[Desktop Entry]\nType=Application\nName=Two\\nlines\n")->name, "Two lines");
 }
 
+TEST_F(DesktopEntryTest, IsStartedByTheBusOnlyUnderANameThatTheBusAllows) {
+  const auto file = folder_.write("any.desktop", "[Desktop Entry]\nType=Application\nName=A\nDBusActivatable=true\n");
+  EXPECT_TRUE(DesktopEntry::read(file, "org.example.Files")->isBusActivatable);
+  EXPECT_FALSE(DesktopEntry::read(file, "files")->isBusActivatable);
+}
+
 TEST_F(DesktopEntryTest, MayBeLeftOutOfMenus) {
   EXPECT_FALSE(read("[Desktop Entry]\nType=Application\nName=A\nNoDisplay=true\n")->isShown);
 }

@@ -104,8 +104,8 @@ TEST_F(SchemeHandlerTest, PassesOverFilesThatAreBroken) {
 }
 
 TEST_F(SchemeHandlerTest, TellsWhetherTheBusStartsIt) {
-  install("own", "a", "DBusActivatable=true\n");
-  write("own/applications/mimeinfo.cache", "MIME Cache", "a.desktop;");
+  install("own", "org.example.A", "DBusActivatable=true\n");
+  write("own/applications/mimeinfo.cache", "MIME Cache", "org.example.A.desktop;");
   DesktopSupport::DesktopEntries entries(DesktopSupport::applicationFolders());
   EXPECT_TRUE(DesktopSupport::handlerOfScheme("test", entries)->isBusActivatable);
 }

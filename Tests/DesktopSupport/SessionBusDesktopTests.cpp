@@ -73,6 +73,16 @@ TEST(SessionBus, SaysThatTheMethodIsUnknown) {
   EXPECT_EQ(errorOf(unknown), "org.freedesktop.DBus.Error.UnknownMethod");
 }
 
+TEST(SessionBus, RefusesNamesThatDBusDoesNotAllow) {
+  for (const auto part : {&BusMethod::destination, &BusMethod::path, &BusMethod::interface, &BusMethod::name}) {
+    BusMethod method = listNames;
+    method.*part = "no-such name";
+    const auto reply = SessionBus::connect()->call(method, g_variant_new("(s)", "taken"), nullptr, plenty);
+    ASSERT_FALSE(reply);
+    EXPECT_EQ(reply.error().name, BusErrorName::invalidArguments);
+  }
+}
+
 TEST(SessionBus, SaysThatNoAnswerCameInTime) {
   FakeDeskloomHost host;
   host.answer("GetPluginFolderPath", [](auto* invocation) { g_object_unref(invocation); });
