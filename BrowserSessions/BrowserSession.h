@@ -7,7 +7,7 @@ namespace BrowserSessions {
 
 /// A page that a browser has open.
 struct BrowserTab {
-  /// As the browser has it; empty where it knows none.
+  /// As the browser has it, cut after some length (see `DesktopSupport::shortened`); empty where it knows none.
   std::string title;
   /// What the address bar shows, as the browser has it; empty where there is none.
   std::string url;

@@ -12,11 +12,13 @@
 #include "BrowserSessions/BrowserText.h"
 #include "BrowserSessions/DevToolsPort.h"
 #include "BrowserSessions/JSONFields.h"
+#include "DesktopSupport/DisplayableText.h"
 
 namespace BrowserSessions {
 
 namespace {
 
+using DesktopSupport::shortened;
 using nlohmann::json;
 using namespace std::chrono_literals;
 
@@ -73,7 +75,7 @@ std::optional<LiveTab> tab(const json& target) {
   return LiveTab{.index = *index,
                  .isShown = field(place, "tabActive") == true,
                  .profile = textField(target, "browserContextId"),
-                 .page = {validUtf8(textField(target, "title")), validUtf8(textField(target, "url"))}};
+                 .page = {validUtf8(shortened(textField(target, "title"))), validUtf8(textField(target, "url"))}};
 }
 
 // The browser's tabs, and the calls that tell their windows.

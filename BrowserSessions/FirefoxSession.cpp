@@ -31,8 +31,8 @@ std::expected<BrowserSession, std::string> stateIn(const std::filesystem::path& 
   const auto bytes = DesktopSupport::fileContents(file, maximumSize);
   if (!bytes)
     return std::unexpected("It is not there, cannot be read or is too large.");
-  const auto json = mozillaLZ4Contents(*bytes);
-  auto session = json ? firefoxState(*json) : std::unexpected(json.error());
+  auto json = mozillaLZ4Contents(*bytes);
+  auto session = json ? firefoxState(std::move(*json)) : std::unexpected(json.error());
   if (session)
     addFirefoxNames(*session);
   return session;

@@ -9,6 +9,8 @@
 
 #include "BrowserSessions/BrowserText.h"
 #include "BrowserSessions/FirefoxStateReader.h"
+#include "BrowserSessions/LongAddresses.h"
+#include "BrowserSessions/LongTokens.h"
 #include "DesktopSupport/GLibHandles.h"
 
 namespace BrowserSessions {
@@ -98,11 +100,14 @@ BrowserSession shownWindows(const FirefoxStateReader& state) {
 
 }  // namespace
 
-std::expected<BrowserSession, std::string> firefoxState(std::string_view json) {
-  std::string text = validUtf8(json);
-  replaceLoneSurrogates(text);
+std::expected<BrowserSession, std::string> firefoxState(std::string json) {
+  // One that is cut is still too long for an address, whether it is written in escapes or not.
+  cutLongTokens(json, (longestAddress + 1) * escapeLength);
+  if (g_utf8_validate_len(json.data(), json.size(), nullptr) == FALSE)
+    json = validUtf8(json);
+  replaceLoneSurrogates(json);
   FirefoxStateReader state;
-  if (!nlohmann::json::sax_parse(text, &state) || !state.isSession())
+  if (!nlohmann::json::sax_parse(json, &state) || !state.isSession())
     return std::unexpected("It is not the JSON of a session.");
   if (!state.isKnownVersion())
     return std::unexpected("It is of a version that is not known.");

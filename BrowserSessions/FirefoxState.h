@@ -2,7 +2,6 @@
 
 #include <expected>
 #include <string>
-#include <string_view>
 
 #include "BrowserSessions/BrowserSession.h"
 
@@ -12,7 +11,7 @@ namespace BrowserSessions {
 /// which it was last, whether that was loaded again after a restart or not; one that has no history yet is at the
 /// address that it is about to load. In the reading view the address is that of the page. Hidden tabs, private ones and
 /// windows without a tab are left out. Fails with a sentence where the text is not JSON, is of a version that is not
-/// known, or holds more than anybody has open.
-std::expected<BrowserSession, std::string> firefoxState(std::string_view json);
+/// known, or holds more than anybody has open. Texts are cut after some hundred thousand bytes.
+std::expected<BrowserSession, std::string> firefoxState(std::string json);
 
 }  // namespace BrowserSessions

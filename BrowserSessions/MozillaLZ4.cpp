@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view magic("mozLz40\0", 8);
 constexpr std::size_t sizeLength = 4;
-constexpr std::size_t maximumSize = 256 << 20;
+constexpr std::size_t maximumSize = 128 << 20;
 // No byte of an LZ4 block stands for more bytes than this.
 constexpr std::size_t highestRatio = 255;
 

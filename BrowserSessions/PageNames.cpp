@@ -4,11 +4,14 @@
 #include <optional>
 #include <unordered_map>
 
+#include "DesktopSupport/DisplayableText.h"
 #include "DesktopSupport/GLibHandles.h"
 
 namespace BrowserSessions {
 
 namespace {
+
+using DesktopSupport::shortened;
 
 constexpr std::string_view schemeEnd = "://";
 
@@ -119,7 +122,9 @@ void addFirefoxNames(BrowserSession& session) {
   for (BrowserWindow& window : session)
     for (BrowserTab& tab : window.tabs)
       if (tab.title.empty() || isAddress(tab.title, tab.url))
-        tab.title = firefoxPageName(tab.url);
+        tab.title = shortened(firefoxPageName(tab.url));
+      else
+        tab.title = shortened(tab.title);
 }
 
 void addWindowTitles(std::vector<ChromiumWindow>& windows, const std::vector<std::string>& titles) {
@@ -139,7 +144,7 @@ void addChromiumNames(std::vector<ChromiumWindow>& windows) {
   for (ChromiumWindow& window : windows)
     for (BrowserTab& tab : window.contents.tabs)
       if (tab.title.empty())
-        tab.title = chromiumPageName(tab.url);
+        tab.title = shortened(chromiumPageName(tab.url));
 }
 
 }  // namespace BrowserSessions

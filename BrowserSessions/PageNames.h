@@ -16,8 +16,8 @@ std::string chromiumPageName(std::string_view url);
 /// What Firefox shows as the title of a page that has none: the address without its scheme.
 std::string firefoxPageName(std::string_view url);
 
-/// Gives each tab without a title the name that Firefox shows for it. Firefox saves the address as the title of a page
-/// that has none.
+/// Gives each tab without a title the name that Firefox shows for it, and cuts titles (see
+/// `DesktopSupport::shortened`). Firefox saves the address as the title of a page that has none.
 void addFirefoxNames(BrowserSession& session);
 
 /// Gives the tabs that windows show the titles of these windows, given the titles of the browser's windows in the order

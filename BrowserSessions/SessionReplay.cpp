@@ -7,6 +7,7 @@
 #include "BrowserSessions/BrowserText.h"
 #include "BrowserSessions/LittleEndian.h"
 #include "BrowserSessions/PickleReader.h"
+#include "DesktopSupport/DisplayableText.h"
 
 namespace BrowserSessions {
 
@@ -136,7 +137,7 @@ BrowserWindow SessionReplay::contents(const Shown& window) {
     if (index == window.shownIndex)
       contents.activeTab = contents.tabs.size();
     if (!page.url.empty())
-      contents.tabs.push_back({utf8FromUtf16(page.title), validUtf8(page.url)});
+      contents.tabs.push_back({DesktopSupport::shortened(utf8FromUtf16(page.title)), validUtf8(page.url)});
   }
   // If the tab that is shown is left out, and was the last one.
   if (contents.activeTab == contents.tabs.size() && !contents.tabs.empty())

@@ -5,6 +5,7 @@
 #include <set>
 
 #include "BrowserSessions/WebState.h"
+#include "DesktopSupport/DisplayableText.h"
 #include "DesktopSupport/FileContents.h"
 
 namespace BrowserSessions {
@@ -32,7 +33,8 @@ bool isBehind(const BrowserSession& session, const std::vector<std::string>& win
   for (const BrowserWindow& window : session)
     for (const BrowserTab& tab : window.tabs)
       titles.insert(tab.title);
-  return std::ranges::any_of(windowTitles, [&](const std::string& title) { return !titles.contains(title); });
+  return std::ranges::any_of(
+      windowTitles, [&](const std::string& title) { return !titles.contains(DesktopSupport::shortened(title)); });
 }
 
 }  // namespace BrowserSessions

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "BrowserSessions/BrowserText.h"
+#include "DesktopSupport/DisplayableText.h"
 #include "DesktopSupport/GLibHandles.h"
 
 namespace BrowserSessions {
@@ -60,8 +61,8 @@ void startElement(GMarkupParseContext* /*parser*/, const char* element, const ch
     state.session.push_back({.tabs = {}, .activeTab = numberIn(attribute(names, values, "active-tab"))});
     ++state.count;
   } else if (depth == 2 && state.isInWindow && name == "embed") {
-    state.session.back().tabs.push_back(
-        {.title = attribute(names, values, "title"), .url = attribute(names, values, "url")});
+    state.session.back().tabs.push_back({.title = DesktopSupport::shortened(attribute(names, values, "title")),
+                                         .url = attribute(names, values, "url")});
     ++state.count;
   }
 }

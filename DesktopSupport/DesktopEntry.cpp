@@ -21,7 +21,7 @@ std::optional<DesktopEntry> DesktopEntry::read(const std::filesystem::path& file
     return std::nullopt;
   DesktopEntry entry{.id = std::move(id), .file = file};
   entry.isHidden = group->isTrue("Hidden");
-  entry.name = displayable(group->localizedText("Name").value_or(""));
+  entry.name = displayableName(group->localizedText("Name").value_or(""));
   const bool isApplication = group->text("Type") == "Application" && !entry.name.empty();
   if (!entry.isHidden && !isApplication)
     return std::nullopt;

@@ -59,6 +59,22 @@ bool isDisplayable(std::string_view text) {
   return displayable(text) == text;
 }
 
+std::string shortened(std::string_view text) {
+  // More bytes than this are always more than the longest name, as a character has four at most.
+  constexpr std::size_t bytesToLookAt = 4 * (longestName + 1);
+  if (text.size() <= longestName)
+    return std::string(text);
+  const std::string_view start = text.substr(0, bytesToLookAt);
+  const CharsHandle valid(g_utf8_make_valid(start.data(), std::ssize(start)));
+  if (g_utf8_strlen(valid.get(), -1) <= static_cast<glong>(longestName))
+    return std::string(text);
+  return std::string(valid.get(), g_utf8_offset_to_pointer(valid.get(), longestName - 1)) + "…";
+}
+
+std::string displayableName(std::string_view text) {
+  return displayable(shortened(text));
+}
+
 std::string utf8FromLatin1(std::string_view bytes) {
   std::string text;
   text.reserve(bytes.size());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,16 @@ std::string displayable(std::string_view text);
 /// Whether the text is already as `displayable` would make it. Asked of paths, which cannot be changed and still be
 /// true.
 bool isDisplayable(std::string_view text);
+
+/// How many characters a name or title has at most.
+inline constexpr std::size_t longestName = 1000;
+
+/// The text if it has at most `longestName` characters, else the first 999 of them and "…". A byte that is not UTF-8
+/// counts as a character, and is U+FFFD in a text that was cut. Takes the same short time for a text of any length.
+std::string shortened(std::string_view text);
+
+/// A name or title as it is listed: `displayable` and at most `longestName` characters long.
+std::string displayableName(std::string_view text);
 
 /// The text as UTF-8, given its bytes in ISO 8859-1.
 std::string utf8FromLatin1(std::string_view bytes);

@@ -9,7 +9,7 @@
 namespace {
 
 void readState(std::string_view json) {
-  const auto session = BrowserSessions::firefoxState(json);
+  const auto session = BrowserSessions::firefoxState(std::string(json));
   if (session)
     Fuzz::requireSound(*session, json.size(), {.tab = 2, .window = std::string_view(R"({"tabs":[]})").size()});
   else

@@ -9,6 +9,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "BrowserSessions/LongAddresses.h"
 #include "DesktopSupport/SystemLog.h"
 #include "DesktopSupport/WindowReader.h"
 #include "ScriptableApps/ApplicationError.h"
@@ -71,6 +72,7 @@ std::expected<SessionReading, std::string> joinedReading(const BrowsersByPlace& 
   }
   if (!isAnyRead)
     return std::unexpected(std::move(all.problems.front()));
+  BrowserSessions::leaveOutLongAddresses(all);
   return all;
 }
 

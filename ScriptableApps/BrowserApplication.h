@@ -28,8 +28,8 @@ struct RunningBrowser {
 /// browser in front first. No browser is started.
 class BrowserApplication : public AppleScript::Application {
  public:
-  /// What cannot be read is left out and is in the system's log. Fails with -600 where no such browser runs, and with
-  /// -2700 where nothing could be read of those that do.
+  /// What cannot be read is left out and is in the system's log, and so are tabs with addresses of more than 64 KiB.
+  /// Fails with -600 where no such browser runs, and with -2700 where nothing could be read of those that do.
   [[nodiscard]] AppleScript::Result<AppleScript::ObjectPointer> open() override;
 
  private:

@@ -33,9 +33,9 @@ std::shared_ptr<const BrowserTabObject> activeTabOf(const Object& window) {
 }  // namespace
 
 BrowserTabObject::BrowserTabObject(const BrowserClasses& classes, const BrowserSessions::BrowserTab& tab)
-    : class_(classes.tab), title_(DesktopSupport::displayable(tab.title)), url_(tabAddress(tab.url)) {
+    : class_(classes.tab), title_(DesktopSupport::displayableName(tab.title)), url_(tabAddress(tab.url)) {
   if (title_.empty())
-    title_ = url_;
+    title_ = DesktopSupport::shortened(url_);
 }
 
 BrowserWindowObject::BrowserWindowObject(const BrowserClasses& classes, const BrowserSessions::BrowserWindow& window)

@@ -26,7 +26,7 @@ class BrowserTabObject : public AppleScript::Object {
   BrowserTabObject(const BrowserClasses& classes, const BrowserSessions::BrowserTab& tab);
 
   [[nodiscard]] const AppleScript::ClassDescription& classDescription() const override { return *class_; }
-  /// One line of UTF-8; the address if the browser knows none.
+  /// One line of UTF-8 of at most 1,000 characters; the address if the browser knows none.
   [[nodiscard]] const std::string& title() const { return title_; }
   /// In the form of RFC 3986; see `tabAddress`.
   [[nodiscard]] const std::string& url() const { return url_; }

@@ -5,6 +5,7 @@
 
 #include "BrowserSessions/ChromiumUserData.h"
 #include "BrowserSessions/RunningChromium.h"
+#include "DesktopSupport/DisplayableText.h"
 
 namespace ScriptableApps {
 
@@ -70,7 +71,7 @@ std::vector<std::string> pageTitles(const std::vector<std::string>& windowTitles
   std::vector<std::string> titles;
   for (const std::string& title : windowTitles)
     if (title.ends_with(end))
-      titles.push_back(title.substr(0, title.size() - end.size()));
+      titles.push_back(DesktopSupport::shortened(title.substr(0, title.size() - end.size())));
   return titles;
 }
 

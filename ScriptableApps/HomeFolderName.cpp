@@ -37,7 +37,7 @@ std::string homeFolderName() {
   constexpr const char* catalogue = "nautilus";
   const UsersLanguage language;
   bind_textdomain_codeset(catalogue, "UTF-8");
-  return DesktopSupport::displayable(dgettext(catalogue, "Home"));
+  return DesktopSupport::displayableName(dgettext(catalogue, "Home"));
 }
 
 }  // namespace ScriptableApps

@@ -44,7 +44,7 @@ std::string nameOf(const std::string& path) {
   if (path == canonical(g_get_home_dir()))
     return homeFolderName();
   const CharsHandle name(g_filename_display_basename(path.c_str()));
-  return DesktopSupport::displayable(name.get());
+  return DesktopSupport::displayableName(name.get());
 }
 
 }  // namespace

@@ -44,7 +44,7 @@ bool isTunnel(const path& program) {
 
 std::string classOf(const Window& window) {
   for (const std::string& name : {window.windowClass, window.instance, window.applicationId})
-    if (std::string text = displayable(name); !text.empty())
+    if (std::string text = DesktopSupport::displayableName(name); !text.empty())
       return text;
   return "";
 }

@@ -148,6 +148,11 @@ TEST(ChromiumSession, MakesTextsValid) {
   EXPECT_EQ(session(log), expected);
 }
 
+TEST(ChromiumSession, CutsLongTitles) {
+  const auto log = SessionLogWriter().window(1).tab(1, 11, 0, "a", std::u16string(5000, u'x'));
+  EXPECT_EQ(session(log).at(0).tabs.at(0).title, std::string(999, 'x') + "…");
+}
+
 TEST(ChromiumSession, LeavesOutTabsWithoutAWindowOrAPage) {
   auto log = threeTabs();
   log.page(14, 0, "no window").inWindow(15, 1).atIndex(15, 0).inWindow(16, 9).page(16, 0, "unknown window");

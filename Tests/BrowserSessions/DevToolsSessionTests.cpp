@@ -165,6 +165,12 @@ TEST_F(DevToolsSession, TakesFieldsOfAnyDepth) {
             (LiveSession{.tabs = {}, .mainProfile = "main"}));
 }
 
+TEST_F(DevToolsSession, CutsLongTitles) {
+  const auto session = toldBy(FakeDevTools::withTabs({tab(std::string(5000, 'x'), "a", 1, 0)}));
+  ASSERT_TRUE(session);
+  EXPECT_EQ(session->tabs.at(0).page.title, std::string(999, 'x') + "…");
+}
+
 // The one test that takes as long as it says.
 TEST_F(DevToolsSession, IsWaitedForHalfASecond) {
   const auto start = std::chrono::steady_clock::now();

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "BrowserSessions/FirefoxState.h"
+#include "BrowserSessions/LongAddresses.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 
 namespace {
@@ -10,6 +11,7 @@ using BrowserSessions::BrowserSession;
 using BrowserSessions::BrowserTab;
 using BrowserSessions::BrowserWindow;
 using BrowserSessions::firefoxState;
+using BrowserSessions::longestAddress;
 using testing::ElementsAre;
 
 std::string page(const std::string& title, const std::string& url) {
@@ -49,7 +51,7 @@ BrowserTab readTab(const std::string& json) {
 }
 
 // As version 153 wrote it, while a private window was in front; cookies and some of the many keys are taken out.
-constexpr std::string_view twoWindowsAndAPrivateOne =
+const std::string twoWindowsAndAPrivateOne =
     R"({"version":["sessionrestore",1],"windows":[{"tabs":[{"entries":[{"url":"http://127.0.0.1:8765/a.html",)"
     R"("title":"Page a – ü 😀","cacheKey":0,"ID":9,"docshellUUID":"{a8423f5e-d353-4101-936b-cff32e22efd0}",)"
     R"("resultPrincipalURI":null,"hasUserInteraction":false,"triggeringPrincipal_base64":"{\"3\":{}}",)"
@@ -267,12 +269,33 @@ TEST(FirefoxState, IsReadWithTensOfThousandsOfTabs) {
   EXPECT_EQ(session[0].activeTab, 19'999);
 }
 
+TEST(FirefoxState, CutsTextsOfMegabytesButKnowsThatAnAddressIsTooLong) {
+  const auto sizes = [](const std::string& text) {
+    const BrowserTab tab = readTab(R"({"entries":[{"title":")" + text + R"(","url":")" + text + R"("}]})");
+    EXPECT_EQ(tab.title, tab.url);
+    return tab.url.size();
+  };
+  std::string escapes;
+  for (int count = 0; count < 200'000; ++count)
+    escapes += R"(\u0041)";
+  EXPECT_EQ(sizes(escapes), longestAddress + 1);
+  EXPECT_EQ(sizes(std::string(2'000'000, 'x')), 6 * (longestAddress + 1));
+  EXPECT_EQ(sizes(std::string(longestAddress, 'x')), longestAddress);
+}
+
+TEST(FirefoxState, IsReadAfterTextsOfMegabytes) {
+  const std::string page = R"({"title":")" + std::string(1'000'000, 'x') + R"(\"","url":"a:","image":0.)" +
+                           std::string(1'000'000, '0') + "}";
+  EXPECT_EQ(read(state(window(R"({"entries":[)" + page + "]}," + tab("b")))).at(0).tabs.at(1).url, "b:");
+}
+
 TEST(FirefoxState, TakesNoLongerForTextsFullOfEscapes) {
   std::string title;
   for (int count = 0; count < 500'000; ++count)
     title += R"(\ud83d)";
-  EXPECT_EQ(readTab(R"({"entries":[{"title":")" + title + R"("}]})").title.size(), 1'500'000);
-  EXPECT_EQ(readTab(R"({"entries":[{"title":")" + std::string(1'000'000, '\xff') + R"("}]})").title.size(), 3'000'000);
+  EXPECT_EQ(readTab(R"({"entries":[{"title":")" + title + R"("}]})").title.size(), 3 * 65'537);
+  EXPECT_EQ(readTab(R"({"entries":[{"title":")" + std::string(1'000'000, '\xff') + R"("}]})").title.size(),
+            3 * 6 * 65'537);
 }
 
 }  // namespace

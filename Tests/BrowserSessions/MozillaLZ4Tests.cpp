@@ -57,12 +57,12 @@ TEST(MozillaLZ4, MakesNoRoomForMoreThanABlockCanHold) {
             "It cannot hold the 1785 bytes that it claims.");
 }
 
-TEST(MozillaLZ4, MakesNoRoomForMoreThan256MiB) {
-  const std::size_t limit = 256 << 20;
+TEST(MozillaLZ4, MakesNoRoomForMoreThan128MiB) {
+  const std::size_t limit = 128 << 20;
   const std::string block(limit / 255 + 1, '\0');
   EXPECT_EQ(mozillaLZ4Contents(mozillaLZ4File(limit, block)).error(), "Its compressed contents are damaged.");
   EXPECT_EQ(mozillaLZ4Contents(mozillaLZ4File(limit + 1, block)).error(),
-            "It cannot hold the 268435457 bytes that it claims.");
+            "It cannot hold the 134217729 bytes that it claims.");
 }
 
 TEST(MozillaLZ4, RefusesReferencesToWhatIsNotThere) {

@@ -82,6 +82,14 @@ TEST(PageNames, AreInFirefoxThoseOfPagesWhoseTitleIsTheirAddress) {
   EXPECT_EQ(named("a", "a:b"), "a");
 }
 
+TEST(PageNames, AreCutInFirefox) {
+  const std::string address = "http://example.com/" + std::string(5000, 'x');
+  BrowserSession session = {{{{address, address}, {std::string(5000, 'y'), "a:"}}, 0}};
+  addFirefoxNames(session);
+  EXPECT_EQ(session[0].tabs[0].title, "example.com/" + std::string(987, 'x') + "…");
+  EXPECT_EQ(session[0].tabs[1].title, std::string(999, 'y') + "…");
+}
+
 ChromiumWindow window(std::int32_t number, std::vector<BrowserTab> tabs, std::size_t activeTab = 0) {
   return {number, {std::move(tabs), activeTab}};
 }
@@ -124,6 +132,12 @@ TEST(PageNames, AreAddedWhereThereIsNoTitle) {
   std::vector<ChromiumWindow> windows = {window(1, {{"A", "http://a/"}, {"", "http://b/"}})};
   addChromiumNames(windows);
   EXPECT_EQ(windows[0].contents, (BrowserWindow{{{"A", "http://a/"}, {"b", "http://b/"}}, 0}));
+}
+
+TEST(PageNames, AreCutInChromium) {
+  std::vector<ChromiumWindow> windows = {window(1, {{"", std::string(5000, 'x')}})};
+  addChromiumNames(windows);
+  EXPECT_EQ(windows[0].contents.tabs[0].title, std::string(999, 'x') + "…");
 }
 
 }  // namespace

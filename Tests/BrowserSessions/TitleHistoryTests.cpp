@@ -149,9 +149,11 @@ TEST_F(TitleHistoryTest, FindsATitleAmongManyAtOnce) {
 TEST_F(TitleHistoryTest, HasNoTitlesThatAreHugeOrNoText) {
   write(std::string(makeTable) +
         "INSERT INTO urls(url, title) VALUES ('huge', zeroblob(2000000)), "
+        "('long', printf('%.*c', 5000, 'x')), "
         "('bytes', x'4100FF'), ('number', 7), ('https://a.example/', 'A');");
   TitleHistory history(profile());
   EXPECT_EQ(history.titleOf("huge"), "");
+  EXPECT_EQ(history.titleOf("long"), std::string(999, 'x') + "…");
   EXPECT_EQ(history.titleOf("bytes"), "A\uFFFD\uFFFD");
   EXPECT_EQ(history.titleOf("number"), "7");
   EXPECT_EQ(history.titleOf(std::string(2'000'000, 'u')), "");

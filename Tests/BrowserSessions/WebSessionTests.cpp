@@ -67,6 +67,12 @@ TEST(WebSession, IsBehindWhereAWindowShowsWhatNoTabHas) {
   EXPECT_TRUE(isBehind({}, {"A"}));
 }
 
+TEST(WebSession, IsNotBehindWhereTheTitleThatATabHasWasCut) {
+  const BrowserSessions::BrowserSession session = {{{{std::string(999, 'x') + "…", "a:"}}, 0}};
+  EXPECT_FALSE(isBehind(session, {std::string(5000, 'x')}));
+  EXPECT_TRUE(isBehind(session, {std::string(5000, 'y')}));
+}
+
 TEST(WebSession, IsAWholeOneAlsoWhileItIsReplaced) {
   const TestSupport::TemporaryFolder folder;
   const std::string sessions[] = {sessionAt("a:"), sessionAt("b:" + std::string(100'000, 'b'))};

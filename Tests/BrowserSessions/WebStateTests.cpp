@@ -60,6 +60,11 @@ TEST(WebState, KeepsTextsAsTheyAre) {
             " a\x01\x01\nb ");
 }
 
+TEST(WebState, CutsLongTitles) {
+  const std::string embed = "<embed title='" + std::string(5000, 'x') + "' url='a:'/>";
+  EXPECT_EQ(read("<session>" + window(embed) + "</session>").at(0).tabs.at(0).title, std::string(999, 'x') + "…");
+}
+
 TEST(WebState, ShowsATabThatIsThere) {
   const auto activeTab = [](const std::string& attributes) {
     return read("<session>" + window(embed("a") + embed("b") + embed("c"), attributes) + "</session>").at(0).activeTab;
@@ -146,8 +151,8 @@ TEST(WebState, IsReadWithTensOfThousandsOfTabs) {
 
 TEST(WebState, TakesNoLongerForLongTexts) {
   const BrowserSession session =
-      read("<session>" + window("<embed title='" + repeated("&amp;", 1'000'000) + "'/>") + "</session>");
-  EXPECT_EQ(session.at(0).tabs.at(0).title.size(), 1'000'000);
+      read("<session>" + window("<embed url='" + repeated("&amp;", 1'000'000) + "'/>") + "</session>");
+  EXPECT_EQ(session.at(0).tabs.at(0).url.size(), 1'000'000);
 }
 
 TEST(WebState, RefusesEndlessAttributes) {

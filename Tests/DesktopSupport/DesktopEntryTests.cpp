@@ -76,6 +76,11 @@ TEST_F(DesktopEntryTest, HasANameOfOneLine) {
   EXPECT_EQ(read("[Desktop Entry]\nType=Application\nName=Two\\nlines\n")->name, "Two lines");
 }
 
+TEST_F(DesktopEntryTest, HasANameOfAThousandCharactersAtMost) {
+  EXPECT_EQ(read("[Desktop Entry]\nType=Application\nName=" + std::string(5000, 'x') + "\n")->name,
+            std::string(999, 'x') + "…");
+}
+
 TEST_F(DesktopEntryTest, IsStartedByTheBusOnlyUnderANameThatTheBusAllows) {
   const auto file = folder_.write("any.desktop", "[Desktop Entry]\nType=Application\nName=A\nDBusActivatable=true\n");
   EXPECT_TRUE(DesktopEntry::read(file, "org.example.Files")->isBusActivatable);

@@ -1,3 +1,6 @@
+#include <string>
+#include <string_view>
+
 #include <gtest/gtest.h>
 
 #include "DesktopSupport/DisplayableText.h"
@@ -6,8 +9,10 @@ namespace {
 
 using namespace std::string_view_literals;
 using DesktopSupport::displayable;
+using DesktopSupport::displayableName;
 using DesktopSupport::isDisplayable;
 using DesktopSupport::lowerCase;
+using DesktopSupport::shortened;
 using DesktopSupport::utf8FromLatin1;
 
 TEST(DisplayableText, LeavesOrdinaryTextAsItIs) {
@@ -72,6 +77,45 @@ TEST(DisplayableText, TellsTextThatNeedsNoChange) {
   EXPECT_FALSE(isDisplayable("/tmp/a\nb"));
   EXPECT_FALSE(isDisplayable("/tmp/\xff"));
   EXPECT_FALSE(isDisplayable("a\0"sv));
+}
+
+std::string repeated(std::string_view text, std::size_t count) {
+  std::string all;
+  for (std::size_t round = 0; round < count; ++round)
+    all += text;
+  return all;
+}
+
+TEST(DisplayableText, LeavesTextsOfAThousandCharactersAsTheyAre) {
+  for (const std::string_view character : {"x", "ü", "日", "🙂"})
+    EXPECT_EQ(shortened(repeated(character, 1000)), repeated(character, 1000)) << character;
+  EXPECT_EQ(shortened(repeated("\xff", 1000)), repeated("\xff", 1000));
+  EXPECT_EQ(shortened(""), "");
+}
+
+TEST(DisplayableText, CutsLongerTextsBetweenTwoCharacters) {
+  for (const std::size_t count : {1001U, 1335U, 2000U, 1U << 20U})
+    for (const std::string_view character : {"x", "ü", "日", "🙂"})
+      EXPECT_EQ(shortened(repeated(character, count)), repeated(character, 999) + "…") << character << count;
+  for (const std::string_view start : {"x", "xx", "xxx"})
+    EXPECT_EQ(shortened(std::string(start) + repeated("🙂", 5000)),
+              std::string(start) + repeated("🙂", 999 - start.size()) + "…");
+}
+
+TEST(DisplayableText, CutsTextsThatAreNotUtf8) {
+  EXPECT_EQ(shortened(repeated("\xff", 1001)), repeated("\uFFFD", 999) + "…");
+  EXPECT_EQ(shortened(repeated("\x80", 5000)), repeated("\uFFFD", 999) + "…");
+  EXPECT_EQ(shortened(std::string(5000, '\0')), repeated("\uFFFD", 999) + "…");
+}
+
+TEST(DisplayableText, CutsNothingTheSecondTime) {
+  const std::string once = shortened(repeated("🙂", 5000));
+  EXPECT_EQ(shortened(once), once);
+}
+
+TEST(DisplayableText, MakesNamesOfOneShortLine) {
+  EXPECT_EQ(displayableName("a\nb\x1b"), "a b");
+  EXPECT_EQ(displayableName(repeated("x\n", 5000)), repeated("x ", 499) + "x…");
 }
 
 TEST(DisplayableText, ReadsLatin1) {

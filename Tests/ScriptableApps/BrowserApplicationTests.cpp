@@ -154,6 +154,23 @@ TEST(BrowserApplication, LogsWhatCouldNotBeRead) {
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "One is damaged.\nA part is missing.\n");
 }
 
+TEST(BrowserApplication, CutsTitles) {
+  const std::string cut = std::string(999, 'x') + "…";
+  EXPECT_EQ(ofChrome("get title of tab 1 of window 1", {{.tabs = {{std::string(5000, 'x'), "a:"}}}}), cut);
+  EXPECT_EQ(ofSafari("get name of tab 1 of window 1", {{.tabs = {{"", std::string(5000, 'x')}}}}), cut);
+}
+
+TEST(BrowserApplication, LeavesTabsWithLongAddressesOutAndLogsTheirNumber) {
+  const std::string tooLong((64 << 10) + 1, 'x');
+  testing::internal::CaptureStderr();
+  EXPECT_EQ(answer<ScriptableApps::Safari>(
+                {reading({{.tabs = {{"One", tooLong}, {"Two", "a:"}}}}), reading({{.tabs = {{"Three", tooLong}}}})},
+                "get name of every tab of every window"),
+            "Two");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "Tabs that are left out, since their addresses are longer than 65536 bytes: 2.\n");
+}
+
 TEST(BrowserApplication, RunsWhereTheBrowserHasNoWindow) {
   EXPECT_EQ(ofChrome("count windows", {}), "0");
 }
