@@ -8,7 +8,8 @@ const std::string_view Options::help = R"(Usage: applescript [-e LINE]... | [FIL
 
 Runs a script that asks the applications of this desktop what they have open: "System Events", "Finder", "Google Chrome",
 "Safari" and "Deskloom". Prints what its last statement yields: a text as it is, anything else as the language writes it.
-An error is printed with its place and its number on standard error, and the exit status is 1.
+On a terminal, control characters are left out and those that change the direction of writing shown as their codes. An
+error is printed with its place and its number on standard error, and the exit status is 1.
 
   -e LINE    a line of the script; may be repeated
   FILE       the file with the script; standard input where there is none, or where it is -

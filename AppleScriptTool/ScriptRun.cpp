@@ -17,7 +17,7 @@ using AppleScript::Value;
 std::string report(const AppleScript::ScriptError& error, const char* kind) {
   const std::string range =
       std::to_string(error.range.start) + ':' + std::to_string(error.range.start + error.range.length);
-  return range + ": " + kind + ": " + error.message + " (" + std::to_string(static_cast<int>(error.number)) + ")\n";
+  return range + ": " + kind + ": " + error.message + " (" + std::to_string(static_cast<int>(error.number)) + ')';
 }
 
 std::string line(const Value& value) {
@@ -29,7 +29,7 @@ std::string line(const Value& value) {
 
 std::expected<std::string, std::string> runScript(const std::string& source) {
   if (!Platform::utf8Bytes(source))
-    return std::unexpected("the script is not UTF-8\n");
+    return std::unexpected("the script is not UTF-8");
   ScriptableApps::ScriptableApplications applications;
   const auto script = AppleScript::Script::compile(source, applications);
   if (!script)

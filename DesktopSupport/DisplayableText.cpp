@@ -37,6 +37,18 @@ void append(std::string& line, std::string_view character) {
     line += character;
 }
 
+bool changesDirection(gunichar character) {
+  const bool isMark = character == 0x061C || character == 0x200E || character == 0x200F;
+  const bool isEmbeddingOrOverride = character >= 0x202A && character <= 0x202E;
+  const bool isIsolate = character >= 0x2066 && character <= 0x2069;
+  return isMark || isEmbeddingOrOverride || isIsolate;
+}
+
+std::string codeOf(gunichar character) {
+  const CharsHandle code(g_strdup_printf("\\u{%04X}", character));
+  return code.get();
+}
+
 CharsHandle validUtf8(std::string_view text) {
   std::string withoutNul(text);
   std::erase(withoutNul, '\0');
@@ -57,6 +69,29 @@ std::string displayable(std::string_view text) {
 
 bool isDisplayable(std::string_view text) {
   return displayable(text) == text;
+}
+
+std::string printable(std::string_view text) {
+  const std::string line = displayable(text);
+  std::string_view rest = line;
+  std::string shown;
+  shown.reserve(line.size());
+  for (shown += takePlain(rest); !rest.empty(); shown += takePlain(rest)) {
+    const std::string_view character = takeCharacter(rest);
+    const gunichar value = g_utf8_get_char(character.data());
+    shown += changesDirection(value) ? codeOf(value) : std::string(character);
+  }
+  return shown;
+}
+
+std::string printableLines(std::string_view text) {
+  std::string lines;
+  for (auto end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+    const std::string_view line = text.substr(0, end);
+    lines += printable(line.ends_with('\r') ? line.substr(0, end - 1) : line) + '\n';
+    text.remove_prefix(end + 1);
+  }
+  return lines + printable(text);
 }
 
 std::string shortened(std::string_view text) {

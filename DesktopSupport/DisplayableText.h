@@ -14,6 +14,14 @@ std::string displayable(std::string_view text);
 /// true.
 bool isDisplayable(std::string_view text);
 
+/// The text as it is printed in a log, on a terminal or in a window: one line as by `displayable`, in which the
+/// characters that change the direction of writing (U+061C, U+200E, U+200F, U+202A to U+202E, U+2066 to U+2069) are
+/// written as their codes, such as "\u{202E}". Obeyed, they would show the text in another order than it has.
+std::string printable(std::string_view text);
+
+/// The same for each line of a text; line feeds (LF, CR LF) are kept.
+std::string printableLines(std::string_view text);
+
 /// How many characters a name or title has at most.
 inline constexpr std::size_t longestName = 1000;
 

@@ -9,6 +9,8 @@
 #include <syslog.h>
 #include <unistd.h>
 
+#include "DesktopSupport/DisplayableText.h"
+
 namespace DesktopSupport {
 
 namespace {
@@ -22,14 +24,21 @@ bool writeToJournal(std::string_view message) {
   return g_log_writer_journald(G_LOG_LEVEL_MESSAGE, fields.data(), fields.size(), nullptr) == G_LOG_WRITER_HANDLED;
 }
 
+void write(const std::string& message) {
+  if (!writeToJournal(message))
+    syslog(LOG_USER | LOG_NOTICE, "%s", message.c_str());
+  if (!g_log_writer_is_journald(STDERR_FILENO))
+    std::fprintf(stderr, "%s\n", message.c_str());
+}
+
 }  // namespace
 
 void writeToSystemLog(std::string_view message) {
-  const std::string line(message);
-  if (!writeToJournal(message))
-    syslog(LOG_USER | LOG_NOTICE, "%s", line.c_str());
-  if (!g_log_writer_is_journald(STDERR_FILENO))
-    std::fprintf(stderr, "%s\n", line.c_str());
+  write(printable(message));
+}
+
+void writeLinesToSystemLog(std::string_view message) {
+  write(printableLines(message));
 }
 
 }  // namespace DesktopSupport

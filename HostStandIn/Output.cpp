@@ -1,5 +1,8 @@
 #include "HostStandIn/Output.h"
 
+#include <string>
+
+#include "DesktopSupport/DisplayableText.h"
 #include "HostStandIn/ResourceTable.h"
 
 namespace HostStandIn {
@@ -20,8 +23,9 @@ void Output::printURL(std::string_view url) {
 }
 
 void Output::printLine(std::string_view line) {
-  log(line);
-  append(lines_, line);
+  const std::string shown = DesktopSupport::printable(line);
+  log(shown);
+  append(lines_, shown);
 }
 
 void Output::append(std::ostream& stream, std::string_view line) {

@@ -29,7 +29,7 @@ class Output {
   /// Prints a URL, which must be free of line breaks.
   void printURL(std::string_view url);
 
-  /// Prints a line that is no URL.
+  /// Prints a line that is no URL, made printable.
   void printLine(std::string_view line);
 
  private:

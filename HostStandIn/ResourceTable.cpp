@@ -33,7 +33,7 @@ std::string table(const std::vector<Resource>& resources) {
   std::vector<std::string> names;
   std::size_t nameWidth = 0;
   for (const Resource& resource : resources) {
-    names.push_back(DesktopSupport::displayable(resource.name()));
+    names.push_back(DesktopSupport::printable(resource.name()));
     nameWidth = std::max(nameWidth, std::min(width(names.back()), widestName));
   }
 

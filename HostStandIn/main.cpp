@@ -4,13 +4,14 @@
 #include <string_view>
 #include <vector>
 
+#include "DesktopSupport/DisplayableText.h"
 #include "HostStandIn/Host.h"
 #include "HostStandIn/Options.h"
 
 namespace {
 
 int fail(const std::string& message, int status) {
-  std::cerr << "deskloom-host: " << message << '\n';
+  std::cerr << "deskloom-host: " << DesktopSupport::printable(message) << '\n';
   return status;
 }
 

@@ -7,13 +7,13 @@ namespace UpdateCheck {
 std::string UpdateTexts::summary(std::string_view name) const {
   return Platform::formatted(
       strings_.localized("An update for %@ is available", "Title of a notification; %@ is the plug-in's name"),
-      DesktopSupport::displayable(name));
+      DesktopSupport::printable(name));
 }
 
 std::string UpdateTexts::body(std::string_view version) const {
   return Platform::formatted(
       strings_.localized("Version %@ can be downloaded.", "Text of a notification; %@ is the new version"),
-      DesktopSupport::displayable(version));
+      DesktopSupport::printable(version));
 }
 
 std::string UpdateTexts::button() const {

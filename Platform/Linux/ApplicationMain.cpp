@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "DesktopSupport/ApplicationBus.h"
+#include "DesktopSupport/DisplayableText.h"
 #include "DesktopSupport/SessionBus.h"
 #include "Platform/Linux/BusPresence.h"
 #include "Platform/Linux/DetachedProcess.h"
@@ -40,7 +41,7 @@ constexpr int attempts = 100;
 LaunchArguments parseOrExit(int argumentCount, char** arguments) {
   auto parsed = LaunchArguments::parse({arguments + 1, arguments + argumentCount});
   if (!parsed) {
-    std::fprintf(stderr, "%s: %s\n", arguments[0], parsed.error().c_str());
+    std::fprintf(stderr, "%s: %s\n", arguments[0], DesktopSupport::printable(parsed.error()).c_str());
     std::exit(2);
   }
   if (parsed->help) {
@@ -115,7 +116,8 @@ int applicationMain(int argumentCount, char** arguments, const MakeApplicationDe
   LaunchArguments launch = parseOrExit(argumentCount, arguments);
   LinuxServices desktop;
   if (launch.version) {
-    std::printf("%s\n", desktop.bundle.information("Version").value_or("unknown").c_str());
+    const std::string version = desktop.bundle.information("Version").value_or("unknown");
+    std::printf("%s\n", DesktopSupport::printable(version).c_str());
     return 0;
   }
 

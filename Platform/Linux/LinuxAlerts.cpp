@@ -4,6 +4,8 @@
 
 #include <glib.h>
 
+#include "DesktopSupport/DisplayableText.h"
+
 namespace Platform::Linux {
 
 void LinuxAlerts::runModal(const Alert& alert) {
@@ -30,9 +32,10 @@ void LinuxAlerts::awaitDismissal(const AlertPanel& panel) const {
 }
 
 void LinuxAlerts::tell(const Alert& alert, const std::string& reason) {
-  log_.write(alert.messageText);
+  // The texts may be of somebody else, such as the host.
+  log_.write(DesktopSupport::printable(alert.messageText));
   if (!alert.informativeText.empty())
-    log_.write(alert.informativeText);
+    log_.write(DesktopSupport::printable(alert.informativeText));
   log_.write("the alert could not be shown: " + reason);
 }
 

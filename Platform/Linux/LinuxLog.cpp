@@ -5,7 +5,7 @@
 namespace Platform::Linux {
 
 void LinuxLog::write(std::string_view message) {
-  DesktopSupport::writeToSystemLog(message);
+  DesktopSupport::writeLinesToSystemLog(message);
 }
 
 }  // namespace Platform::Linux

@@ -4,7 +4,8 @@
 
 namespace Platform::Linux {
 
-/// Writes to the journal, or to syslog where there is none, and to standard error.
+/// Writes to the journal, or to syslog where there is none, and to standard error. Of the control characters of a
+/// message line feeds alone are obeyed, and none that change the direction of writing.
 class LinuxLog : public Log {
  public:
   void write(std::string_view message) override;

@@ -51,6 +51,27 @@ TEST(AppleScriptTool, TellsAnErrorWithItsPlaceAndNumber) {
   EXPECT_EQ(applescript({"-e", "\xFF"}), (Outcome{1, "applescript: the script is not UTF-8\n"}));
 }
 
+TEST(AppleScriptTool, TellsAnErrorInOneLineThatDoesNothingToATerminal) {
+  EXPECT_EQ(applescript({"-e", "error \"a\x1b[2J\" & linefeed & \"b\u202E\""}),
+            (Outcome{1, "applescript: 0:31: execution error: a[2J b\\u{202E} (-2700)\n"}));
+  EXPECT_EQ(applescript({"--\x1b[2J\n"}), (Outcome{2, "applescript: there is no option --[2J  (see --help)\n"}));
+}
+
+// What a script yields, on a terminal of its own.
+std::string onTerminal(const std::string& expression) {
+  TestSupport::ChildProcess process(
+      {"script", "--quiet", "--command", "exec " APPLESCRIPT_PROGRAM " -e '" + expression + "'", "/dev/null"});
+  std::string output = process.readAll();
+  EXPECT_EQ(process.wait(), 0);
+  return output;
+}
+
+TEST(AppleScriptTool, PrintsNothingThatATerminalObeys) {
+  const std::string expression = "\"a\x1b[2J\" & linefeed & \"b\u202E\"";
+  EXPECT_EQ(onTerminal(expression), "a[2J\r\nb\\u{202E}\r\n");
+  EXPECT_EQ(applescript({"-e", expression}), (Outcome{0, "a\x1b[2J\nb\u202E\n"})) << "as it is for a program";
+}
+
 TEST(AppleScriptTool, TellsThatAnApplicationDoesNotRun) {
   const Outcome outcome = applescript({"-e", "tell application \"System Events\" to count processes"});
   EXPECT_EQ(outcome.first, 1);

@@ -12,6 +12,8 @@ using DesktopSupport::displayable;
 using DesktopSupport::displayableName;
 using DesktopSupport::isDisplayable;
 using DesktopSupport::lowerCase;
+using DesktopSupport::printable;
+using DesktopSupport::printableLines;
 using DesktopSupport::shortened;
 using DesktopSupport::utf8FromLatin1;
 
@@ -77,6 +79,25 @@ TEST(DisplayableText, TellsTextThatNeedsNoChange) {
   EXPECT_FALSE(isDisplayable("/tmp/a\nb"));
   EXPECT_FALSE(isDisplayable("/tmp/\xff"));
   EXPECT_FALSE(isDisplayable("a\0"sv));
+}
+
+TEST(DisplayableText, IsPrintedWithoutWhatATerminalObeys) {
+  EXPECT_EQ(printable("Größe – 日本語 👩\u200D🔬"), "Größe – 日本語 👩\u200D🔬");
+  EXPECT_EQ(printable("a\x1b]0;b\x07\nc\u009bd\xff"), "a]0;b cd\uFFFD");
+}
+
+TEST(DisplayableText, IsPrintedInTheOrderThatItHas) {
+  EXPECT_EQ(printable("a\u202Egpj.exe"), R"(a\u{202E}gpj.exe)");
+  EXPECT_EQ(printable("\u061C\u200E\u200F"), R"(\u{061C}\u{200E}\u{200F})");
+  EXPECT_EQ(printable("\u202A\u202B\u202C\u202D\u202E"), R"(\u{202A}\u{202B}\u{202C}\u{202D}\u{202E})");
+  EXPECT_EQ(printable("\u2066\u2067\u2068\u2069"), R"(\u{2066}\u{2067}\u{2068}\u{2069})");
+  EXPECT_EQ(printable("\u061B\u200D\u2010\u202F\u2065\u206A"), "\u061B\u200D\u2010\u202F\u2065\u206A")
+      << "none of these";
+}
+
+TEST(DisplayableText, IsPrintedLineByLine) {
+  EXPECT_EQ(printableLines("a\x1b\n\r\nb\rc\u202E\u2028\n"), "a\n\nb c\\u{202E} \n");
+  EXPECT_EQ(printableLines(""), "");
 }
 
 std::string repeated(std::string_view text, std::size_t count) {

@@ -1,4 +1,4 @@
-// Real processes whose bundles say something that cannot be.
+// Real processes whose bundles or arguments say something that cannot be.
 
 #include <filesystem>
 #include <string>
@@ -9,8 +9,10 @@
 #include "Tests/Support/FakeDeskloomHost.h"
 #include "Tests/Support/TemporaryFolder.h"
 
+using testing::AllOf;
 using testing::Contains;
 using testing::HasSubstr;
+using testing::Not;
 using TestSupport::ChildProcess;
 
 namespace {
@@ -33,6 +35,14 @@ TEST_F(DamagedBundleTest, RunsWithAnIdentifierThatIsNoBusName) {
   EXPECT_THAT(plugin.readAll(), HasSubstr("the bundle identifier Plugin cannot be a name on the bus\n"));
   EXPECT_EQ(plugin.wait(), 0);
   EXPECT_THAT(host.calls(), Contains(HasSubstr("sent")));
+}
+
+TEST_F(DamagedBundleTest, SaysNothingThatATerminalObeys) {
+  bundle.write("Info.ini", "[Bundle]\nIdentifier=com.example.Plugin\nVersion=1\x1b[2J\u202E\n");
+  ChildProcess version({program, "--version"});
+  EXPECT_EQ(version.readAll(), "1[2J\\u{202E}\n");
+  ChildProcess wrong({program, "--\x1b[2J\n"}, {.environment = {}, .captureErrors = true});
+  EXPECT_THAT(wrong.readAll(), AllOf(HasSubstr("--[2J"), Not(HasSubstr("\x1b"))));
 }
 
 }  // namespace

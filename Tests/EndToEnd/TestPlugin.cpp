@@ -47,6 +47,7 @@ class TestPlugin : public Platform::ApplicationDelegate, public Platform::Window
         {"work", [] { std::this_thread::sleep_for(std::chrono::milliseconds(1500)); }},
         {"send", [] { send("sent"); }},
         {"later", [] { sendLater(); }},
+        {"alert", [] { showHostileAlert(); }},
         {"window", [this] { showWindow(); }},
         {"quit", [] { quit(); }}};
     const std::map<std::string, std::function<void(const std::string&)>> withValue = {
@@ -95,6 +96,12 @@ class TestPlugin : public Platform::ApplicationDelegate, public Platform::Window
         quit();
       });
     });
+  }
+
+  /// With texts as others may choose them.
+  static void showHostileAlert() {
+    Platform::services().alerts.runModal(
+        {.messageText = "disk\u202Egpj", .informativeText = "one\n\x1b[2Jtwo", .buttons = {"OK"}});
   }
 
   void showWindow() {

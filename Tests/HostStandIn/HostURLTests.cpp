@@ -27,6 +27,12 @@ TEST(HostURL, IsOneLine) {
   EXPECT_FALSE(isHostURL("deskloom://a\x1B[2J"));
 }
 
+TEST(HostURL, ChangesNoDirectionOfWriting) {
+  EXPECT_FALSE(isHostURL("deskloom://a\u202Eb"));
+  EXPECT_FALSE(isHostURL("deskloom://a\u2066b"));
+  EXPECT_TRUE(isHostURL("deskloom://größe"));
+}
+
 TEST(HostURL, NeedNotBeWellFormedOtherwise) {
   EXPECT_TRUE(isHostURL("deskloom://a b|%5"));
 }

@@ -36,6 +36,14 @@ TEST_F(HostOutput, IsALineForEachURL) {
   EXPECT_EQ(notes_.str(), "");
 }
 
+TEST_F(HostOutput, DoesNothingToATerminal) {
+  Output output(Output::Format::table, lines_, notes_);
+  ASSERT_TRUE(output.logTo(log_));
+  output.printLine("a\nb\x1b[2J\u202Ec");
+  EXPECT_EQ(lines_.str(), "a b[2J\\u{202E}c\n");
+  EXPECT_EQ(logged(), lines_.str());
+}
+
 TEST_F(HostOutput, IsATableWhereAskedFor) {
   Output output(Output::Format::table, lines_, notes_);
   output.printURL("deskloom://gleanery/%5B%5D");

@@ -35,6 +35,11 @@ TEST(ResourceTable, KeepsANameOnItsLine) {
   EXPECT_EQ(table, "url          a b[2J  a:b");
 }
 
+TEST(ResourceTable, KeepsANameInItsOrder) {
+  const auto table = resourceTable(urlWith("[{\"type\":\"url\",\"name\":\"a\u202Eb\",\"url\":\"a:b\"}]"));
+  EXPECT_EQ(table, "url          a\\u{202E}b  a:b");
+}
+
 TEST(ResourceTable, DoesNotWidenForALongName) {
   const std::string name(60, 'n');
   EXPECT_EQ(resourceTable(urlWith(R"([{"type":"url","name":")" + name +

@@ -26,6 +26,7 @@ TEST(UpdateTexts, AreInTheUsersLanguage) {
 TEST(UpdateTexts, ShowWhateverTheFeedSaysOnOneLine) {
   const Platform::Fake::FakeStrings strings;
   EXPECT_EQ(UpdateTexts(strings).body("2\n\x01%@\xff"), "Version 2 %@\uFFFD can be downloaded.");
+  EXPECT_EQ(UpdateTexts(strings).body("\u202E1.2"), "Version \\u{202E}1.2 can be downloaded.");
 }
 
 TEST(UpdateTexts, ComeWithACommentForTranslators) {

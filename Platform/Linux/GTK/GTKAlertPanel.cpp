@@ -1,5 +1,6 @@
 #include "Platform/Linux/GTK/GTKAlertPanel.h"
 
+#include "DesktopSupport/DisplayableText.h"
 #include "Platform/Linux/GTK/ContentBox.h"
 #include "Platform/Linux/GTK/WindowPlacement.h"
 
@@ -7,13 +8,14 @@ namespace Platform::Linux {
 
 namespace {
 
+// The texts may be of somebody else, such as the host.
 WindowContent contentOf(const Alert& alert, const WindowToolkitOptions& application) {
   WindowContent content{.title = application.applicationName};
   if (!application.icon.empty())
     content.elements.emplace_back(Picture{.file = application.icon, .description = application.applicationName});
-  content.elements.emplace_back(Heading{alert.messageText});
+  content.elements.emplace_back(Heading{DesktopSupport::printableLines(alert.messageText)});
   if (!alert.informativeText.empty())
-    content.elements.emplace_back(Text{alert.informativeText});
+    content.elements.emplace_back(Text{DesktopSupport::printableLines(alert.informativeText)});
   return content;
 }
 
