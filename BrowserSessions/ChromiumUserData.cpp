@@ -79,13 +79,17 @@ SessionReading withLive(const LiveSession& live, Logs logs, std::size_t profiles
 std::expected<SessionReading, std::string> chromiumUserDataSession(const path& userData, std::optional<pid_t> process,
                                                                    const std::vector<std::string>& titles) {
   const auto run = process ? std::optional(BrowserRun(userData, *process)) : std::nullopt;
-  const std::optional<LiveSession> live = devToolsSession(userData);
+  using Told = std::expected<std::optional<LiveSession>, std::string>;
+  const Told told = process ? devToolsSession(userData, *process) : Told();
+  const std::optional<LiveSession> live = told.value_or(std::nullopt);
   const std::vector<path> profiles = openChromiumProfiles(userData);
   Logs logs;
   for (const path& profile : profiles)
     read(logs, profile, run, live.has_value());
   if (live)
     return withLive(*live, std::move(logs), profiles.size());
+  if (!told)
+    logs.problems.push_back(told.error());
   if (!logs.isAnyRead)
     return std::unexpected(profiles.empty() ? "There is no profile in " + userData.string() + '.'
                                             : std::move(logs.problems.front()));

@@ -10,12 +10,15 @@
 #include "BrowserSessions/HTTPAnswer.h"
 #include "BrowserSessions/JSONFields.h"
 #include "BrowserSessions/LocalConnection.h"
+#include "BrowserSessions/PortListener.h"
 #include "DesktopSupport/FileContents.h"
 #include "DesktopSupport/GLibHandles.h"
 
 namespace BrowserSessions {
 
 namespace {
+
+using Owner = PortListener::Owner;
 
 constexpr std::size_t maximumNoteSize = 1 << 10;
 constexpr std::size_t maximumAnswerSize = 1 << 16;
@@ -41,6 +44,14 @@ std::optional<std::string> version(std::uint16_t port, LocalConnection::Deadline
   return isAsked ? readHTTPContent(*connection, maximumAnswerSize) : std::nullopt;
 }
 
+// Nobody is no failure: a browser that has crashed leaves its note behind.
+std::expected<std::optional<WebSocket>, std::string> notConnected(Owner owner, std::uint16_t port) {
+  if (owner == Owner::none)
+    return std::nullopt;
+  return std::unexpected("The browser is not asked through its DevTools: another program has their port, " +
+                         std::to_string(port) + '.');
+}
+
 }  // namespace
 
 std::optional<DevToolsPort> devToolsPort(const std::filesystem::path& userData) {
@@ -54,14 +65,24 @@ std::optional<DevToolsPort> devToolsPort(const std::filesystem::path& userData) 
   return isPath(path) ? std::optional(DevToolsPort{*port, std::move(path)}) : std::nullopt;
 }
 
-std::optional<WebSocket> connectDevTools(const DevToolsPort& devTools, WebSocket::Deadline deadline) {
+std::expected<std::optional<WebSocket>, std::string> connectDevTools(const DevToolsPort& devTools, pid_t process,
+                                                                     WebSocket::Deadline deadline) {
+  const PortListener browser(process);
+  if (const auto listener = browser.listener(devTools.port); listener != Owner::process)
+    return notConnected(listener, devTools.port);
   const auto answer = version(devTools.port, deadline);
   if (!answer)
     return std::nullopt;
   const auto about = nlohmann::json::parse(*answer, nullptr, /*allow_exceptions=*/false);
   if (!textField(about, "webSocketDebuggerUrl").ends_with(devTools.path))
     return std::nullopt;
-  return WebSocket::open(devTools.port, devTools.path, deadline);
+  auto socket = WebSocket::open(devTools.port, devTools.path, deadline);
+  if (!socket)
+    return std::nullopt;
+  // The browser may have given the port up since.
+  if (const auto accepter = browser.accepter(devTools.port, socket->localPort()); accepter != Owner::process)
+    return notConnected(accepter, devTools.port);
+  return socket;
 }
 
 }  // namespace BrowserSessions

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <expected>
 #include <filesystem>
 #include <optional>
 #include <string>
+
+#include <sys/types.h>
 
 #include "BrowserSessions/WebSocket.h"
 
@@ -23,8 +26,11 @@ struct DevToolsPort {
 /// that has crashed.
 std::optional<DevToolsPort> devToolsPort(const std::filesystem::path& userData);
 
-/// Connects to the browser's DevTools. None where no program answers on the port until the deadline, the one that does
-/// is not the browser that the note is of, or it would ask the user for permission first.
-std::optional<WebSocket> connectDevTools(const DevToolsPort& devTools, WebSocket::Deadline deadline);
+/// Connects to the DevTools of the browser that runs in this process. `nullopt` if no program answers on the port until
+/// the deadline, the one that does is not the browser that the note is of, or it would ask the user for permission
+/// first. Fails with a sentence if another process listens on the port, which is not asked for anything, or has
+/// accepted the connection.
+std::expected<std::optional<WebSocket>, std::string> connectDevTools(const DevToolsPort& devTools, pid_t process,
+                                                                     WebSocket::Deadline deadline);
 
 }  // namespace BrowserSessions

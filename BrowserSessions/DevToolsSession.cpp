@@ -121,9 +121,15 @@ std::optional<LiveSession> inTheirWindows(WebSocket& devTools, Tabs tabs) {
 
 }  // namespace
 
-std::optional<LiveSession> devToolsSession(const std::filesystem::path& userData) {
+std::expected<std::optional<LiveSession>, std::string> devToolsSession(const std::filesystem::path& userData,
+                                                                       pid_t process) {
   const auto port = devToolsPort(userData);
-  auto devTools = port ? connectDevTools(*port, in(patience)) : std::nullopt;
+  if (!port)
+    return std::nullopt;
+  auto connected = connectDevTools(*port, process, in(patience));
+  if (!connected)
+    return std::unexpected(std::move(connected.error()));
+  std::optional<WebSocket>& devTools = *connected;
   return devTools ? devToolsSession(*devTools) : std::nullopt;
 }
 

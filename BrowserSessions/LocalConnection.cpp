@@ -41,6 +41,11 @@ bool LocalConnection::connect(std::uint16_t port) {
          g_socket_check_connect_result(socket_.get(), Out(error)) != FALSE;
 }
 
+std::uint16_t LocalConnection::localPort() const {
+  const ObjectHandle<GSocketAddress> address(g_socket_get_local_address(socket_.get(), nullptr));
+  return address ? g_inet_socket_address_get_port(G_INET_SOCKET_ADDRESS(address.get())) : 0;
+}
+
 bool LocalConnection::await(GIOCondition condition) {
   using std::chrono::microseconds;
   const auto left = std::chrono::duration_cast<microseconds>(deadline_ - std::chrono::steady_clock::now());

@@ -25,6 +25,9 @@ class LocalConnection {
 
   void setDeadline(Deadline deadline) { deadline_ = deadline; }
 
+  /// The port of this end; 0 if it cannot be told.
+  [[nodiscard]] std::uint16_t localPort() const;
+
   /// Writes all of the bytes; false where that could not be done.
   bool write(std::string_view bytes);
   /// The next bytes, as many as said.

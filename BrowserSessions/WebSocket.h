@@ -23,6 +23,9 @@ class WebSocket {
   /// Until then must happen whatever is asked for from now on.
   void setDeadline(Deadline deadline) { connection_.setDeadline(deadline); }
 
+  /// The port of this end; 0 if it cannot be told.
+  [[nodiscard]] std::uint16_t localPort() const { return connection_.localPort(); }
+
   /// Sends a message; false where the other side has gone, or takes it too slowly.
   bool send(std::string_view message);
 

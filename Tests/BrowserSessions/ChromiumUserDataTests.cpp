@@ -2,12 +2,13 @@
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <unistd.h>
 
 #include "BrowserSessions/ChromiumUserData.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 #include "Tests/BrowserSessions/FakeDevTools.h"
+#include "Tests/BrowserSessions/OtherProcess.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 #include "Tests/Support/TemporaryFolder.h"
 
@@ -73,7 +74,7 @@ TEST_F(ChromiumUserData, LeavesOutNoTabThatTheBrowserItselfTells) {
   log("Profile 1", "first");
   const auto devTools = FakeDevTools::withTabs({FakeDevTools::tab("Long", "long", 1, 0)});
   devTools.noteIn(folder_);
-  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"Long", "long"}}, 0}}}));
+  EXPECT_EQ(chromiumUserDataSession(folder_.path(), getpid()), (SessionReading{{{{{"Long", "long"}}, 0}}}));
 }
 
 TEST_F(ChromiumUserData, HasTheTitlesOfTheBrowsersWindows) {
@@ -98,7 +99,7 @@ TEST_F(ChromiumUserData, HasOpenWhatTheBrowserItselfTells) {
   log("Default", "logged");
   const auto devTools = FakeDevTools::withTabs({FakeDevTools::tab("Live", "live", 1, 0)});
   devTools.noteIn(folder_);
-  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"Live", "live"}}, 0}}}));
+  EXPECT_EQ(chromiumUserDataSession(folder_.path(), getpid()), (SessionReading{{{{{"Live", "live"}}, 0}}}));
 }
 
 TEST_F(ChromiumUserData, HasNoWindowsOfWebApplicationsOpen) {
@@ -107,7 +108,7 @@ TEST_F(ChromiumUserData, HasNoWindowsOfWebApplicationsOpen) {
   const auto devTools =
       FakeDevTools::withTabs({FakeDevTools::tab("A", "a", 1, 0), FakeDevTools::tab("App", "app", 2, 0)});
   devTools.noteIn(folder_);
-  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"A", "a"}}, 0}}}));
+  EXPECT_EQ(chromiumUserDataSession(folder_.path(), getpid()), (SessionReading{{{{{"A", "a"}}, 0}}}));
 }
 
 TEST_F(ChromiumUserData, IsReadThroughTheBrowserWhereItsSessionIsEncrypted) {
@@ -115,7 +116,7 @@ TEST_F(ChromiumUserData, IsReadThroughTheBrowserWhereItsSessionIsEncrypted) {
   const auto devTools = FakeDevTools::withTabs(
       {FakeDevTools::tab("Live", "live", 1, 0), FakeDevTools::tab("Private", "private", 2, 0, true, "private")});
   devTools.noteIn(folder_);
-  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"Live", "live"}}, 0}}}));
+  EXPECT_EQ(chromiumUserDataSession(folder_.path(), getpid()), (SessionReading{{{{{"Live", "live"}}, 0}}}));
 }
 
 TEST_F(ChromiumUserData, SaysWhichProfileTheBrowserMayHaveLeftOut) {
@@ -124,7 +125,7 @@ TEST_F(ChromiumUserData, SaysWhichProfileTheBrowserMayHaveLeftOut) {
   log("Default", "logged");
   const auto devTools = FakeDevTools::withTabs({FakeDevTools::tab("Live", "live", 1, 0)});
   devTools.noteIn(folder_);
-  const auto reading = chromiumUserDataSession(folder_.path());
+  const auto reading = chromiumUserDataSession(folder_.path(), getpid());
   ASSERT_TRUE(reading);
   EXPECT_EQ(reading->session.size(), 1U);
   EXPECT_EQ(reading->problems.size(), 1U);
@@ -133,7 +134,23 @@ TEST_F(ChromiumUserData, SaysWhichProfileTheBrowserMayHaveLeftOut) {
 TEST_F(ChromiumUserData, IsReadFromTheLogWhereNobodyAnswersOnThePort) {
   log("Default", "logged");
   folder_.write("DevToolsActivePort", std::to_string(deadPort()) + "\n" + FakeDevTools::path);
-  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"logged", "logged"}}, 0}}}));
+  EXPECT_EQ(chromiumUserDataSession(folder_.path(), getpid()), (SessionReading{{{{{"logged", "logged"}}, 0}}}));
+}
+
+TEST_F(ChromiumUserData, IsReadFromTheLogWhereAnotherProgramHasThePort) {
+  log("Default", "logged");
+  const OtherProcess other([](const OtherProcess::Tell& tell) {
+    const auto devTools = FakeDevTools::withTabs({FakeDevTools::tab("Injected", "injected", 1, 0)});
+    tell(devTools.port());
+  });
+  ASSERT_NE(other.port(), 0);
+  folder_.write("DevToolsActivePort", std::to_string(other.port()) + "\n" + FakeDevTools::path);
+  const auto reading = chromiumUserDataSession(folder_.path(), getpid());
+  ASSERT_TRUE(reading);
+  EXPECT_EQ(reading->session, (BrowserSession{{{{"logged", "logged"}}, 0}}));
+  EXPECT_THAT(reading->problems, testing::ElementsAre(testing::HasSubstr("another program has their port")));
+  EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"logged", "logged"}}, 0}}}))
+      << "nobody knows whose port it is";
 }
 
 TEST_F(ChromiumUserData, CannotBeReadWithoutAProfile) {

@@ -4,9 +4,12 @@
 #include <string>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "BrowserSessions/DevToolsPort.h"
+#include "DesktopSupport/FileDescriptor.h"
 #include "Tests/BrowserSessions/FakeDevTools.h"
+#include "Tests/BrowserSessions/OtherProcess.h"
 
 namespace BrowserSessions {
 
@@ -28,6 +31,13 @@ std::optional<DevToolsPort> noted(const std::string& note) {
   return devToolsPort(userData.path());
 }
 
+// Whether this process is taken for the browser that has noted this.
+bool isConnected(const DevToolsPort& devTools, WebSocket::Deadline deadline = farAway()) {
+  const auto socket = connectDevTools(devTools, getpid(), deadline);
+  EXPECT_TRUE(socket) << socket.error();
+  return socket && socket->has_value();
+}
+
 // Whether a server that answers so to the question for the browser's version is taken for the browser.
 bool isBrowser(const std::string& answer) {
   const FakeServer server([&](const FakeServer::Connection& client) {
@@ -38,9 +48,10 @@ bool isBrowser(const std::string& answer) {
     } else {
       client.write("HTTP/1.1 101 WebSocket\r\nSec-WebSocket-Accept: " + FakeWebSocket::acceptance(request) +
                    "\r\n\r\n");
+      client.awaitEnd();
     }
   });
-  return connectDevTools({server.port(), FakeDevTools::path}, farAway()).has_value();
+  return isConnected({server.port(), FakeDevTools::path});
 }
 
 std::string success(const std::string& body) {
@@ -88,12 +99,12 @@ TEST(DevToolsPort, IsNotConnectedToWhereSomebodyElseAnswers) {
       {"a mail server", "220 mail.example ESMTP\r\n\r\n"}};
   for (const auto& [what, answer] : answers)
     EXPECT_FALSE(isBrowser(answer)) << what;
-  EXPECT_FALSE(connectDevTools({deadPort(), FakeDevTools::path}, farAway())) << "nobody";
+  EXPECT_FALSE(isConnected({deadPort(), FakeDevTools::path})) << "nobody";
 }
 
 TEST(DevToolsPort, IsWaitedForUntilTheDeadline) {
   const FakeServer silent([](const FakeServer::Connection& client) { client.awaitEnd(); });
-  EXPECT_FALSE(connectDevTools({silent.port(), FakeDevTools::path}, std::chrono::steady_clock::now() + 20ms));
+  EXPECT_FALSE(isConnected({silent.port(), FakeDevTools::path}, std::chrono::steady_clock::now() + 20ms));
 }
 
 TEST(DevToolsPort, IsAskedWithoutOpeningAWebSocketForPermission) {
@@ -103,9 +114,34 @@ TEST(DevToolsPort, IsAskedWithoutOpeningAWebSocketForPermission) {
       webSockets += client.readTo("\r\n\r\n").starts_with("GET /devtools/") ? 1 : 0;
       client.write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
     });
-    EXPECT_FALSE(connectDevTools({asking.port(), FakeDevTools::path}, farAway()));
+    EXPECT_FALSE(isConnected({asking.port(), FakeDevTools::path}));
   }
   EXPECT_EQ(webSockets, 0);
+}
+
+// What another process does whose DevTools answer as the browser's would.
+void answerAsTheBrowser(const OtherProcess::Tell& tell, int listener) {
+  const FakeDevTools devTools([](const FakeDevTools::json&) { return FakeDevTools::Messages(); }, listener);
+  tell(FakeServer::portOf(listener));
+}
+
+TEST(DevToolsPort, IsNotConnectedToWhereAnotherProcessListens) {
+  const OtherProcess other(
+      [](const OtherProcess::Tell& tell) { answerAsTheBrowser(tell, FakeServer::listenOnAnyPort()); });
+  const DevToolsPort devTools = {other.port(), FakeDevTools::path};
+  const auto socket = connectDevTools(devTools, getpid(), farAway());
+  ASSERT_FALSE(socket);
+  EXPECT_EQ(socket.error(), "The browser is not asked through its DevTools: another program has their port, " +
+                                std::to_string(other.port()) + '.');
+  const auto ofOther = connectDevTools(devTools, other.pid(), farAway());
+  EXPECT_TRUE(ofOther && ofOther->has_value());
+}
+
+TEST(DevToolsPort, IsNotConnectedToWhereAnotherProcessAccepts) {
+  const DesktopSupport::FileDescriptor listener(FakeServer::listenOnAnyPort());
+  const OtherProcess other([&](const OtherProcess::Tell& tell) { answerAsTheBrowser(tell, listener.number()); });
+  ASSERT_NE(other.port(), 0);
+  EXPECT_FALSE(connectDevTools({other.port(), FakeDevTools::path}, getpid(), farAway()));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "BrowserSessions/DevToolsSession.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
@@ -36,7 +37,7 @@ class DevToolsSession : public testing::Test {
  protected:
   [[nodiscard]] std::optional<LiveSession> toldBy(const FakeDevTools& devTools) const {
     devTools.noteIn(userData_);
-    return devToolsSession(userData_.path());
+    return devToolsSession(userData_.path(), getpid()).value_or(std::nullopt);
   }
 
   TestSupport::TemporaryFolder userData_;
@@ -181,9 +182,9 @@ TEST_F(DevToolsSession, IsWaitedForHalfASecond) {
 }
 
 TEST_F(DevToolsSession, IsNoneWhereNobodyAnswers) {
-  EXPECT_EQ(devToolsSession(userData_.path()), std::nullopt) << "no note";
+  EXPECT_EQ(devToolsSession(userData_.path(), getpid()).value(), std::nullopt) << "no note";
   userData_.write("DevToolsActivePort", std::to_string(deadPort()) + "\n" + FakeDevTools::path);
-  EXPECT_EQ(devToolsSession(userData_.path()), std::nullopt) << "crashed";
+  EXPECT_EQ(devToolsSession(userData_.path(), getpid()).value(), std::nullopt) << "crashed";
 }
 
 }  // namespace

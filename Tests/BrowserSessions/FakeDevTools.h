@@ -22,8 +22,10 @@ class FakeDevTools {
 
   static constexpr const char* path = "/devtools/browser/0aba2e35-00c3";
 
-  explicit FakeDevTools(Answer answer)
-      : answer_(std::move(answer)), server_([this](const FakeServer::Connection& client) { serve(client); }) {}
+  /// Listens on a port of its own, or serves the connections to a socket that listens already.
+  explicit FakeDevTools(Answer answer, int listener = FakeServer::listenOnAnyPort())
+      : answer_(std::move(answer)),
+        server_([this](const FakeServer::Connection& client) { serve(client); }, listener) {}
 
   /// Answers with these tabs, each with its window as "window"; see `tab`.
   static FakeDevTools withTabs(std::vector<json> tabs, std::string mainProfile = "main") {
@@ -53,6 +55,8 @@ class FakeDevTools {
         return {{"windowId", tab["window"]}, {"bounds", json::object()}};
     return nullptr;
   }
+
+  [[nodiscard]] std::uint16_t port() const { return server_.port(); }
 
   /// The browser's note of them in its user data folder.
   [[nodiscard]] std::string note() const { return std::to_string(server_.port()) + '\n' + path; }

@@ -67,16 +67,9 @@ class FakeServer {
 
   using Handler = std::function<void(const Connection&)>;
 
-  explicit FakeServer(Handler handler) : handler_(std::move(handler)), listener_(socket(AF_INET, SOCK_STREAM, 0)) {
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof(address);
-    auto* generic = reinterpret_cast<sockaddr*>(&address);
-    if (bind(listener_, generic, size) != 0 || listen(listener_, 16) != 0 ||
-        getsockname(listener_, generic, &size) != 0)
-      throw std::runtime_error("no port for a server");
-    port_ = ntohs(address.sin_port);
+  /// Serves the connections to a socket that listens, and closes it in the end.
+  explicit FakeServer(Handler handler, int listener = listenOnAnyPort())
+      : handler_(std::move(handler)), listener_(listener), port_(portOf(listener)) {
     thread_ = std::jthread([this] { serve(); });
   }
   FakeServer(const FakeServer&) = delete;
@@ -90,6 +83,26 @@ class FakeServer {
   }
 
   [[nodiscard]] std::uint16_t port() const { return port_; }
+
+  /// A new socket that listens on a port of 127.0.0.1.
+  static int listenOnAnyPort() {
+    const int listener = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof(address)) != 0 || listen(listener, 16) != 0)
+      throw std::runtime_error("no port for a server");
+    return listener;
+  }
+
+  /// The port of this end of a socket, whether it is of IPv4 or IPv6.
+  static std::uint16_t portOf(int socket) {
+    sockaddr_in6 address = {};  // has the port where sockaddr_in has it
+    socklen_t size = sizeof(address);
+    if (getsockname(socket, reinterpret_cast<sockaddr*>(&address), &size) != 0)
+      throw std::runtime_error("a socket without a port");
+    return ntohs(address.sin6_port);
+  }
 
  private:
   void serve() {

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "BrowserSessions/ChromiumUserData.h"
+#include "BrowserSessions/RunningChromium.h"
 #include "ScriptableApps/TabAddress.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 #include "Tests/ScriptableApps/Scripts.h"
@@ -71,7 +72,9 @@ BrowserSession openIn(TestChromium& browser) {
 
 // What is read of it.
 BrowserSession read() {
-  const auto reading = BrowserSessions::chromiumUserDataSession(TestChromium::userData());
+  const auto running = BrowserSessions::runningChromiumBrowsers();
+  const auto process = running.empty() ? std::nullopt : std::optional(running.front().process);
+  const auto reading = BrowserSessions::chromiumUserDataSession(TestChromium::userData(), process);
   return reading ? reading->session : BrowserSession{{{{reading.error(), ""}}}};
 }
 
