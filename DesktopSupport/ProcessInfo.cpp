@@ -6,6 +6,7 @@
 #include "DesktopSupport/CommandLine.h"
 #include "DesktopSupport/FileContents.h"
 #include "DesktopSupport/KeyFileGroup.h"
+#include "DesktopSupport/TimeLimit.h"
 
 namespace DesktopSupport {
 
@@ -77,9 +78,12 @@ std::optional<path> ProcessInfo::script() const {
       return std::nullopt;
     file = *folder / file;
   }
-  std::error_code error;
-  file = std::filesystem::canonical(file.parent_path(), error) / file.filename();
-  return !error && isFile(file) ? std::optional(file) : std::nullopt;
+  const auto found = foundWithin(fileSystemTime, [&file] {
+    std::error_code error;
+    const path real = std::filesystem::canonical(file.parent_path(), error) / file.filename();
+    return !error && isFile(real) ? real.string() : "";
+  });
+  return found && !found->empty() ? std::optional<path>(*found) : std::nullopt;
 }
 
 std::vector<std::string> ProcessInfo::arguments() const {

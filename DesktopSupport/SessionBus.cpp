@@ -1,10 +1,15 @@
 #include "DesktopSupport/SessionBus.h"
 
 #include <algorithm>
+#include <condition_variable>
 #include <cstdlib>
 #include <filesystem>
 #include <limits>
+#include <mutex>
+#include <thread>
 #include <utility>
+
+#include "DesktopSupport/DisplayableText.h"
 
 namespace DesktopSupport {
 
@@ -18,6 +23,23 @@ bool isRunning() {
   std::error_code ignored;
   return runtimeFolder != nullptr && std::filesystem::exists(std::filesystem::path(runtimeFolder) / "bus", ignored);
 }
+
+/// Cancels what takes `cancellable` when it has lived for `limit`.
+class TimeLimit {
+ public:
+  TimeLimit(GCancellable* cancellable, std::chrono::milliseconds limit)
+      : thread_([this, cancellable, limit](const std::stop_token& end) {
+          std::unique_lock lock(mutex_);
+          const bool isOver = over_.wait_for(lock, end, limit, [&end] { return end.stop_requested(); });
+          if (!isOver)
+            g_cancellable_cancel(cancellable);
+        }) {}
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable_any over_;
+  std::jthread thread_;
+};
 
 std::string nameOf(const GError& error) {
   if (g_error_matches(&error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) != FALSE)
@@ -48,14 +70,18 @@ int millisecondsFor(std::chrono::milliseconds timeout) {
 BusError busErrorFrom(const GError& error) {
   const ErrorHandle copy(g_error_copy(&error));
   g_dbus_error_strip_remote_error(copy.get());
-  return {.name = nameOf(error), .message = copy->message};
+  return {.name = nameOf(error), .message = displayable(copy->message)};
 }
 
-std::expected<SessionBus, BusError> SessionBus::connect() {
+std::expected<SessionBus, BusError> SessionBus::connect(std::chrono::milliseconds patience) {
   if (!isRunning())
     return std::unexpected(BusError{std::string(BusErrorName::noServer), "There is no session bus."});
+  const ObjectHandle<GCancellable> cancellable(g_cancellable_new());
+  const TimeLimit limit(cancellable.get(), patience);
   ErrorHandle error;
-  ObjectHandle<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, Out(error)));
+  ObjectHandle<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable.get(), Out(error)));
+  if (!connection && g_cancellable_is_cancelled(cancellable.get()) != FALSE)
+    return std::unexpected(BusError{std::string(BusErrorName::noServer), "The session bus does not answer."});
   if (!connection)
     return std::unexpected(BusError{std::string(BusErrorName::noServer), error->message});
   g_dbus_connection_set_exit_on_close(connection.get(), FALSE);

@@ -27,9 +27,10 @@ inline constexpr std::string_view timeout = "org.freedesktop.DBus.Error.Timeout"
 inline constexpr std::string_view invalidArguments = "org.freedesktop.DBus.Error.InvalidArgs";
 inline constexpr std::string_view accessDenied = "org.freedesktop.DBus.Error.AccessDenied";
 inline constexpr std::string_view notSupported = "org.freedesktop.DBus.Error.NotSupported";
+inline constexpr std::string_view limitsExceeded = "org.freedesktop.DBus.Error.LimitsExceeded";
 }  // namespace BusErrorName
 
-/// The name under which D-Bus knows `error`, and its message without the name GLib puts in front.
+/// The name under which D-Bus knows `error`, and its message, `displayable`, without the name GLib puts in front.
 BusError busErrorFrom(const GError& error);
 
 /// One method of an object that a program on the bus has.
@@ -47,8 +48,12 @@ enum class Activation { never, ifNeeded };
 /// shares it. A bus that goes away fails the calls under way and does not end the process.
 class SessionBus {
  public:
-  /// Connects to the running session bus. Fails with `noServer` where there is none; none is started.
-  static std::expected<SessionBus, BusError> connect();
+  /// How long a bus is usually waited for that takes the connection and says nothing.
+  static constexpr std::chrono::seconds connectTime{5};
+
+  /// Connects to the running session bus. Fails with `noServer` where there is none, or none that answers within
+  /// `patience`; none is started.
+  static std::expected<SessionBus, BusError> connect(std::chrono::milliseconds patience = connectTime);
 
   /// Calls `method` with the tuple `arguments` (none: nullptr; a floating variant is consumed) and yields the tuple
   /// that it answers, which is of type `replyType`. A destination that does not run and may not or cannot be started

@@ -1,17 +1,17 @@
 #include "DesktopSupport/X11Connection.h"
 
 #include <cerrno>
+#include <utility>
 
 #include <poll.h>
 #include <sys/socket.h>
 #include <xcb/xcbext.h>
 
+#include "DesktopSupport/TimeLimit.h"
+
 namespace DesktopSupport {
 
 namespace {
-
-// Somebody may hold the server for a while, as a program that takes a screenshot does.
-constexpr std::chrono::milliseconds longestSilence = std::chrono::seconds(30);
 
 const xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
   auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
@@ -22,11 +22,18 @@ const xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
 
 }  // namespace
 
-std::expected<X11Connection, DesktopError> X11Connection::connect() {
+std::expected<X11Connection, DesktopError> X11Connection::connect(std::chrono::milliseconds patience) {
   if (std::getenv("DISPLAY") == nullptr)
     return std::unexpected(DesktopError{"There is no X display: DISPLAY is not set."});
-  int screenNumber = 0;
-  xcb_connection_t* connection = xcb_connect(nullptr, &screenNumber);
+  // A server that hangs takes the connection and says nothing.
+  const auto connected = resultWithin(patience, [] {
+    int number = 0;
+    xcb_connection_t* const made = xcb_connect(nullptr, &number);
+    return std::pair(made, number);
+  });
+  if (!connected)
+    return std::unexpected(DesktopError{"The X server does not answer."});
+  const auto [connection, screenNumber] = *connected;
   const bool isConnected = xcb_connection_has_error(connection) == 0;
   const xcb_screen_t* screen = isConnected ? screenOf(connection, screenNumber) : nullptr;
   X11Connection made(connection, screen);
@@ -54,7 +61,7 @@ bool X11Connection::waitUntilReadable() {
   pollfd socket = {.fd = xcb_get_file_descriptor(connection_.get()), .events = POLLIN, .revents = 0};
   int ready = 0;
   do
-    ready = poll(&socket, 1, static_cast<int>(longestSilence.count()));
+    ready = poll(&socket, 1, static_cast<int>(std::chrono::milliseconds(longestSilence).count()));
   while (ready < 0 && errno == EINTR);
   isSilent_ = ready <= 0;
   return !isSilent_;

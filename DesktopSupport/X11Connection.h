@@ -21,8 +21,13 @@ using Reply = std::unique_ptr<T, ReleasedBy<std::free>>;
 /// round trip however many they are.
 class X11Connection {
  public:
-  /// Connects to the server that DISPLAY names. Fails where it is unset or the server refuses.
-  static std::expected<X11Connection, DesktopError> connect();
+  /// How long the server is usually waited for: somebody may hold it for a while, as a program that takes a screenshot
+  /// does.
+  static constexpr std::chrono::seconds longestSilence{30};
+
+  /// Connects to the server that DISPLAY names. Fails if it is unset, or the server refuses or does not answer within
+  /// `patience`.
+  static std::expected<X11Connection, DesktopError> connect(std::chrono::milliseconds patience = longestSilence);
 
   [[nodiscard]] xcb_connection_t* handle() const { return connection_.get(); }
   [[nodiscard]] xcb_window_t root() const { return screen_->root; }

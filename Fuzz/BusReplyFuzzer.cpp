@@ -27,14 +27,18 @@ bool isOfType(GVariant* reply, const char* type) {
 
 void requireFolder(const std::string& location) {
   ScriptableApps::MountedPlaces places(std::chrono::milliseconds(0));
-  const auto folder = ScriptableApps::openFolderAt(location, places);
+  const auto path = ScriptableApps::pathAt(location, places);
+  if (!path)
+    return;
+  const auto folder = ScriptableApps::folderWithPath(*path);
   if (!folder) {
     Fuzz::requireUTF8(folder.error());
     require(DesktopSupport::isDisplayable(folder.error()), "A problem is one line.");
-  } else if (const auto& found = *folder) {
-    const auto& [name, path] = *found;
-    require(DesktopSupport::isDisplayable(name) && DesktopSupport::isDisplayable(path), "A folder is told in lines.");
-    require(path.starts_with('/') && path.ends_with('/'), "A folder's path is from the root to its end.");
+  } else {
+    require(DesktopSupport::isDisplayable(folder->name) && DesktopSupport::isDisplayable(folder->path),
+            "A folder is told in lines.");
+    require(folder->path.starts_with('/') && folder->path.ends_with('/'),
+            "A folder's path is from the root to its end.");
   }
 }
 

@@ -39,13 +39,11 @@ AppleScript::Result<AppleScript::ObjectPointer> Finder::open() {
     DesktopSupport::writeToSystemLog(problem);
   MountedPlaces places(patience_);
   std::vector<FinderWindow> windows;
-  for (const std::string& location : open->locations) {
-    auto folder = openFolderAt(location, places);
-    if (!folder)
+  for (FolderOrProblem& folder : openFoldersAt(open->locations, places))
+    if (folder)
+      windows.emplace_back(std::move(*folder));
+    else
       DesktopSupport::writeToSystemLog(folder.error());
-    else if (auto& shown = *folder)
-      windows.emplace_back(std::move(*shown));
-  }
   return std::make_shared<const FinderRoot>(std::move(windows));
 }
 

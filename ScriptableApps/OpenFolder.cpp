@@ -1,11 +1,15 @@
 #include "ScriptableApps/OpenFolder.h"
 
+#include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "DesktopSupport/DisplayableText.h"
 #include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/TimeLimit.h"
 #include "ScriptableApps/HomeFolderName.h"
 
 namespace ScriptableApps {
@@ -47,20 +51,68 @@ std::string nameOf(const std::string& path) {
   return DesktopSupport::displayableName(name.get());
 }
 
+/// How long all folders of one list are waited for.
+constexpr std::chrono::seconds longestSearch{3};
+
+/// Which of the paths are folders; none if the file system does not say so in time.
+std::optional<std::vector<bool>> areFolders(const std::vector<std::string>& paths, std::chrono::milliseconds limit) {
+  const auto found = DesktopSupport::foundWithin(limit, [&paths] {
+    std::string answers;
+    std::error_code ignored;
+    for (const std::string& path : paths)
+      answers += std::filesystem::is_directory(path, ignored) ? 'y' : 'n';
+    return answers;
+  });
+  if (!found || found->size() != paths.size())
+    return std::nullopt;
+  std::vector<bool> answers;
+  for (const char answer : *found)
+    answers.push_back(answer == 'y');
+  return answers;
+}
+
+/// Which of the paths are folders. One on a network mount that does not answer counts as one: a file manager shows it.
+std::vector<bool> whichAreFolders(const std::vector<std::string>& paths) {
+  const auto deadline = std::chrono::steady_clock::now() + longestSearch;
+  if (paths.empty())
+    return {};
+  if (auto answers = areFolders(paths, DesktopSupport::fileSystemTime))
+    return std::move(*answers);
+  std::vector<bool> oneByOne;
+  for (const std::string& path : paths) {
+    const auto left = std::chrono::floor<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now());
+    const auto answer = left.count() > 0 ? areFolders({path}, std::min(left, DesktopSupport::fileSystemTime))
+                                         : std::optional<std::vector<bool>>();
+    oneByOne.push_back(!answer || answer->front());
+  }
+  return oneByOne;
+}
+
 }  // namespace
 
-std::expected<std::optional<OpenFolder>, std::string> openFolderAt(const std::string& uri, MountedPlaces& places) {
+std::optional<std::string> pathAt(const std::string& uri, MountedPlaces& places) {
   const auto found = pathOf(uri, places);
-  if (!found)
-    return std::nullopt;
-  const std::string path = canonical(found->c_str());
-  std::error_code ignored;
-  if (!std::filesystem::is_directory(path, ignored))
-    return std::nullopt;
+  return found ? std::optional(canonical(found->c_str())) : std::nullopt;
+}
+
+FolderOrProblem folderWithPath(const std::string& path) {
   if (!DesktopSupport::isDisplayable(path))
     return std::unexpected("The folder " + DesktopSupport::displayable(path) +
                            " is left out: its path is not one line of text.");
   return OpenFolder{.name = nameOf(path), .path = path.ends_with('/') ? path : path + '/'};
+}
+
+std::vector<FolderOrProblem> openFoldersAt(const std::vector<std::string>& uris, MountedPlaces& places) {
+  std::vector<std::string> paths;
+  for (const std::string& uri : uris)
+    if (auto path = pathAt(uri, places))
+      paths.push_back(std::move(*path));
+  const std::vector<bool> isFolder = whichAreFolders(paths);
+  std::vector<FolderOrProblem> folders;
+  for (std::size_t index = 0; index < paths.size(); ++index)
+    if (isFolder[index])
+      folders.push_back(folderWithPath(paths[index]));
+  return folders;
 }
 
 }  // namespace ScriptableApps

@@ -9,6 +9,7 @@
 #include "DesktopSupport/CommandLine.h"
 #include "DesktopSupport/DisplayableText.h"
 #include "DesktopSupport/ProcessInfo.h"
+#include "DesktopSupport/TimeLimit.h"
 #include "DesktopSupport/WindowMatcher.h"
 #include "ScriptableApps/WindowOwners.h"
 
@@ -77,9 +78,17 @@ void addMissingClasses(std::vector<Origin>& origins) {
       origin.windowClass = classes[origin.file];
 }
 
+// What does not say so in time is no file: nobody could open it either.
+bool isRegularFile(const path& file) {
+  const auto found = DesktopSupport::foundWithin(DesktopSupport::fileSystemTime, [&file] {
+    std::error_code ignored;
+    return std::string(std::filesystem::is_regular_file(file, ignored) ? "yes" : "no");
+  });
+  return found == "yes";
+}
+
 // Why an application cannot be told of; none if it can.
 std::optional<std::string> problemWith(const Origin& origin) {
-  std::error_code ignored;
   if (origin.entry != nullptr)
     return std::nullopt;
   const std::string subject = "An application with windows of the class \"" + origin.windowClass + "\" is left out: ";
@@ -88,7 +97,7 @@ std::optional<std::string> problemWith(const Origin& origin) {
     return subject + "no process of this machine tells which program it is.";
   if (!isDisplayable(origin.file.string()))
     return subject + "the path of " + file + " is not one line of text.";
-  if (!std::filesystem::is_regular_file(origin.file, ignored))
+  if (!isRegularFile(origin.file))
     return subject + "there is no file " + file + '.';
   return std::nullopt;
 }

@@ -4,6 +4,7 @@
 #include "DesktopSupport/SessionBus.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeDeskloomHost.h"
+#include "Tests/Support/SilentServer.h"
 
 namespace {
 
@@ -46,6 +47,16 @@ TEST(SessionBus, IsAbsentWhereItDoesNotAnswer) {
   const auto bus = SessionBus::connect();
   ASSERT_FALSE(bus);
   EXPECT_EQ(bus.error().name, BusErrorName::noServer);
+}
+
+TEST(SessionBus, IsAbsentIfItTakesAConnectionAndSaysNothing) {
+  const TestSupport::SilentServer server;
+  const EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS",
+                                    "tcp:host=127.0.0.1,port=" + std::to_string(server.port()));
+  const auto bus = SessionBus::connect(50ms);
+  ASSERT_FALSE(bus);
+  EXPECT_EQ(bus.error().name, BusErrorName::noServer);
+  EXPECT_EQ(bus.error().message, "The session bus does not answer.");
 }
 
 TEST(SessionBus, IsOneConnection) {

@@ -4,11 +4,13 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "DesktopSupport/GLibHandles.h"
 #include "ScriptableApps/OpenFolder.h"
+#include "Tests/Support/DeadMount.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
 
@@ -28,7 +30,13 @@ class OpenFolderTest : public testing::Test {
 
   static std::expected<std::optional<OpenFolder>, std::string> find(const std::string& uri) {
     ScriptableApps::MountedPlaces places(60s);
-    return ScriptableApps::openFolderAt(uri, places);
+    auto folders = ScriptableApps::openFoldersAt({uri}, places);
+    if (folders.empty())
+      return std::nullopt;
+    EXPECT_EQ(folders.size(), 1U);
+    if (!folders.front())
+      return std::unexpected(folders.front().error());
+    return std::move(*folders.front());
   }
 
   static std::optional<OpenFolder> at(const std::string& uri) {
@@ -54,6 +62,21 @@ TEST_F(OpenFolderTest, HasThePathOfTheFolderWithASlashAtItsEnd) {
   expectFolder("file://localhost" + path, "Reports", path + '/');
   expectFolder("FILE://" + path, "Reports", path + '/');
   expectFolder("file://" + path + "/.././/Reports//", "Reports", path + '/');
+}
+
+TEST_F(OpenFolderTest, IsAlsoOneOnANetworkMountThatDoesNotAnswer) {
+  const std::string before = make("a");
+  const std::string after = make("b");
+  const TestSupport::DeadMount mount(make("mount"));
+  ScriptableApps::MountedPlaces places(60s);
+  const auto folders =
+      ScriptableApps::openFoldersAt({"file://" + before, "file://" + mount.path().string() + "/documents",
+                                     "file://" + after, "file:///no/such/folder"},
+                                    places);
+  std::vector<std::string> paths;
+  for (const auto& folder : folders)
+    paths.push_back(folder.value().path);
+  EXPECT_THAT(paths, testing::ElementsAre(before + '/', mount.path().string() + "/documents/", after + '/'));
 }
 
 TEST_F(OpenFolderTest, IsReadFromTheURIsPercentEncoding) {

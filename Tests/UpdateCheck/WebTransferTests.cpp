@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "Tests/Support/EnvironmentVariable.h"
+#include "Tests/Support/SilentServer.h"
 #include "Tests/UpdateCheck/HTTPSServer.h"
-#include "Tests/UpdateCheck/SilentServer.h"
 #include "UpdateCheck/Fetcher.h"
 #include "UpdateCheck/WebTransfer.h"
 
@@ -81,13 +81,13 @@ TEST_F(WebTransferTest, FollowsFiveRedirectsAtMost) {
 }
 
 TEST_F(WebTransferTest, FollowsNoRedirectToThePlainWeb) {
-  const SilentServer plain;
+  const TestSupport::SilentServer plain;
   expectRedirectRefused("http://" + plain.address() + "/feed", "Protocol \"http\" not supported");
   EXPECT_FALSE(plain.takeConnection());
 }
 
 TEST_F(WebTransferTest, FollowsNoRedirectToAnFTPServer) {
-  const SilentServer ftp;
+  const TestSupport::SilentServer ftp;
   expectRedirectRefused("ftp://" + ftp.address() + "/feed", "Protocol \"ftp\" not supported");
   EXPECT_FALSE(ftp.takeConnection());
 }
@@ -97,7 +97,7 @@ TEST_F(WebTransferTest, FollowsNoRedirectToAFile) {
 }
 
 TEST_F(WebTransferTest, BeginsNowhereButOnTheSecureWeb) {
-  const SilentServer plain;
+  const TestSupport::SilentServer plain;
   const Outcome outcome = transfer(*URL::parse("http://" + plain.address() + "/feed"));
   EXPECT_THAT(outcome.failure, HasSubstr("Protocol \"http\" not supported"));
   EXPECT_FALSE(plain.takeConnection());
@@ -157,7 +157,7 @@ TEST(WebTransfer, SaysWhoAsksAndNothingElse) {
 
 TEST(WebTransfer, WaitsForASilentServerNoLongerThanItMay) {
   const EnvironmentVariable noProxy("no_proxy", "*");
-  const SilentServer server;
+  const TestSupport::SilentServer server;
   const Outcome outcome =
       transfer(*URL::parse("https://" + server.address() + "/feed"), {.bytes = 10, .total = std::chrono::seconds(2)});
   EXPECT_TRUE(server.takeConnection());

@@ -10,6 +10,8 @@
 
 #include "DesktopSupport/FileDescriptor.h"
 
+namespace TestSupport {
+
 /// A server on this machine that takes connections and never says a word.
 class SilentServer {
  public:
@@ -28,6 +30,8 @@ class SilentServer {
   /// Where it listens, as "127.0.0.1:1234".
   [[nodiscard]] std::string address() const { return "127.0.0.1:" + std::to_string(port_); }
 
+  [[nodiscard]] std::uint16_t port() const { return port_; }
+
   /// Whether anybody has connected and not been taken note of yet.
   [[nodiscard]] bool takeConnection() const {
     const DesktopSupport::FileDescriptor connection(accept4(socket_.number(), nullptr, nullptr, SOCK_CLOEXEC));
@@ -38,3 +42,5 @@ class SilentServer {
   DesktopSupport::FileDescriptor socket_;
   std::uint16_t port_ = 0;
 };
+
+}  // namespace TestSupport
