@@ -37,7 +37,7 @@ test threads -R Name'
 
 sanitize address --without-browsers
 expect "$status $steps" '0 build asan
-test asan --label-exclude ^(browser|scripts)$'
+test asan-without-browsers '
 
 # What fails under one does not keep the other from being run.
 echo asan >"$scratch/failing"
