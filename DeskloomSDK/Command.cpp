@@ -20,11 +20,11 @@ std::optional<std::string> payload(const std::vector<Resource>& resources) {
   return Platform::percentEncodedPath(*text);
 }
 
-std::string hostURL(const std::string& name, const std::optional<std::string>& data) {
-  std::string text = "deskloom://" + name;
-  if (data)
-    text.append("/").append(*data);
-  return text;
+std::string hostURL(const std::string& name, std::optional<std::string> data) {
+  std::string beginning = "deskloom://" + name;
+  if (!data)
+    return beginning;
+  return std::move(data->insert(0, beginning + "/"));
 }
 
 }  // namespace
@@ -33,14 +33,18 @@ Command::Command(const std::vector<Resource>& resources) : Command(addResourcesN
 
 Command::Command(std::string name, std::optional<std::string> data) : name_(std::move(name)), data_(std::move(data)) {}
 
-std::expected<void, Platform::Error> Command::send() const {
-  const auto url = Platform::URL::parse(hostURL(name_, data_));
+std::expected<void, Platform::Error> Command::send() const& {
+  return Command(*this).send();
+}
+
+std::expected<void, Platform::Error> Command::send() && {
+  auto url = Platform::URL::parse(hostURL(name_, std::move(data_)));
   if (!url) {
     const auto& strings = Platform::services().strings;
     return std::unexpected(
         makeError(ErrorCode::couldNotCreateURL, strings.localized("Could not create URL", "Error"), ""));
   }
-  Platform::services().workspace.open(*url);
+  Platform::services().workspace.open(std::move(*url));
   return {};
 }
 

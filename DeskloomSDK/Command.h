@@ -27,7 +27,9 @@ class Command {
 
   /// Has the platform open the host URL and returns; nobody learns whether the host accepted it. Fails with the code-0
   /// error where the URL cannot be built.
-  [[nodiscard]] std::expected<void, Platform::Error> send() const;
+  [[nodiscard]] std::expected<void, Platform::Error> send() const&;
+  /// The same for a command that is not needed any more: its payload is not copied.
+  [[nodiscard]] std::expected<void, Platform::Error> send() &&;
 
  private:
   std::string name_;

@@ -1,13 +1,22 @@
 #include "DesktopSupport/ApplicationBus.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace DesktopSupport {
 
 namespace {
 
-GVariant* noPlatformData() {
-  return g_variant_new("a{sv}", nullptr);
+GVariant* orNone(GVariant* platformData) {
+  return platformData != nullptr ? platformData : g_variant_new("a{sv}", nullptr);
+}
+
+/// A text that is UTF-8 as a D-Bus string, floating; the variant has the text's own bytes.
+GVariant* stringOf(std::string text) {
+  auto* const owned = new std::string(std::move(text));
+  return g_variant_new_from_data(
+      G_VARIANT_TYPE_STRING, owned->c_str(), owned->size() + 1, /*trusted=*/TRUE,
+      [](gpointer string) { delete static_cast<std::string*>(string); }, owned);
 }
 
 }  // namespace
@@ -23,31 +32,16 @@ std::string applicationObjectPath(std::string_view busName) {
   return path;
 }
 
-std::size_t urlsInOneOpen(std::span<const std::string> urls) {
-  constexpr std::size_t longestArray = 64UL << 20;
-  constexpr std::size_t lengthAndPadding = 8;
-  std::size_t bytes = 0;
-  std::size_t count = 0;
-  for (const std::string& url : urls) {
-    bytes += url.size() + lengthAndPadding;
-    if (count > 0 && bytes > longestArray)
-      break;
-    ++count;
-  }
-  return count;
+GVariant* openArguments(std::string url, GVariant* platformData) {
+  GVariantBuilder urls;
+  g_variant_builder_init(&urls, G_VARIANT_TYPE("as"));
+  if (g_utf8_validate_len(url.data(), url.size(), nullptr) != FALSE)
+    g_variant_builder_add_value(&urls, stringOf(std::move(url)));
+  return g_variant_new("(as@a{sv})", &urls, orNone(platformData));
 }
 
-GVariant* openArguments(const std::vector<std::string_view>& urls) {
-  GVariantBuilder texts;
-  g_variant_builder_init(&texts, G_VARIANT_TYPE("as"));
-  for (const std::string_view url : urls)
-    if (g_utf8_validate_len(url.data(), url.size(), nullptr) != FALSE)
-      g_variant_builder_add_value(&texts, g_variant_new_take_string(g_strndup(url.data(), url.size())));
-  return g_variant_new("(as@a{sv})", &texts, noPlatformData());
-}
-
-GVariant* activateArguments() {
-  return g_variant_new("(@a{sv})", noPlatformData());
+GVariant* activateArguments(GVariant* platformData) {
+  return g_variant_new("(@a{sv})", orNone(platformData));
 }
 
 }  // namespace DesktopSupport

@@ -1,10 +1,8 @@
 #pragma once
 
 #include <cstddef>
-#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "DesktopSupport/GLibHandles.h"
 
@@ -24,13 +22,10 @@ std::string applicationObjectPath(std::string_view busName);
 /// with the text's length and terminator; of a longer one the bus would take nothing, but close the connection.
 inline constexpr std::size_t longestOpenURL = (64UL << 20) - 5;
 
-/// How many of `urls`, from the first on, one Open can carry together: at least the first, if that is not too long.
-std::size_t urlsInOneOpen(std::span<const std::string> urls);
-
-/// The arguments of the interface's Open, floating. A text that is not UTF-8 cannot travel and is left out.
-GVariant* openArguments(const std::vector<std::string_view>& urls);
-
-/// The arguments of the interface's Activate, floating.
-GVariant* activateArguments();
+/// The arguments of the interface's Open for one URL, and of its Activate, with the platform data (none: nullptr), a
+/// floating variant of type a{sv}; floating. A text that is not UTF-8 cannot travel: then Open gets no URL. The text is
+/// not copied.
+GVariant* openArguments(std::string url, GVariant* platformData = nullptr);
+GVariant* activateArguments(GVariant* platformData = nullptr);
 
 }  // namespace DesktopSupport

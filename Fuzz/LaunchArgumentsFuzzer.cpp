@@ -24,7 +24,8 @@ Arguments argumentsOf(std::string_view input) {
 }
 
 bool isOption(const std::string& argument) {
-  return argument == "--help" || argument == "--version" || argument == "--dbus-activated";
+  return argument == "--help" || argument == "--version" || argument == "--dbus-activated" ||
+         argument == "--read-launch-urls";
 }
 
 bool contains(const Arguments& arguments, std::string_view argument) {
@@ -44,24 +45,22 @@ void requireAllTaken(const Arguments& arguments, const LaunchArguments& parsed) 
   require(contains(urls, "--help") == parsed.help, "It is known whether help was asked for.");
   require(contains(urls, "--version") == parsed.version, "It is known whether the version was asked for.");
   require(contains(urls, "--dbus-activated") == parsed.activatedByBus, "It is known who starts.");
+  require(contains(urls, "--read-launch-urls") == parsed.readsLaunchURLs, "It is known whether more is to be read.");
   std::erase_if(urls, isOption);
   urls.insert(urls.end(), rest == arguments.end() ? rest : rest + 1, arguments.end());
   require(urls == parsed.launchURLs, "All else are launch URLs, in their order.");
 }
 
 void requireHandedOver(const Arguments& urls) {
-  const std::size_t count = DesktopSupport::urlsInOneOpen(urls);
-  require(count == urls.size(), "So few URLs travel together.");
-  const auto message = DesktopSupport::owned(DesktopSupport::openArguments({urls.begin(), urls.end()}));
-  const DesktopSupport::VariantHandle texts(g_variant_get_child_value(message.get(), 0));
-  Arguments sent;
-  for (gsize index = 0; index < g_variant_n_children(texts.get()); ++index) {
-    const DesktopSupport::VariantHandle text(g_variant_get_child_value(texts.get(), index));
-    sent.emplace_back(g_variant_get_string(text.get(), nullptr));
+  for (const std::string& url : urls) {
+    const auto message = DesktopSupport::owned(DesktopSupport::openArguments(url));
+    const DesktopSupport::VariantHandle texts(g_variant_get_child_value(message.get(), 0));
+    const char* sent = nullptr;
+    if (g_variant_n_children(texts.get()) > 0)
+      g_variant_get_child(texts.get(), 0, "&s", &sent);
+    require((sent != nullptr) == Platform::stringFromUTF8(url).has_value(), "A URL travels if it is UTF-8.");
+    require(sent == nullptr || url == sent, "It travels as it is.");
   }
-  Arguments valid = urls;
-  std::erase_if(valid, [](const std::string& url) { return !Platform::stringFromUTF8(url); });
-  require(sent == valid, "Every URL that is UTF-8 travels as it is.");
 }
 
 }  // namespace

@@ -48,7 +48,7 @@ void requireRoundTrip(std::string_view text) {
 
 void parse(std::string_view text) {
   requireRoundTrip(text);
-  if (const auto url = URL::parse(text))
+  if (const auto url = URL::parse(std::string(text)))
     requireKept(*url, text);
 
   const URL file = URL::fileURL(text);
@@ -109,7 +109,7 @@ class LaunchedPlugin {
     std::string text;
     bool isAddress = false;
     for (const std::string_view line : BrimlaceTextView::lines(reply)) {
-      text.append(!isAddress || URL::parse(line) ? line : "about:blank").append("\n");
+      text.append(!isAddress || URL::parse(std::string(line)) ? line : "about:blank").append("\n");
       isAddress = !isAddress;
     }
     return text;
@@ -119,7 +119,7 @@ class LaunchedPlugin {
     require(plugin_.actionController.didPerformAction == action_.has_value(), "It is known what was performed.");
     if (!action_)
       return;
-    const auto url = URL::parse(text);
+    const auto url = URL::parse(std::string(text));
     require(url && url->scheme() == "deskloomplugin" && url->host() == action_, "The action is the URL's host.");
     const auto components = url ? url->pathComponents() : std::vector<std::string>();
     const bool hasID = components.size() == 2 && *action_ != "configure";
@@ -135,7 +135,7 @@ class LaunchedPlugin {
   }
 
   void requireResources(std::string_view text) const {
-    require(text.starts_with(hostCommand) && URL::parse(text), "A URL goes to the host.");
+    require(text.starts_with(hostCommand) && URL::parse(std::string(text)), "A URL goes to the host.");
     std::string_view payload = text.substr(hostCommand.size());
     if (payload.empty()) {
       require(!Platform::stringFromUTF8(std::string(reply_.value_or(""))),

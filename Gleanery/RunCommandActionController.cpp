@@ -25,8 +25,7 @@ std::expected<void, Platform::Error> sendResources(std::string_view identifier) 
   auto gathered = resources(identifier);
   if (!gathered)
     return std::unexpected(std::move(gathered.error()));
-  const DeskloomSDK::Command command(allowedResources(std::move(*gathered)));
-  return command.send();
+  return DeskloomSDK::Command(allowedResources(std::move(*gathered))).send();
 }
 
 }  // namespace

@@ -52,25 +52,27 @@ std::filesystem::path absolutePath(const std::filesystem::path& path) {
 URL::URL(std::string text, Range host, Range path, std::size_t schemeLength)
     : text_(std::move(text)), host_(host), path_(path), schemeLength_(schemeLength) {}
 
-std::optional<URL> URL::parse(std::string_view text) {
+std::optional<URL> URL::parse(std::string text) {
   if (text.empty())
     return std::nullopt;
-  const ParsedText parsed(text);
-  if (!parsed.isValid())
-    return std::nullopt;
-
-  const UriUriA& uri = parsed.uri();
-  const std::size_t schemeLength = length(uri.scheme);
+  std::size_t schemeLength = 0;
   Range host;
-  if (uri.hostText.first != nullptr)
-    host = {static_cast<std::size_t>(uri.hostText.first - text.data()), length(uri.hostText)};
+  {
+    const ParsedText parsed(text);
+    if (!parsed.isValid())
+      return std::nullopt;
+    const UriUriA& uri = parsed.uri();
+    schemeLength = length(uri.scheme);
+    if (uri.hostText.first != nullptr)
+      host = {static_cast<std::size_t>(uri.hostText.first - text.data()), length(uri.hostText)};
+  }
 
   // In a well-formed text, what "//" opens ends where the path begins, and the path ends at the query or the fragment.
   std::size_t pathStart = schemeLength == 0 ? 0 : schemeLength + 1;
-  if (text.substr(pathStart).starts_with("//"))
+  if (std::string_view(text).substr(pathStart).starts_with("//"))
     pathStart = std::min(text.find_first_of("/?#", pathStart + 2), text.size());
   const std::size_t pathEnd = std::min({text.find('?', pathStart), text.find('#', pathStart), text.size()});
-  return URL(std::string(text), host, {pathStart, pathEnd - pathStart}, schemeLength);
+  return URL(std::move(text), host, {pathStart, pathEnd - pathStart}, schemeLength);
 }
 
 URL URL::fileURL(const std::filesystem::path& path) {

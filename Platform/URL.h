@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace Platform {
@@ -14,7 +15,7 @@ class URL {
  public:
   /// The URL that `text` spells. None where it is not one to the letter of RFC 3986: the empty text, a space, a bare
   /// '|', a bare non-ASCII letter, a broken percent-escape.
-  static std::optional<URL> parse(std::string_view text);
+  static std::optional<URL> parse(std::string text);
 
   /// The file URL of a path (fileURLWithPath:). A relative path is taken from the working directory; what may not stand
   /// in a URL's path is percent-encoded, byte by byte; the URL ends with a slash where the path is a directory on disk.
@@ -31,7 +32,9 @@ class URL {
   [[nodiscard]] std::vector<std::string> pathComponents() const;
 
   /// The whole text, as written.
-  [[nodiscard]] const std::string& absoluteString() const { return text_; }
+  [[nodiscard]] const std::string& absoluteString() const& { return text_; }
+  /// The same, taken out of a URL that is not needed any more.
+  [[nodiscard]] std::string absoluteString() && { return std::move(text_); }
 
  private:
   struct Range {

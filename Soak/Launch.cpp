@@ -57,13 +57,14 @@ class Strikes {
     usual_ += (duration - usual_) / 8;
   }
 
-  /// Sends the process the signal; another launch brings it if the process has ended.
-  void hit(std::optional<pid_t> process, const std::string& program, int signal) {
+  /// Sends the process the signal; another launch brings it if the process has ended, or is ending since it was sent
+  /// SIGTERM: a second one would end it at once.
+  void hit(std::optional<pid_t> process, const std::string& program, int signal, bool hasName) {
     const auto now = Clock::now();
-    const bool isHit = process && sendTo(*process, program, signal);
+    const bool isHit = process && !(signal == SIGTERM && isEnding(*process)) && sendTo(*process, program, signal);
     const std::scoped_lock lock(mutex_);
     if (isHit)
-      strikes_.push_back({*process, signal, now});
+      strikes_.push_back({*process, signal, now, hasName});
     else
       --(signal == SIGKILL ? killed_ : ended_).count;
   }
@@ -71,6 +72,12 @@ class Strikes {
   std::vector<Strike> take() { return std::move(strikes_); }
 
  private:
+  [[nodiscard]] bool isEnding(pid_t process) {
+    const std::scoped_lock lock(mutex_);
+    return std::ranges::any_of(
+        strikes_, [process](const Strike& strike) { return strike.process == process && strike.signal == SIGTERM; });
+  }
+
   struct Share {
     int signal;
     int percent;
@@ -104,7 +111,7 @@ class Launches {
     while (const int number = next()) {
       if (number == plan_.count / 2 + 1)
         plan_.halfway();
-      add(nextDoor() == Door::commandLine ? byCommandLine(number) : byBus(number, bus));
+      add(nextDoor() == Door::commandLine ? byCommandLine(number, bus) : byBus(number, bus));
     }
   }
 
@@ -125,13 +132,14 @@ class Launches {
     launches_.push_back(std::move(launch));
   }
 
-  Launch byCommandLine(int number) {
+  Launch byCommandLine(int number, const Bus& bus) {
     Launch launch{.number = number, .door = Door::commandLine, .begin = Clock::now()};
     Process process({plan_.plugin.program, plan_.url(number)});
     launch.process = process.pid();
     if (const auto signal = strikes_.next(number)) {
       static_cast<void>(process.endsWithin(strikes_.delay()));
-      strikes_.hit(process.pid(), plan_.plugin.program, *signal);
+      const bool hasName = bus.ownerOf(plan_.plugin.busName) == process.pid();
+      strikes_.hit(process.pid(), plan_.plugin.program, *signal, hasName);
     }
     const bool isHung = !process.endsWithin(longestLaunch);
     if (isHung)
@@ -149,14 +157,15 @@ class Launches {
 
   Launch byBus(int number, const Bus& bus) {
     if (const auto signal = strikes_.next(number))
-      strikes_.hit(bus.ownerOf(plan_.plugin.busName), plan_.plugin.program, *signal);
+      strikes_.hit(bus.ownerOf(plan_.plugin.busName), plan_.plugin.program, *signal, true);
     Launch launch{.number = number, .door = Door::bus, .begin = Clock::now()};
     const auto error = bus.open(plan_.plugin.busName, plan_.url(number), longestLaunch);
     launch.end = Clock::now();
     launch.isAcknowledged = !error;
     if (error) {
       launch.error = error->name + ": " + error->message;
-      launch.isUnanswered = error->name == DesktopSupport::BusErrorName::noReply;
+      launch.isUnanswered = error->name == DesktopSupport::BusErrorName::noReply ||
+                            error->message == "The process that was to do it was killed.";
       launch.isRefused = error->name == "org.freedesktop.DBus.Error.LimitsExceeded";
     }
     return launch;

@@ -71,6 +71,8 @@ struct Strike {
   pid_t process;
   int signal;
   Clock::time_point time;
+  /// Whether it had the plug-in's name, as far as the bus could tell right before.
+  bool hadName;
 };
 
 struct Outcome {

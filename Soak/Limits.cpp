@@ -4,7 +4,7 @@
 #include "Soak/Host.h"
 #include "Soak/Process.h"
 #include "Soak/Scenarios.h"
-#include "Soak/StrictBus.h"
+#include "Tests/Support/StrictBus.h"
 
 namespace Soak {
 
@@ -28,7 +28,7 @@ Report limits(const Settings& settings) {
                      .mayBeRefused = true};
   const auto commands = static_cast<std::size_t>(10 * plan.count);
   Report report;
-  const StrictBus bus;
+  const TestSupport::StrictBus bus;
   Process many({soakPlugin.program, "deskloomplugin://run/times=" + std::to_string(commands) + "+quit"});
   const auto made = carryOut(plan);
   report.demand(endsWell(many), "the process with many commands failed");

@@ -14,6 +14,8 @@ namespace {
 constexpr std::size_t mebibyte = 1UL << 20;
 constexpr std::size_t longestPayload = DesktopSupport::longestOpenURL - payloadURL.size();
 constexpr double mostMemory = 3;
+/// What else a launch with a payload takes, in bytes: the same for each.
+constexpr double mostBeside = 128 << 10;
 
 /// Has the plug-in send a payload. Yields its peak memory in bytes.
 double send(std::size_t bytes, Report& report) {
@@ -41,17 +43,17 @@ Report payloads(const Settings& /*settings*/) {
   std::ranges::transform(sizes, sizes.begin(), [](std::size_t size) { return size * mebibyte; });
   sizes.push_back(longestPayload);
 
-  double most = 0;
+  double most = 0;  // beyond three times the payload, in bytes
   const double empty = send(0, report);
   report.figures() << std::fixed << std::setprecision(2) << "peak memory beyond the " << empty / mebibyte
                    << " MiB of a launch, in proportion to the payload:";
   for (const std::size_t size : sizes) {
     const auto payload = static_cast<double>(size);
-    const double ratio = (send(size, report) - empty) / payload;
-    report.figures() << ' ' << ratio << " (" << payload / mebibyte << " MiB)";
-    most = std::max(most, ratio);
+    const double memory = send(size, report) - empty;
+    report.figures() << ' ' << memory / payload << " (" << payload / mebibyte << " MiB)";
+    most = std::max(most, memory - mostMemory * payload);
   }
-  report.demand(most <= mostMemory, "more memory than three times the payload");
+  report.demand(most <= mostBeside, "more memory than three times the payload");
   send(longestPayload + 1, report);
   report.demand(logSays(std::to_string(DesktopSupport::longestOpenURL + 1) + " bytes"), "no line in the log");
 

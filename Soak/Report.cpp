@@ -54,8 +54,8 @@ bool wasHit(const Launch& launch, const Outcome& outcome) {
 bool wasGivenToAKilled(const Launch& launch, const Outcome& outcome, const Owners* owners) {
   constexpr std::chrono::seconds rightAfter{1};
   return launch.isUnanswered && owners != nullptr && std::ranges::any_of(outcome.strikes, [&](const Strike& strike) {
-           return strike.signal == SIGKILL && owners->include(strike.process) && strike.time <= launch.end &&
-                  launch.end - strike.time < rightAfter;
+           return strike.signal == SIGKILL && (strike.hadName || owners->include(strike.process)) &&
+                  strike.time <= launch.end && launch.end - strike.time < rightAfter;
          });
 }
 

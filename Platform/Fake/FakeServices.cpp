@@ -2,7 +2,7 @@
 
 namespace Platform::Fake {
 
-void FakeWorkspace::open(const URL& url) {
+void FakeWorkspace::open(URL url) {
   const std::lock_guard lock(mutex_);
   opened.push_back(url.absoluteString());
   note(events_, "open " + opened.back());

@@ -24,7 +24,7 @@ class FakeWorkspace : public Workspace {
   /// Adds them to `events` as well, unless that is null.
   explicit FakeWorkspace(Events* events = nullptr) : events_(events) {}
 
-  void open(const URL& url) override;
+  void open(URL url) override;
 
   /// Their texts, in order.
   std::vector<std::string> opened;

@@ -1,19 +1,24 @@
 #include "Platform/ApplicationMain.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <optional>
+#include <functional>
+#include <iterator>
 #include <string>
 #include <utility>
-#include <vector>
+
+#include <glib.h>
+#include <unistd.h>
 
 #include "DesktopSupport/ApplicationBus.h"
 #include "DesktopSupport/DisplayableText.h"
 #include "DesktopSupport/SessionBus.h"
-#include "Platform/Linux/BusPresence.h"
-#include "Platform/Linux/DetachedProcess.h"
 #include "Platform/Linux/LaunchArguments.h"
+#include "Platform/Linux/LaunchQueue.h"
+#include "Platform/Linux/LaunchService.h"
+#include "Platform/Linux/LaunchURLStream.h"
 #include "Platform/Linux/LinuxServices.h"
 #include "Platform/Linux/TerminationSignals.h"
 
@@ -21,8 +26,9 @@ namespace Platform {
 
 namespace {
 
-using Linux::BusPresence;
 using Linux::LaunchArguments;
+using Linux::LaunchQueue;
+using Linux::LaunchService;
 using Linux::LinuxServices;
 
 constexpr const char* usage =
@@ -31,12 +37,10 @@ constexpr const char* usage =
     "A plug-in that its host starts with a launch URL, such as\n"
     "deskloomplugin://runCommand/apps\n"
     "\n"
-    "  --dbus-activated  wait for the bus to deliver the launch URL\n"
-    "  --help            show this text\n"
-    "  --version         show the version\n";
-
-/// How often a process that finds its name taken, and then its owner gone, tries again.
-constexpr int attempts = 100;
+    "  --dbus-activated    wait for the bus to deliver the launch URL\n"
+    "  --read-launch-urls  take more launch URLs from standard input, each ended by a NUL\n"
+    "  --help              show this text\n"
+    "  --version           show the version\n";
 
 LaunchArguments parseOrExit(int argumentCount, char** arguments) {
   auto parsed = LaunchArguments::parse({arguments + 1, arguments + argumentCount});
@@ -51,62 +55,54 @@ LaunchArguments parseOrExit(int argumentCount, char** arguments) {
   return *parsed;
 }
 
-/// The application's place on the bus. Null without a session bus, or if the bundle has no identifier that can be a
-/// name on the bus.
-std::unique_ptr<BusPresence> busPresence(LinuxServices& desktop) {
+/// Adds the launch URLs that come on standard input, or exits.
+void readLaunchURLsOrExit(LaunchArguments& launch, const char* program) {
+  auto more = Linux::readLaunchURLs(STDIN_FILENO);
+  if (!more) {
+    std::fprintf(stderr, "%s: the launch URLs cannot be read: %s\n", program, std::strerror(more.error()));
+    std::exit(2);
+  }
+  std::ranges::move(*more, std::back_inserter(launch.launchURLs));
+}
+
+/// Whether another process of this application does what this one was started for. The launch URLs that it has taken
+/// are no longer among the arguments.
+bool isDoneElsewhere(LaunchService& service, LinuxServices& desktop, LaunchArguments& launch) {
   const auto identifier = desktop.bundle.identifier();
   if (!identifier)
-    return nullptr;
+    return false;
   if (!DesktopSupport::isApplicationName(*identifier)) {
     desktop.log.write("the bundle identifier " + *identifier + " cannot be a name on the bus");
-    return nullptr;
+    return false;
   }
   auto bus = DesktopSupport::SessionBus::connect();
-  if (!bus)
-    return nullptr;
-  return std::make_unique<BusPresence>(
-      std::move(*bus), *identifier,
-      BusPresence::Handlers{.open = [&](std::string url) { desktop.application.deliver(std::move(url)); },
-                            .activate = [&] { desktop.application.activate(); }});
+  if (!bus || service.acquireName(std::move(*bus), *identifier))
+    return false;
+  // Whoever has the name is delivered to.
+  return launch.activatedByBus || service.forward(launch.launchURLs);
 }
 
-/// Whether another process of this application has taken over what this one was started for. An owner of the name that
-/// is just leaving takes nothing more: then the name is free, or soon another's. The launch URLs that it has taken are
-/// no longer among the arguments.
-bool handedToRunningProcess(BusPresence& presence, LaunchArguments& arguments) {
-  for (int attempt = 0; attempt < attempts; ++attempt) {
-    if (presence.acquireName())
-      return false;
-    if (arguments.activatedByBus || presence.forward(arguments.launchURLs))
-      return true;
-  }
-  return false;
+/// Calls `work` from the main context.
+void onMainThread(std::function<void()> work) {
+  using Work = std::function<void()>;
+  g_idle_add_full(
+      G_PRIORITY_DEFAULT,
+      [](gpointer given) -> gboolean {
+        (*static_cast<Work*>(given))();
+        return G_SOURCE_REMOVE;
+      },
+      new Work(std::move(work)), [](gpointer given) { delete static_cast<Work*>(given); });
 }
 
-/// Has a fresh process handle the launch URLs that came when this one was about to end: started by the bus, or, if that
-/// can't, from this process's own executable.
-void handToFreshProcess(std::vector<std::string> launchURLs, const BusPresence* presence, Log& log) {
-  if (launchURLs.empty())
-    return;
-  if (presence != nullptr && presence->forwardStarting(launchURLs))
-    return;
-  launchURLs.insert(launchURLs.begin(), "--");
-  if (const int problem = Linux::startDetached("/proc/self/exe", std::move(launchURLs)))
-    log.write("launch URLs were lost: no process could be started for them: " + std::string(std::strerror(problem)));
-}
-
-void runApplication(LinuxServices& desktop, BusPresence* presence, const LaunchArguments& arguments) {
-  const Linux::TerminationSignals signals([&] { desktop.application.terminate(); });
-  for (const std::string& url : arguments.launchURLs)
-    desktop.application.deliver(url);
-  if (arguments.activatedByBus && presence != nullptr)
-    desktop.application.awaitActivation();
+void runApplication(LinuxServices& desktop, LaunchQueue& launches, LaunchService& service, bool awaitsLaunch) {
+  desktop.application.deliver(launches);
+  if (awaitsLaunch)
+    desktop.application.awaitLaunch();
   desktop.application.run();
-  if (presence != nullptr)
-    presence->releaseName();
+  service.releaseName();
   desktop.application.postWillTerminate();
-  // Not before the settings are written: the fresh process may read them.
-  handToFreshProcess(desktop.application.takeUndelivered(), presence, desktop.log);
+  // Not before the settings are written: a fresh process may read them.
+  service.passOnAll();
   desktop.workspace.finishHandOvers();
 }
 
@@ -120,15 +116,24 @@ int applicationMain(int argumentCount, char** arguments, const MakeApplicationDe
     std::printf("%s\n", DesktopSupport::printable(version).c_str());
     return 0;
   }
+  if (launch.readsLaunchURLs)
+    readLaunchURLsOrExit(launch, arguments[0]);
 
-  const auto presence = busPresence(desktop);
-  if (presence && handedToRunningProcess(*presence, launch))
+  // From before the process has the name: what comes to that is passed on.
+  const Linux::TerminationSignals signals([&] { desktop.application.terminate(); });
+  LaunchQueue launches;
+  LaunchService service(launches, [&] { onMainThread([&] { desktop.application.deliver(launches); }); }, desktop.log);
+  if (isDoneElsewhere(service, desktop, launch))
     return 0;
+  for (std::string& url : launch.launchURLs)
+    launches.add({.url = std::move(url)});
+  service.start();
+
   const auto delegate = makeDelegate();
   const auto observation = desktop.notifications.addObserver(
       applicationDidFinishLaunchingNotification, nullptr,
       [&](const Notification& notification) { delegate->applicationDidFinishLaunching(notification); });
-  runApplication(desktop, presence.get(), launch);
+  runApplication(desktop, launches, service, launch.activatedByBus);
   desktop.notifications.removeObserver(observation);
   return 0;
 }

@@ -11,12 +11,14 @@ namespace {
 /// How a process is started that has nothing to do with this one any more: neither its session nor its streams.
 class DetachedSpawn {
  public:
-  DetachedSpawn() {
+  explicit DetachedSpawn(int standardInput) {
     posix_spawnattr_init(&attributes_);
     posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSID);
     posix_spawn_file_actions_init(&actions_);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
       posix_spawn_file_actions_addopen(&actions_, stream, "/dev/null", O_RDWR, 0);
+    if (standardInput >= 0)
+      posix_spawn_file_actions_adddup2(&actions_, standardInput, STDIN_FILENO);
   }
   DetachedSpawn(const DetachedSpawn&) = delete;
   DetachedSpawn& operator=(const DetachedSpawn&) = delete;
@@ -25,9 +27,11 @@ class DetachedSpawn {
     posix_spawnattr_destroy(&attributes_);
   }
 
-  int start(const char* program, char* const* arguments) const {
-    pid_t ignored = 0;
-    return posix_spawn(&ignored, program, &actions_, &attributes_, arguments, environ);
+  std::expected<pid_t, int> start(const char* program, char* const* arguments) const {
+    pid_t process = 0;
+    if (const int problem = posix_spawn(&process, program, &actions_, &attributes_, arguments, environ))
+      return std::unexpected(problem);
+    return process;
   }
 
  private:
@@ -37,12 +41,12 @@ class DetachedSpawn {
 
 }  // namespace
 
-int startDetached(std::string program, std::vector<std::string> arguments) {
+std::expected<pid_t, int> startDetached(std::string program, std::vector<std::string> arguments, int standardInput) {
   std::vector<char*> texts = {program.data()};
   for (std::string& argument : arguments)
     texts.push_back(argument.data());
   texts.push_back(nullptr);
-  return DetachedSpawn().start(program.c_str(), texts.data());
+  return DetachedSpawn(standardInput).start(program.c_str(), texts.data());
 }
 
 }  // namespace Platform::Linux

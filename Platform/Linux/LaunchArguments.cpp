@@ -17,6 +17,8 @@ std::expected<LaunchArguments, std::string> LaunchArguments::parse(const std::ve
       parsed.version = true;
     else if (*argument == "--dbus-activated")
       parsed.activatedByBus = true;
+    else if (*argument == "--read-launch-urls")
+      parsed.readsLaunchURLs = true;
     else
       return std::unexpected("unknown option " + *argument);
   }

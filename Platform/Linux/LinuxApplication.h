@@ -1,12 +1,10 @@
 #pragma once
 
 #include <atomic>
-#include <deque>
-#include <string>
-#include <vector>
 
 #include "Platform/AppleEventManager.h"
 #include "Platform/Application.h"
+#include "Platform/Linux/LaunchQueue.h"
 
 namespace Platform::Linux {
 
@@ -19,20 +17,14 @@ class LinuxApplication : public Application {
   /// Whether the application was asked to terminate. May be called on any thread.
   [[nodiscard]] bool isTerminating() const { return isTerminating_; }
 
-  /// Delivers a launch URL as an Apple event, after those that are still being delivered: one at a time. If the
-  /// application was asked to terminate, keeps it for a fresh process instead.
-  void deliver(std::string launchURL);
+  /// Delivers the launches that wait as Apple events, one after the other, until none waits or the application was
+  /// asked to terminate. While one is being delivered, does nothing: a handler that runs the main context, for an
+  /// alert, is not interrupted by the next one.
+  void deliver(LaunchQueue& launches);
 
-  /// Takes the launch URLs that were not delivered because the application was asked to terminate, in their order.
-  [[nodiscard]] std::vector<std::string> takeUndelivered();
-
-  /// Ends the wait for the message that a process started by the bus is there for. Where launching has finished, does
-  /// nothing.
-  void activate() { isActivated_ = true; }
-
-  /// Runs the main context until a launch URL or an activation has come, or for ten seconds at most; then an
-  /// application that nobody wants anything of terminates.
-  void awaitActivation();
+  /// Runs the main context until a launch has come, or for ten seconds at most; then an application that nobody wants
+  /// anything of terminates.
+  void awaitLaunch();
 
   /// Posts the finished-launching notification and runs the main context until the application is asked to terminate.
   /// Where it has been asked already, does neither.
@@ -44,9 +36,7 @@ class LinuxApplication : public Application {
  private:
   AppleEventManager& appleEvents_;
   NotificationCenter& notifications_;
-  std::deque<std::string> launchURLs_;
-  bool isDelivering_ = false;
-  bool isActivated_ = false;
+  bool wasLaunched_ = false;
   std::atomic<bool> isTerminating_ = false;
   bool hasPostedWillTerminate_ = false;
 };

@@ -17,8 +17,9 @@ constexpr const char* programName = "update-check";
 void LinuxUpdater::checkForUpdatesInBackground() {
   if (!bundle_.value(settings, "FeedURL") || bundle_.value(settings, "AutomaticChecks") == "false")
     return;
-  if (const int problem = startDetached(bundle_.path() / programName))
-    log_.write("the update check could not be started: " + std::string(std::strerror(problem)));
+  const auto started = startDetached(bundle_.path() / programName);
+  if (!started)
+    log_.write("the update check could not be started: " + std::string(std::strerror(started.error())));
 }
 
 }  // namespace Platform::Linux

@@ -9,7 +9,7 @@ using DeskloomSDK::DeskloomPluginURL;
 namespace {
 
 std::optional<DeskloomPluginURL> parse(std::string_view text) {
-  return DeskloomPluginURL::parse(Platform::URL::parse(text).value());
+  return DeskloomPluginURL::parse(Platform::URL::parse(std::string(text)).value());
 }
 
 TEST(DeskloomPluginURL, NamesTheActionAndItsIdentifier) {

@@ -16,7 +16,7 @@ using Kind = DecodingError::Kind;
 namespace {
 
 Resource website(std::string name, std::string_view url) {
-  return {ResourceType::website, std::move(name), URL::parse(url).value()};
+  return {ResourceType::website, std::move(name), URL::parse(std::string(url)).value()};
 }
 
 DecodingError failure(std::string_view object) {

@@ -1,5 +1,4 @@
 #include <string>
-#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -19,21 +18,24 @@ TEST(ApplicationBus, KnowsWhatCanBeAnApplicationsName) {
     EXPECT_FALSE(DesktopSupport::isApplicationName(name)) << name;
 }
 
-TEST(ApplicationBus, OpensTheURLsThatCanTravel) {
-  const DesktopSupport::VariantHandle arguments =
-      DesktopSupport::owned(DesktopSupport::openArguments({"a:b", "\xFF", std::string("c\0d", 3), "e"}));
-  const DesktopSupport::CharsHandle text(g_variant_print(arguments.get(), FALSE));
-  EXPECT_STREQ(text.get(), "(['a:b', 'e'], {})");
+namespace {
+
+std::string printed(GVariant* arguments) {
+  const DesktopSupport::VariantHandle handle = DesktopSupport::owned(arguments);
+  return DesktopSupport::CharsHandle(g_variant_print(handle.get(), FALSE)).get();
 }
 
-TEST(ApplicationBus, PutsAsManyURLsIntoOneOpenAsAnArrayHolds) {
-  using DesktopSupport::urlsInOneOpen;
-  const std::string half((32 << 20) - 8, 'x');  // with what D-Bus adds, half of 64 MiB
-  const std::string more((32 << 20) - 7, 'x');
-  const std::string longest(DesktopSupport::longestOpenURL, 'x');
-  EXPECT_EQ(urlsInOneOpen({}), 0U);
-  EXPECT_EQ(urlsInOneOpen(std::vector<std::string>{"a:b", "c:d", "e:f"}), 3U);
-  EXPECT_EQ(urlsInOneOpen(std::vector{half, half, half}), 2U);
-  EXPECT_EQ(urlsInOneOpen(std::vector{half, more}), 1U);
-  EXPECT_EQ(urlsInOneOpen(std::vector{longest, longest}), 1U);
+}  // namespace
+
+TEST(ApplicationBus, OpensTheURLIfItCanTravel) {
+  EXPECT_EQ(printed(DesktopSupport::openArguments("a:b")), "(['a:b'], {})");
+  EXPECT_EQ(printed(DesktopSupport::openArguments("\xFF")), "([], {})");
+  EXPECT_EQ(printed(DesktopSupport::openArguments(std::string("c\0d", 3))), "([], {})");
+}
+
+TEST(ApplicationBus, PassesPlatformDataOn) {
+  const auto data = [] { return g_variant_new_parsed("{'key': <1>}"); };
+  EXPECT_EQ(printed(DesktopSupport::openArguments("a:b", data())), "(['a:b'], {'key': <1>})");
+  EXPECT_EQ(printed(DesktopSupport::activateArguments(data())), "({'key': <1>},)");
+  EXPECT_EQ(printed(DesktopSupport::activateArguments()), "({},)");
 }

@@ -12,7 +12,7 @@ using testing::IsEmpty;
 namespace {
 
 Resource at(std::string_view url) {
-  return {ResourceType::website, "name", Platform::URL::parse(url).value()};
+  return {ResourceType::website, "name", Platform::URL::parse(std::string(url)).value()};
 }
 
 TEST(ResourceFilter, RefusesTheBrowsersOwnPages) {

@@ -17,7 +17,9 @@ TEST(LaunchArguments, KnowTheirOptions) {
   EXPECT_TRUE(LaunchArguments::parse({"--help"})->help);
   EXPECT_TRUE(LaunchArguments::parse({"--version"})->version);
   EXPECT_TRUE(LaunchArguments::parse({"--dbus-activated"})->activatedByBus);
+  EXPECT_TRUE(LaunchArguments::parse({"--read-launch-urls"})->readsLaunchURLs);
   EXPECT_THAT(LaunchArguments::parse({})->launchURLs, IsEmpty());
+  EXPECT_FALSE(LaunchArguments::parse({})->readsLaunchURLs);
 }
 
 TEST(LaunchArguments, TakeEverythingBehindTwoDashesForLaunchURLs) {

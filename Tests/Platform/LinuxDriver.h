@@ -89,12 +89,20 @@ class LinuxDriver {
   Platform::Log& log() { return log_; }
   Platform::Updater& updater() { return updater_; }
 
-  void deliver(std::string launchURL) { application_.deliver(std::move(launchURL)); }
-  std::vector<std::string> undelivered() { return application_.takeUndelivered(); }
+  void deliver(std::string launchURL) {
+    launches_.add({.url = std::move(launchURL)});
+    application_.deliver(launches_);
+  }
+  std::vector<std::string> undelivered() {
+    std::vector<std::string> urls;
+    for (Platform::Linux::Launch& launch : launches_.takeAll())
+      urls.push_back(std::move(*launch.url));
+    return urls;
+  }
 
   void launch(const std::vector<std::string>& launchURLs) {
     for (const std::string& url : launchURLs)
-      application_.deliver(url);
+      deliver(url);
     application_.run();
     application_.postWillTerminate();
     application_.postWillTerminate();
@@ -198,6 +206,7 @@ class LinuxDriver {
   Platform::AppleEventManager appleEvents_;
   Platform::NotificationCenter notifications_;
   Platform::Linux::LinuxApplication application_{appleEvents_, notifications_};
+  Platform::Linux::LaunchQueue launches_;
   Platform::Linux::LinuxLog log_;
   Platform::Linux::LinuxBundle bundle_{
       folder_.write("Info.ini", "[Bundle]\nIdentifier=com.example.Plugin\n[Updates]\nFeedURL=file:///feed\n")

@@ -35,11 +35,17 @@ class HandlersEnvironment : public testing::Environment {
         << "[Desktop Entry]\nType=Application\nName=Exec\nMimeType=x-scheme-handler/testexec;\nExec=sh -c 'printf %%s "
            "\"$1\" > "
         << received.string() << "' sh %u\n";
+    // Claims to be activated by the bus, under a name that is none.
+    std::ofstream(data / "applications/test-nameless.desktop")
+        << "[Desktop Entry]\nType=Application\nName=Nameless\nDBusActivatable=true\nExec=sh -c 'printf %%s "
+           "\"$1\" > "
+        << received.string() << "' sh %u\n";
     std::ofstream(data / "applications/test.missing.desktop")
         << "[Desktop Entry]\nType=Application\nName=Missing\nMimeType=x-scheme-handler/testmissing;\nExec=true "
            "%u\nDBusActivatable=true\n";
     std::ofstream(data / "applications/mimeapps.list")
         << "[Default Applications]\nx-scheme-handler/testexec=test.exec.desktop\n"
+           "x-scheme-handler/testnameless=test-nameless.desktop\n"
            "x-scheme-handler/testmissing=test.missing.desktop\n";
   }
 
@@ -82,6 +88,13 @@ TEST_F(LinuxWorkspaceTest, HandsTheLongestArgumentToAHandlerThatIsStartedWithIt)
 
   std::ifstream pipe(HandlersEnvironment::received);  // opens once the handler has opened it
   EXPECT_TRUE(std::string(std::istreambuf_iterator<char>(pipe), {}) == url);
+}
+
+TEST_F(LinuxWorkspaceTest, StartsAHandlerThatClaimsToBeActivatedByTheBusAndHasNoNameThere) {
+  open("testnameless:x");
+  EXPECT_THAT(log.messages, IsEmpty());
+  std::ifstream pipe(HandlersEnvironment::received);
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(pipe), {}), "testnameless:x");
 }
 
 TEST_F(LinuxWorkspaceTest, RefusesAURLThatNoArrayOfTheBusHoldsAndHandsTheLongestThatFitsToAHostThatTheBusStarts) {

@@ -75,7 +75,7 @@ void awaitNoOwner(const std::string& busName) {
 
 bool openURL(const std::string& busName, const std::string& url) {
   return call({busName, DesktopSupport::applicationObjectPath(busName), DesktopSupport::applicationInterface, "Open"},
-              DesktopSupport::openArguments({url}));
+              DesktopSupport::openArguments(url));
 }
 
 void setActivationEnvironment(const std::string& variable, const std::string& value) {

@@ -1,5 +1,7 @@
 #include "Tests/Support/FakeService.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <stdexcept>
 #include <utility>
@@ -109,6 +111,15 @@ std::string FakeService::awaitCall(const std::string& method) {
   if (!isCalled)
     throw std::runtime_error(name_ + ": nobody calls " + method + "; calls so far: " + std::to_string(calls_.size()));
   return found;
+}
+
+void FakeService::awaitCalls(const std::string& method, long count) {
+  std::unique_lock lock(mutex_);
+  answered_.wait(lock, [&] {
+    const auto end = calls_.begin() + static_cast<std::ptrdiff_t>(answeredCalls_);
+    return std::count_if(calls_.begin(), end,
+                         [&](const std::string& call) { return call.starts_with(method + '('); }) >= count;
+  });
 }
 
 void FakeService::emit(const char* signal, const std::string& tuple) const {

@@ -45,6 +45,9 @@ class FakeService {
   /// Waits until a call of the method has been answered, and yields the latest one. Throws if none comes in time.
   [[nodiscard]] std::string awaitCall(const std::string& method);
 
+  /// Waits until so many calls of the method have been answered.
+  void awaitCalls(const std::string& method, long count);
+
   /// Tells everybody of a signal, with a tuple in GVariant's text form.
   void emit(const char* signal, const std::string& tuple) const;
 

@@ -1,11 +1,9 @@
-#include "Soak/StrictBus.h"
+#include "Tests/Support/StrictBus.h"
 
 #include <stdexcept>
 #include <string>
 
-#include "Soak/Process.h"
-
-namespace Soak {
+namespace TestSupport {
 
 namespace {
 
@@ -31,11 +29,10 @@ constexpr const char* configuration =
 )";
 
 std::vector<std::string> commandLine(const std::filesystem::path& file) {
-  return {"sh", "-c", R"(exec dbus-daemon --nofork --print-address=1 "--config-file=$1" 2>>"$2")",
-          "sh", file, Process::log()};
+  return {"dbus-daemon", "--nofork", "--print-address=1", "--config-file=" + file.string()};
 }
 
-std::string addressOf(TestSupport::ChildProcess& daemon) {
+std::string addressOf(ChildProcess& daemon) {
   auto address = daemon.readLine();
   if (!address)
     throw std::runtime_error("the bus with low limits did not start");
@@ -48,4 +45,4 @@ StrictBus::StrictBus()
     : daemon_(commandLine(folder_.write("bus.conf", configuration))),
       address_("DBUS_SESSION_BUS_ADDRESS", addressOf(daemon_)) {}
 
-}  // namespace Soak
+}  // namespace TestSupport

@@ -4,7 +4,7 @@
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
 
-namespace Soak {
+namespace TestSupport {
 
 /// A session bus with low limits: an application may wait for 16 replies at a time, the bus starts one program at a
 /// time and holds 64 KiB for each connection. It is the session bus of this process, and of what it starts, until the
@@ -14,9 +14,9 @@ class StrictBus {
   StrictBus();
 
  private:
-  TestSupport::TemporaryFolder folder_;
-  TestSupport::ChildProcess daemon_;
-  TestSupport::EnvironmentVariable address_;
+  TemporaryFolder folder_;
+  ChildProcess daemon_;
+  EnvironmentVariable address_;
 };
 
-}  // namespace Soak
+}  // namespace TestSupport

@@ -1,0 +1,186 @@
+// What becomes of launches while the process that has the plug-in's name waits for somebody, is stopped, or dies.
+
+#include <algorithm>
+#include <csignal>
+#include <future>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+
+#include "DesktopSupport/ApplicationBus.h"
+#include "DesktopSupport/SessionBus.h"
+#include "Tests/Support/BusNames.h"
+#include "Tests/Support/ChildProcess.h"
+#include "Tests/Support/FakeDeskloomHost.h"
+#include "Tests/Support/TestDesktop.h"
+
+using testing::HasSubstr;
+using TestSupport::ChildProcess;
+using TestSupport::FakeDeskloomHost;
+using TestSupport::openURL;
+
+namespace {
+
+constexpr const char* testPlugin = "com.example.TestPlugin";
+constexpr const char* gleanery = "com.quillary.Gleanery";
+/// A launch that ends the process: the plug-in has no handler for it.
+constexpr const char* fatal = "deskloomplugin://configure";
+
+std::string run(const std::string& steps) {
+  return "deskloomplugin://run/" + steps;
+}
+
+class BesideABusyProcessTest : public testing::Test {
+ protected:
+  BesideABusyProcessTest() {
+    host.answer("Open", "()");
+    host.answer("SetConfig", "()");
+  }
+
+  static ChildProcess launch(std::vector<std::string> launchURLs) {
+    launchURLs.insert(launchURLs.begin(), TEST_PLUGIN_PROGRAM);
+    return ChildProcess(launchURLs);
+  }
+
+  /// Keeps whoever asks for the settings waiting.
+  void hangWhenAskedForSettings() {
+    host.answer("GetConfig", [this](GDBusMethodInvocation* invocation) { asked = invocation; });
+  }
+
+  /// A process that waits for the host while it handles the first of its launch URLs.
+  ChildProcess busyProcess(std::vector<std::string> more = {}) {
+    hangWhenAskedForSettings();
+    more.insert(more.begin(), run("read"));
+    ChildProcess process = launch(more);
+    static_cast<void>(host.awaitCall("GetConfig"));
+    return process;
+  }
+
+  /// A process with a window, which has nothing to do.
+  ChildProcess idleProcess() {
+    ChildProcess process = launch({run("window")});
+    EXPECT_TRUE(desktop.waitForTitle("Test Plug-in"));
+    return process;
+  }
+
+  /// Has the test plug-in open a launch URL. Returns when the bus has passed that on.
+  static void sendWithoutWaiting(const std::string& launchURL) {
+    const auto bus = DesktopSupport::SessionBus::connect().value();
+    g_dbus_connection_call(bus.connection(), testPlugin, DesktopSupport::applicationObjectPath(testPlugin).c_str(),
+                           DesktopSupport::applicationInterface, "Open", DesktopSupport::openArguments(launchURL),
+                           nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr, nullptr);
+    TestSupport::awaitOwner(testPlugin);  // the bus answers after it has passed the call on
+  }
+
+  void answerAboutSettings() { g_dbus_method_invocation_return_value(asked, g_variant_new_parsed("(true, '')")); }
+
+  [[nodiscard]] long commands() const {
+    return std::ranges::count_if(host.calls(), [](const std::string& call) { return call.starts_with("Open("); });
+  }
+
+  static void stop(const ChildProcess& process) {
+    kill(process.pid(), SIGSTOP);
+    siginfo_t state = {};
+    waitid(P_PID, static_cast<id_t>(process.pid()), &state, WSTOPPED | WNOWAIT);
+  }
+
+  static bool isThere(const ChildProcess& process) {
+    siginfo_t state = {};
+    return waitid(P_PID, static_cast<id_t>(process.pid()), &state, WEXITED | WNOHANG | WNOWAIT) == 0 &&
+           state.si_pid == 0;
+  }
+
+  TestSupport::TestDesktop desktop;
+  FakeDeskloomHost host;
+  GDBusMethodInvocation* asked = nullptr;
+};
+
+TEST_F(BesideABusyProcessTest, ALaunchByCommandLineIsDone) {
+  const ChildProcess busy = busyProcess();
+  EXPECT_EQ(launch({run("send+quit")}).wait(), 0);
+  EXPECT_EQ(commands(), 1);
+  EXPECT_TRUE(isThere(busy));
+}
+
+TEST_F(BesideABusyProcessTest, LaunchesByTheBusAreDone) {
+  const ChildProcess busy = busyProcess();
+  std::vector<std::future<bool>> launches;
+  for (int number = 0; number < 20; ++number)
+    launches.push_back(std::async(std::launch::async, [] { return openURL(testPlugin, run("send+quit")); }));
+  for (auto& each : launches)
+    EXPECT_TRUE(each.get());
+  host.awaitCalls("Open", 20);
+  EXPECT_TRUE(isThere(busy));
+}
+
+TEST_F(BesideABusyProcessTest, ALaunchURLOfAnyLengthIsDone) {
+  GDBusMethodInvocation* question = nullptr;
+  host.answer("GetIsPluginInstalledAtPath", [&](GDBusMethodInvocation* invocation) { question = invocation; });
+  ChildProcess busy({GLEANERY_PROGRAM});
+  static_cast<void>(host.awaitCall("GetIsPluginInstalledAtPath"));
+  EXPECT_TRUE(openURL(gleanery, "deskloomplugin://runCommand/" + std::string(1 << 20, 'a')));
+  EXPECT_THAT(host.awaitCall("Open"), HasSubstr("deskloom://gleanery/%5B%5D"));
+  EXPECT_TRUE(isThere(busy));
+}
+
+TEST_F(BesideABusyProcessTest, ACallerIsToldInTimeThatItsLaunchHasBegun) {
+  const ChildProcess idle = idleProcess();
+  hangWhenAskedForSettings();
+  EXPECT_TRUE(openURL(testPlugin, run("read"))) << "it is not done yet";
+  EXPECT_EQ(launch({run("send+quit")}).wait(), 0);
+  EXPECT_EQ(commands(), 1);
+}
+
+TEST_F(BesideABusyProcessTest, ALaunchIsDoneOnceIfTheProcessIsStoppedForAWhile) {
+  const ChildProcess idle = idleProcess();
+  stop(idle);
+  EXPECT_EQ(launch({run("send+quit")}).wait(), 0);
+  EXPECT_EQ(commands(), 1);
+  kill(idle.pid(), SIGCONT);
+  EXPECT_TRUE(openURL(testPlugin, run("send"))) << "it comes after what was sent meanwhile";
+  host.awaitCalls("Open", 2);
+  kill(idle.pid(), SIGTERM);
+  TestSupport::awaitNoOwner(testPlugin);
+  EXPECT_EQ(commands(), 2);
+}
+
+TEST_F(BesideABusyProcessTest, ALaunchIsDoneIfTheProcessIsKilled) {
+  const ChildProcess idle = idleProcess();
+  stop(idle);
+  ChildProcess other = launch({run("send+quit")});
+  kill(idle.pid(), SIGKILL);
+  EXPECT_EQ(other.wait(), 0);
+  EXPECT_EQ(commands(), 1);
+}
+
+TEST_F(BesideABusyProcessTest, AnIdleProcessTakesWhatComes) {
+  const ChildProcess idle = idleProcess();
+  EXPECT_EQ(launch({run("send")}).wait(), 0) << "it would not quit by itself";
+  EXPECT_EQ(commands(), 1);
+  EXPECT_TRUE(isThere(idle));
+}
+
+class AbortTest : public BesideABusyProcessTest {};
+
+TEST_F(AbortTest, LeavesTheOtherLaunchURLsOfTheCommandLineToAFreshProcess) {
+  EXPECT_EQ(launch({fatal, run("send+quit"), run("send+quit")}).wait(), 128 + SIGABRT);
+  host.awaitCalls("Open", 2);
+}
+
+TEST_F(AbortTest, LeavesWhatHasComeByTheBusToAFreshProcess) {
+  ChildProcess busy = busyProcess({fatal});
+  sendWithoutWaiting(run("send+quit"));
+  answerAboutSettings();
+  EXPECT_EQ(busy.wait(), 128 + SIGABRT);
+  EXPECT_THAT(host.awaitCall("Open"), HasSubstr("deskloom://sent"));
+}
+
+TEST_F(AbortTest, IsNoErrorForWhoeverForwardedTheLaunch) {
+  ChildProcess idle = idleProcess();
+  EXPECT_EQ(launch({fatal}).wait(), 0);
+  EXPECT_EQ(idle.wait(), 128 + SIGABRT);
+}
+
+}  // namespace
