@@ -19,6 +19,9 @@ namespace TestSupport {
 
 namespace {
 
+/// Chromium does not tell all that happens to a tab.
+constexpr std::chrono::seconds untilNextLook{1};
+
 using std::filesystem::path;
 
 constexpr const char* manifest = R"({
@@ -150,10 +153,10 @@ void TestChromium::awaitUntil(const std::function<bool()>& condition) {
     isChanged_ = false;
     if (condition())
       return;
-    if (!isChanged_)
+    if (!isChanged_ && hasMessageWithin(untilNextLook))
       nextMessage();
   }
-  throw std::runtime_error("Chromium says a lot, and not what is awaited");
+  throw std::runtime_error("what is awaited does not come in Chromium");
 }
 
 bool TestChromium::waitUntilWritten(const std::function<bool()>& condition) const {
@@ -185,6 +188,11 @@ nlohmann::json TestChromium::call(const std::string& method, const json& paramet
     if (answer.value("id", 0) == calls_)
       return answer["result"];
   }
+}
+
+bool TestChromium::hasMessageWithin(std::chrono::milliseconds time) const {
+  pollfd answers = {.fd = answers_, .events = POLLIN, .revents = 0};
+  return received_.contains('\0') || poll(&answers, 1, milliseconds(time)) > 0;
 }
 
 nlohmann::json TestChromium::nextMessage() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <nlohmann/json.hpp>
@@ -38,7 +39,7 @@ class TestChromium {
   bool hasPage(const std::string& url);
 
   /// Waits until a condition holds; it is looked at again whenever a page or a worker comes, goes or has another
-  /// address. Throws if the condition does not hold in time.
+  /// address, and after a second without any of that. Throws if the condition does not hold in time.
   void awaitUntil(const std::function<bool()>& condition);
 
   /// The same for a condition that depends on what the browser writes, too. It has to call `run`. False where that
@@ -59,6 +60,7 @@ class TestChromium {
   void awaitWorker();
   json call(const std::string& method, const json& parameters = json::object(), const std::string& session = "");
   json target(const std::string& type, const std::string& url);
+  [[nodiscard]] bool hasMessageWithin(std::chrono::milliseconds time) const;
   json nextMessage();
 
   TemporaryFolder extension_;
