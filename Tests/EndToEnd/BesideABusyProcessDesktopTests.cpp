@@ -158,7 +158,7 @@ TEST_F(BesideABusyProcessTest, ALaunchIsDoneIfTheProcessIsKilled) {
 TEST_F(BesideABusyProcessTest, AnIdleProcessTakesWhatComes) {
   const ChildProcess idle = idleProcess();
   EXPECT_EQ(launch({run("send")}).wait(), 0) << "it would not quit by itself";
-  EXPECT_EQ(commands(), 1);
+  host.awaitCalls("Open", 1);
   EXPECT_TRUE(isThere(idle));
 }
 
