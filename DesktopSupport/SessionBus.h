@@ -51,7 +51,7 @@ class SessionBus {
   /// How long a bus is usually waited for that takes the connection and says nothing.
   static constexpr std::chrono::seconds connectTime{5};
 
-  /// Connects to the running session bus. Fails with `noServer` where there is none, or none that answers within
+  /// Connects to the running session bus. Fails with `noServer` if there is none, or none that answers within
   /// `patience`; none is started.
   static std::expected<SessionBus, BusError> connect(std::chrono::milliseconds patience = connectTime);
 

@@ -25,9 +25,9 @@ class LaunchCaller {
 struct Launch {
   using Clock = std::chrono::steady_clock;
 
-  /// Untouched; none where the application itself is wanted, and nothing of it.
+  /// Untouched; none if the application is only to be there.
   std::optional<std::string> url;
-  /// Until when it has to begin in this process; none where it waits for its turn however long that takes.
+  /// Until when it has to begin in this process; none if it waits for its turn however long that takes.
   std::optional<Clock::time_point> beginBy = std::nullopt;
   /// None for what stood on the command line.
   std::shared_ptr<LaunchCaller> caller = nullptr;

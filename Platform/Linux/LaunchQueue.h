@@ -38,7 +38,7 @@ class LaunchQueue {
   /// lost.
   void acceptIfSlow(TimePoint now);
 
-  /// When `takeOverdue` or `acceptIfSlow` have something to do next; none where nothing has a time.
+  /// When `takeOverdue` or `acceptIfSlow` have something to do next; none if nothing has a time.
   [[nodiscard]] std::optional<TimePoint> nextDeadline() const;
 
  private:

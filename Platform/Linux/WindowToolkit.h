@@ -41,7 +41,7 @@ struct WindowToolkitOptions {
   std::filesystem::path icon;
 };
 
-/// The module's one entry: yields the toolkit, which the caller owns, or null where no display can be opened. To be
+/// The module's one entry: yields the toolkit, which the caller owns, or null if no display can be opened. To be
 /// called once.
 using OpenWindowToolkit = WindowToolkit*(const WindowToolkitOptions& options);
 inline constexpr const char* openWindowToolkitSymbol = "deskloomOpenWindowToolkit";
