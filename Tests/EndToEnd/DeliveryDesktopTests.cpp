@@ -12,6 +12,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include "DesktopSupport/FileDescriptor.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/HostProcess.h"
@@ -51,9 +52,10 @@ std::vector<pid_t> pluginProcesses() {
 void awaitEndOfPlugins() {
   for (auto processes = pluginProcesses(); !processes.empty(); processes = pluginProcesses()) {
     for (const pid_t process : processes) {
-      pollfd end = {.fd = static_cast<int>(syscall(SYS_pidfd_open, process, 0)), .events = POLLIN, .revents = 0};
-      poll(&end, 1, -1);
-      close(end.fd);
+      const DesktopSupport::FileDescriptor handle(static_cast<int>(syscall(SYS_pidfd_open, process, 0)));
+      pollfd end = {.fd = handle.number(), .events = POLLIN, .revents = 0};
+      if (handle.isOpen())  // otherwise it has ended since
+        poll(&end, 1, -1);
     }
   }
 }
