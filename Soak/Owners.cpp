@@ -1,5 +1,8 @@
 #include "Soak/Owners.h"
 
+#include <algorithm>
+#include <chrono>
+
 namespace Soak {
 
 using namespace DesktopSupport;
@@ -29,9 +32,12 @@ Owners::~Owners() {
   }
 }
 
-bool Owners::include(pid_t process) const {
+bool Owners::include(pid_t process, Clock::time_point killed) const {
+  static constexpr std::chrono::seconds rightAfter{1};
   const std::scoped_lock lock(mutex_);
-  return processes_.contains(process);
+  return processes_.contains(process) || std::ranges::any_of(endsOfUnknown_, [killed](Clock::time_point end) {
+           return killed <= end && end - killed < rightAfter;
+         });
 }
 
 void Owners::ownerChanged(GDBusConnection* bus, const gchar* /*sender*/, const gchar* /*path*/,
@@ -49,12 +55,14 @@ void Owners::ownerChanged(GDBusConnection* bus, const gchar* /*sender*/, const g
 
 void Owners::processTold(GObject* bus, GAsyncResult* result, gpointer self) {
   const VariantHandle answer(g_dbus_connection_call_finish(G_DBUS_CONNECTION(bus), result, nullptr));
-  if (!answer)  // it is gone already
-    return;
-  guint32 process = 0;
-  g_variant_get(answer.get(), "(u)", &process);
   auto* owners = static_cast<Owners*>(self);
   const std::scoped_lock lock(owners->mutex_);
+  if (!answer) {  // it is gone already
+    owners->endsOfUnknown_.push_back(Clock::now());
+    return;
+  }
+  guint32 process = 0;
+  g_variant_get(answer.get(), "(u)", &process);
   owners->processes_.insert(static_cast<pid_t>(process));
 }
 

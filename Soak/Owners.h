@@ -4,10 +4,12 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include <sys/types.h>
 
 #include "Soak/Bus.h"
+#include "Soak/Launch.h"
 #include "Tests/Support/ServingThread.h"
 
 namespace Soak {
@@ -20,8 +22,9 @@ class Owners {
   Owners& operator=(const Owners&) = delete;
   ~Owners();
 
-  /// Whether the process has had the name since this was made.
-  [[nodiscard]] bool include(pid_t process) const;
+  /// Whether the process, which was killed at this time, has had the name since this was made. If an owner was gone
+  /// before the bus could be asked which process it was, it is taken for one that was killed in the second before.
+  [[nodiscard]] bool include(pid_t process, Clock::time_point killed) const;
 
  private:
   static void ownerChanged(GDBusConnection* bus, const gchar* sender, const gchar* path, const gchar* interface,
@@ -32,6 +35,7 @@ class Owners {
   Bus bus_;
   mutable std::mutex mutex_;
   std::set<pid_t> processes_;
+  std::vector<Clock::time_point> endsOfUnknown_;
   guint subscription_ = 0;
   std::optional<TestSupport::ServingThread> thread_;
 };

@@ -54,7 +54,7 @@ bool wasHit(const Launch& launch, const Outcome& outcome) {
 bool wasGivenToAKilled(const Launch& launch, const Outcome& outcome, const Owners* owners) {
   constexpr std::chrono::seconds rightAfter{1};
   return launch.isUnanswered && owners != nullptr && std::ranges::any_of(outcome.strikes, [&](const Strike& strike) {
-           return strike.signal == SIGKILL && (strike.hadName || owners->include(strike.process)) &&
+           return strike.signal == SIGKILL && (strike.hadName || owners->include(strike.process, strike.time)) &&
                   strike.time <= launch.end && launch.end - strike.time < rightAfter;
          });
 }
