@@ -6,6 +6,7 @@
 #include <cstring>
 #include <functional>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -38,7 +39,8 @@ constexpr const char* usage =
     "deskloomplugin://runCommand/apps\n"
     "\n"
     "  --dbus-activated    wait for the bus to deliver the launch URL\n"
-    "  --read-launch-urls  take more launch URLs from standard input, each ended by a NUL\n"
+    "  --read-launch-urls  take more launch URLs from standard input, each ended by a NUL,\n"
+    "                      and leave none to another process\n"
     "  --help              show this text\n"
     "  --version           show the version\n";
 
@@ -65,18 +67,21 @@ void readLaunchURLsOrExit(LaunchArguments& launch, const char* program) {
   std::ranges::move(*more, std::back_inserter(launch.launchURLs));
 }
 
+/// The name that the application has on the bus, if it can have one.
+std::optional<std::string> nameOnBus(LinuxServices& desktop) {
+  auto identifier = desktop.bundle.identifier();
+  if (identifier && !DesktopSupport::isApplicationName(*identifier)) {
+    desktop.log.write("the bundle identifier " + *identifier + " cannot be a name on the bus");
+    return std::nullopt;
+  }
+  return identifier;
+}
+
 /// Whether another process of this application does what this one was started for. The launch URLs that it has taken
 /// are no longer among the arguments.
-bool isDoneElsewhere(LaunchService& service, LinuxServices& desktop, LaunchArguments& launch) {
-  const auto identifier = desktop.bundle.identifier();
-  if (!identifier)
-    return false;
-  if (!DesktopSupport::isApplicationName(*identifier)) {
-    desktop.log.write("the bundle identifier " + *identifier + " cannot be a name on the bus");
-    return false;
-  }
+bool isDoneElsewhere(LaunchService& service, const std::string& name, LaunchArguments& launch) {
   auto bus = DesktopSupport::SessionBus::connect();
-  if (!bus || service.acquireName(std::move(*bus), *identifier))
+  if (!bus || service.acquireName(std::move(*bus), name))
     return false;
   // Whoever has the name is delivered to.
   return launch.activatedByBus || service.forward(launch.launchURLs);
@@ -123,7 +128,10 @@ int applicationMain(int argumentCount, char** arguments, const MakeApplicationDe
   const Linux::TerminationSignals signals([&] { desktop.application.terminate(); });
   LaunchQueue launches;
   LaunchService service(launches, [&] { onMainThread([&] { desktop.application.deliver(launches); }); }, desktop.log);
-  if (isDoneElsewhere(service, desktop, launch))
+  const auto name = nameOnBus(desktop);
+  if (name && launch.readsLaunchURLs)
+    service.acquireNameLater(*name);
+  else if (name && isDoneElsewhere(service, *name, launch))
     return 0;
   for (std::string& url : launch.launchURLs)
     launches.add({.url = std::move(url)});

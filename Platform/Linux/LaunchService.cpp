@@ -23,6 +23,13 @@ GSource* makeTimer(GMainContext* context, GSourceFunc callback, gpointer data) {
   return source;
 }
 
+void stopTimer(GSource*& timer) {
+  if (GSource* const source = std::exchange(timer, nullptr)) {
+    g_source_destroy(source);
+    g_source_unref(source);
+  }
+}
+
 /// In microseconds on GLib's monotonic clock, which is the standard library's too.
 gint64 readyTime(Launch::Clock::time_point time) {
   return std::chrono::ceil<std::chrono::microseconds>(time.time_since_epoch()).count();
@@ -44,14 +51,20 @@ LaunchService::~LaunchService() {
     g_main_context_wakeup(context_.get());
     thread_.join();
   }
-  g_source_destroy(timer_);
-  g_source_unref(timer_);
+  stopTimer(nameTimer_);
+  stopTimer(timer_);
 }
 
 bool LaunchService::acquireName(DesktopSupport::SessionBus bus, const std::string& identifier) {
   presence_ = std::make_unique<BusPresence>(std::move(bus), identifier, context_.get(),
                                             [this](Launch launch) { take(std::move(launch)); });
   return presence_->acquireName();
+}
+
+void LaunchService::acquireNameLater(const std::string& identifier) {
+  nameForLater_ = identifier;
+  nameTimer_ = makeTimer(context_.get(), &LaunchService::timeForNameCame, this);
+  g_source_set_ready_time(nameTimer_, readyTime(Launch::Clock::now() + timeWithoutName));
 }
 
 void LaunchService::start() {
@@ -93,6 +106,7 @@ void LaunchService::take(Launch launch) {
 
 void LaunchService::releaseName() {
   onServiceThread([this] {
+    stopTimer(nameTimer_);
     if (presence_)
       presence_->releaseName();
     receiveAll();
@@ -134,6 +148,7 @@ void LaunchService::finishPassingOn() {
 
 void LaunchService::leaveBeforeAbort() {
   queue_.finish();  // what is in hand has begun, and nobody does it again
+  stopTimer(nameTimer_);
   if (presence_)
     presence_->releaseName();
   receiveAll();
@@ -153,6 +168,14 @@ gboolean LaunchService::timeCame(gpointer self) {
   service->passOn(service->queue_.takeOverdue(now));
   service->setTimer();
   return G_SOURCE_CONTINUE;
+}
+
+gboolean LaunchService::timeForNameCame(gpointer self) {
+  auto* const service = static_cast<LaunchService*>(self);
+  stopTimer(service->nameTimer_);
+  if (auto bus = DesktopSupport::SessionBus::connect(); bus) [[maybe_unused]]
+    const bool hasName = service->acquireName(std::move(*bus), service->nameForLater_);
+  return G_SOURCE_REMOVE;
 }
 
 }  // namespace Platform::Linux

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -26,6 +27,10 @@ namespace Platform::Linux {
 /// Its operations are for the main thread.
 class LaunchService {
  public:
+  /// What most processes end within that have one launch to do. Whoever gave it to them waits, and should not wait for
+  /// what they would be sent under the name as well.
+  static constexpr std::chrono::seconds timeWithoutName{1};
+
   /// Offers the launches to the main thread in `queue`. After each one `wakeMainThread` is called, on the service's
   /// thread.
   LaunchService(LaunchQueue& queue, std::function<void()> wakeMainThread, Log& log);
@@ -36,6 +41,9 @@ class LaunchService {
 
   /// Takes the application's name on the bus; what comes waits until `start`. False if it can't be had.
   [[nodiscard]] bool acquireName(DesktopSupport::SessionBus bus, const std::string& identifier);
+
+  /// Takes the name, if it is free, when the process has been there for `timeWithoutName` after `start`.
+  void acquireNameLater(const std::string& identifier);
 
   /// Hands the launch URLs to the process that has the name, as `BusPresence::forward` does.
   [[nodiscard]] bool forward(std::vector<std::string>& launchURLs) const { return presence_->forward(launchURLs); }
@@ -61,6 +69,7 @@ class LaunchService {
   void leaveBeforeAbort();
   void setTimer();
   static gboolean timeCame(gpointer self);
+  static gboolean timeForNameCame(gpointer self);
 
   LaunchQueue& queue_;
   std::function<void()> wakeMainThread_;
@@ -68,6 +77,8 @@ class LaunchService {
   FreshProcesses freshProcesses_;
   std::unique_ptr<BusPresence> presence_;
   GSource* timer_;
+  std::string nameForLater_;
+  GSource* nameTimer_ = nullptr;
   std::atomic<bool> isOver_ = false;
   std::thread thread_;
   std::unique_ptr<AbortNotice> abortNotice_;

@@ -162,6 +162,24 @@ TEST_F(BesideABusyProcessTest, AnIdleProcessTakesWhatComes) {
   EXPECT_TRUE(isThere(idle));
 }
 
+class FreshProcessTest : public BesideABusyProcessTest {
+ protected:
+  static constexpr const char* option = "--read-launch-urls";
+};
+
+TEST_F(FreshProcessTest, LeavesNothingToAnother) {
+  const ChildProcess idle = idleProcess();
+  EXPECT_EQ(launch({option, fatal}).wait(), 128 + SIGABRT);
+  EXPECT_TRUE(isThere(idle));
+}
+
+TEST_F(FreshProcessTest, TakesTheNameIfItStays) {
+  const ChildProcess fresh = launch({option, run("window")});
+  TestSupport::awaitOwner(testPlugin);
+  EXPECT_EQ(launch({run("send")}).wait(), 0) << "it would not quit by itself";
+  EXPECT_EQ(commands(), 1);
+}
+
 class AbortTest : public BesideABusyProcessTest {};
 
 TEST_F(AbortTest, LeavesTheOtherLaunchURLsOfTheCommandLineToAFreshProcess) {
