@@ -248,18 +248,22 @@ def observe_all(wanted):
     if result is None:
       say(f"left out, as it fails without a bug: {name}")
   tests = [result for result in observed if result is not None and result.reached]
-  for _, command in commands([test for test in tests if "DesktopTests" not in test.name]):
+  apart = set()
+  for _, command in commands([test for test in tests if "DesktopTests" not in test.name], apart):
     if not run_test(command, 1200):
-      sys.exit(f"script/mutants: these tests pass one by one, and not together: {command}")
-  return tests
+      say(f"run one by one, as they do not pass together: the tests of {command[0]}")
+      apart.add(command[0])
+  return tests, apart
 
 
-def commands(tests):
-  """What runs the tests, the quickest first: those of one program together, unless they need a desktop."""
+def commands(tests, apart):
+  """What runs the tests, the quickest first: those of one program together, unless they need a desktop or it is `apart`."""
   together = collections.defaultdict(list)
   for test in tests:
+    program = test.command[0]
     filters = [argument for argument in test.command[1:] if argument.startswith("--gtest_filter=")]
-    together[test.command[0] if filters and "DesktopTests" not in test.name else test.name].append(test)
+    are_together = filters and "DesktopTests" not in test.name and program not in apart
+    together[program if are_together else test.name].append(test)
   result = []
   for program, group in together.items():
     seconds = sum(test.seconds for test in group)
@@ -272,12 +276,12 @@ def commands(tests):
   return [(seconds, command) for _, seconds, command in sorted(result)]
 
 
-def outcome(number, tests):
+def outcome(number, tests, apart):
   """What became of a bug: found, survived, or that no test reaches it."""
   reaching = [test for test in tests if number in test.reached]
   if not reaching:
     return "no test reaches it"
-  for seconds, command in commands(reaching):
+  for seconds, command in commands(reaching, apart):
     # A hang counts as found, so what only takes long on a busy machine must not look like one.
     if not run_test(command, 60 + 20 * seconds, PLANTED_MUTANT=str(number)):
       return "found"
@@ -323,10 +327,10 @@ def main():
   planted = plant(names, order, options.count, arguments)
   say(f"{len(order)} places for a bug, {len(planted)} of them planted")
   build(options.tests)
-  tests = observe_all(options.tests)
+  tests, apart = observe_all(options.tests)
   outcomes = {}
   with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-    running = {pool.submit(outcome, number, tests): number for number in planted}
+    running = {pool.submit(outcome, number, tests, apart): number for number in planted}
     for done in concurrent.futures.as_completed(running):
       number = running[done]
       outcomes[number] = done.result()

@@ -30,6 +30,8 @@ class AppDelegateTest : public testing::Test {
   void SetUp() override {
     desktop->workspace.opened.clear();
     desktop->scripts.sources.clear();
+    desktop->application.terminateRequests = 0;
+    desktop->application.terminations = 0;
     App::shared().deskloomPlugin.actionController.didPerformAction = false;
   }
 
