@@ -5,6 +5,7 @@
 
 #include "BrimlaceTextView/Lines.h"
 #include "BrowserSessions/PageNames.h"
+#include "DesktopSupport/DisplayableText.h"
 #include "Fuzz/Target.h"
 #include "Platform/UTF8.h"
 
@@ -13,6 +14,7 @@ namespace {
 using BrowserSessions::BrowserSession;
 using BrowserSessions::BrowserTab;
 using BrowserSessions::ChromiumWindow;
+using DesktopSupport::shortened;
 using Fuzz::require;
 
 /// Windows of Chromium, and what the titles of windows on the screen are.
@@ -83,9 +85,8 @@ void requireChromiumNames(const std::vector<ChromiumWindow>& before, const std::
   for (std::size_t window = 0; window < before.size(); ++window)
     for (std::size_t tab = 0; tab < before[window].contents.tabs.size(); ++tab) {
       const auto& [title, url] = before[window].contents.tabs[tab];
-      require(
-          after[window].contents.tabs[tab].title == (title.empty() ? BrowserSessions::chromiumPageName(url) : title),
-          "A tab without a title has the name of its page.");
+      const std::string name = title.empty() ? shortened(BrowserSessions::chromiumPageName(url)) : title;
+      require(after[window].contents.tabs[tab].title == name, "A tab without a title has the name of its page.");
     }
 }
 
