@@ -175,7 +175,11 @@ TEST_F(QuittingTest, LeavesAWindowThatTheHostAsksForDuringTheInstallationToAFres
   TestSupport::awaitNoOwner(gleanery);
 }
 
-class SignalTest : public QuittingTest, public testing::WithParamInterface<int> {};
+class SignalTest : public QuittingTest, public testing::WithParamInterface<int> {
+ protected:
+  // The tests may have been started to ignore it, which processes inherit.
+  SignalTest() { std::signal(GetParam(), SIG_DFL); }
+};
 
 TEST_P(SignalTest, IsARequestToTerminateAfterWhichSettingsAreWritten) {
   ChildProcess plugin = launch({run("read+save+send")});
