@@ -175,6 +175,11 @@ TEST_F(QuittingTest, LeavesAWindowThatTheHostAsksForDuringTheInstallationToAFres
   TestSupport::awaitNoOwner(gleanery);
 }
 
+TEST_F(QuittingTest, MayBeAskedForAtTheEndOfLaunching) {
+  EXPECT_EQ(launch({run("launched")}).wait(), 0);
+  EXPECT_THAT(host.calls(), Contains(HasSubstr("deskloom://launched")));
+}
+
 class SignalTest : public QuittingTest, public testing::WithParamInterface<int> {
  protected:
   // The tests may have been started to ignore it, which processes inherit.

@@ -1,5 +1,6 @@
 // A plug-in that does what its launch URLs say: deskloomplugin://run/save+quit saves and quits. Some steps take a
-// value: deskloomplugin://run/send=17 sends deskloom://sent/17.
+// value: deskloomplugin://run/send=17 sends deskloom://sent/17. "launched" sends deskloom://launched and quits at the
+// end of launching.
 
 #include <chrono>
 #include <cstddef>
@@ -36,12 +37,18 @@ class TestPlugin : public Platform::ApplicationDelegate, public Platform::Window
         [&actions](const Platform::AppleEvent& event, Platform::AppleEvent&) { actions.handleURLEvent(event); });
   }
 
-  void applicationDidFinishLaunching(const Platform::Notification&) override {}
+  void applicationDidFinishLaunching(const Platform::Notification&) override {
+    if (!isToldOfLaunch_)
+      return;
+    send("launched");
+    quit();
+  }
   void windowWillClose(const Platform::Notification&) override { quit(); }
 
  private:
   void perform(const std::string& steps) {
     const std::map<std::string, std::function<void()>> known = {
+        {"launched", [this] { isToldOfLaunch_ = true; }},
         {"read", [this] { provider_ = DeskloomSDK::LocalConfigProvider<Options>::make("A", {}); }},
         {"save", [this] { save(); }},
         {"work", [] { std::this_thread::sleep_for(std::chrono::milliseconds(1500)); }},
@@ -113,6 +120,7 @@ class TestPlugin : public Platform::ApplicationDelegate, public Platform::Window
   static void quit() { Platform::sharedApplication().terminate(); }
 
   DeskloomSDK::DeskloomPlugin plugin_{{}};
+  bool isToldOfLaunch_ = false;
   std::shared_ptr<DeskloomSDK::LocalConfigProvider<Options>> provider_;
   std::unique_ptr<Platform::Window> window_;
 };
