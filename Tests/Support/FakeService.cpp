@@ -115,11 +115,15 @@ std::string FakeService::awaitCall(const std::string& method) {
 
 void FakeService::awaitCalls(const std::string& method, long count) {
   std::unique_lock lock(mutex_);
-  answered_.wait(lock, [&] {
+  long found = 0;
+  const bool areCalled = answered_.wait_for(lock, patience, [&] {
     const auto end = calls_.begin() + static_cast<std::ptrdiff_t>(answeredCalls_);
-    return std::count_if(calls_.begin(), end,
-                         [&](const std::string& call) { return call.starts_with(method + '('); }) >= count;
+    found = std::count_if(calls_.begin(), end, [&](const std::string& call) { return call.starts_with(method + '('); });
+    return found >= count;
   });
+  if (!areCalled)
+    throw std::runtime_error(name_ + ": " + method + " is called " + std::to_string(found) + " times only, not " +
+                             std::to_string(count));
 }
 
 void FakeService::emit(const char* signal, const std::string& tuple) const {
