@@ -15,10 +15,13 @@ class DetachedSpawn {
     posix_spawnattr_init(&attributes_);
     posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSID);
     posix_spawn_file_actions_init(&actions_);
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
-      posix_spawn_file_actions_addopen(&actions_, stream, "/dev/null", O_RDWR, 0);
+    // First, as the descriptor may be one of the others.
     if (standardInput >= 0)
       posix_spawn_file_actions_adddup2(&actions_, standardInput, STDIN_FILENO);
+    else
+      closeStream(STDIN_FILENO);
+    closeStream(STDOUT_FILENO);
+    closeStream(STDERR_FILENO);
   }
   DetachedSpawn(const DetachedSpawn&) = delete;
   DetachedSpawn& operator=(const DetachedSpawn&) = delete;
@@ -35,6 +38,8 @@ class DetachedSpawn {
   }
 
  private:
+  void closeStream(int stream) { posix_spawn_file_actions_addopen(&actions_, stream, "/dev/null", O_RDWR, 0); }
+
   posix_spawnattr_t attributes_ = {};
   posix_spawn_file_actions_t actions_ = {};
 };
