@@ -1,9 +1,11 @@
 // What becomes of launches while the process that has the plug-in's name waits for somebody, is stopped, or dies.
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <future>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -162,6 +164,12 @@ TEST_F(BesideABusyProcessTest, AnIdleProcessTakesWhatComes) {
   EXPECT_TRUE(isThere(idle));
 }
 
+TEST_F(BesideABusyProcessTest, AnIdleProcessTakesAnActivation) {
+  const ChildProcess idle = idleProcess();
+  EXPECT_EQ(launch({}).wait(), 0) << "it would not quit by itself";
+  EXPECT_TRUE(isThere(idle));
+}
+
 class FreshProcessTest : public BesideABusyProcessTest {
  protected:
   static constexpr const char* option = "--read-launch-urls";
@@ -178,6 +186,17 @@ TEST_F(FreshProcessTest, TakesTheNameIfItStays) {
   TestSupport::awaitOwner(testPlugin);
   EXPECT_EQ(launch({run("send")}).wait(), 0) << "it would not quit by itself";
   EXPECT_EQ(commands(), 1);
+}
+
+TEST_F(FreshProcessTest, TakesNoNameOnceItQuits) {
+  GDBusMethodInvocation* opening = nullptr;
+  host.answer("Open", [&](GDBusMethodInvocation* invocation) { opening = invocation; });
+  ChildProcess fresh = launch({option, run("send+quit")});
+  static_cast<void>(host.awaitCall("Open"));
+  std::this_thread::sleep_for(std::chrono::milliseconds(1200));  // it would have the name by now
+  EXPECT_FALSE(TestSupport::hasOwner(testPlugin));
+  g_dbus_method_invocation_return_value(opening, nullptr);
+  EXPECT_EQ(fresh.wait(), 0);
 }
 
 class AbortTest : public BesideABusyProcessTest {};

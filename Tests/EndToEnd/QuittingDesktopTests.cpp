@@ -229,6 +229,14 @@ INSTANTIATE_TEST_SUITE_P(Sent, SignalTest, testing::Values(SIGTERM, SIGHUP), [](
   return signal.param == SIGTERM ? std::string("SIGTERM") : std::string("SIGHUP");
 });
 
+TEST_F(QuittingTest, IsAskedForByASignalAlsoIfTheProcessHasNoStreams) {
+  ChildProcess plugin({"sh", "-c", R"(exec "$@" <&- >&- 2>&-)", "sh", TEST_PLUGIN_PROGRAM, run("read+save+send")});
+  static_cast<void>(host.awaitCall("Open"));
+  kill(plugin.pid(), SIGTERM);
+  EXPECT_EQ(plugin.wait(), 0);
+  EXPECT_EQ(writes(), 1);
+}
+
 TEST_F(QuittingTest, IsNotAskedForByAHangUpThatTheProcessWasStartedToIgnore) {
   ChildProcess plugin({"sh", "-c", "trap '' HUP; exec \"$@\"", "sh", TEST_PLUGIN_PROGRAM, run("send")});
   static_cast<void>(host.awaitCall("Open"));

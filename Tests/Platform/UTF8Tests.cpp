@@ -14,9 +14,9 @@ TEST(UTF8, PassesUnicodeTextThroughUnchanged) {
 }
 
 TEST(UTF8, RefusesWhatIsNoUnicode) {
-  for (const std::string bytes :
-       {"\x80", "a\xFF", "\xC3", "\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF0\x80\x80\x80", "\xF4\x90\x80\x80",
-        "\xF5\x80\x80\x80", "\xE2\x82", "\xF0\x9F\x98", "\xE2\x28\xA1"}) {
+  for (const std::string bytes : {"\x80", "a\xFF", "\xC3", "\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80",
+                                  "\xF0\x80\x80\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE2\x82",
+                                  "\xF0\x9F\x98", "\xE2\x28\xA1", "\xC3(", "\xE2((", "\xE2\x82(", "\xF0\x9F\x98("}) {
     EXPECT_EQ(utf8Bytes(bytes), std::nullopt);
     EXPECT_EQ(stringFromUTF8(bytes), std::nullopt);
   }

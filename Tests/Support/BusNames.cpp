@@ -65,6 +65,16 @@ bool call(const DesktopSupport::BusMethod& method, GVariant* arguments) {
 
 }  // namespace
 
+bool hasOwner(const std::string& busName) {
+  const auto bus = DesktopSupport::SessionBus::connect().value();
+  const auto answer =
+      bus.call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner"},
+               g_variant_new("(s)", busName.c_str()), G_VARIANT_TYPE("(b)"), patience);
+  gboolean has = FALSE;
+  g_variant_get(answer.value().get(), "(b)", &has);
+  return has != FALSE;
+}
+
 void awaitOwner(const std::string& busName) {
   await(busName, true);
 }

@@ -4,6 +4,9 @@
 
 namespace TestSupport {
 
+/// Whether somebody has this name on the session bus.
+bool hasOwner(const std::string& busName);
+
 /// Waits until somebody has this name on the session bus. Starts nobody. Throws if nobody does in time.
 void awaitOwner(const std::string& busName);
 
