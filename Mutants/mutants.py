@@ -8,12 +8,12 @@ import argparse
 import collections
 import concurrent.futures
 import fnmatch
+import functools
 import hashlib
 import json
 import os
 import pathlib
 import pickle
-import random
 import re
 import shlex
 import shutil
@@ -149,10 +149,19 @@ def find_sites(names, only, arguments):
   return [[site for name in sorted(found) if matches(name, area) for site in found[name]] for area in AREAS]
 
 
+@functools.cache
+def lines_of(name):
+  return (TOP / name).read_text().splitlines()
+
+
+def draw(site, seed):
+  """What the seed and the site's own line tell, so that a change elsewhere leaves the choice as it is."""
+  return hashlib.sha256(repr((seed, site.file, site.change, lines_of(site.file)[site.line - 1].strip())).encode()).digest()
+
+
 def choose(areas, seed):
   """All sites in an order that the seed tells, from the areas in turn."""
-  chance = random.Random(seed)
-  queues = [chance.sample(area, len(area)) for area in areas]
+  queues = [sorted(area, key=lambda site: draw(site, seed)) for area in areas]
   order, taken = [], set()
   while any(queues):
     for queue in queues:
@@ -292,7 +301,7 @@ def outcome(number, tests, apart):
 
 
 def describe(site):
-  line = (TOP / site.file).read_text().splitlines()[site.line - 1].strip()
+  line = lines_of(site.file)[site.line - 1].strip()
   text = (TOP / site.file).read_bytes()[site.begin:site.end].decode()
   text = " ".join(text.split())
   return f"{site.file}:{site.line}: {site.change}: {text if len(text) < 100 else line}"
