@@ -185,7 +185,7 @@ TEST_F(FreshProcessTest, TakesTheNameIfItStays) {
   const ChildProcess fresh = launch({option, run("window")});
   TestSupport::awaitOwner(testPlugin);
   EXPECT_EQ(launch({run("send")}).wait(), 0) << "it would not quit by itself";
-  EXPECT_EQ(commands(), 1);
+  host.awaitCalls("Open", 1);
 }
 
 TEST_F(FreshProcessTest, TakesNoNameOnceItQuits) {
