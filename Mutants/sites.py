@@ -5,6 +5,7 @@ What is evaluated at compile time cannot be chosen at run time and is no site.
 """
 
 import collections
+import re
 
 from clang.cindex import CursorKind, Index, TranslationUnit, TypeKind
 
@@ -27,6 +28,9 @@ CONDITIONS = {CursorKind.IF_STMT, CursorKind.WHILE_STMT, CursorKind.CONDITIONAL_
 STATEMENTS = {CursorKind.CALL_EXPR, CursorKind.BINARY_OPERATOR, CursorKind.COMPOUND_ASSIGNMENT_OPERATOR,
               CursorKind.UNARY_OPERATOR, CursorKind.UNEXPOSED_EXPR, CursorKind.BREAK_STMT, CursorKind.CONTINUE_STMT}
 NOTHING = ("{}", "false", "nullptr", "std::nullopt", "0", "")
+# So are the values that these make, and this call changes nothing that anybody sees.
+MAKES_NOTHING = re.compile(r"std::(string|vector|map|set)(<.*>)?(\(\)|\{\})")
+CHANGES_NOTHING = re.compile(r"[\w.>-]+[.>]reserve\(")
 
 
 class Finder:
@@ -109,11 +113,12 @@ class Finder:
         self._negate(cursor, f"{operator} to {OPPOSITES[operator]}")
     elif kind in CONDITIONS and children:
       self._look_at_condition(cursor, children)
-    elif kind == CursorKind.INTEGER_LITERAL and cursor.type.kind in INTEGERS:
+    # A number by a name, such as TRUE, is one that somebody else has chosen.
+    elif kind == CursorKind.INTEGER_LITERAL and cursor.type.kind in INTEGERS and self._slice(cursor)[:1].isdigit():
       self._add(cursor, f"{self._slice(cursor)} plus 1", [self._frame(cursor, "Planted::offByOne(NUMBER, ", ")")])
     elif kind == CursorKind.RETURN_STMT:
       self._look_at_return(cursor, function, children)
-    if kind in STATEMENTS and parent.kind == CursorKind.COMPOUND_STMT:
+    if kind in STATEMENTS and parent.kind == CursorKind.COMPOUND_STMT and not CHANGES_NOTHING.match(self._slice(cursor)):
       self._add_statement(cursor, "statement removed", "if (!Planted::in(NUMBER)) { ")
 
   def _look_at_operator(self, cursor, children):
@@ -163,8 +168,12 @@ class Finder:
     kind = function.result_type.get_canonical().kind
     if kind == TypeKind.BOOL:
       self._negate(value, "returns the opposite")
-    elif self._slice(value).strip() not in NOTHING and kind not in (TypeKind.LVALUEREFERENCE, TypeKind.RVALUEREFERENCE):
+    elif not self._is_nothing(value) and kind not in (TypeKind.LVALUEREFERENCE, TypeKind.RVALUEREFERENCE):
       self._add_statement(cursor, "returns an empty value", "{ if (Planted::in(NUMBER)) return {}; ")
+
+  def _is_nothing(self, value):
+    text = self._slice(value).strip()
+    return text in NOTHING or MAKES_NOTHING.fullmatch(text)
 
   def _add_statement(self, cursor, change, before):
     end = self._semicolon(cursor)

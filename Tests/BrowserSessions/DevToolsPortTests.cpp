@@ -84,10 +84,12 @@ TEST(DevToolsPort, IsConnectedToWhereTheBrowserAnswers) {
 }
 
 TEST(DevToolsPort, IsNotConnectedToWhereSomebodyElseAnswers) {
+  std::string failure = success(about(FakeDevTools::path));
+  failure.replace(failure.find("200 OK"), 6, "500 No");
   const std::map<std::string, std::string> answers = {
       {"another browser", success(about("/devtools/browser/another"))},
       {"a browser that would ask the user first", "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n"},
-      {"a failure", "HTTP/1.1 500 Oops\r\nContent-Length: 40\r\n\r\n" + about(FakeDevTools::path)},
+      {"a failure", failure},
       {"a web page", success("<html>")},
       {"other JSON", success("[1, {\"webSocketDebuggerUrl\": 7}]")},
       {"a path that is a number", success("{\"webSocketDebuggerUrl\": 7}")},
