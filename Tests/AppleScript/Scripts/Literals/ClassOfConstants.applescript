@@ -1,0 +1,2 @@
+{class of yes, class of no, class of ask}
+--> {constant, constant, constant}
