@@ -78,8 +78,8 @@ PageServer::PageServer() : context_(g_main_context_new()) {
 PageServer::~PageServer() {
   thread_.reset();
   g_socket_service_stop(service_.get());
-  // Whatever waits for a connection is told that none will come, and frees what it has. GLib loses some of it if another
-  // thread stops the service.
+  // Whatever waits for a connection is told that none will come, and frees what it has. GLib loses some of it if
+  // another thread stops the service.
   while (g_main_context_iteration(context_.get(), /*may_block=*/FALSE) != FALSE) {
   }
 }
