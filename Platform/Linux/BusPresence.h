@@ -34,8 +34,8 @@ class BusPresence {
   /// not answer.
   [[nodiscard]] bool acquireName();
 
-  /// Delivers the URLs (none: an activation) to the process that has the name. False if there is none any more, or it
-  /// is too busy for them; then `launchURLs` holds those that nobody has begun with.
+  /// Delivers the URLs (none: an activation) to the process that has the name. False if no process has it any more, or
+  /// the one that has it is too busy. `launchURLs` keeps those that nobody has begun with.
   [[nodiscard]] bool forward(std::vector<std::string>& launchURLs) const;
 
   /// Gives up the name, so that whatever comes later starts a fresh process. Returns when all that the bus had sent

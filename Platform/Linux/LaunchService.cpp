@@ -173,8 +173,8 @@ gboolean LaunchService::timeCame(gpointer self) {
 gboolean LaunchService::timeForNameCame(gpointer self) {
   auto* const service = static_cast<LaunchService*>(self);
   stopTimer(service->nameTimer_);
-  if (auto bus = DesktopSupport::SessionBus::connect(); bus) [[maybe_unused]]
-    const bool hasName = service->acquireName(std::move(*bus), service->nameForLater_);
+  if (auto bus = DesktopSupport::SessionBus::connect())
+    static_cast<void>(service->acquireName(std::move(*bus), service->nameForLater_));
   return G_SOURCE_REMOVE;
 }
 

@@ -27,8 +27,8 @@ namespace Platform::Linux {
 /// Its operations are for the main thread.
 class LaunchService {
  public:
-  /// What most processes end within that have one launch to do. Whoever gave it to them waits, and should not wait for
-  /// what they would be sent under the name as well.
+  /// Most processes that have one launch to do end within this time. Whoever gave it to them waits for their end, and
+  /// would wait longer if they received other launches under the name.
   static constexpr std::chrono::seconds timeWithoutName{1};
 
   /// Offers the launches to the main thread in `queue`. After each one `wakeMainThread` is called, on the service's
@@ -42,7 +42,7 @@ class LaunchService {
   /// Takes the application's name on the bus; what comes waits until `start`. False if it can't be had.
   [[nodiscard]] bool acquireName(DesktopSupport::SessionBus bus, const std::string& identifier);
 
-  /// Takes the name, if it is free, when the process has been there for `timeWithoutName` after `start`.
+  /// Takes the name, if it is free, after `timeWithoutName`, once the service has been started.
   void acquireNameLater(const std::string& identifier);
 
   /// Hands the launch URLs to the process that has the name, as `BusPresence::forward` does.
