@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "DesktopSupport/ApplicationBus.h"
+#include "Platform/Linux/Ticks.h"
 
 namespace Platform::Linux {
 
@@ -18,18 +19,6 @@ namespace BusErrorName = DesktopSupport::BusErrorName;
 
 /// GLib ends each call in time. Should it lose one, the process ends all the same, so much later.
 constexpr std::chrono::seconds longestDelay{5};
-
-/// Has the main context return to whoever runs it, once a second.
-class Ticks {
- public:
-  Ticks() : source_(g_timeout_add_seconds(1, [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr)) {}
-  Ticks(const Ticks&) = delete;
-  Ticks& operator=(const Ticks&) = delete;
-  ~Ticks() { g_source_remove(source_); }
-
- private:
-  guint source_;
-};
 
 }  // namespace
 

@@ -1,14 +1,17 @@
 #include "Platform/Linux/LinuxApplication.h"
 
+#include <chrono>
 #include <utility>
 
 #include <glib.h>
+
+#include "Platform/Linux/Ticks.h"
 
 namespace Platform::Linux {
 
 namespace {
 
-constexpr guint longestWaitInSeconds = 10;
+constexpr std::chrono::seconds longestWait{10};
 
 }  // namespace
 
@@ -28,17 +31,10 @@ void LinuxApplication::deliver(LaunchQueue& launches) {
 }
 
 void LinuxApplication::awaitLaunch() {
-  bool timedOut = false;
-  const guint timer = g_timeout_add_seconds(
-      longestWaitInSeconds,
-      [](gpointer flag) -> gboolean {
-        *static_cast<bool*>(flag) = true;
-        return G_SOURCE_CONTINUE;
-      },
-      &timedOut);
-  while (!wasLaunched_ && !timedOut)
+  const auto deadline = std::chrono::steady_clock::now() + longestWait;
+  const Ticks ticks;
+  while (!wasLaunched_ && !isTerminating_ && std::chrono::steady_clock::now() < deadline)
     g_main_context_iteration(nullptr, /*may_block=*/TRUE);
-  g_source_remove(timer);
   if (!wasLaunched_)
     terminate();
 }

@@ -22,7 +22,8 @@ class LinuxApplication : public Application {
   /// alert, is not interrupted by the next one.
   void deliver(LaunchQueue& launches);
 
-  /// Runs the main context until a launch has come. If none comes within ten seconds, the application terminates.
+  /// Runs the main context until a launch has come or the application is asked to terminate. If no launch comes within
+  /// ten seconds, the application terminates.
   void awaitLaunch();
 
   /// Posts the finished-launching notification and runs the main context until the application is asked to terminate.

@@ -47,6 +47,7 @@ struct TestProcess : Object {
 struct TestRoot : Object {
   std::vector<TestWindow> windows;
   std::vector<TestProcess> processes;
+  std::string card = "Ann";
 
   [[nodiscard]] const ClassDescription& classDescription() const override;
 };
@@ -95,7 +96,8 @@ inline const ClassDescription process{"process", "processes", processProperties}
 inline const ElementsDescription rootElements[] = {
     {&window, Get<&TestRoot::windows>::count, Get<&TestRoot::windows>::at},
     {&process, Get<&TestRoot::processes>::count, Get<&TestRoot::processes>::at}};
-inline const ClassDescription root{"application", "applications", {}, rootElements};
+inline const PropertyDescription rootProperties[] = {{"my card", Get<&TestRoot::card>::value}};
+inline const ClassDescription root{"application", "applications", rootProperties, rootElements};
 
 inline const ClassDescription* const classes[] = {&window, &tab, &process};
 

@@ -117,6 +117,14 @@ TEST_F(BesideABusyProcessTest, LaunchesByTheBusAreDone) {
   EXPECT_TRUE(isThere(busy));
 }
 
+TEST_F(BesideABusyProcessTest, TheProcessQuitsOnceItIsFree) {
+  ChildProcess busy = busyProcess({run("quit")});
+  EXPECT_TRUE(openURL(testPlugin, run("send+quit")));
+  host.awaitCalls("Open", 1);
+  answerAboutSettings();
+  EXPECT_EQ(busy.wait(), 0);
+}
+
 TEST_F(BesideABusyProcessTest, ALaunchURLOfAnyLengthIsDone) {
   GDBusMethodInvocation* question = nullptr;
   host.answer("GetIsPluginInstalledAtPath", [&](GDBusMethodInvocation* invocation) { question = invocation; });

@@ -1,0 +1,2 @@
+tell application "Test Desk" to my card
+--> "Ann"
