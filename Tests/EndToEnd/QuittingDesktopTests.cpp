@@ -204,10 +204,13 @@ TEST_P(SignalTest, TakesWindowsOffTheScreen) {
 }
 
 TEST_P(SignalTest, EndsAtOnceIfItIsTheSecond) {
+  GDBusMethodInvocation* reading = nullptr;
+  host.answer("GetConfig", [&](GDBusMethodInvocation* invocation) { reading = invocation; });
   host.answer("SetConfig", [](GDBusMethodInvocation*) {});  // never answered
-  ChildProcess plugin = launch({run("read+save+send")});
-  static_cast<void>(host.awaitCall("Open"));
+  ChildProcess plugin = launch({run("read+save")});
+  static_cast<void>(host.awaitCall("GetConfig"));
   kill(plugin.pid(), GetParam());
+  g_dbus_method_invocation_return_value(reading, g_variant_new_parsed("(true, '')"));
   static_cast<void>(host.awaitCall("SetConfig"));
   kill(plugin.pid(), SIGTERM);
   EXPECT_EQ(plugin.wait(), 128 + SIGTERM);
