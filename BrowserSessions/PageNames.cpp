@@ -15,6 +15,10 @@ using DesktopSupport::shortened;
 
 constexpr std::string_view schemeEnd = "://";
 
+bool isText(std::string_view bytes) {
+  return g_utf8_validate_len(bytes.data(), bytes.size(), nullptr) != FALSE;
+}
+
 // The character that an escape (%XX) at the start of the text stands for.
 std::optional<char> escapedCharacter(std::string_view text) {
   constexpr int hexadecimal = 16;
@@ -37,18 +41,17 @@ std::string unescaped(std::string_view address) {
     text += isTaken ? *character : address[position];
     position += isTaken ? 2 : 0;
   }
-  const bool isText = g_utf8_validate(text.data(), std::ssize(text), nullptr) != FALSE;
-  return isText ? text : std::string(address);
+  return isText(text) ? text : std::string(address);
 }
 
 // A host as it is read, without the user's name and password; the port is kept.
 std::string readableHost(std::string_view authority) {
   const std::string_view withPort = authority.substr(authority.rfind('@') + 1);
   const std::string host(withPort.substr(0, withPort.rfind(':')));
-  const DesktopSupport::CharsHandle name(host.contains("xn--") ? g_hostname_to_unicode(host.c_str()) : nullptr);
-  // GLib decodes some names into bytes that are no text.
-  const bool isText = name && g_utf8_validate(name.get(), -1, nullptr) != FALSE;
-  return (isText ? name.get() : host) + std::string(withPort.substr(host.size()));
+  // GLib reads beyond the end of bytes that are no text, and decodes some names into such.
+  const bool isEncoded = host.contains("xn--") && isText(host);
+  const DesktopSupport::CharsHandle name(isEncoded ? g_hostname_to_unicode(host.c_str()) : nullptr);
+  return (name && isText(name.get()) ? name.get() : host) + std::string(withPort.substr(host.size()));
 }
 
 // The name of a file together with what follows it in the address.

@@ -27,6 +27,8 @@ TEST(PageNames, AreInChromiumTheAddressAsItIsRead) {
            {"http://user@home:word@example.com/", "example.com"},
            {"http://xn--bcher-kva.example:80/a", "bücher.example:80/a"},
            {"http://xn--9999w:80/a", "xn--9999w:80/a"},
+           {"http://a.xn--bcher-kva.example\xF0", "a.xn--bcher-kva.example\xF0"},
+           {{"http://xn--bcher-kva\0.example/a", 31}, {"xn--bcher-kva\0.example/a", 24}},
            {"http://[::1]:80/a", "[::1]:80/a"},
            {"http://example.com/%20a%C3%BC%2F%25%0A%7e%4", "example.com/ aü%2F%25%0A~%4"},
            {"http://example.com/%20%FF", "example.com/%20%FF"},
