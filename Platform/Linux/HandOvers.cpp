@@ -79,7 +79,8 @@ void HandOvers::finishCall(std::uint64_t number, const GError* error) {
 void HandOvers::report(const HandOver& handOver, const BusError& error) {
   const std::string url = "a " + handOver.scheme + ": URL";
   if (error.name == BusErrorName::timeout)
-    log_.write("handed over " + url + " and had no answer within " + std::to_string(patience_.count() / 1000) +
+    log_.write("handed over " + url + " and had no answer within " +
+               std::to_string(std::chrono::duration_cast<std::chrono::seconds>(patience_).count()) +
                " seconds: its handler may still receive it");
   else if (error.name == BusErrorName::noReply || error.name == BusErrorName::disconnected)
     log_.write("handed over " + url +
