@@ -27,7 +27,7 @@ OPPOSITES = {"==": "!=", "!=": "=="}
 CONDITIONS = {CursorKind.IF_STMT, CursorKind.WHILE_STMT, CursorKind.CONDITIONAL_OPERATOR}
 STATEMENTS = {CursorKind.CALL_EXPR, CursorKind.BINARY_OPERATOR, CursorKind.COMPOUND_ASSIGNMENT_OPERATOR,
               CursorKind.UNARY_OPERATOR, CursorKind.UNEXPOSED_EXPR, CursorKind.BREAK_STMT, CursorKind.CONTINUE_STMT}
-NOTHING = ("{}", "false", "nullptr", "std::nullopt", "0", "")
+NOTHING = ("{}", "false", "nullptr", "std::nullopt", "0", "FALSE", "G_SOURCE_REMOVE", "")
 # So are the values that these make, and this call changes nothing that anybody sees.
 MAKES_NOTHING = re.compile(r"std::(string|vector|map|set)(<.*>)?(\(\)|\{\})")
 CHANGES_NOTHING = re.compile(r"[\w.>-]+[.>]reserve\(")
