@@ -1,2 +1,2 @@
-{6 div -1, 6 mod -1, class of (6 div -1)}
---> {-6, 0, integer}
+{6 div -1, 6 mod -1, class of (6 div -1), 9007199254740993 div -1}
+--> {-6, 0, integer, -9007199254740993}
