@@ -1,6 +1,5 @@
 #include "Platform/Linux/AbortNotice.h"
 
-#include <cerrno>
 #include <csignal>
 #include <cstdint>
 #include <utility>
@@ -27,14 +26,14 @@ void raiseEvent(int event) {
   [[maybe_unused]] const auto written = write(event, &one, sizeof one);
 }
 
-void putOff(int /*signal*/) {
-  if (pthread_equal(pthread_self(), signals.servingThread) != 0)
-    return;
-  const int problem = errno;
-  raiseEvent(signals.began);
-  pollfd event = {.fd = signals.mayGoOn, .events = POLLIN, .revents = 0};
-  poll(&event, 1, AbortNotice::longestDelayInMilliseconds);
-  errno = problem;
+void putOff(int signal) {
+  if (pthread_equal(pthread_self(), signals.servingThread) == 0) {
+    raiseEvent(signals.began);
+    pollfd event = {.fd = signals.mayGoOn, .events = POLLIN, .revents = 0};
+    poll(&event, 1, AbortNotice::longestDelayInMilliseconds);
+  }
+  // Whoever has sent it may have done so but once. The handler is no longer set.
+  std::raise(signal);
 }
 
 void takeAborts() {

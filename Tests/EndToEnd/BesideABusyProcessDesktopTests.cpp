@@ -222,6 +222,12 @@ TEST_F(AbortTest, LeavesWhatHasComeByTheBusToAFreshProcess) {
   EXPECT_THAT(host.awaitCall("Open"), HasSubstr("deskloom://sent"));
 }
 
+TEST_F(AbortTest, IsWhatItsSignalFromAnotherProcessAsksFor) {
+  ChildProcess idle = idleProcess();
+  kill(idle.pid(), SIGABRT);
+  EXPECT_EQ(idle.wait(), 128 + SIGABRT);
+}
+
 TEST_F(AbortTest, IsNoErrorForWhoeverForwardedTheLaunch) {
   ChildProcess idle = idleProcess();
   EXPECT_EQ(launch({fatal}).wait(), 0);
