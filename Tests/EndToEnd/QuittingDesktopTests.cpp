@@ -134,6 +134,20 @@ TEST_F(QuittingTest, LeavesTextsThatLookLikeOptionsToAFreshProcessAsTheyAre) {
   EXPECT_THAT(host.calls(), Contains(HasSubstr("deskloom://sent")));
 }
 
+TEST_F(QuittingTest, WritesSettingsAfterTheNameIsGivenUp) {
+  std::vector<bool> hadName;
+  const auto lookForName = [&hadName](GVariant* reply) {
+    return [&hadName, reply](GDBusMethodInvocation* invocation) {
+      hadName.push_back(TestSupport::hasOwner(testPlugin));
+      g_dbus_method_invocation_return_value(invocation, reply);
+    };
+  };
+  host.answer("GetConfig", lookForName(g_variant_new_parsed("(true, '')")));
+  host.answer("SetConfig", lookForName(nullptr));
+  EXPECT_EQ(launch({run("read+save+quit")}).wait(), 0);
+  EXPECT_THAT(hadName, testing::ElementsAre(true, false));
+}
+
 TEST_F(QuittingTest, WritesSettingsBeforeTheFreshProcessIsStarted) {
   std::promise<pid_t> process;
   std::string children = "not looked at";
