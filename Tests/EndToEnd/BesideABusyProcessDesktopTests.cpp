@@ -13,11 +13,13 @@
 
 #include "DesktopSupport/ApplicationBus.h"
 #include "DesktopSupport/SessionBus.h"
+#include "Platform/Linux/FreshProcesses.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 #include "Tests/Support/TestDesktop.h"
 
+using Platform::Linux::FreshProcesses;
 using testing::HasSubstr;
 using TestSupport::ChildProcess;
 using TestSupport::FakeDeskloomHost;
@@ -107,13 +109,14 @@ TEST_F(BesideABusyProcessTest, ALaunchByCommandLineIsDone) {
 }
 
 TEST_F(BesideABusyProcessTest, LaunchesByTheBusAreDone) {
+  constexpr long count = FreshProcesses::mostAtOnce + 8;
   const ChildProcess busy = busyProcess();
   std::vector<std::future<bool>> launches;
-  for (int number = 0; number < 20; ++number)
+  for (long number = 0; number < count; ++number)
     launches.push_back(std::async(std::launch::async, [] { return openURL(testPlugin, run("send+quit")); }));
   for (auto& each : launches)
     EXPECT_TRUE(each.get());
-  host.awaitCalls("Open", 20);
+  host.awaitCalls("Open", count);
   EXPECT_TRUE(isThere(busy));
 }
 
