@@ -17,6 +17,7 @@
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/FakeDeskloomHost.h"
+#include "Tests/Support/Patience.h"
 #include "Tests/Support/TestDesktop.h"
 
 using Platform::Linux::FreshProcesses;
@@ -117,6 +118,16 @@ TEST_F(BesideABusyProcessTest, LaunchesByTheBusAreDone) {
   for (auto& each : launches)
     EXPECT_TRUE(each.get());
   host.awaitCalls("Open", count);
+  EXPECT_TRUE(isThere(busy));
+}
+
+TEST_F(BesideABusyProcessTest, ACallerIsToldIfTheProcessThatHasItsLaunchIsKilled) {
+  const ChildProcess busy = busyProcess();
+  const auto answer = DesktopSupport::SessionBus::connect().value().call(
+      {testPlugin, DesktopSupport::applicationObjectPath(testPlugin), DesktopSupport::applicationInterface, "Open"},
+      DesktopSupport::openArguments(run("die")), nullptr, TestSupport::patience);
+  ASSERT_FALSE(answer);
+  EXPECT_EQ(answer.error().message, "The process that was to do it was killed.");
   EXPECT_TRUE(isThere(busy));
 }
 

@@ -3,6 +3,7 @@
 // end of launching.
 
 #include <chrono>
+#include <csignal>
 #include <cstddef>
 #include <functional>
 #include <map>
@@ -56,6 +57,7 @@ class TestPlugin : public Platform::ApplicationDelegate, public Platform::Window
         {"later", [] { sendLater(); }},
         {"alert", [] { showHostileAlert(); }},
         {"window", [this] { showWindow(); }},
+        {"die", [] { std::raise(SIGKILL); }},
         {"quit", [] { quit(); }}};
     const std::map<std::string, std::function<void(const std::string&)>> withValue = {
         {"send", [](const std::string& data) { send("sent", data); }},
