@@ -32,7 +32,7 @@ void putOff(int signal) {
     pollfd event = {.fd = signals.mayGoOn, .events = POLLIN, .revents = 0};
     poll(&event, 1, AbortNotice::longestDelayInMilliseconds);
   }
-  // Whoever has sent it may have done so but once. The handler is no longer set.
+  // `abort` ends the process by itself after this; a signal from another process does not. The handler is reset.
   std::raise(signal);
 }
 

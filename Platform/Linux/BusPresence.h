@@ -35,7 +35,7 @@ class BusPresence {
   [[nodiscard]] bool acquireName();
 
   /// Delivers the URLs (none: an activation) to the process that has the name. False if no process has it any more, or
-  /// the one that has it is too busy. `launchURLs` keeps those that nobody has begun with.
+  /// the one that has it is too busy. Afterwards `launchURLs` holds only the URLs that were not taken.
   [[nodiscard]] bool forward(std::vector<std::string>& launchURLs) const;
 
   /// Gives up the name, so that whatever comes later starts a fresh process. Returns when all that the bus had sent
