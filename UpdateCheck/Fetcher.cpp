@@ -1,6 +1,6 @@
 #include "UpdateCheck/Fetcher.h"
 
-#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/System/DisplayableText.h"
 #include "UpdateCheck/FileTransfer.h"
 #include "UpdateCheck/WebTransfer.h"
 

@@ -10,8 +10,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "DesktopSupport/FileDescriptor.h"
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/FileDescriptor.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace UpdateCheck {
 

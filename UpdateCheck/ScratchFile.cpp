@@ -6,7 +6,7 @@
 #include <glib.h>
 #include <unistd.h>
 
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace UpdateCheck {
 

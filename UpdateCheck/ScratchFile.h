@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "DesktopSupport/FileDescriptor.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 #include "UpdateCheck/MappedFile.h"
 
 namespace UpdateCheck {

@@ -3,7 +3,7 @@
 #include <optional>
 #include <utility>
 
-#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/System/DisplayableText.h"
 #include "UpdateCheck/LinkOpener.h"
 #include "UpdateCheck/UpdateNotification.h"
 #include "UpdateCheck/UpdateTexts.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
 #include "Platform/Log.h"
 #include "Platform/Strings.h"
 #include "UpdateCheck/AppcastItem.h"

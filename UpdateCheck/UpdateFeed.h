@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "Platform/URL.h"
+#include "Platform/Text/URL.h"
 #include "UpdateCheck/AppcastItem.h"
 #include "UpdateCheck/Fetcher.h"
 #include "UpdateCheck/UpdateSettings.h"

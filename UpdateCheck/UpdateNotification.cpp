@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace UpdateCheck {
 

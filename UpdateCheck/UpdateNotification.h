@@ -8,7 +8,7 @@
 
 #include <gio/gio.h>
 
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
 
 namespace UpdateCheck {
 

@@ -6,7 +6,7 @@
 
 #include <glib.h>
 
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 #include "UpdateCheck/Version.h"
 
 namespace UpdateCheck {

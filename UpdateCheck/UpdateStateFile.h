@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "DesktopSupport/FileDescriptor.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 #include "UpdateCheck/UpdateState.h"
 
 namespace UpdateCheck {

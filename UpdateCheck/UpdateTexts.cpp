@@ -1,6 +1,6 @@
 #include "UpdateCheck/UpdateTexts.h"
 
-#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/System/DisplayableText.h"
 
 namespace UpdateCheck {
 

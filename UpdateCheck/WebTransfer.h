@@ -4,7 +4,7 @@
 #include <expected>
 #include <string>
 
-#include "Platform/URL.h"
+#include "Platform/Text/URL.h"
 #include "UpdateCheck/ByteSink.h"
 #include "UpdateCheck/FetchLimits.h"
 

@@ -9,10 +9,10 @@
 #include <glib.h>
 #include <sys/utsname.h>
 
-#include "DesktopSupport/FileContents.h"
-#include "Platform/Linux/LinuxBundle.h"
-#include "Platform/Linux/LinuxLog.h"
-#include "Platform/Linux/LinuxStrings.h"
+#include "DesktopSupport/System/FileContents.h"
+#include "Linux/LinuxBundle.h"
+#include "Linux/LinuxLog.h"
+#include "Linux/LinuxStrings.h"
 #include "UpdateCheck/UpdateChecker.h"
 #include "UpdateCheck/UpdateSettings.h"
 

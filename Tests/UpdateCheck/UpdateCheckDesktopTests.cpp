@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "Platform/URL.h"
+#include "Platform/Text/URL.h"
 #include "Tests/Support/FakeNotifications.h"
 #include "Tests/UpdateCheck/HTTPSServer.h"
 #include "Tests/UpdateCheck/SigningKey.h"
