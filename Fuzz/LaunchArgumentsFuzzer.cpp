@@ -2,10 +2,10 @@
 #include <string>
 #include <vector>
 
-#include "DesktopSupport/ApplicationBus.h"
+#include "DesktopSupport/Bus/ApplicationBus.h"
 #include "Fuzz/Target.h"
-#include "Platform/Linux/LaunchArguments.h"
-#include "Platform/UTF8.h"
+#include "Linux/Launching/LaunchArguments.h"
+#include "Platform/Text/UTF8.h"
 
 namespace {
 

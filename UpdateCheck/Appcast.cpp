@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/System/DisplayableText.h"
 #include "UpdateCheck/Version.h"
 #include "UpdateCheck/XMLReader.h"
 

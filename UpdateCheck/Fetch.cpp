@@ -11,9 +11,9 @@
 #include <curl/curl.h>
 #include <unistd.h>
 
-#include "DesktopSupport/DisplayableText.h"
-#include "DesktopSupport/FileContents.h"
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/FileContents.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace UpdateCheck {
 
@@ -53,17 +53,17 @@ Fetched readFile(const URL& url, const FetchLimits& limits) {
 }
 
 /// The bytes that have come from a server, and how many may come.
-struct Download {
+struct Received {
   std::string bytes;
   std::size_t limit;
 };
 
 std::size_t receive(char* bytes, std::size_t size, std::size_t count, void* data) {
-  auto& download = *static_cast<Download*>(data);
+  auto& received = *static_cast<Received*>(data);
   const std::string_view piece(bytes, size * count);
-  if (piece.size() > download.limit - download.bytes.size())
+  if (piece.size() > received.limit - received.bytes.size())
     return CURL_WRITEFUNC_ERROR;
-  download.bytes += piece;
+  received.bytes += piece;
   return piece.size();
 }
 
@@ -94,7 +94,7 @@ Fetched download(const URL& url, const FetchLimits& limits, const std::string& u
   const CURLHandle transfer(curl_easy_init());
   if (!transfer)
     return std::unexpected("libcurl does not start");
-  Download download = {.bytes = {}, .limit = limits.bytes};
+  Received received = {.bytes = {}, .limit = limits.bytes};
   std::array<char, CURL_ERROR_SIZE> problem = {};
   restrictToHTTPS(transfer.get());
   demandIdentity(transfer.get());
@@ -103,10 +103,10 @@ Fetched download(const URL& url, const FetchLimits& limits, const std::string& u
   curl_easy_setopt(transfer.get(), CURLOPT_USERAGENT, userAgent.c_str());
   curl_easy_setopt(transfer.get(), CURLOPT_ERRORBUFFER, problem.data());
   curl_easy_setopt(transfer.get(), CURLOPT_WRITEFUNCTION, &receive);
-  curl_easy_setopt(transfer.get(), CURLOPT_WRITEDATA, &download);
+  curl_easy_setopt(transfer.get(), CURLOPT_WRITEDATA, &received);
   const CURLcode code = curl_easy_perform(transfer.get());
   if (code == CURLE_OK)
-    return std::move(download.bytes);
+    return std::move(received.bytes);
   // A length is refused by the library if the server announces it, else by `receive`.
   if (code == CURLE_FILESIZE_EXCEEDED || code == CURLE_WRITE_ERROR)
     return tooLong(limits);

@@ -5,7 +5,7 @@
 #include <expected>
 #include <string>
 
-#include "Platform/URL.h"
+#include "Platform/Text/URL.h"
 
 namespace UpdateCheck {
 

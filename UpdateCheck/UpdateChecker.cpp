@@ -3,8 +3,8 @@
 #include <optional>
 #include <utility>
 
-#include "DesktopSupport/DisplayableText.h"
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/System/DisplayableText.h"
 #include "UpdateCheck/UpdateFeed.h"
 #include "UpdateCheck/UpdateNotification.h"
 

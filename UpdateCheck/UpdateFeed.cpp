@@ -25,7 +25,7 @@ std::unexpected<std::string> failure(const char* subject, const std::string& rea
   return std::unexpected(subject + (": " + reason));
 }
 
-/// Verifies the feed's text with the key, which is base64, and the signature beside the feed.
+/// Loads the signature beside the feed, and verifies the feed's text with it.
 std::expected<void, std::string> verify(const std::string& feed, const PublicKey& key, const UpdateSettings& settings) {
   const auto url = Platform::URL::parse(settings.feed.absoluteString() + ".sig");
   if (!url)

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "DesktopSupport/DisplayableText.h"
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace UpdateCheck {
 

@@ -9,9 +9,9 @@
 
 #include <gio/gio.h>
 
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
 #include "Platform/Strings.h"
-#include "Platform/URL.h"
+#include "Platform/Text/URL.h"
 
 namespace UpdateCheck {
 

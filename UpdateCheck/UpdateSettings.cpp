@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <system_error>
 
-#include "DesktopSupport/DisplayableText.h"
-#include "DesktopSupport/KeyFileGroup.h"
-#include "Platform/UTF8.h"
+#include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/KeyFileGroup.h"
+#include "Platform/Text/UTF8.h"
 
 namespace UpdateCheck {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "Platform/URL.h"
+#include "Platform/Text/URL.h"
 
 namespace UpdateCheck {
 

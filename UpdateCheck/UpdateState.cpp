@@ -11,8 +11,8 @@
 #include <glib.h>
 #include <sys/file.h>
 
-#include "DesktopSupport/FileContents.h"
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/FileContents.h"
+#include "DesktopSupport/System/GLibHandles.h"
 #include "UpdateCheck/Version.h"
 
 namespace UpdateCheck {

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "DesktopSupport/FileDescriptor.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 
 namespace UpdateCheck {
 

@@ -13,8 +13,10 @@
 #include <libintl.h>
 #include <sys/utsname.h>
 
-#include "DesktopSupport/FileContents.h"
-#include "DesktopSupport/SystemLog.h"
+#include "DesktopSupport/System/FileContents.h"
+#include "DesktopSupport/System/SystemLog.h"
+#include "Platform/Log.h"
+#include "Platform/Strings.h"
 #include "UpdateCheck/UpdateChecker.h"
 #include "UpdateCheck/UpdateSettings.h"
 

@@ -6,8 +6,8 @@
 #include <glib.h>
 #include <gtest/gtest.h>
 
+#include "Linux/LinuxServices.h"
 #include "Platform/Fake/FakeServices.h"
-#include "Platform/Linux/LinuxServices.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 /// A plug-in on the real desktop, whose alerts are noted instead of shown.

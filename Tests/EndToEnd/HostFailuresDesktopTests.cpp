@@ -12,10 +12,10 @@
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/DeskloomAPI.h"
-#include "DesktopSupport/GLibHandles.h"
-#include "DesktopSupport/SessionBus.h"
-#include "Platform/Linux/LinuxServices.h"
+#include "DeskloomSDK/Host/DeskloomAPI.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/System/GLibHandles.h"
+#include "Linux/LinuxServices.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 #include "Tests/Support/HostProcess.h"
 #include "Tests/Support/TemporaryFolder.h"

@@ -8,8 +8,8 @@
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/DeskloomAPI.h"
-#include "Platform/Linux/LinuxServices.h"
+#include "DeskloomSDK/Host/DeskloomAPI.h"
+#include "Linux/LinuxServices.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/HostProcess.h"
 #include "Tests/Support/TemporaryFolder.h"

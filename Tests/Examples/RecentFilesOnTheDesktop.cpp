@@ -9,10 +9,10 @@
 #include <gmock/gmock.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
 
-#include "DeskloomSDK/DeskloomAPI.h"
-#include "DeskloomSDK/Resource.h"
-#include "Platform/Linux/LinuxServices.h"
-#include "Platform/PercentEncoding.h"
+#include "DeskloomSDK/Host/DeskloomAPI.h"
+#include "DeskloomSDK/Resources/Resource.h"
+#include "Linux/LinuxServices.h"
+#include "Platform/Text/PercentEncoding.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/HostProcess.h"

@@ -6,8 +6,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "DesktopSupport/FileDescriptor.h"
-#include "Platform/Linux/DetachedProcess.h"
+#include "DesktopSupport/System/FileDescriptor.h"
+#include "Linux/Launching/DetachedProcess.h"
 
 namespace {
 

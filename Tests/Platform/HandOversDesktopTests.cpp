@@ -6,8 +6,8 @@
 
 #include <gmock/gmock.h>
 
+#include "Linux/HandOvers.h"
 #include "Platform/Fake/FakeServices.h"
-#include "Platform/Linux/HandOvers.h"
 #include "Tests/Support/FakeService.h"
 #include "Tests/Support/Patience.h"
 

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "Platform/Linux/LaunchArguments.h"
+#include "Linux/Launching/LaunchArguments.h"
 
 using Platform::Linux::LaunchArguments;
 using testing::ElementsAre;

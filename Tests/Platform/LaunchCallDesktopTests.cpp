@@ -5,9 +5,9 @@
 
 #include <gmock/gmock.h>
 
-#include "DesktopSupport/ApplicationBus.h"
-#include "DesktopSupport/SessionBus.h"
-#include "Platform/Linux/LaunchCall.h"
+#include "DesktopSupport/Bus/ApplicationBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "Linux/Launching/LaunchCall.h"
 #include "Tests/Support/FakeService.h"
 
 using DesktopSupport::SessionBus;

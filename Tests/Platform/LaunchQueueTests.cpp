@@ -3,7 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "Platform/Linux/LaunchQueue.h"
+#include "Linux/Launching/LaunchQueue.h"
 
 using Platform::Linux::Launch;
 using Platform::Linux::LaunchCaller;

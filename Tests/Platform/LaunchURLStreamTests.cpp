@@ -6,8 +6,8 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "DesktopSupport/FileDescriptor.h"
-#include "Platform/Linux/LaunchURLStream.h"
+#include "DesktopSupport/System/FileDescriptor.h"
+#include "Linux/Launching/LaunchURLStream.h"
 
 using Platform::Linux::readLaunchURLs;
 using Platform::Linux::writeLaunchURLs;

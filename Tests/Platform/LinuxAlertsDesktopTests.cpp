@@ -12,9 +12,9 @@
 #include <glib.h>
 #include <gmock/gmock.h>
 
+#include "Linux/LinuxAlerts.h"
+#include "Linux/LinuxBundle.h"
 #include "Platform/Fake/FakeServices.h"
-#include "Platform/Linux/LinuxAlerts.h"
-#include "Platform/Linux/LinuxBundle.h"
 #include "Tests/Support/TestDesktop.h"
 
 using testing::ElementsAre;

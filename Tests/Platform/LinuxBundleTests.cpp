@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
-#include "Platform/Linux/LinuxBundle.h"
+#include "Linux/LinuxBundle.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 using Platform::Linux::LinuxBundle;

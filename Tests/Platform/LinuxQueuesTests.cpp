@@ -8,7 +8,7 @@
 
 #include <gmock/gmock.h>
 
-#include "Platform/Linux/LinuxQueues.h"
+#include "Linux/LinuxQueues.h"
 
 using Platform::Linux::LinuxQueues;
 using testing::ElementsAre;

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "Platform/Linux/LinuxBundle.h"
-#include "Platform/Linux/LinuxStrings.h"
+#include "Linux/LinuxBundle.h"
+#include "Linux/LinuxStrings.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"

@@ -8,8 +8,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "Linux/LinuxUpdater.h"
 #include "Platform/Fake/FakeServices.h"
-#include "Platform/Linux/LinuxUpdater.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 using testing::ElementsAre;

@@ -17,9 +17,9 @@
 #include <unistd.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
 
+#include "Linux/LinuxBundle.h"
+#include "Linux/LinuxWindows.h"
 #include "Platform/Fake/FakeServices.h"
-#include "Platform/Linux/LinuxBundle.h"
-#include "Platform/Linux/LinuxWindows.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/ScreenReader.h"
 #include "Tests/Support/TestDesktop.h"

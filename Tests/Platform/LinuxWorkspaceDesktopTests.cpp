@@ -8,8 +8,8 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include "Linux/LinuxWorkspace.h"
 #include "Platform/Fake/FakeServices.h"
-#include "Platform/Linux/LinuxWorkspace.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/TemporaryFolder.h"
 

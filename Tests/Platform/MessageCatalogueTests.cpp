@@ -6,7 +6,7 @@
 
 #include <gmock/gmock.h>
 
-#include "Platform/Linux/MessageCatalogue.h"
+#include "Linux/MessageCatalogue.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/TemporaryFolder.h"
 

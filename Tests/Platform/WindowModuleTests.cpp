@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 
+#include "Linux/LinuxAlerts.h"
+#include "Linux/LinuxBundle.h"
+#include "Linux/LinuxWindows.h"
 #include "Platform/Fake/FakeServices.h"
-#include "Platform/Linux/LinuxAlerts.h"
-#include "Platform/Linux/LinuxBundle.h"
-#include "Platform/Linux/LinuxWindows.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 using testing::ElementsAre;

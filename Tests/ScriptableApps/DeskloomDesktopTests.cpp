@@ -5,7 +5,7 @@
 
 #include "AppleScript/Arguments.h"
 #include "AppleScript/Value.h"
-#include "ScriptableApps/Deskloom.h"
+#include "ScriptableApps/Deskloom/Deskloom.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 

@@ -8,9 +8,9 @@
 #include <glib.h>
 #include <gtest/gtest.h>
 
-#include "DeskloomSDK/Command.h"
+#include "DeskloomSDK/Resources/Command.h"
+#include "Linux/LinuxWorkspace.h"
 #include "Platform/Fake/FakeServices.h"
-#include "Platform/Linux/LinuxWorkspace.h"
 #include "Tests/Support/HostProcess.h"
 
 namespace {

@@ -9,10 +9,10 @@
 #include <glib.h>
 #include <gtest/gtest.h>
 
-#include "DeskloomSDK/DelayedActionController.h"
+#include "DeskloomSDK/Configuration/DelayedActionController.h"
+#include "Linux/LinuxClock.h"
+#include "Linux/LinuxQueues.h"
 #include "Platform/Fake/FakeServices.h"
-#include "Platform/Linux/LinuxClock.h"
-#include "Platform/Linux/LinuxQueues.h"
 
 using DeskloomSDK::DelayedActionController;
 

@@ -5,8 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/SessionBus.h"
-#include "Platform/URL.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "Platform/Text/URL.h"
 #include "Tests/Support/FakeNotifications.h"
 #include "Tests/Support/FakeService.h"
 #include "Tests/UpdateCheck/UpdateCheckTest.h"

@@ -26,7 +26,7 @@ configuration=$(sed -n 's/^CMAKE_BUILD_TYPE:STRING=//p' "$build/CMakeCache.txt" 
 
 # The package for other plug-ins' projects. The headers are those of the tree.
 install_to "$scratch/sdk" --component sdk
-headers() { (cd "$1" && find DeskloomSDK Platform BrimlaceTextView -name '*.h' -not -path '*/Linux/*' | LC_ALL=C sort); }
+headers() { (cd "$1" && find DeskloomSDK Platform BrimlaceTextView -name '*.h' | LC_ALL=C sort); }
 expect "$(cd "$scratch/sdk/include/deskloom" && find . -type f -printf '%P\n' | LC_ALL=C sort)" "$(headers "$1")"
 expect "$(files_in "$scratch/sdk" | grep --invert-match '^include/deskloom/')" "bin/applescript
 bin/deskloom-host
@@ -44,13 +44,32 @@ $package/plugin/plugin.service.in
 lib/deskloom/sdk/deskloom-windows.so
 lib/deskloom/sdk/libAppleScript.a
 lib/deskloom/sdk/libBrimlaceTextView.a
+lib/deskloom/sdk/libBrowserApplications.a
 lib/deskloom/sdk/libBrowserSessions.a
+lib/deskloom/sdk/libChromiumDevTools.a
+lib/deskloom/sdk/libChromiumSessions.a
+lib/deskloom/sdk/libDeskloomApplication.a
 lib/deskloom/sdk/libDeskloomSDK.a
-lib/deskloom/sdk/libDesktopSupport.a
+lib/deskloom/sdk/libDeskloomSDKConfiguration.a
+lib/deskloom/sdk/libDeskloomSDKHost.a
+lib/deskloom/sdk/libDeskloomSDKJSON.a
+lib/deskloom/sdk/libDeskloomSDKResources.a
+lib/deskloom/sdk/libDesktopBus.a
+lib/deskloom/sdk/libDesktopEntries.a
+lib/deskloom/sdk/libDesktopSystem.a
+lib/deskloom/sdk/libDesktopWindows.a
+lib/deskloom/sdk/libFinderApplication.a
+lib/deskloom/sdk/libFirefoxSessions.a
+lib/deskloom/sdk/libGNOMEWebSessions.a
+lib/deskloom/sdk/libLinux.a
+lib/deskloom/sdk/libLinuxLaunching.a
 lib/deskloom/sdk/libPlatform.a
 lib/deskloom/sdk/libPlatformFake.a
-lib/deskloom/sdk/libPlatformLinux.a
+lib/deskloom/sdk/libPlatformText.a
 lib/deskloom/sdk/libScriptableApps.a
+lib/deskloom/sdk/libScriptableAppsCommon.a
+lib/deskloom/sdk/libSystemEventsApplication.a
+lib/deskloom/sdk/libX11Windows.a
 lib/deskloom/sdk/update-check
 lib/pkgconfig/deskloom-sdk.pc
 share/deskloom/locale/de/LC_MESSAGES/DeskloomSDK.mo
