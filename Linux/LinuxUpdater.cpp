@@ -15,10 +15,14 @@ constexpr const char* programName = "update-check";
 }  // namespace
 
 void LinuxUpdater::checkForUpdatesInBackground() {
-  if (!bundle_.value(settings, "FeedURL") || bundle_.value(settings, "AutomaticChecks") == "false")
+  if (!bundle_.value(settings, "FeedURL"))
     return;
-  const auto started = startDetached(bundle_.path() / programName);
-  if (!started)
+  const std::string automaticChecks = bundle_.value(settings, "AutomaticChecks").value_or("true");
+  if (automaticChecks == "false")
+    return;
+  if (automaticChecks != "true")
+    return log_.write("could not check for an update: AutomaticChecks is neither true nor false");
+  if (const auto started = startDetached(bundle_.path() / programName); !started)
     log_.write("the update check could not be started: " + std::string(std::strerror(started.error())));
 }
 

@@ -6,13 +6,15 @@
 
 namespace Platform::Linux {
 
-/// Checks for updates in a process of its own, the bundle's program `update-check`, which outlives this one. It is
-/// started only where the bundle's `Info.ini` names a feed and does not switch automatic checks off:
+/// Checks for updates in a process of its own, which outlives this one: the program `update-check` in the bundle.
+/// Starts it if `Info.ini` names a feed and does not switch automatic checks off:
 ///
 ///     [Updates]
 ///     FeedURL=https://example.com/appcast.xml
-///     AutomaticChecks=true
+///     AutomaticChecks=true            (default: true)
 ///
+/// AutomaticChecks is read here and nowhere else. If it is neither "true" nor "false", nothing is started and the log
+/// says so.
 class LinuxUpdater : public Updater {
  public:
   LinuxUpdater(const LinuxBundle& bundle, Log& log) : bundle_(bundle), log_(log) {}

@@ -18,7 +18,8 @@ using testing::IsEmpty;
 
 namespace {
 
-/// A bundle whose update check is a script that reports, into a pipe, its session and where its standard streams go.
+/// A bundle whose update check is a script. It writes its session, its standard streams' targets and the number of its
+/// arguments into a pipe.
 class LinuxUpdaterTest : public testing::Test {
  protected:
   LinuxUpdaterTest() {
@@ -41,7 +42,7 @@ class LinuxUpdaterTest : public testing::Test {
     Platform::Linux::LinuxUpdater(bundle, log).checkForUpdatesInBackground();
   }
 
-  /// The lines that the update check reports, once it does.
+  /// Waits for the update check's report and yields its lines.
   std::vector<std::string> report() {
     std::ifstream pipe(folder.path() / "update-check.report");
     std::vector<std::string> lines;
@@ -58,7 +59,7 @@ class LinuxUpdaterTest : public testing::Test {
 
 TEST_F(LinuxUpdaterTest, StartsTheCheckDetachedAndDoesNotWaitForIt) {
   check("[Updates]\nFeedURL=https://example.com/appcast.xml\n");
-  // The script waits for somebody to read its report, and that is not done before it is running on its own.
+  // The script waits until its report is read, which happens only after the launch has gone on.
   const auto lines = report();
   ASSERT_EQ(lines.size(), 5U);
   EXPECT_NE(lines[0], std::to_string(getsid(0))) << "a session of its own";
@@ -74,9 +75,20 @@ TEST_F(LinuxUpdaterTest, StartsNothingWithoutAFeed) {
   EXPECT_THAT(log.messages, IsEmpty());
 }
 
-TEST_F(LinuxUpdaterTest, StartsNothingWhereAutomaticChecksAreOff) {
+TEST_F(LinuxUpdaterTest, StartsNothingIfAutomaticChecksAreOff) {
   check("[Updates]\nFeedURL=https://example.com/appcast.xml\nAutomaticChecks=false\n");
   EXPECT_TRUE(nothingWasStarted());
+  EXPECT_THAT(log.messages, IsEmpty());
+}
+
+TEST_F(LinuxUpdaterTest, StartsNothingAndSaysSoIfItIsNotClearWhetherAutomaticChecksAreWanted) {
+  for (const auto* value : {"no", "0", "False", "yes", "1"}) {
+    check(std::string("[Updates]\nFeedURL=https://example.com/appcast.xml\nAutomaticChecks=") + value + "\n");
+    EXPECT_TRUE(nothingWasStarted()) << value;
+    EXPECT_THAT(log.messages, ElementsAre("could not check for an update: AutomaticChecks is neither true nor false"))
+        << value;
+    log.messages.clear();
+  }
 }
 
 TEST_F(LinuxUpdaterTest, LogsThatTheCheckCannotBeStarted) {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Platform/Fake/FakeServices.h"
-#include "UpdateCheck/UpdateTexts.h"
+#include "UpdateCheck/UpdateNotification.h"
 
 namespace {
 
@@ -23,13 +23,13 @@ TEST(UpdateTexts, AreInTheUsersLanguage) {
   EXPECT_EQ(UpdateTexts(strings).button(), "Mehr erfahren");
 }
 
-TEST(UpdateTexts, ShowWhateverTheFeedSaysOnOneLine) {
+TEST(UpdateTexts, ShowAnyTextOfTheFeedInOneLine) {
   const Platform::Fake::FakeStrings strings;
   EXPECT_EQ(UpdateTexts(strings).body("2\n\x01%@\xff"), "Version 2 %@\uFFFD can be downloaded.");
   EXPECT_EQ(UpdateTexts(strings).body("\u202E1.2"), "Version \\u{202E}1.2 can be downloaded.");
 }
 
-TEST(UpdateTexts, ComeWithACommentForTranslators) {
+TEST(UpdateTexts, HaveACommentForTranslators) {
   const Platform::Fake::FakeStrings strings;
   const UpdateTexts texts(strings);
   (void)texts.summary("");
