@@ -10,9 +10,9 @@
 #include <sys/utsname.h>
 
 #include "DesktopSupport/System/FileContents.h"
-#include "Linux/LinuxBundle.h"
-#include "Linux/LinuxLog.h"
-#include "Linux/LinuxStrings.h"
+#include "Linux/Bundle.h"
+#include "Linux/Log.h"
+#include "Linux/Strings.h"
 #include "UpdateCheck/UpdateChecker.h"
 #include "UpdateCheck/UpdateSettings.h"
 
@@ -34,8 +34,8 @@ std::string kernelRelease() {
 
 void checkForUpdate() {
   constexpr std::size_t longestInformation = 64UL * 1024;
-  Platform::Linux::LinuxLog log;
-  const Platform::Linux::LinuxBundle bundle;
+  Linux::Log log;
+  const Linux::Bundle bundle;
   const auto information = DesktopSupport::fileContents(bundle.path() / "Info.ini", longestInformation);
   const auto parsed = UpdateCheck::UpdateSettings::parse(information.value_or(""));
   if (!parsed)
@@ -43,7 +43,7 @@ void checkForUpdate() {
   const std::optional<UpdateCheck::UpdateSettings>& settings = *parsed;
   if (!settings)
     return;
-  const Platform::Linux::LinuxStrings strings(bundle);
+  const Linux::Strings strings(bundle);
   const UpdateCheck::UpdateChecker::Surroundings surroundings = {
       .stateFolder = std::filesystem::path(g_get_user_state_dir()) / "deskloom",
       .now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()),
