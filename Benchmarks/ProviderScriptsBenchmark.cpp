@@ -7,10 +7,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include "AppleScript/Application.h"
-#include "AppleScript/File.h"
 #include "AppleScript/Script.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Application.h"
+#include "AppleScript/Values/File.h"
+#include "AppleScript/Values/Value.h"
 #include "Gleanery/ChromeResourceProvider.h"
 #include "Gleanery/FinderResourceProvider.h"
 #include "Gleanery/OpenAppsResourceProvider.h"

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 #include "DesktopSupport/DisplayableText.h"
 #include "DesktopSupport/SessionBus.h"
 #include "Fuzz/Target.h"

@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Dictionary.h"
-#include "AppleScript/Object.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Object.h"
 #include "ScriptableApps/OpenFolder.h"
 
 namespace ScriptableApps {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
-#include "AppleScript/Arguments.h"
-#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Values/Arguments.h"
 #include "AppleScript/Values/Dereference.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 

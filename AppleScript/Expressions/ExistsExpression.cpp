@@ -1,6 +1,6 @@
 #include "AppleScript/Expressions/ExistsExpression.h"
 
-#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 

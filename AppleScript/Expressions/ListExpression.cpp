@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/SourceForm.h"
 #include "AppleScript/Values/Coercions.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "AppleScript/Values/Arithmetic.h"
+#include "AppleScript/Operators/Arithmetic.h"
+#include "AppleScript/Operators/Comparison.h"
+#include "AppleScript/Operators/Concatenation.h"
 #include "AppleScript/Values/Coercions.h"
-#include "AppleScript/Values/Comparison.h"
-#include "AppleScript/Values/Concatenation.h"
 
 namespace AppleScript {
 

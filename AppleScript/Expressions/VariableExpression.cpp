@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 

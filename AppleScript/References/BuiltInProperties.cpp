@@ -5,11 +5,11 @@
 #include <utility>
 #include <vector>
 
+#include "AppleScript/Text/Names.h"
+#include "AppleScript/Text/UTF8.h"
 #include "AppleScript/Values/BuiltInClasses.h"
 #include "AppleScript/Values/Coercions.h"
 #include "AppleScript/Values/Dereference.h"
-#include "AppleScript/Values/Names.h"
-#include "AppleScript/Values/Utf8.h"
 
 namespace AppleScript {
 
@@ -102,14 +102,14 @@ std::optional<Value> getPath(Run& /*run*/, const Value& container) {
 }
 
 /// The code points of a text.
-std::optional<Value> getId(Run& /*run*/, const Value& container) {
+std::optional<Value> getID(Run& /*run*/, const Value& container) {
   const auto* text = container.getIf<Text>();
   if (text == nullptr) {
     return std::nullopt;
   }
   std::vector<Value> codes;
   for (std::size_t offset = 0; offset < text->size();) {
-    codes.emplace_back(static_cast<std::int64_t>(Utf8::decode(text->view(), offset)));
+    codes.emplace_back(static_cast<std::int64_t>(UTF8::decode(text->view(), offset)));
   }
   return codes.size() == 1 ? codes.front() : Value(List(std::move(codes)));
 }
@@ -132,7 +132,7 @@ constexpr auto allProperties = std::to_array<BuiltInProperty>({
     {"name", getName},
     {"running", getRunning},
     {"properties", getProperties},
-    {"id", getId},
+    {"id", getID},
     {"POSIX path", getPath},
     {"text item delimiters", getTextItemDelimiters, setTextItemDelimiters},
 });

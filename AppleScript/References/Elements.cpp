@@ -5,9 +5,9 @@
 #include <utility>
 #include <vector>
 
+#include "AppleScript/Text/Names.h"
 #include "AppleScript/Values/BuiltInClasses.h"
 #include "AppleScript/Values/Dereference.h"
-#include "AppleScript/Values/Names.h"
 
 namespace AppleScript {
 

@@ -4,9 +4,9 @@
 #include <optional>
 #include <utility>
 
-#include "AppleScript/Dictionary.h"
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/Names.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 

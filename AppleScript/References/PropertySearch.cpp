@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "AppleScript/Operators/Comparison.h"
 #include "AppleScript/References/PropertyForm.h"
-#include "AppleScript/Values/Comparison.h"
 
 namespace AppleScript {
 

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/SourceForm.h"
 #include "AppleScript/Values/Dereference.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
 #include "AppleScript/Values/Coercions.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 

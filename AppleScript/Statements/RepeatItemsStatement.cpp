@@ -3,10 +3,10 @@
 #include <utility>
 
 #include "AppleScript/References/Elements.h"
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/SourceForm.h"
 #include "AppleScript/Values/BuiltInClasses.h"
 #include "AppleScript/Values/Dereference.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 

@@ -11,7 +11,7 @@
 #include "AppleScript/Expressions/LiteralExpression.h"
 #include "AppleScript/Expressions/TargetExpression.h"
 #include "AppleScript/References/EverySelector.h"
-#include "AppleScript/References/IdSelector.h"
+#include "AppleScript/References/IDSelector.h"
 #include "AppleScript/References/InsertionForm.h"
 #include "AppleScript/References/KeySelector.h"
 #include "AppleScript/References/MiddleSelector.h"
@@ -248,7 +248,7 @@ ReferenceHead HeadParser::parseKeyed(const ClassDescription& elementClass) {
   TokenStream& tokens = context_.tokens();
   KeyParser keys(context_);
   if (tokens.acceptWord("id")) {
-    return ReferenceHead::ofElements(elementClass, std::make_unique<IdSelector>(keys.parse()));
+    return ReferenceHead::ofElements(elementClass, std::make_unique<IDSelector>(keys.parse()));
   }
   if (!tokens.acceptWord("named")) {
     tokens.acceptWord("index");

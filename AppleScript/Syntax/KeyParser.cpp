@@ -7,12 +7,12 @@
 #include "AppleScript/Expressions/NegationExpression.h"
 #include "AppleScript/Expressions/ResultExpression.h"
 #include "AppleScript/Expressions/VariableExpression.h"
-#include "AppleScript/Running/Failure.h"
 #include "AppleScript/Syntax/ExpressionParser.h"
 #include "AppleScript/Syntax/Lexer.h"
 #include "AppleScript/Syntax/ParseScopes.h"
 #include "AppleScript/Syntax/ReservedWords.h"
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/Names.h"
+#include "AppleScript/Values/Failure.h"
 #include "AppleScript/Values/NumberText.h"
 
 namespace AppleScript {

@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Values/Utf8.h"
+#include "AppleScript/Text/UTF8.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
@@ -37,7 +37,7 @@ std::string expected(std::string_view wanted, std::string_view found) {
 }  // namespace
 
 std::vector<Token> Lexer::tokens() {
-  requireUtf8();
+  requireUTF8();
   accept(byteOrderMark);
   std::vector<Token> result;
   do {
@@ -46,9 +46,9 @@ std::vector<Token> Lexer::tokens() {
   return result;
 }
 
-void Lexer::requireUtf8() const {
-  if (const auto malformed = Utf8::firstMalformed(source_)) {
-    const std::size_t character = Utf8::count(source_.substr(0, *malformed));
+void Lexer::requireUTF8() const {
+  if (const auto malformed = UTF8::firstMalformed(source_)) {
+    const std::size_t character = UTF8::count(source_.substr(0, *malformed));
     fail(ErrorNumber::syntaxError, "The script is not UTF-8 text.", {character, 1});
   }
 }
@@ -73,7 +73,7 @@ bool Lexer::accept(std::string_view text) {
 
 void Lexer::advance(std::size_t bytes) {
   for (const std::size_t end = offset_ + bytes; offset_ < end; ++offset_) {
-    character_ += Utf8::isContinuation(source_[offset_]) ? 0 : 1;
+    character_ += UTF8::isContinuation(source_[offset_]) ? 0 : 1;
   }
 }
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "AppleScript/Running/Failure.h"
 #include "AppleScript/Syntax/ReservedWords.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 

@@ -1,7 +1,7 @@
 #include "AppleScript/Syntax/ParseScopes.h"
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Running/Limits.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/Limits.h"
 
 namespace AppleScript {
 

@@ -4,7 +4,6 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Running/Failure.h"
 #include "AppleScript/Statements/Block.h"
 #include "AppleScript/Statements/ErrorStatement.h"
 #include "AppleScript/Statements/ExitRepeatStatement.h"
@@ -19,6 +18,7 @@
 #include "AppleScript/Syntax/ParseScopes.h"
 #include "AppleScript/Syntax/ReferenceParser.h"
 #include "AppleScript/Syntax/RepeatParser.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 

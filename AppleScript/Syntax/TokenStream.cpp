@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/Names.h"
 
 namespace AppleScript {
 

@@ -1,7 +1,7 @@
 #include "AppleScript/Values/BuiltInClasses.h"
 
+#include "AppleScript/Text/Names.h"
 #include "AppleScript/Values/Dereference.h"
-#include "AppleScript/Values/Names.h"
 
 namespace AppleScript {
 

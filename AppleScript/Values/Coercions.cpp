@@ -5,12 +5,12 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Running/Limits.h"
+#include "AppleScript/Text/Names.h"
 #include "AppleScript/Values/BuiltInClasses.h"
 #include "AppleScript/Values/Constants.h"
 #include "AppleScript/Values/Dereference.h"
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/Limits.h"
 #include "AppleScript/Values/NumberText.h"
 
 namespace AppleScript {

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 

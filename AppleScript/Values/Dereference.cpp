@@ -1,8 +1,8 @@
 #include "AppleScript/Values/Dereference.h"
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Running/Limits.h"
-#include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/Limits.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 

@@ -8,7 +8,7 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/SourceForm.h"
 #include "Tests/AppleScript/TestApplications.h"
 
 // Each file below SCRIPT_TESTS_DIR is a script that says itself, in comments, what comes of it:
