@@ -18,9 +18,8 @@ inline constexpr int maximum = 100'000;
 inline void noteReached(int number) {
   static const char* const path = std::getenv("PLANTED_REACHED");
   static std::atomic<bool> noted[maximum];
-  if (path == nullptr || noted[number].exchange(true)) {
+  if (path == nullptr || noted[number].exchange(true))
     return;
-  }
   char line[16];
   const int size = std::snprintf(line, sizeof(line), "%d\n", number);
   // Appending so little is atomic, so processes can share the file.

@@ -128,14 +128,13 @@ void LaunchService::receiveAll() {
 
 void LaunchService::passOn(std::vector<Launch> launches) {
   std::vector<Launch> ofTheCommandLine;
-  for (Launch& launch : launches) {
+  for (Launch& launch : launches)
     if (launch.caller && launch.caller->helpsItself())
       launch.caller->refuse("The application is busy.");
     else if (launch.caller)
       freshProcesses_.start({std::move(launch)});
     else
       ofTheCommandLine.push_back(std::move(launch));
-  }
   if (!ofTheCommandLine.empty())
     freshProcesses_.start(std::move(ofTheCommandLine));
 }

@@ -12,9 +12,8 @@ namespace {
 
 std::vector<std::string> lexemes(std::string_view source) {
   std::vector<std::string> result;
-  for (const Token& token : Lexer(source).tokens()) {
+  for (const Token& token : Lexer(source).tokens())
     result.emplace_back(token.kind == TokenKind::endOfLine ? "EOL" : token.lexeme);
-  }
   result.pop_back();
   return result;
 }

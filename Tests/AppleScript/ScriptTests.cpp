@@ -25,11 +25,9 @@ namespace fs = std::filesystem;
 
 std::vector<fs::path> scriptFiles() {
   std::vector<fs::path> files;
-  for (const auto& entry : fs::recursive_directory_iterator(SCRIPT_TESTS_DIR)) {
-    if (entry.path().extension() == ".applescript") {
+  for (const auto& entry : fs::recursive_directory_iterator(SCRIPT_TESTS_DIR))
+    if (entry.path().extension() == ".applescript")
       files.push_back(entry.path());
-    }
-  }
   std::ranges::sort(files);
   return files;
 }
@@ -42,17 +40,15 @@ std::string contents(const fs::path& file) {
 /// What stands behind the comment mark `mark` in `source`; empty where it does not occur.
 std::string expectation(const std::string& source, const std::string& mark) {
   const std::size_t start = source.rfind("\n" + mark + " ");
-  if (start == std::string::npos) {
+  if (start == std::string::npos)
     return {};
-  }
   const std::size_t text = start + mark.size() + 2;
   return source.substr(text, source.find('\n', text) - text);
 }
 
 std::string outcome(const Result<std::optional<Value>>& result) {
-  if (!result) {
+  if (!result)
     return "error " + std::to_string(static_cast<int>(result.error().number)) + " " + result.error().message;
-  }
   return *result ? sourceForm(**result) : "nothing";
 }
 
@@ -74,9 +70,8 @@ TEST_P(Scripts, YieldWhatTheySay) {
     EXPECT_EQ(std::to_string(range.start) + " " + std::to_string(range.length), place);
   }
   const std::string application = expectation(source, "--app");
-  if (!result && !application.empty()) {
+  if (!result && !application.empty())
     EXPECT_EQ(result.error().applicationName, application);
-  }
 }
 
 std::string testName(const testing::TestParamInfo<fs::path>& info) {
