@@ -60,9 +60,8 @@ class Expression {
     try {
       return work();
     } catch (Failure& failure) {
-      if (failure.error.range.length == 0) {
+      if (failure.error.range.length == 0)
         failure.error.range = range_;
-      }
       throw;
     }
   }

@@ -8,9 +8,8 @@ namespace AppleScript {
 
 Value ResultExpression::compute(Run& run) const {
   const auto& result = run.result();
-  if (!result) {
+  if (!result)
     fail(ErrorNumber::undefinedVariable, "The variable result is not defined.");
-  }
   return *result;
 }
 

@@ -62,9 +62,8 @@ Value wholePart(double number) {
 }
 
 Value finite(double number) {
-  if (!std::isfinite(number)) {
+  if (!std::isfinite(number))
     fail(ErrorNumber::numberTooLarge, "The result of a numeric operation was too large.");
-  }
   return number;
 }
 
@@ -73,17 +72,14 @@ Value finite(double number) {
 Value calculate(Operator op, const Value& left, const Value& right) {
   const Value first = toNumber(left);
   const Value second = toNumber(right);
-  if (divides(op) && toReal(second) == 0) {
+  if (divides(op) && toReal(second) == 0)
     fail(ErrorNumber::divideByZero, "Can’t divide " + shortSourceForm(first) + " by zero.");
-  }
   if (first.is<std::int64_t>() && second.is<std::int64_t>()) {
-    if (const auto exact = calculateIntegers(op, *first.getIf<std::int64_t>(), *second.getIf<std::int64_t>())) {
+    if (const auto exact = calculateIntegers(op, *first.getIf<std::int64_t>(), *second.getIf<std::int64_t>()))
       return *exact;
-    }
   }
-  if (op == Operator::integerDivide) {
+  if (op == Operator::integerDivide)
     return wholePart(calculateReals(Operator::divide, toReal(first), toReal(second)));
-  }
   return finite(calculateReals(op, toReal(first), toReal(second)));
 }
 

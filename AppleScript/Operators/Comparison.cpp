@@ -36,9 +36,8 @@ double asReal(const Value& number) {
 }
 
 std::partial_ordering orderOfNumbers(const Value& left, const Value& right) {
-  if (left.is<std::int64_t>() && right.is<std::int64_t>()) {
+  if (left.is<std::int64_t>() && right.is<std::int64_t>())
     return *left.getIf<std::int64_t>() <=> *right.getIf<std::int64_t>();
-  }
   return asReal(left) <=> asReal(right);
 }
 
@@ -84,15 +83,12 @@ bool areEqualOfOneKind(const Value& left, const Value& right) {
 }
 
 bool Equality::holds(const Value& left, const Value& right) {
-  if (isNumber(left) && isNumber(right)) {
+  if (isNumber(left) && isNumber(right))
     return orderOfNumbers(left, right) == std::partial_ordering::equivalent;
-  }
-  if (left.storage().index() != right.storage().index()) {
+  if (left.storage().index() != right.storage().index())
     return false;
-  }
-  if (const auto* list = left.getIf<List>()) {
+  if (const auto* list = left.getIf<List>())
     return ofLists(*list, *right.getIf<List>());
-  }
   if (const auto* record = left.getIf<Record>()) {
     const auto& other = *right.getIf<Record>();
     return record->isSameAs(other) || (record->size() == other.size() && holdsForFields(*record, other));
@@ -101,9 +97,8 @@ bool Equality::holds(const Value& left, const Value& right) {
 }
 
 bool Equality::ofLists(const List& left, const List& right) {
-  if (left.isSameAs(right)) {
+  if (left.isSameAs(right))
     return true;
-  }
   const Descent descent(depth_);
   return std::ranges::equal(left.items(), right.items(),
                             [this](const Value& a, const Value& b) { return holds(a, b); });
@@ -113,9 +108,8 @@ bool Equality::holdsForFields(const Record& whole, const Record& part) {
   const Descent descent(depth_);
   for (std::size_t i = 0; i < part.size(); ++i) {
     const auto value = whole.find(part.label(i));
-    if (!value || !holds(*value, part.value(i))) {
+    if (!value || !holds(*value, part.value(i)))
       return false;
-    }
   }
   return true;
 }
@@ -153,18 +147,16 @@ bool areEqual(const Value& left, const Value& right) {
 std::partial_ordering order(const Value& left, const Value& right) {
   const Value& first = dereferenced(left);
   const Value& second = dereferenced(right);
-  if (const auto* text = first.getIf<Text>()) {
+  if (const auto* text = first.getIf<Text>())
     return compareIgnoringCase(text->view(), toText(second).view());
-  }
   return orderOfNumbers(toNumber(first), toNumber(second));
 }
 
 bool contains(const Value& whole, const Value& part) {
   const Value& outer = dereferenced(whole);
   const Value& inner = dereferenced(part);
-  if (outer.is<Record>() && inner.is<Record>()) {
+  if (outer.is<Record>() && inner.is<Record>())
     return Equality().holdsForFields(*outer.getIf<Record>(), *inner.getIf<Record>());
-  }
   const Sides sides(outer, inner);
   if (const auto* text = sides.whole.getIf<Text>()) {
     const std::string folded = foldCase(text->view());
@@ -177,17 +169,15 @@ bool contains(const Value& whole, const Value& part) {
 
 bool startsWith(const Value& whole, const Value& part) {
   const Sides sides(whole, part);
-  if (const auto* text = sides.whole.getIf<Text>()) {
+  if (const auto* text = sides.whole.getIf<Text>())
     return foldCase(text->view()).starts_with(foldCase(sides.part.getIf<Text>()->view()));
-  }
   return matchesAt(sides.whole.getIf<List>()->items(), 0, sides.part.getIf<List>()->items());
 }
 
 bool endsWith(const Value& whole, const Value& part) {
   const Sides sides(whole, part);
-  if (const auto* text = sides.whole.getIf<Text>()) {
+  if (const auto* text = sides.whole.getIf<Text>())
     return foldCase(text->view()).ends_with(foldCase(sides.part.getIf<Text>()->view()));
-  }
   const auto items = sides.whole.getIf<List>()->items();
   const auto ending = sides.part.getIf<List>()->items();
   return matchesAt(items, items.size() - std::min(items.size(), ending.size()), ending);

@@ -39,12 +39,10 @@ List joined(const List& left, const List& right) {
 Value concatenated(const Value& left, const Value& right, std::string_view delimiter) {
   const Value& first = dereferenced(left);
   const Value& second = dereferenced(right);
-  if (const auto* text = first.getIf<Text>()) {
+  if (const auto* text = first.getIf<Text>())
     return text->appending(toText(second, delimiter).view());
-  }
-  if (first.is<Record>() && second.is<Record>()) {
+  if (first.is<Record>() && second.is<Record>())
     return merged(*first.getIf<Record>(), *second.getIf<Record>());
-  }
   return joined(toList(first), toList(second));
 }
 

@@ -107,9 +107,8 @@ using PhrasesByFirstWord = std::unordered_map<std::string, std::vector<OperatorP
 
 PhrasesByFirstWord phrasesByFirstWord() {
   PhrasesByFirstWord result;
-  for (const OperatorPhrase& phrase : phraseTable) {
+  for (const OperatorPhrase& phrase : phraseTable)
     result[std::string(phrase.phrase.substr(0, phrase.phrase.find(' ')))].push_back(phrase);
-  }
   return result;
 }
 

@@ -9,9 +9,8 @@ namespace AppleScript {
 Found IDSelector::select(Run& run, const Elements& elements) const {
   const Value id = dereferenced(id_->evaluate(run));
   const auto index = findByProperty(run, elements, "id", id);
-  if (!index) {
+  if (!index)
     return std::unexpected(std::string(elements.elementClass().name) + " id " + shortSourceForm(id));
-  }
   return elements.at(*index);
 }
 

@@ -53,9 +53,8 @@ std::vector<Value> words(std::string_view text) {
       start = text.size();
     }
   }
-  if (start < text.size()) {
+  if (start < text.size())
     result.emplace_back(text.substr(start));
-  }
   return result;
 }
 
@@ -68,9 +67,8 @@ struct Separator {
 class SeparatorFinder {
  public:
   SeparatorFinder(std::string_view text, const List& delimiters) : text_(text) {
-    for (const Value& delimiter : delimiters.items()) {
+    for (const Value& delimiter : delimiters.items())
       delimiters_.emplace_back(toText(delimiter).view());
-    }
     std::erase(delimiters_, std::string());
   }
 
@@ -78,11 +76,9 @@ class SeparatorFinder {
 
   [[nodiscard]] Separator next(std::size_t start) const {
     for (std::size_t offset = start; offset < text_.size(); offset = UTF8::skip(text_, offset, 1)) {
-      for (const std::string& delimiter : delimiters_) {
-        if (compareIgnoringCase(text_.substr(offset, delimiter.size()), delimiter) == std::strong_ordering::equal) {
+      for (const std::string& delimiter : delimiters_)
+        if (compareIgnoringCase(text_.substr(offset, delimiter.size()), delimiter) == std::strong_ordering::equal)
           return {offset, delimiter.size()};
-        }
-      }
     }
     return {};
   }
@@ -104,9 +100,8 @@ std::vector<Value> characters(std::string_view text) {
 
 std::vector<Value> textItems(std::string_view text, const List& delimiters) {
   const SeparatorFinder finder(text, delimiters);
-  if (finder.isIdle()) {
+  if (finder.isIdle())
     return characters(text);
-  }
   std::vector<Value> result;
   std::size_t start = 0;
   for (Separator next = finder.next(start); next.length > 0; next = finder.next(start)) {

@@ -13,9 +13,8 @@ namespace {
 
 int errorNumber(const Value& value) {
   const std::int64_t number = toInteger(value);
-  if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max()) {
+  if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
     failToCoerce(value, "integer");
-  }
   return static_cast<int>(number);
 }
 

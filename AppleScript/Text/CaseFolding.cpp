@@ -34,12 +34,10 @@ constexpr std::array runs{
 
 char32_t foldCase(char32_t character) {
   for (const UpperCaseRun& run : runs) {
-    if (character < run.first) {
+    if (character < run.first)
       return character;
-    }
-    if (character <= run.last && (character - run.first) % run.step == 0) {
+    if (character <= run.last && (character - run.first) % run.step == 0)
       return static_cast<char32_t>(static_cast<std::int32_t>(character) + run.toLower);
-    }
   }
   return character;
 }
@@ -47,9 +45,8 @@ char32_t foldCase(char32_t character) {
 std::string foldCase(std::string_view text) {
   std::string folded;
   folded.reserve(text.size());
-  for (std::size_t offset = 0; offset < text.size();) {
+  for (std::size_t offset = 0; offset < text.size();)
     UTF8::append(folded, foldCase(UTF8::decode(text, offset)));
-  }
   return folded;
 }
 
@@ -59,9 +56,8 @@ std::strong_ordering compareIgnoringCase(std::string_view left, std::string_view
   while (leftOffset < left.size() && rightOffset < right.size()) {
     const char32_t leftCharacter = foldCase(UTF8::decode(left, leftOffset));
     const char32_t rightCharacter = foldCase(UTF8::decode(right, rightOffset));
-    if (leftCharacter != rightCharacter) {
+    if (leftCharacter != rightCharacter)
       return leftCharacter <=> rightCharacter;
-    }
   }
   return left.size() - leftOffset <=> right.size() - rightOffset;
 }

@@ -25,15 +25,13 @@ std::string_view Text::view() const {
 }
 
 Text Text::appending(std::string_view more) const {
-  if (more.empty()) {
+  if (more.empty())
     return *this;
-  }
   Text longer = *this;
   longer.size_ += more.size();
   const bool endsTheBuffer = buffer_ != nullptr && buffer_->bytes().size() == size_;
-  if (!endsTheBuffer || buffer_->room() < more.size()) {
+  if (!endsTheBuffer || buffer_->room() < more.size())
     longer.buffer_ = std::make_shared<TextBuffer>(view(), more.size() + longer.size_ + smallestRoom);
-  }
   longer.buffer_->append(more);
   return longer;
 }
@@ -43,9 +41,8 @@ std::size_t Text::characterCount() const {
 }
 
 std::string_view Text::characters(std::size_t first, std::size_t count) const {
-  if (buffer_ == nullptr) {
+  if (buffer_ == nullptr)
     return {};
-  }
   const std::size_t start = buffer_->offsetOfCharacter(first);
   return buffer_->bytes().substr(start, buffer_->offsetOfCharacter(first + count) - start);
 }

@@ -22,16 +22,14 @@ TextBuffer::TextBuffer(std::string_view bytes, std::size_t room) : limit_(bytes.
 
 std::size_t TextBuffer::offsetOfCharacter(std::size_t number) const {
   const std::size_t stretch = number / charactersPerMark;
-  while (marks_.size() < stretch) {
+  while (marks_.size() < stretch)
     markNextStretch();
-  }
   return UTF8::skip(bytes_, mark(stretch), number % charactersPerMark);
 }
 
 std::size_t TextBuffer::charactersBefore(std::size_t offset) const {
-  while (UTF8::skip(bytes_, lastMark(), charactersPerMark) < offset) {
+  while (UTF8::skip(bytes_, lastMark(), charactersPerMark) < offset)
     markNextStretch();
-  }
   const auto behind = std::upper_bound(marks_.begin(), marks_.end(), offset);
   const auto stretch = static_cast<std::size_t>(behind - marks_.begin());
   return stretch * charactersPerMark + UTF8::count(bytes().substr(mark(stretch), offset - mark(stretch)));

@@ -18,15 +18,12 @@ unsigned byteAt(std::string_view text, std::size_t offset) {
 }
 
 std::size_t announcedLength(unsigned lead) {
-  if (lead < 0x80U) {
+  if (lead < 0x80U)
     return 1;
-  }
-  if (lead >= 0xC2U && lead < 0xE0U) {
+  if (lead >= 0xC2U && lead < 0xE0U)
     return 2;
-  }
-  if (lead >= 0xE0U && lead < 0xF0U) {
+  if (lead >= 0xE0U && lead < 0xF0U)
     return 3;
-  }
   return lead >= 0xF0U && lead < 0xF5U ? 4 : 0;
 }
 
@@ -40,17 +37,14 @@ bool isScalarOfLength(char32_t character, std::size_t length) {
 Sequence sequenceAt(std::string_view text, std::size_t offset) {
   const unsigned lead = byteAt(text, offset);
   const std::size_t length = announcedLength(lead);
-  if (length <= 1) {
+  if (length <= 1)
     return {lead, length};
-  }
-  if (text.size() - offset < length) {
+  if (text.size() - offset < length)
     return {};
-  }
   char32_t character = lead & (0x7FU >> length);
   for (std::size_t i = 1; i < length; ++i) {
-    if (!isContinuation(text[offset + i])) {
+    if (!isContinuation(text[offset + i]))
       return {};
-    }
     character = (character << 6U) | (byteAt(text, offset + i) & 0x3FU);
   }
   return isScalarOfLength(character, length) ? Sequence{character, length} : Sequence{};
@@ -106,9 +100,8 @@ void append(std::string& text, char32_t character) {
 std::optional<std::size_t> firstMalformed(std::string_view text) {
   for (std::size_t offset = 0; offset < text.size();) {
     const Sequence sequence = sequenceAt(text, offset);
-    if (sequence.length == 0) {
+    if (sequence.length == 0)
       return offset;
-    }
     offset += sequence.length;
   }
   return std::nullopt;

@@ -37,12 +37,10 @@ const ClassDescription& classOf(const Value& value) {
 
 bool isOfClass(const Value& value, const ClassDescription& description) {
   const ClassDescription& own = classOf(value);
-  if (&description == &BuiltInClasses::item) {
+  if (&description == &BuiltInClasses::item)
     return true;
-  }
-  if (&description == &BuiltInClasses::number) {
+  if (&description == &BuiltInClasses::number)
     return &own == &BuiltInClasses::integer || &own == &BuiltInClasses::real;
-  }
   return sameName(own.name, description.name);
 }
 

@@ -22,9 +22,8 @@ void failOfDepth() {
 }
 
 Descent::Descent(std::size_t& depth) : depth_(depth) {
-  if (depth_ == maximumNesting) {
+  if (depth_ == maximumNesting)
     failOfDepth();
-  }
   ++depth_;
 }
 

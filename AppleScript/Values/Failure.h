@@ -28,9 +28,8 @@ struct Failure {
 /// The value of `result`, or its error thrown.
 template <typename T>
 T orThrow(Result<T> result) {
-  if (!result) {
+  if (!result)
     throw Failure{std::move(result.error())};
-  }
   return *std::move(result);
 }
 

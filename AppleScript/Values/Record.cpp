@@ -13,9 +13,8 @@ namespace {
 
 /// Takes the fields from the record's object, if that has not been done.
 RecordFields& read(RecordFields& fields) {
-  if (fields.object == nullptr) {
+  if (fields.object == nullptr)
     return fields;
-  }
   auto labels = std::make_shared<std::vector<std::string>>();
   for (const PropertyDescription& property : fields.object->classDescription().properties) {
     if (Result<Value> value = property.get(*fields.object)) {
@@ -39,11 +38,9 @@ std::optional<Value> propertyOf(const Object& object, std::string_view name) {
 }
 
 std::optional<std::size_t> indexOf(const RecordFields& fields, std::string_view label) {
-  for (std::size_t i = 0; i < fields.values.size(); ++i) {
-    if (sameName((*fields.labels)[i], label)) {
+  for (std::size_t i = 0; i < fields.values.size(); ++i)
+    if (sameName((*fields.labels)[i], label))
       return i;
-    }
-  }
   return std::nullopt;
 }
 
@@ -71,9 +68,8 @@ const RecordLabels& Record::labels() const {
 }
 
 std::optional<Value> Record::find(std::string_view label) const {
-  if (fields_->object != nullptr) {
+  if (fields_->object != nullptr)
     return propertyOf(*fields_->object, label);
-  }
   const auto index = indexOf(*fields_, label);
   return index ? std::optional(fields_->values[*index]) : std::nullopt;
 }
@@ -81,9 +77,8 @@ std::optional<Value> Record::find(std::string_view label) const {
 bool Record::set(std::string_view label, Value value) {
   RecordFields& fields = read(*fields_);
   const auto index = indexOf(fields, label);
-  if (index) {
+  if (index)
     fields.values[*index] = std::move(value);
-  }
   return index.has_value();
 }
 

@@ -53,9 +53,8 @@ class SourceWriter {
 std::string SourceWriter::finish() && {
   if (isFull()) {
     std::size_t end = longest_;
-    while (end > 0 && UTF8::isContinuation(out_[end])) {
+    while (end > 0 && UTF8::isContinuation(out_[end]))
       --end;
-    }
     out_.resize(end);
     out_ += ellipsis;
   }
@@ -134,9 +133,8 @@ void SourceWriter::quote(std::string_view text) {
       default:
         out_ += byte;
     }
-    if (isFull()) {
+    if (isFull())
       return;
-    }
   }
   out_ += '"';
 }
