@@ -32,7 +32,9 @@ class ChildProcess {
 
   /// Starts `arguments[0]`, found along PATH, with its standard output in a pipe. Fails the test where it cannot.
   explicit ChildProcess(const std::vector<std::string>& arguments, const Options& options = {});
+  ChildProcess(const ChildProcess&) = delete;
   ChildProcess(ChildProcess&& other) noexcept;
+  ChildProcess& operator=(const ChildProcess&) = delete;
   ChildProcess& operator=(ChildProcess&&) = delete;
   ~ChildProcess();
 
