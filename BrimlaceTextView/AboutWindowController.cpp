@@ -16,12 +16,11 @@ using Platform::WindowContent;
 /// A new mail with this message: the way to share a text that every desktop has.
 std::optional<URL> mailWithMessage(const std::string& message) {
   std::string text = "mailto:?body=";
-  for (const char character : Platform::percentEncodedPath(message)) {
+  for (const char character : Platform::percentEncodedPath(message))
     if (character == '&')
       text += "%26";
     else
       text += character;
-  }
   return URL::parse(text);
 }
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "Fuzz/Target.h"

@@ -42,14 +42,13 @@ void addTab(Screen& screen, std::string_view line) {
 
 Screen screenOf(std::string_view text) {
   Screen screen;
-  for (const std::string_view line : BrimlaceTextView::lines(text)) {
+  for (const std::string_view line : BrimlaceTextView::lines(text))
     if (line.empty())
       addWindow(screen);
     else if (line.starts_with('#'))
       screen.titles.emplace_back(line.substr(1));
     else
       addTab(screen, line);
-  }
   return screen;
 }
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "AppleScript/Application.h"
+#include "AppleScript/Values/Application.h"
 
 namespace ScriptableApps {
 

@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/SourceForm.h"
 #include "AppleScript/Values/Coercions.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 
@@ -12,14 +12,12 @@ ApplicationExpression::ApplicationExpression(ExpressionPointer name, Application
     : Expression(range), name_(std::move(name)), known_(known) {}
 
 Value ApplicationExpression::compute(Run& run) const {
-  if (known_ != nullptr) {
+  if (known_ != nullptr)
     return ObjectReference{nullptr, known_};
-  }
   const Value name = name_->evaluate(run);
   Application* application = run.applications().find(toText(name).view());
-  if (application == nullptr) {
+  if (application == nullptr)
     failToGet("application " + shortSourceForm(name));
-  }
   return ObjectReference{nullptr, application};
 }
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <string>
 
-#include "AppleScript/Arguments.h"
-#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Values/Arguments.h"
 #include "AppleScript/Values/Dereference.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
@@ -31,9 +31,8 @@ Value CommandExpression::compute(Run& run) const {
 
 Arguments CommandExpression::arguments(Run& run) const {
   Arguments arguments = direct_ == nullptr ? Arguments() : Arguments(dereferenced(direct_->evaluate(run)));
-  for (const auto& [label, value] : labelled_) {
+  for (const auto& [label, value] : labelled_)
     arguments.setLabelled(label, dereferenced(value->evaluate(run)));
-  }
   return arguments;
 }
 

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Dictionary.h"
 #include "AppleScript/Expressions/Expression.h"
+#include "AppleScript/Values/Dictionary.h"
 
 namespace AppleScript {
 

@@ -1,6 +1,6 @@
 #include "AppleScript/Expressions/ExistsExpression.h"
 
-#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
@@ -9,9 +9,8 @@ Value ExistsExpression::compute(Run& run) const {
     return !reference_->evaluate(run).isMissing();
   } catch (const Failure& failure) {
     const ErrorNumber number = failure.error.number;
-    if (number != ErrorNumber::noSuchObject && number != ErrorNumber::badIndex) {
+    if (number != ErrorNumber::noSuchObject && number != ErrorNumber::badIndex)
       throw;
-    }
     return false;
   }
 }

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/SourceForm.h"
 #include "AppleScript/Values/Coercions.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 
@@ -19,9 +19,8 @@ bool ListExpression::isAssignable() const {
 Value ListExpression::compute(Run& run) const {
   std::vector<Value> values;
   values.reserve(items_.size());
-  for (const ExpressionPointer& item : items_) {
+  for (const ExpressionPointer& item : items_)
     values.push_back(item->evaluate(run));
-  }
   return List(std::move(values));
 }
 
@@ -30,9 +29,8 @@ void ListExpression::store(Run& run, Value value) const {
   const List list = toList(value);
   const std::vector<Value> values(list.items().begin(), list.items().end());
   for (std::size_t i = 0; i < items_.size(); ++i) {
-    if (i == values.size()) {
+    if (i == values.size())
       failToGet("item " + std::to_string(i + 1) + " of " + shortSourceForm(value));
-    }
     items_[i]->assign(run, values[i]);
   }
 }

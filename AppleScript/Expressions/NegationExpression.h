@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "AppleScript/Expressions/Expression.h"
-#include "AppleScript/Values/Arithmetic.h"
+#include "AppleScript/Operators/Arithmetic.h"
 
 namespace AppleScript {
 

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "AppleScript/Values/Arithmetic.h"
+#include "AppleScript/Operators/Arithmetic.h"
+#include "AppleScript/Operators/Comparison.h"
+#include "AppleScript/Operators/Concatenation.h"
 #include "AppleScript/Values/Coercions.h"
-#include "AppleScript/Values/Comparison.h"
-#include "AppleScript/Values/Concatenation.h"
 
 namespace AppleScript {
 
@@ -71,9 +71,8 @@ Value OperatorChain::compute(Run& run) const {
 Value OperatorChain::computeFromTheLeft(Run& run) const {
   Value value = first_->evaluate(run);
   for (const Link& link : links_) {
-    if (decides(link.op, value)) {
+    if (decides(link.op, value))
       return toBoolean(value);
-    }
     value = apply(link.op, value, link.operand->evaluate(run), run);
   }
   return value;
@@ -81,13 +80,11 @@ Value OperatorChain::computeFromTheLeft(Run& run) const {
 
 Value OperatorChain::computeFromTheRight(Run& run) const {
   std::vector<Value> operands{first_->evaluate(run)};
-  for (const Link& link : links_) {
+  for (const Link& link : links_)
     operands.push_back(link.operand->evaluate(run));
-  }
   Value value = std::move(operands.back());
-  for (std::size_t i = links_.size(); i > 0; --i) {
+  for (std::size_t i = links_.size(); i > 0; --i)
     value = apply(links_[i - 1].op, operands[i - 1], value, run);
-  }
   return value;
 }
 

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "AppleScript/Expressions/Expression.h"
-#include "AppleScript/Syntax/Operators.h"
+#include "AppleScript/Operators/Operators.h"
 
 namespace AppleScript {
 

@@ -10,9 +10,8 @@ RecordExpression::RecordExpression(RecordLabels labels, std::vector<ExpressionPo
 Value RecordExpression::compute(Run& run) const {
   std::vector<Value> values;
   values.reserve(values_.size());
-  for (const ExpressionPointer& value : values_) {
+  for (const ExpressionPointer& value : values_)
     values.push_back(value->evaluate(run));
-  }
   return Record(labels_, std::move(values));
 }
 

@@ -2,15 +2,14 @@
 
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
 Value ResultExpression::compute(Run& run) const {
   const auto& result = run.result();
-  if (!result) {
+  if (!result)
     fail(ErrorNumber::undefinedVariable, "The variable result is not defined.");
-  }
   return *result;
 }
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
@@ -11,9 +11,8 @@ VariableExpression::VariableExpression(std::string name, std::size_t slot, Sourc
 
 Value VariableExpression::compute(Run& run) const {
   const std::optional<Value>& value = run.variable(slot_);
-  if (!value) {
+  if (!value)
     fail(ErrorNumber::undefinedVariable, "The variable " + name_ + " is not defined.");
-  }
   return *value;
 }
 

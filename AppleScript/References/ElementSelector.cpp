@@ -8,9 +8,8 @@ std::optional<std::size_t> ElementSelector::locate(Run& /*run*/, const Elements&
 
 std::optional<std::size_t> indexFromNumber(std::int64_t number, std::size_t size) {
   const auto last = static_cast<std::int64_t>(size);
-  if (number == 0 || number > last || number < -last) {
+  if (number == 0 || number > last || number < -last)
     return std::nullopt;
-  }
   return static_cast<std::size_t>(number > 0 ? number - 1 : last + number);
 }
 

@@ -10,16 +10,14 @@ Found InsertionForm::find(Run& run, const Value& /*container*/) const {
 
 void InsertionForm::assign(Run& run, const Value& container, Value value) const {
   const auto* list = container.getIf<List>();
-  if (list == nullptr) {
+  if (list == nullptr)
     failToSet(describe(run), container, value);
-  }
   List changed = *list;
   run.cycles().noteStored(changed, value);
-  if (place_ == Place::end) {
+  if (place_ == Place::end)
     changed.append(std::move(value));
-  } else {
+  else
     changed.prepend(std::move(value));
-  }
 }
 
 std::string InsertionForm::describe(Run& /*run*/) const {

@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "AppleScript/References/PropertySearch.h"
-#include "AppleScript/SourceForm.h"
 #include "AppleScript/Values/Coercions.h"
 #include "AppleScript/Values/Dereference.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 

@@ -4,9 +4,9 @@
 #include <optional>
 #include <utility>
 
-#include "AppleScript/Dictionary.h"
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/Names.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
@@ -25,9 +25,8 @@ std::optional<Value> describedValue(Run& run, const ObjectReference& reference, 
   const ClassDescription& description =
       isApplication ? *application->dictionary().application : reference.object->classDescription();
   const PropertyDescription* property = describedProperty(description, name);
-  if (property == nullptr) {
+  if (property == nullptr)
     return std::nullopt;
-  }
   Result<Value> value = property->get(isApplication ? *run.root(*application) : *reference.object);
   if (!value) {
     ScriptError error = std::move(value.error());
@@ -48,14 +47,12 @@ bool PropertyForm::looksAtReferences() const {
 
 Found PropertyForm::find(Run& run, const Value& container) const {
   std::optional<Value> value;
-  if (const auto* record = container.getIf<Record>()) {
+  if (const auto* record = container.getIf<Record>())
     value = record->find(name_);
-  } else if (const auto* reference = container.getIf<ObjectReference>()) {
+  else if (const auto* reference = container.getIf<ObjectReference>())
     value = describedValue(run, *reference, name_);
-  }
-  if (!value && builtIn_ != nullptr) {
+  if (!value && builtIn_ != nullptr)
     value = builtIn_->get(run, container);
-  }
   return value ? Found(*std::move(value)) : std::unexpected(name_);
 }
 
@@ -63,14 +60,12 @@ void PropertyForm::assign(Run& run, const Value& container, Value value) const {
   if (const auto* record = container.getIf<Record>()) {
     Record changed = *record;
     run.cycles().noteStored(changed, value);
-    if (!changed.set(name_, value)) {
+    if (!changed.set(name_, value))
       failToSet(name_, container, value);
-    }
     return;
   }
-  if (builtIn_ == nullptr || builtIn_->set == nullptr || !builtIn_->set(run, container, value)) {
+  if (builtIn_ == nullptr || builtIn_->set == nullptr || !builtIn_->set(run, container, value))
     failToSet(name_, container, value);
-  }
 }
 
 }  // namespace AppleScript

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "AppleScript/Operators/Comparison.h"
 #include "AppleScript/References/PropertyForm.h"
-#include "AppleScript/Values/Comparison.h"
 
 namespace AppleScript {
 
@@ -13,9 +13,8 @@ std::optional<std::size_t> findByProperty(Run& run, const Elements& elements, st
   const std::size_t size = elements.size();
   for (std::size_t i = 0; i < size; ++i) {
     const Found found = form.find(run, elements.at(i));
-    if (found && areEqual(*found, value)) {
+    if (found && areEqual(*found, value))
       return i;
-    }
   }
   return std::nullopt;
 }

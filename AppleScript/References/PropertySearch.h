@@ -6,7 +6,7 @@
 
 #include "AppleScript/References/Elements.h"
 #include "AppleScript/Running/Run.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

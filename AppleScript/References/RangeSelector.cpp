@@ -25,9 +25,8 @@ Found RangeSelector::select(Run& run, const Elements& elements) const {
   const std::size_t size = elements.size();
   const auto first = indexFromNumber(firstNumber, size);
   const auto last = indexFromNumber(lastNumber, size);
-  if (!first || !last) {
+  if (!first || !last)
     return std::unexpected(description(elements.elementClass(), firstNumber, lastNumber));
-  }
   const auto [low, high] = std::minmax(*first, *last);
   return elements.range(low, high - low + 1);
 }

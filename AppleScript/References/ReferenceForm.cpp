@@ -1,7 +1,7 @@
 #include "AppleScript/References/ReferenceForm.h"
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 

@@ -5,9 +5,8 @@ namespace AppleScript {
 Flow Block::execute(Run& run) const {
   for (const StatementPointer& statement : statements_) {
     const Flow flow = statement->execute(run);
-    if (flow != Flow::next) {
+    if (flow != Flow::next)
       return flow;
-    }
   }
   return Flow::next;
 }

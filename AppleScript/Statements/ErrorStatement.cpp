@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
 #include "AppleScript/Values/Coercions.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
@@ -13,9 +13,8 @@ namespace {
 
 int errorNumber(const Value& value) {
   const std::int64_t number = toInteger(value);
-  if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max()) {
+  if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
     failToCoerce(value, "integer");
-  }
   return static_cast<int>(number);
 }
 

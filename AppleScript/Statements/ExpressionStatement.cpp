@@ -4,11 +4,10 @@ namespace AppleScript {
 
 Flow ExpressionStatement::execute(Run& run) const {
   Value value = expression_->evaluate(run);
-  if (value.isMissing() && expression_->isCommand()) {
+  if (value.isMissing() && expression_->isCommand())
     run.noteStatementWithoutValue();
-  } else {
+  else
     run.noteStatement(std::move(value));
-  }
   return Flow::next;
 }
 

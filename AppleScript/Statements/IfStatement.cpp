@@ -10,11 +10,9 @@ IfStatement::IfStatement(std::vector<Branch> branches, StatementPointer otherwis
     : branches_(std::move(branches)), otherwise_(std::move(otherwise)) {}
 
 Flow IfStatement::execute(Run& run) const {
-  for (const Branch& branch : branches_) {
-    if (branch.condition->evaluateAs(run, toBoolean)) {
+  for (const Branch& branch : branches_)
+    if (branch.condition->evaluateAs(run, toBoolean))
       return branch.body->execute(run);
-    }
-  }
   return otherwise_ == nullptr ? Flow::next : otherwise_->execute(run);
 }
 

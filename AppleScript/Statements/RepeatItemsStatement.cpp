@@ -3,10 +3,10 @@
 #include <utility>
 
 #include "AppleScript/References/Elements.h"
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/SourceForm.h"
 #include "AppleScript/Values/BuiltInClasses.h"
 #include "AppleScript/Values/Dereference.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 
@@ -15,13 +15,11 @@ namespace {
 /// The list to walk through: that itself, or the characters of a text.
 List listToWalk(Run& run, const Value& value) {
   const Value& whole = dereferenced(value);
-  if (const auto* list = whole.getIf<List>()) {
+  if (const auto* list = whole.getIf<List>())
     return *list;
-  }
   const auto characters = Elements::in(run, whole, BuiltInClasses::character);
-  if (!characters) {
+  if (!characters)
     failToGet("every item of " + shortSourceForm(whole));
-  }
   return *characters->range(0, characters->size()).getIf<List>();
 }
 
@@ -36,9 +34,8 @@ Flow RepeatItemsStatement::execute(Run& run) const {
   const std::size_t size = list.size();
   for (std::size_t i = 0; i < size; ++i) {
     variable_->assign(run, ItemReference{list, i});
-    if (const auto end = round(run)) {
+    if (const auto end = round(run))
       return *end;
-    }
   }
   return Flow::next;
 }

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Values/Arithmetic.h"
+#include "AppleScript/Operators/Arithmetic.h"
+#include "AppleScript/Operators/Comparison.h"
 #include "AppleScript/Values/Coercions.h"
-#include "AppleScript/Values/Comparison.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
@@ -17,14 +17,12 @@ Flow RepeatRangeStatement::execute(Run& run) const {
   const Value last = bounds_.last->evaluateAs(run, toNumber);
   const Value step = bounds_.step == nullptr ? Value(1) : bounds_.step->evaluateAs(run, toNumber);
   const double direction = toReal(step);
-  if (direction == 0) {
+  if (direction == 0)
     fail(ErrorNumber::genericError, "Can’t repeat in steps of 0.", bounds_.step->range());
-  }
   while (direction > 0 ? order(current, last) <= 0 : order(current, last) >= 0) {
     variable_->assign(run, current);
-    if (const auto end = round(run)) {
+    if (const auto end = round(run))
       return *end;
-    }
     current = calculate(Operator::add, current, step);
   }
   return Flow::next;

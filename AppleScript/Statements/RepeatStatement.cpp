@@ -3,11 +3,9 @@
 namespace AppleScript {
 
 Flow RepeatStatement::execute(Run& run) const {
-  while (true) {
-    if (const auto end = round(run)) {
+  while (true)
+    if (const auto end = round(run))
       return *end;
-    }
-  }
 }
 
 std::optional<Flow> RepeatStatement::round(Run& run) const {

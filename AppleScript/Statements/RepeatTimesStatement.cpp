@@ -10,11 +10,9 @@ RepeatTimesStatement::RepeatTimesStatement(ExpressionPointer times, StatementPoi
     : RepeatStatement(std::move(body)), times_(std::move(times)) {}
 
 Flow RepeatTimesStatement::execute(Run& run) const {
-  for (std::int64_t left = times_->evaluateAs(run, toInteger); left > 0; --left) {
-    if (const auto end = round(run)) {
+  for (std::int64_t left = times_->evaluateAs(run, toInteger); left > 0; --left)
+    if (const auto end = round(run))
       return *end;
-    }
-  }
   return Flow::next;
 }
 

@@ -10,11 +10,9 @@ RepeatWhileStatement::RepeatWhileStatement(ExpressionPointer condition, bool exp
     : RepeatStatement(std::move(body)), condition_(std::move(condition)), expected_(expected) {}
 
 Flow RepeatWhileStatement::execute(Run& run) const {
-  while (condition_->evaluateAs(run, toBoolean) == expected_) {
-    if (const auto end = round(run)) {
+  while (condition_->evaluateAs(run, toBoolean) == expected_)
+    if (const auto end = round(run))
       return *end;
-    }
-  }
   return Flow::next;
 }
 

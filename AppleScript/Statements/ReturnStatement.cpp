@@ -3,11 +3,10 @@
 namespace AppleScript {
 
 Flow ReturnStatement::execute(Run& run) const {
-  if (value_ == nullptr) {
+  if (value_ == nullptr)
     run.noteStatementWithoutValue();
-  } else {
+  else
     run.noteStatement(value_->evaluate(run));
-  }
   return Flow::endScript;
 }
 

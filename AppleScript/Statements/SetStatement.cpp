@@ -11,9 +11,8 @@ SetStatement::SetStatement(ExpressionPointer target, ExpressionPointer value, Sh
 
 Flow SetStatement::execute(Run& run) const {
   Value value = value_->evaluate(run);
-  if (sharing_ == Sharing::copied) {
+  if (sharing_ == Sharing::copied)
     value = deepCopy(value);
-  }
   target_->assign(run, value);
   run.noteStatement(std::move(value));
   return Flow::next;

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
@@ -20,12 +20,10 @@ Flow TryStatement::execute(Run& run) const {
 }
 
 Flow TryStatement::handle(Run& run, const ScriptError& error) const {
-  if (handler_.message != nullptr) {
+  if (handler_.message != nullptr)
     handler_.message->assign(run, error.message);
-  }
-  if (handler_.number != nullptr) {
+  if (handler_.number != nullptr)
     handler_.number->assign(run, static_cast<int>(error.number));
-  }
   return handler_.body == nullptr ? Flow::next : handler_.body->execute(run);
 }
 

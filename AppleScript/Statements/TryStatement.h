@@ -1,8 +1,8 @@
 #pragma once
 
 #include "AppleScript/Expressions/Expression.h"
-#include "AppleScript/ScriptError.h"
 #include "AppleScript/Statements/Statement.h"
+#include "AppleScript/Values/ScriptError.h"
 
 namespace AppleScript {
 

@@ -19,13 +19,11 @@ ExpressionPointer ExpressionParser::parse(Precedence loosest) {
   std::optional<Precedence> unchainable;
   while (const auto match = findOperator()) {
     const Precedence precedence = match->phrase.precedence;
-    if (precedence < loosest || precedence == unchainable) {
+    if (precedence < loosest || precedence == unchainable)
       break;
-    }
     expression = parseChain(std::move(expression), precedence, start);
-    if (associativityOf(precedence) == Associativity::none) {
+    if (associativityOf(precedence) == Associativity::none)
       unchainable = precedence;
-    }
   }
   return expression;
 }
@@ -36,9 +34,8 @@ ExpressionPointer ExpressionParser::parseChain(ExpressionPointer first, Preceden
   const Associativity associativity = associativityOf(precedence);
   std::vector<OperatorChain::Link> links;
   for (auto match = findOperator(); match && match->phrase.precedence == precedence; match = findOperator()) {
-    if (associativity == Associativity::none && !links.empty()) {
+    if (associativity == Associativity::none && !links.empty())
       break;
-    }
     tokens.skip(match->tokenCount);
     links.push_back({match->phrase.meaning, parseRightOperand(match->phrase)});
   }
@@ -57,9 +54,8 @@ ExpressionPointer ExpressionParser::parseOperand() {
     ExpressionPointer operand = parseOperand();
     return std::make_unique<NegationExpression>(std::move(operand), tokens.rangeSince(start));
   }
-  if (tokens.acceptSymbol("+")) {
+  if (tokens.acceptSymbol("+"))
     return parse(Precedence::operand);
-  }
   if (tokens.acceptWord("not")) {
     ExpressionPointer operand = parse(Precedence::logicalNot);
     return std::make_unique<NotExpression>(std::move(operand), tokens.rangeSince(start));
@@ -71,28 +67,24 @@ ExpressionPointer ExpressionParser::parseClassName() {
   TokenStream& tokens = context_.tokens();
   const std::size_t start = tokens.position();
   const auto term = context_.findTerm({TermKind::className});
-  if (!term) {
+  if (!term)
     context_.failExpecting("class name");
-  }
   tokens.skip(term->tokenCount);
   return std::make_unique<LiteralExpression>(ClassName{term->classDescription}, tokens.rangeSince(start));
 }
 
 std::optional<ExpressionParser::Match> ExpressionParser::findOperator() const {
   std::optional<Match> best;
-  if (context_.findLabel()) {
+  if (context_.findLabel())
     return best;
-  }
   const TokenStream& tokens = context_.tokens();
   const TokenKind kind = tokens.peek().kind;
-  if (kind != TokenKind::word && kind != TokenKind::symbol) {
+  if (kind != TokenKind::word && kind != TokenKind::symbol)
     return best;
-  }
   for (const OperatorPhrase& phrase : operatorPhrases(tokens.peek().lexeme)) {
     const std::size_t count = tokens.matchPhrase(phrase.phrase);
-    if (count > (best ? best->tokenCount : 0)) {
+    if (count > (best ? best->tokenCount : 0))
       best = Match{phrase, count};
-    }
   }
   return best;
 }

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "AppleScript/Expressions/Expression.h"
-#include "AppleScript/Syntax/Operators.h"
+#include "AppleScript/Operators/Operators.h"
 #include "AppleScript/Syntax/ParseContext.h"
 
 namespace AppleScript {

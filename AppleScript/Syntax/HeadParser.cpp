@@ -11,7 +11,7 @@
 #include "AppleScript/Expressions/LiteralExpression.h"
 #include "AppleScript/Expressions/TargetExpression.h"
 #include "AppleScript/References/EverySelector.h"
-#include "AppleScript/References/IdSelector.h"
+#include "AppleScript/References/IDSelector.h"
 #include "AppleScript/References/InsertionForm.h"
 #include "AppleScript/References/KeySelector.h"
 #include "AppleScript/References/MiddleSelector.h"
@@ -70,38 +70,32 @@ ReferenceHead HeadParser::parse() {
     default:
       break;
   }
-  if (tokens.atSymbol("{")) {
+  if (tokens.atSymbol("{"))
     return ReferenceHead::ofExpression(ListParser(context_).parse());
-  }
-  if (!tokens.atSymbol("(")) {
+  if (!tokens.atSymbol("("))
     context_.failExpecting("expression");
-  }
   return ReferenceHead::ofExpression(KeyParser(context_).parseParenthesized());
 }
 
 ReferenceLink HeadParser::parseMember() {
   TokenStream& tokens = context_.tokens();
-  if (tokens.peek().kind == TokenKind::ordinal) {
+  if (tokens.peek().kind == TokenKind::ordinal)
     return parseNumberedOrdinal().link;
-  }
   const auto term = findTerm();
   if (!term || term->tokenCount == 1) {
-    if (auto position = parsePosition()) {
+    if (auto position = parsePosition())
       return std::move(position->link);
-    }
   }
-  if (term && term->kind == TermKind::pluralClassName) {
+  if (term && term->kind == TermKind::pluralClassName)
     return parsePlural(*term).link;
-  }
   if (term && term->kind == TermKind::className && isKeyAhead(term->tokenCount)) {
     tokens.skip(term->tokenCount);
     return parseKeyed(*term->classDescription).link;
   }
   const Token& token = tokens.peek();
   const bool isWord = token.kind == TokenKind::word && !isReservedWord(token.lexeme);
-  if (!term && !isWord && token.kind != TokenKind::barredIdentifier) {
+  if (!term && !isWord && token.kind != TokenKind::barredIdentifier)
     context_.failExpecting("property");
-  }
   tokens.skip(term ? term->tokenCount : 1);
   return ReferenceHead::ofProperty(term ? term->phrase : token.lexeme).link;
 }
@@ -109,12 +103,10 @@ ReferenceLink HeadParser::parseMember() {
 /// Phrases of several words come before the words of the language, which come before single words of a dictionary.
 ReferenceHead HeadParser::parseWord() {
   const auto term = findTerm();
-  if (term && (term->tokenCount > 1 || term->kind == TermKind::command)) {
+  if (term && (term->tokenCount > 1 || term->kind == TermKind::command))
     return parseTerm(*term);
-  }
-  if (auto head = parseKeyword()) {
+  if (auto head = parseKeyword())
     return *std::move(head);
-  }
   return term ? parseTerm(*term) : parseIdentifier();
 }
 
@@ -126,12 +118,10 @@ std::optional<ReferenceHead> HeadParser::parseKeyword() {
     tokens.skip(1);
     return ReferenceHead::ofCount();
   }
-  if (tokens.acceptWord("it")) {
+  if (tokens.acceptWord("it"))
     return ReferenceHead::ofExpression(std::make_unique<TargetExpression>(tokens.rangeSince(start)));
-  }
-  if (tokens.acceptWord("its")) {
+  if (tokens.acceptWord("its"))
     return ReferenceHead{.expression = nullptr, .link = parseMember()};
-  }
   if (tokens.acceptWord("my")) {
     const NestingScope nesting(context_);
     return parse();
@@ -153,9 +143,8 @@ std::optional<ReferenceHead> HeadParser::parseKeyword() {
 std::optional<ReferenceHead> HeadParser::parseInsertion() {
   TokenStream& tokens = context_.tokens();
   const bool isEnd = tokens.atWord("end");
-  if ((!isEnd && !tokens.atWord("beginning")) || !tokens.atWord("of", 1)) {
+  if ((!isEnd && !tokens.atWord("beginning")) || !tokens.atWord("of", 1))
     return std::nullopt;
-  }
   tokens.skip(1);
   return ReferenceHead::ofForm(
       std::make_unique<InsertionForm>(isEnd ? InsertionForm::Place::end : InsertionForm::Place::beginning));
@@ -164,18 +153,14 @@ std::optional<ReferenceHead> HeadParser::parseInsertion() {
 /// `every window`, `some window`, `middle window`, `first window`, …
 std::optional<ReferenceHead> HeadParser::parsePosition() {
   TokenStream& tokens = context_.tokens();
-  if (tokens.acceptWord("every")) {
+  if (tokens.acceptWord("every"))
     return ReferenceHead::ofElements(expectClass(), std::make_unique<EverySelector>());
-  }
-  if (tokens.acceptWord("some")) {
+  if (tokens.acceptWord("some"))
     return ReferenceHead::ofElements(expectClass(), std::make_unique<SomeSelector>());
-  }
-  if (!context_.findTerm({TermKind::className}, 1)) {
+  if (!context_.findTerm({TermKind::className}, 1))
     return std::nullopt;
-  }
-  if (tokens.acceptWord("middle")) {
+  if (tokens.acceptWord("middle"))
     return ReferenceHead::ofElements(expectClass(), std::make_unique<MiddleSelector>());
-  }
   const auto ordinal =
       std::ranges::find_if(ordinals, [&tokens](const NumberWord& one) { return tokens.acceptWord(one.word); });
   return ordinal == ordinals.end() ? std::nullopt : std::optional(parseOrdinal(ordinal->number));
@@ -214,9 +199,8 @@ ReferenceHead HeadParser::parseTerm(const Term& term) {
 
 ReferenceHead HeadParser::parseProperty(const Term& term) {
   const bool couldBeVariable = term.application == nullptr && term.tokenCount == 1 && !context_.hasTarget();
-  if (couldBeVariable) {
+  if (couldBeVariable)
     return parseIdentifier();
-  }
   context_.tokens().skip(term.tokenCount);
   return ReferenceHead::ofProperty(term.phrase);
 }
@@ -226,16 +210,14 @@ ReferenceHead HeadParser::parseClass(const Term& term) {
   const std::size_t start = tokens.position();
   const ClassDescription& description = *term.classDescription;
   tokens.skip(term.tokenCount);
-  if (isOfAhead()) {
+  if (isOfAhead())
     return ReferenceHead::ofProperty(term.phrase);
-  }
   if (!isKeyAhead(0)) {
     return ReferenceHead::ofExpression(
         std::make_unique<LiteralExpression>(ClassName{&description}, tokens.rangeSince(start)));
   }
-  if (&description == &BuiltInClasses::application) {
+  if (&description == &BuiltInClasses::application)
     return ReferenceHead::ofExpression(parseApplication(start));
-  }
   if (&description == &BuiltInClasses::file || &description == &BuiltInClasses::alias) {
     ExpressionPointer path = KeyParser(context_).parse();
     return ReferenceHead::ofExpression(std::make_unique<FileExpression>(std::move(path), tokens.rangeSince(start)));
@@ -247,25 +229,21 @@ ReferenceHead HeadParser::parseClass(const Term& term) {
 ReferenceHead HeadParser::parseKeyed(const ClassDescription& elementClass) {
   TokenStream& tokens = context_.tokens();
   KeyParser keys(context_);
-  if (tokens.acceptWord("id")) {
-    return ReferenceHead::ofElements(elementClass, std::make_unique<IdSelector>(keys.parse()));
-  }
-  if (!tokens.acceptWord("named")) {
+  if (tokens.acceptWord("id"))
+    return ReferenceHead::ofElements(elementClass, std::make_unique<IDSelector>(keys.parse()));
+  if (!tokens.acceptWord("named"))
     tokens.acceptWord("index");
-  }
   ExpressionPointer key = keys.parse();
-  if (tokens.acceptWord("thru") || tokens.acceptWord("through")) {
+  if (tokens.acceptWord("thru") || tokens.acceptWord("through"))
     return ReferenceHead::ofElements(elementClass, std::make_unique<RangeSelector>(std::move(key), keys.parse()));
-  }
   return ReferenceHead::ofElements(elementClass,
                                    std::make_unique<KeySelector>(std::move(key), KeySelector::Style::key));
 }
 
 ReferenceHead HeadParser::parsePlural(const Term& term) {
   context_.tokens().skip(term.tokenCount);
-  if (isKeyAhead(0)) {
+  if (isKeyAhead(0))
     return parseKeyed(*term.classDescription);
-  }
   return ReferenceHead::ofElements(*term.classDescription, std::make_unique<EverySelector>());
 }
 
@@ -281,9 +259,8 @@ ExpressionPointer HeadParser::parseApplication(std::size_t start) {
 ReferenceHead HeadParser::parseIdentifier() {
   TokenStream& tokens = context_.tokens();
   const Token& token = tokens.peek();
-  if (token.kind == TokenKind::word && isReservedWord(token.lexeme)) {
+  if (token.kind == TokenKind::word && isReservedWord(token.lexeme))
     context_.failExpecting("expression");
-  }
   ExpressionPointer variable = KeyParser(context_).parseVariable();
   return isOfAhead() ? ReferenceHead::ofProperty(token.lexeme) : ReferenceHead::ofExpression(std::move(variable));
 }
@@ -295,18 +272,16 @@ std::optional<Term> HeadParser::findTerm() const {
   std::optional<Term> best;
   for (const auto& term : {context_.findTerm({TermKind::command}), isKeyed ? className : property,
                            isKeyed ? property : className, context_.findTerm({TermKind::constant})}) {
-    if (term && (!best || term->tokenCount > best->tokenCount)) {
+    if (term && (!best || term->tokenCount > best->tokenCount))
       best = term;
-    }
   }
   return best;
 }
 
 const ClassDescription& HeadParser::expectClass() {
   const auto term = context_.findTerm({TermKind::className, TermKind::pluralClassName});
-  if (!term) {
+  if (!term)
     context_.failExpecting("class name");
-  }
   context_.tokens().skip(term->tokenCount);
   return *term->classDescription;
 }

@@ -7,12 +7,12 @@
 #include "AppleScript/Expressions/NegationExpression.h"
 #include "AppleScript/Expressions/ResultExpression.h"
 #include "AppleScript/Expressions/VariableExpression.h"
-#include "AppleScript/Running/Failure.h"
 #include "AppleScript/Syntax/ExpressionParser.h"
 #include "AppleScript/Syntax/Lexer.h"
 #include "AppleScript/Syntax/ParseScopes.h"
 #include "AppleScript/Syntax/ReservedWords.h"
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/Names.h"
+#include "AppleScript/Values/Failure.h"
 #include "AppleScript/Values/NumberText.h"
 
 namespace AppleScript {
@@ -52,9 +52,8 @@ bool KeyParser::isNegativeAhead(std::size_t ahead) const {
 ExpressionPointer KeyParser::parse() {
   TokenStream& tokens = context_.tokens();
   const std::size_t start = tokens.position();
-  if (!isAhead(0)) {
+  if (!isAhead(0))
     context_.failExpecting("expression");
-  }
   if (tokens.acceptSymbol("-")) {
     ExpressionPointer key = parse();
     return std::make_unique<NegationExpression>(std::move(key), tokens.rangeSince(start));
@@ -74,9 +73,8 @@ ExpressionPointer KeyParser::parse() {
 ExpressionPointer KeyParser::parseNumber() {
   const Token& token = context_.tokens().take();
   const auto number = numberFromText(token.lexeme);
-  if (!number) {
+  if (!number)
     fail(ErrorNumber::syntaxError, "The number " + std::string(token.lexeme) + " is too large.", token.range);
-  }
   return std::make_unique<LiteralExpression>(*number, token.range);
 }
 
@@ -96,13 +94,11 @@ ExpressionPointer KeyParser::parseParenthesized() {
 ExpressionPointer KeyParser::parseVariable() {
   const TokenKind kind = context_.tokens().peek().kind;
   const bool isName = kind == TokenKind::word && !isReservedWord(context_.tokens().peek().lexeme);
-  if (!isName && kind != TokenKind::barredIdentifier) {
+  if (!isName && kind != TokenKind::barredIdentifier)
     context_.failExpecting("variable name");
-  }
   const Token& token = context_.tokens().take();
-  if (kind == TokenKind::word && sameName(token.lexeme, "result")) {
+  if (kind == TokenKind::word && sameName(token.lexeme, "result"))
     return std::make_unique<ResultExpression>(token.range);
-  }
   return std::make_unique<VariableExpression>(std::string(token.lexeme), context_.variables().slot(token.lexeme),
                                               token.range);
 }

@@ -20,7 +20,7 @@ class Lexer {
   [[nodiscard]] std::vector<Token> tokens();
 
  private:
-  void requireUtf8() const;
+  void requireUTF8() const;
   [[nodiscard]] Token next();
   [[nodiscard]] bool startsWith(std::string_view text) const { return source_.substr(offset_).starts_with(text); }
   [[nodiscard]] bool atEnd() const { return offset_ == source_.size(); }

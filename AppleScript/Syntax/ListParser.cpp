@@ -47,9 +47,8 @@ ExpressionPointer ListParser::parseRecord(std::size_t start) {
 std::size_t ListParser::labelLength() const {
   const TokenStream& tokens = context_.tokens();
   const auto term = context_.findTerm({TermKind::property, TermKind::className});
-  if (term && tokens.atSymbol(":", term->tokenCount)) {
+  if (term && tokens.atSymbol(":", term->tokenCount))
     return term->tokenCount;
-  }
   const TokenKind kind = tokens.peek().kind;
   const bool isIdentifier = kind == TokenKind::word || kind == TokenKind::barredIdentifier;
   return isIdentifier && tokens.atSymbol(":", 1) ? 1 : 0;
@@ -57,9 +56,8 @@ std::size_t ListParser::labelLength() const {
 
 std::string ListParser::takeLabel() {
   const std::size_t length = labelLength();
-  if (length == 0) {
+  if (length == 0)
     context_.failExpecting("label");
-  }
   const auto term = context_.findTerm({TermKind::property, TermKind::className});
   const bool isTerm = term && term->tokenCount == length && context_.tokens().peek().kind == TokenKind::word;
   std::string label(isTerm ? term->phrase : context_.tokens().peek().lexeme);

@@ -8,10 +8,10 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Application.h"
 #include "AppleScript/Syntax/Terminology.h"
 #include "AppleScript/Syntax/TokenStream.h"
 #include "AppleScript/Syntax/VariableTable.h"
+#include "AppleScript/Values/Application.h"
 
 namespace AppleScript {
 

@@ -15,9 +15,8 @@ ExpressionPointer ReferenceParser::parse() {
   TokenStream& tokens = context_.tokens();
   const std::size_t start = tokens.position();
   ExpressionPointer reference = parseReference();
-  if (!tokens.acceptWord("exists")) {
+  if (!tokens.acceptWord("exists"))
     return reference;
-  }
   return std::make_unique<ExistsExpression>(std::move(reference), tokens.rangeSince(start));
 }
 
@@ -35,9 +34,8 @@ ExpressionPointer ReferenceParser::parseReference() {
   parseFilter(parts);
   ExpressionPointer base = std::move(parts.back().base);
   std::vector<ReferenceFormPointer> forms = joined(parts);
-  if (forms.empty()) {
+  if (forms.empty())
     return base;
-  }
   return std::make_unique<ReferenceExpression>(std::move(base), std::move(forms), tokens.rangeSince(start));
 }
 
@@ -45,12 +43,10 @@ ReferenceParser::Part ReferenceParser::parsePart() {
   HeadParser heads(context_);
   ReferenceHead head = heads.parse();
   Part part{std::move(head.expression), {}};
-  if (part.base == nullptr) {
+  if (part.base == nullptr)
     part.links.push_back(std::move(head.link));
-  }
-  while (context_.tokens().acceptSymbol("'s")) {
+  while (context_.tokens().acceptSymbol("'s"))
     part.links.push_back(heads.parseMember());
-  }
   return part;
 }
 
@@ -62,11 +58,9 @@ bool ReferenceParser::acceptOf() {
 /// The elements that a filter behind these parts is meant for: those that stand next to it. Null where there are none.
 ElementForm* ReferenceParser::findFilterable(std::vector<Part>& parts) {
   for (Part& part : std::views::reverse(parts)) {
-    for (ReferenceLink& link : part.links) {
-      if (link.elements != nullptr && link.elements->invitesFilter()) {
+    for (ReferenceLink& link : part.links)
+      if (link.elements != nullptr && link.elements->invitesFilter())
         return link.elements;
-      }
-    }
   }
   return nullptr;
 }

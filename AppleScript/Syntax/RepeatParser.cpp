@@ -15,15 +15,12 @@ namespace AppleScript {
 
 StatementPointer RepeatParser::parse() {
   TokenStream& tokens = context_.tokens();
-  if (tokens.atLineEnd()) {
+  if (tokens.atLineEnd())
     return std::make_unique<RepeatStatement>(parseBody());
-  }
-  if (tokens.acceptWord("while")) {
+  if (tokens.acceptWord("while"))
     return parseWhile(true);
-  }
-  if (tokens.acceptWord("until")) {
+  if (tokens.acceptWord("until"))
     return parseWhile(false);
-  }
   return tokens.acceptWord("with") ? parseWith() : parseTimes();
 }
 
@@ -40,9 +37,8 @@ StatementPointer RepeatParser::parseTimes() {
 
 StatementPointer RepeatParser::parseWith() {
   ExpressionPointer variable = KeyParser(context_).parseVariable();
-  if (context_.tokens().acceptWord("from")) {
+  if (context_.tokens().acceptWord("from"))
     return parseRange(std::move(variable));
-  }
   context_.expectWord("in");
   ExpressionPointer list = ExpressionParser(context_).parse();
   return std::make_unique<RepeatItemsStatement>(std::move(variable), std::move(list), parseBody());
@@ -53,9 +49,8 @@ StatementPointer RepeatParser::parseRange(ExpressionPointer variable) {
   bounds.first = ExpressionParser(context_).parse();
   context_.expectWord("to");
   bounds.last = ExpressionParser(context_).parse();
-  if (context_.tokens().acceptWord("by")) {
+  if (context_.tokens().acceptWord("by"))
     bounds.step = ExpressionParser(context_).parse();
-  }
   return std::make_unique<RepeatRangeStatement>(std::move(variable), std::move(bounds), parseBody());
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/Names.h"
 
 namespace AppleScript {
 

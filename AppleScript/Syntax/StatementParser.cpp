@@ -4,7 +4,6 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Running/Failure.h"
 #include "AppleScript/Statements/Block.h"
 #include "AppleScript/Statements/ErrorStatement.h"
 #include "AppleScript/Statements/ExitRepeatStatement.h"
@@ -19,14 +18,14 @@
 #include "AppleScript/Syntax/ParseScopes.h"
 #include "AppleScript/Syntax/ReferenceParser.h"
 #include "AppleScript/Syntax/RepeatParser.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
 StatementPointer StatementParser::parseScript() {
   StatementPointer script = parseBlock();
-  if (!context_.tokens().atScriptEnd()) {
+  if (!context_.tokens().atScriptEnd())
     context_.failExpecting("expression");
-  }
   return script;
 }
 
@@ -35,9 +34,8 @@ StatementPointer StatementParser::parseBlock() {
   while (true) {
     while (context_.tokens().acceptLineEnd()) {
     }
-    if (context_.tokens().atScriptEnd() || atBlockEnd()) {
+    if (context_.tokens().atScriptEnd() || atBlockEnd())
       return std::make_unique<Block>(std::move(statements));
-    }
     statements.push_back(parseStatement());
     context_.expectLineEnd();
   }
@@ -51,9 +49,8 @@ void StatementParser::expectEnd(std::string_view word) {
 /// One statement, up to the end of its line. Commands of applications come first: they may begin like statements.
 StatementPointer StatementParser::parseStatement() {
   const NestingScope nesting(context_);
-  if (context_.findTerm({TermKind::command})) {
+  if (context_.findTerm({TermKind::command}))
     return parseExpressionStatement();
-  }
   struct Kind {
     std::string_view word;
     StatementPointer (StatementParser::*parse)();
@@ -66,20 +63,17 @@ StatementPointer StatementParser::parseStatement() {
                                                      {"return", &StatementParser::parseReturn},
                                                      {"exit", &StatementParser::parseExit},
                                                      {"error", &StatementParser::parseError}});
-  for (const Kind& kind : kinds) {
-    if (context_.tokens().acceptWord(kind.word)) {
+  for (const Kind& kind : kinds)
+    if (context_.tokens().acceptWord(kind.word))
       return (this->*kind.parse)();
-    }
-  }
   return context_.tokens().acceptWord("repeat") ? RepeatParser(context_).parse() : parseExpressionStatement();
 }
 
 StatementPointer StatementParser::parseTell() {
   ExpressionPointer target = ReferenceParser(context_).parse();
   const TellScope scope(context_, target->addressedApplication());
-  if (context_.tokens().acceptWord("to")) {
+  if (context_.tokens().acceptWord("to"))
     return std::make_unique<TellStatement>(std::move(target), parseStatement());
-  }
   context_.expectLineEnd();
   StatementPointer body = parseBlock();
   expectEnd("tell");
@@ -90,9 +84,8 @@ StatementPointer StatementParser::parseIf() {
   TokenStream& tokens = context_.tokens();
   ExpressionPointer condition = ExpressionParser(context_).parse();
   const bool hasThen = tokens.acceptWord("then");
-  if (!hasThen || tokens.atLineEnd()) {
+  if (!hasThen || tokens.atLineEnd())
     return parseIfBlock(std::move(condition));
-  }
   std::vector<IfStatement::Branch> branches;
   branches.push_back({std::move(condition), parseStatement()});
   StatementPointer otherwise = tokens.acceptWord("else") ? parseStatement() : nullptr;
@@ -107,15 +100,13 @@ StatementPointer StatementParser::parseIfBlock(ExpressionPointer condition) {
   branches.push_back({std::move(condition), parseBlock()});
   while (otherwise == nullptr && tokens.acceptWord("else")) {
     ExpressionPointer next = tokens.acceptWord("if") ? ExpressionParser(context_).parse() : nullptr;
-    if (next != nullptr) {
+    if (next != nullptr)
       tokens.acceptWord("then");
-    }
     context_.expectLineEnd();
-    if (next != nullptr) {
+    if (next != nullptr)
       branches.push_back({std::move(next), parseBlock()});
-    } else {
+    else
       otherwise = parseBlock();
-    }
   }
   expectEnd("if");
   return std::make_unique<IfStatement>(std::move(branches), std::move(otherwise));
@@ -129,12 +120,10 @@ StatementPointer StatementParser::parseTry() {
   if (tokens.acceptWord("on")) {
     context_.expectWord("error");
     KeyParser variables(context_);
-    if (!tokens.atLineEnd() && !tokens.atWord("number")) {
+    if (!tokens.atLineEnd() && !tokens.atWord("number"))
       handler.message = variables.parseVariable();
-    }
-    if (tokens.acceptWord("number")) {
+    if (tokens.acceptWord("number"))
       handler.number = variables.parseVariable();
-    }
     context_.expectLineEnd();
     handler.body = parseBlock();
   }
@@ -182,9 +171,8 @@ ExpressionPointer StatementParser::parseTarget() {
   TokenStream& tokens = context_.tokens();
   const Token& first = tokens.peek();
   ExpressionPointer target = ReferenceParser(context_).parse();
-  if (!target->isAssignable()) {
+  if (!target->isAssignable())
     fail(ErrorNumber::syntaxError, "Can’t set this expression to something.", first.range);
-  }
   return target;
 }
 

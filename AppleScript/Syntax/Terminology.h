@@ -9,8 +9,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "AppleScript/Application.h"
 #include "AppleScript/Syntax/TokenStream.h"
+#include "AppleScript/Values/Application.h"
 #include "AppleScript/Values/Constants.h"
 
 namespace AppleScript {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "AppleScript/ScriptError.h"
+#include "AppleScript/Values/ScriptError.h"
 
 namespace AppleScript {
 

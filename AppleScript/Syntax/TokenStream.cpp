@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/Names.h"
 
 namespace AppleScript {
 
@@ -55,9 +55,8 @@ std::size_t TokenStream::matchPhrase(std::string_view phrase, std::size_t ahead)
   std::size_t count = 0;
   while (!phrase.empty()) {
     const std::string_view word = phrase.substr(0, phrase.find(' '));
-    if (!atWord(word, ahead + count) && !atSymbol(word, ahead + count)) {
+    if (!atWord(word, ahead + count) && !atSymbol(word, ahead + count))
       return 0;
-    }
     phrase.remove_prefix(std::min(phrase.size(), word.size() + 1));
     ++count;
   }

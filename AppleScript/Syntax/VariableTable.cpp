@@ -1,6 +1,6 @@
 #include "AppleScript/Syntax/VariableTable.h"
 
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/Names.h"
 
 namespace AppleScript {
 

@@ -1,7 +1,7 @@
 #include "AppleScript/Values/BuiltInClasses.h"
 
+#include "AppleScript/Text/Names.h"
 #include "AppleScript/Values/Dereference.h"
-#include "AppleScript/Values/Names.h"
 
 namespace AppleScript {
 
@@ -37,12 +37,10 @@ const ClassDescription& classOf(const Value& value) {
 
 bool isOfClass(const Value& value, const ClassDescription& description) {
   const ClassDescription& own = classOf(value);
-  if (&description == &BuiltInClasses::item) {
+  if (&description == &BuiltInClasses::item)
     return true;
-  }
-  if (&description == &BuiltInClasses::number) {
+  if (&description == &BuiltInClasses::number)
     return &own == &BuiltInClasses::integer || &own == &BuiltInClasses::real;
-  }
   return sameName(own.name, description.name);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "AppleScript/Dictionary.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

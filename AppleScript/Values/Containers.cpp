@@ -19,9 +19,8 @@ void moveContainers(std::vector<Value>& from, std::vector<Value>& to) {
 
 void dispose(std::vector<Value>& values) {
   thread_local std::vector<Value>* pending = nullptr;
-  if (std::none_of(values.begin(), values.end(), holdsValues)) {
+  if (std::none_of(values.begin(), values.end(), holdsValues))
     return;
-  }
   if (pending != nullptr) {
     moveContainers(values, *pending);
     return;

@@ -3,9 +3,9 @@
 #include <variant>
 #include <vector>
 
-#include "AppleScript/Object.h"
-#include "AppleScript/Record.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Object.h"
+#include "AppleScript/Values/Record.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

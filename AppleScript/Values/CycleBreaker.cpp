@@ -12,9 +12,8 @@ template <typename Container>
 void note(std::vector<std::weak_ptr<Container>>& noted, const std::shared_ptr<Container>& container,
           const Value& value) {
   const bool holdsValues = value.is<List>() || value.is<Record>() || value.is<ItemReference>();
-  if (!holdsValues || std::exchange(container->mayHoldItself, true)) {
+  if (!holdsValues || std::exchange(container->mayHoldItself, true))
     return;
-  }
   if (noted.size() == noted.capacity()) {
     std::erase_if(noted, [](const auto& one) { return one.expired(); });
     noted.reserve(2 * noted.size() + 8);
@@ -24,11 +23,9 @@ void note(std::vector<std::weak_ptr<Container>>& noted, const std::shared_ptr<Co
 
 template <typename Container>
 void empty(const std::vector<std::weak_ptr<Container>>& noted) {
-  for (const auto& one : noted) {
-    if (const auto container = one.lock()) {
+  for (const auto& one : noted)
+    if (const auto container = one.lock())
       const auto values = std::exchange(container->values, {});
-    }
-  }
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

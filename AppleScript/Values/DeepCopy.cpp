@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Running/Failure.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
@@ -24,40 +24,33 @@ class Copier {
 };
 
 Value Copier::copy(const Value& value) {
-  if (const auto* list = value.getIf<List>()) {
+  if (const auto* list = value.getIf<List>())
     return copyItems(*list);
-  }
-  if (const auto* record = value.getIf<Record>()) {
+  if (const auto* record = value.getIf<Record>())
     return copyFields(*record);
-  }
-  if (const auto* reference = value.getIf<ItemReference>()) {
+  if (const auto* reference = value.getIf<ItemReference>())
     return ItemReference{*copyItems(reference->list).getIf<List>(), reference->index};
-  }
   return value;
 }
 
 Value Copier::copyItems(const List& list) {
-  if (const auto known = copies_.find(list.identity()); known != copies_.end()) {
+  if (const auto known = copies_.find(list.identity()); known != copies_.end())
     return known->second;
-  }
   const Descent descent(depth_);
   std::vector<Value> items;
   items.reserve(list.size());
-  for (const Value& item : list.items()) {
+  for (const Value& item : list.items())
     items.push_back(copy(item));
-  }
   return copies_[list.identity()] = List(std::move(items));
 }
 
 Value Copier::copyFields(const Record& record) {
-  if (const auto known = copies_.find(record.identity()); known != copies_.end()) {
+  if (const auto known = copies_.find(record.identity()); known != copies_.end())
     return known->second;
-  }
   const Descent descent(depth_);
   std::vector<Value> values;
-  for (std::size_t i = 0; i < record.size(); ++i) {
+  for (std::size_t i = 0; i < record.size(); ++i)
     values.push_back(copy(record.value(i)));
-  }
   return copies_[record.identity()] = Record(record.labels(), std::move(values));
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

@@ -1,17 +1,16 @@
 #include "AppleScript/Values/Dereference.h"
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Running/Limits.h"
-#include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/Limits.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 
 namespace {
 
 const Value& itemOf(const ItemReference& reference) {
-  if (reference.index >= reference.list.size()) {
+  if (reference.index >= reference.list.size())
     failToGet("item " + std::to_string(reference.index + 1) + " of " + shortSourceForm(reference.list));
-  }
   return reference.list.at(reference.index);
 }
 
@@ -20,9 +19,8 @@ const Value& itemOf(const ItemReference& reference) {
 const Value& dereferenced(const Value& value) {
   const Value* current = &value;
   for (std::size_t depth = 0; const auto* reference = current->getIf<ItemReference>(); ++depth) {
-    if (depth == maximumNesting) {
+    if (depth == maximumNesting)
       failOfDepth();
-    }
     current = &itemOf(*reference);
   }
   return *current;

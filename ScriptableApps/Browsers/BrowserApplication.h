@@ -8,7 +8,7 @@
 
 #include <sys/types.h>
 
-#include "AppleScript/Application.h"
+#include "AppleScript/Values/Application.h"
 #include "BrowserSessions/BrowserSession.h"
 #include "ScriptableApps/Browsers/BrowserObjects.h"
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "AppleScript/Dictionary.h"
-#include "AppleScript/Object.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Object.h"
+#include "AppleScript/Values/Value.h"
 #include "BrowserSessions/BrowserSession.h"
 
 namespace ScriptableApps {

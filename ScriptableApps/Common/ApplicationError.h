@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "AppleScript/ScriptError.h"
+#include "AppleScript/Values/ScriptError.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 
 namespace ScriptableApps {

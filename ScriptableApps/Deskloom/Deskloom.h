@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "AppleScript/Application.h"
+#include "AppleScript/Values/Application.h"
 #include "ScriptableApps/Deskloom/DeskloomHost.h"
 
 namespace ScriptableApps {

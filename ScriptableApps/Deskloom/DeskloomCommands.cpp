@@ -3,8 +3,8 @@
 #include <array>
 #include <initializer_list>
 
-#include "AppleScript/Arguments.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Arguments.h"
+#include "AppleScript/Values/Value.h"
 #include "ScriptableApps/Deskloom/Deskloom.h"
 
 namespace ScriptableApps {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AppleScript/Dictionary.h"
+#include "AppleScript/Values/Dictionary.h"
 
 namespace ScriptableApps {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "AppleScript/ScriptError.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/ScriptError.h"
+#include "AppleScript/Values/Value.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/GLibHandles.h"
 

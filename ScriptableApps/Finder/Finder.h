@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "AppleScript/Application.h"
+#include "AppleScript/Values/Application.h"
 
 namespace ScriptableApps {
 

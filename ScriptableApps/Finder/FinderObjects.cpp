@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 
 namespace ScriptableApps {
 

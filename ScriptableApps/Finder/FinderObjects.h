@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Dictionary.h"
-#include "AppleScript/Object.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Object.h"
 #include "ScriptableApps/Finder/OpenFolder.h"
 
 namespace ScriptableApps {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "AppleScript/Application.h"
+#include "AppleScript/Values/Application.h"
 
 namespace ScriptableApps {
 

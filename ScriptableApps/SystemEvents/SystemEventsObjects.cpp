@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 
 namespace ScriptableApps {
 

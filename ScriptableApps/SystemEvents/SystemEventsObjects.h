@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "AppleScript/Dictionary.h"
-#include "AppleScript/Object.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Object.h"
 #include "ScriptableApps/SystemEvents/RunningApplications.h"
 
 namespace ScriptableApps {

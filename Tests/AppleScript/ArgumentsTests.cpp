@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Arguments.h"
+#include "AppleScript/Values/Arguments.h"
 
 namespace AppleScript {
 namespace {

@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "AppleScript/Arguments.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Arguments.h"
+#include "AppleScript/Values/Value.h"
 #include "ScriptableApps/Deskloom/Deskloom.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeDeskloomHost.h"

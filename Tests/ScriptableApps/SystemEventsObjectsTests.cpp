@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 #include "ScriptableApps/SystemEvents/SystemEventsObjects.h"
 
 namespace {

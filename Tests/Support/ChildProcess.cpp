@@ -22,12 +22,11 @@ namespace TestSupport {
 namespace {
 
 void applyEnvironment(const std::map<std::string, std::string>& environment) {
-  for (const auto& [name, value] : environment) {
+  for (const auto& [name, value] : environment)
     if (value.empty())
       unsetenv(name.c_str());
     else
       setenv(name.c_str(), value.c_str(), /*overwrite=*/1);
-  }
 }
 
 [[noreturn]] void become(const std::vector<std::string>& arguments, const ChildProcess::Options& options, int output) {

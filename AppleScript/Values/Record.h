@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "AppleScript/Values/Object.h"
+
+namespace AppleScript {
+
+class Value;
+struct RecordFields;
+
+/// The labels of a record, in order; shared by all records that the same piece of script makes.
+using RecordLabels = std::shared_ptr<const std::vector<std::string>>;
+
+/// A record: labelled values. Labels are compared without regard to case. Copies share their fields, as variables that
+/// were set to the same record do in a script.
+class Record {
+ public:
+  /// A new record of these fields; there must be as many values as labels.
+  Record(RecordLabels labels, std::vector<Value> values);
+  /// All properties of an application's object. A property is asked for when it is first needed; one that fails is left
+  /// out.
+  explicit Record(ObjectPointer object);
+
+  [[nodiscard]] std::size_t size() const;
+  /// The label and the value of the field at `index`, counted from 0 and below `size()`.
+  [[nodiscard]] std::string_view label(std::size_t index) const;
+  [[nodiscard]] const Value& value(std::size_t index) const;
+
+  [[nodiscard]] const RecordLabels& labels() const;
+
+  /// The value of the field `label`; none where there is no such field.
+  [[nodiscard]] std::optional<Value> find(std::string_view label) const;
+  /// Puts `value` into the field `label`; false, and nothing changed, where there is no such field.
+  bool set(std::string_view label, Value value);
+
+  [[nodiscard]] bool isSameAs(const Record& other) const { return fields_ == other.fields_; }
+  /// Equal for copies that share their fields, and for no others that live at the same time.
+  [[nodiscard]] const void* identity() const { return fields_.get(); }
+
+ private:
+  friend class CycleBreaker;
+  std::shared_ptr<RecordFields> fields_;
+};
+
+}  // namespace AppleScript
