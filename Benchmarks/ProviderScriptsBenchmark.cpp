@@ -9,7 +9,6 @@
 
 #include "AppleScript/Script.h"
 #include "AppleScript/Values/Application.h"
-#include "AppleScript/Values/File.h"
 #include "AppleScript/Values/Value.h"
 #include "Gleanery/ChromeResourceProvider.h"
 #include "Gleanery/FinderResourceProvider.h"

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "AppleScript/Values/Dictionary.h"
-#include "AppleScript/Values/Object.h"
 #include "ScriptableApps/OpenFolder.h"
 
 namespace ScriptableApps {

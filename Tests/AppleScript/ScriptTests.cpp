@@ -70,8 +70,9 @@ TEST_P(Scripts, YieldWhatTheySay) {
     EXPECT_EQ(std::to_string(range.start) + " " + std::to_string(range.length), place);
   }
   const std::string application = expectation(source, "--app");
-  if (!result && !application.empty())
+  if (!result && !application.empty()) {
     EXPECT_EQ(result.error().applicationName, application);
+  }
 }
 
 std::string testName(const testing::TestParamInfo<fs::path>& info) {
