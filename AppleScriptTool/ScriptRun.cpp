@@ -4,7 +4,7 @@
 
 #include "AppleScript/Script.h"
 #include "AppleScript/Values/SourceForm.h"
-#include "Platform/UTF8.h"
+#include "Platform/Text/UTF8.h"
 #include "ScriptableApps/ScriptableApplications.h"
 
 namespace AppleScriptTool {

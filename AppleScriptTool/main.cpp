@@ -12,8 +12,8 @@
 
 #include "AppleScriptTool/Options.h"
 #include "AppleScriptTool/ScriptRun.h"
-#include "DesktopSupport/DisplayableText.h"
-#include "DesktopSupport/FileContents.h"
+#include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/FileContents.h"
 
 namespace {
 

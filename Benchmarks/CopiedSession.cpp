@@ -6,7 +6,7 @@
 
 #include <glib.h>
 
-#include "BrowserSessions/SessionLog.h"
+#include "BrowserSessions/Chromium/SessionLog.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 
 namespace Benchmarks {

@@ -10,7 +10,7 @@
 
 #include "Benchmarks/CopiedSession.h"
 #include "Benchmarks/PageHistory.h"
-#include "BrowserSessions/SessionFiles.h"
+#include "BrowserSessions/Chromium/SessionFiles.h"
 
 namespace {
 

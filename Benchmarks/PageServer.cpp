@@ -12,7 +12,7 @@
 
 #include <gio/gio.h>
 
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace {
 

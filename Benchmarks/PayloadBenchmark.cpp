@@ -5,10 +5,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include "DeskloomSDK/Command.h"
-#include "Gleanery/ChromeResourceProvider.h"
-#include "Gleanery/OpenAppsResourceProvider.h"
-#include "Gleanery/ResourceFilter.h"
+#include "DeskloomSDK/Resources/Command.h"
+#include "Gleanery/Providers/ChromeResourceProvider.h"
+#include "Gleanery/Providers/OpenAppsResourceProvider.h"
+#include "Gleanery/Providers/ResourceFilter.h"
 #include "Platform/Fake/FakeServices.h"
 
 namespace {

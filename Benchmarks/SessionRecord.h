@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "BrowserSessions/SessionLog.h"
+#include "BrowserSessions/Chromium/SessionLog.h"
 
 namespace Benchmarks {
 

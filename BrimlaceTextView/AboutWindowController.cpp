@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "Platform/PercentEncoding.h"
 #include "Platform/Services.h"
+#include "Platform/Text/PercentEncoding.h"
 
 namespace BrimlaceTextView {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "Platform/URL.h"
+#include "Platform/Text/URL.h"
 #include "Platform/WindowController.h"
 
 namespace BrimlaceTextView {

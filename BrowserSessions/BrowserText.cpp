@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "BrowserSessions/LittleEndian.h"
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace BrowserSessions {
 

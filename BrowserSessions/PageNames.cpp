@@ -4,8 +4,8 @@
 #include <optional>
 #include <unordered_map>
 
-#include "DesktopSupport/DisplayableText.h"
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace BrowserSessions {
 

@@ -1,6 +1,6 @@
 #include "DeskloomSDK/DeskloomPlugin.h"
 
-#include "DeskloomSDK/DeskloomAPI.h"
+#include "DeskloomSDK/Host/DeskloomAPI.h"
 #include "DeskloomSDK/InstallPluginController.h"
 #include "Platform/Services.h"
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "Platform/URL.h"
+#include "Platform/Text/URL.h"
 
 namespace DeskloomSDK {
 

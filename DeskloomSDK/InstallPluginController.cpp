@@ -1,6 +1,6 @@
 #include "DeskloomSDK/InstallPluginController.h"
 
-#include "DeskloomSDK/AppleScriptRunner.h"
+#include "DeskloomSDK/Host/AppleScriptRunner.h"
 #include "Platform/Services.h"
 
 namespace DeskloomSDK {

@@ -2,7 +2,7 @@
 
 #include "DeskloomSDK/DeskloomPluginURL.h"
 #include "Platform/FatalError.h"
-#include "Platform/URL.h"
+#include "Platform/Text/URL.h"
 
 namespace DeskloomSDK {
 

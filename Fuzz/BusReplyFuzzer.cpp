@@ -5,13 +5,13 @@
 #include <string>
 
 #include "AppleScript/Values/Value.h"
-#include "DesktopSupport/DisplayableText.h"
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/System/DisplayableText.h"
 #include "Fuzz/Target.h"
-#include "ScriptableApps/DeskloomHost.h"
-#include "ScriptableApps/MountedPlaces.h"
-#include "ScriptableApps/OpenFolder.h"
-#include "ScriptableApps/ShownWindows.h"
+#include "ScriptableApps/Deskloom/DeskloomHost.h"
+#include "ScriptableApps/Finder/MountedPlaces.h"
+#include "ScriptableApps/Finder/OpenFolder.h"
+#include "ScriptableApps/Finder/ShownWindows.h"
 
 namespace {
 

@@ -2,11 +2,11 @@
 #include <cstdlib>
 #include <string>
 
-#include "DesktopSupport/ApplicationFolders.h"
-#include "DesktopSupport/CommandLine.h"
-#include "DesktopSupport/DesktopEntries.h"
-#include "DesktopSupport/DisplayableText.h"
-#include "DesktopSupport/SchemeHandler.h"
+#include "DesktopSupport/DesktopEntries/ApplicationFolders.h"
+#include "DesktopSupport/DesktopEntries/DesktopEntries.h"
+#include "DesktopSupport/DesktopEntries/SchemeHandler.h"
+#include "DesktopSupport/System/CommandLine.h"
+#include "DesktopSupport/System/DisplayableText.h"
 #include "Fuzz/Target.h"
 #include "Tests/Support/TemporaryFolder.h"
 

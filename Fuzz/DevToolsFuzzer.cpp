@@ -2,8 +2,8 @@
 #include <string>
 
 #include "BrimlaceTextView/Lines.h"
-#include "BrowserSessions/DevToolsSession.h"
-#include "BrowserSessions/HTTPAnswer.h"
+#include "BrowserSessions/Chromium/DevTools/DevToolsSession.h"
+#include "BrowserSessions/Chromium/DevTools/HTTPAnswer.h"
 #include "BrowserSessions/LoggedSession.h"
 #include "Fuzz/SoundSession.h"
 #include "Fuzz/Target.h"

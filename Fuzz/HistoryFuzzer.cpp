@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <string>
 
-#include "BrowserSessions/TitleHistory.h"
-#include "DesktopSupport/FileContents.h"
+#include "BrowserSessions/Chromium/TitleHistory.h"
+#include "DesktopSupport/System/FileContents.h"
 #include "Fuzz/Target.h"
 #include "Tests/Support/TemporaryFolder.h"
 

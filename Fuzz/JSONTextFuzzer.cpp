@@ -4,11 +4,11 @@
 #include <vector>
 
 #include "AppleScript/Script.h"
-#include "DeskloomSDK/DeskloomAPI.h"
-#include "DeskloomSDK/JSONText.h"
-#include "DeskloomSDK/Resource.h"
+#include "DeskloomSDK/Host/DeskloomAPI.h"
+#include "DeskloomSDK/JSON/JSONText.h"
+#include "DeskloomSDK/Resources/Resource.h"
 #include "Fuzz/Target.h"
-#include "Platform/UTF8.h"
+#include "Platform/Text/UTF8.h"
 
 namespace {
 

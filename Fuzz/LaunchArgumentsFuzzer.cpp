@@ -2,16 +2,16 @@
 #include <string>
 #include <vector>
 
-#include "DesktopSupport/ApplicationBus.h"
+#include "DesktopSupport/Bus/ApplicationBus.h"
 #include "Fuzz/Target.h"
-#include "Platform/Linux/LaunchArguments.h"
-#include "Platform/UTF8.h"
+#include "Linux/Launching/LaunchArguments.h"
+#include "Platform/Text/UTF8.h"
 
 namespace {
 
 using Arguments = std::vector<std::string>;
 using Fuzz::require;
-using Platform::Linux::LaunchArguments;
+using Linux::LaunchArguments;
 
 Arguments argumentsOf(std::string_view input) {
   Arguments arguments;

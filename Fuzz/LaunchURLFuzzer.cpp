@@ -6,13 +6,13 @@
 
 #include "BrimlaceTextView/Lines.h"
 #include "DeskloomSDK/DeskloomPlugin.h"
-#include "DeskloomSDK/Resource.h"
+#include "DeskloomSDK/Resources/Resource.h"
 #include "Fuzz/Target.h"
 #include "Gleanery/RunCommandActionController.h"
 #include "Platform/Fake/FakeServices.h"
-#include "Platform/PercentEncoding.h"
-#include "Platform/URL.h"
-#include "Platform/UTF8.h"
+#include "Platform/Text/PercentEncoding.h"
+#include "Platform/Text/URL.h"
+#include "Platform/Text/UTF8.h"
 
 namespace {
 

@@ -5,9 +5,9 @@
 
 #include "BrimlaceTextView/Lines.h"
 #include "BrowserSessions/PageNames.h"
-#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/System/DisplayableText.h"
 #include "Fuzz/Target.h"
-#include "Platform/UTF8.h"
+#include "Platform/Text/UTF8.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include <cstdint>
 #include <set>
 
-#include "BrowserSessions/ChromiumSession.h"
-#include "BrowserSessions/SessionLog.h"
+#include "BrowserSessions/Chromium/ChromiumSession.h"
+#include "BrowserSessions/Chromium/SessionLog.h"
 #include "Fuzz/SoundSession.h"
 #include "Fuzz/Target.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "Platform/FatalError.h"
-#include "Platform/UTF8.h"
+#include "Platform/Text/UTF8.h"
 
 namespace Fuzz {
 

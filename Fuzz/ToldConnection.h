@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "BrowserSessions/LocalConnection.h"
+#include "BrowserSessions/Chromium/DevTools/LocalConnection.h"
 
 namespace Fuzz {
 

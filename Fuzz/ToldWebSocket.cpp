@@ -1,6 +1,6 @@
 #include "Fuzz/ToldWebSocket.h"
 
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 #include "Tests/BrowserSessions/FakeWebSocket.h"
 
 namespace Fuzz {

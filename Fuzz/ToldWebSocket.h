@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "BrowserSessions/WebSocket.h"
+#include "BrowserSessions/Chromium/DevTools/WebSocket.h"
 #include "Fuzz/ToldConnection.h"
 
 namespace Fuzz {

@@ -1,4 +1,4 @@
-#include "BrowserSessions/WebState.h"
+#include "BrowserSessions/GNOMEWeb/WebState.h"
 #include "Fuzz/SoundSession.h"
 #include "Fuzz/Target.h"
 

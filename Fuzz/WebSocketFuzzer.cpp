@@ -1,7 +1,7 @@
 #include <cstdint>
 #include <string>
 
-#include "BrowserSessions/WebSocket.h"
+#include "BrowserSessions/Chromium/DevTools/WebSocket.h"
 #include "Fuzz/Target.h"
 #include "Fuzz/ToldConnection.h"
 #include "Fuzz/ToldWebSocket.h"

@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "DesktopSupport/DesktopEntries.h"
-#include "DesktopSupport/DisplayableText.h"
-#include "DesktopSupport/ProcessInfo.h"
-#include "DesktopSupport/WindowMatcher.h"
-#include "DesktopSupport/WindowProcess.h"
-#include "DesktopSupport/X11Property.h"
+#include "DesktopSupport/DesktopEntries/DesktopEntries.h"
+#include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/ProcessInfo.h"
+#include "DesktopSupport/Windows/WindowMatcher.h"
+#include "DesktopSupport/Windows/WindowProcess.h"
+#include "DesktopSupport/Windows/X11/X11Property.h"
 #include "Fuzz/Target.h"
 #include "Tests/Support/TemporaryFolder.h"
 

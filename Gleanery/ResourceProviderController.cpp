@@ -1,9 +1,9 @@
 #include "Gleanery/ResourceProviderController.h"
 
-#include "Gleanery/ChromeResourceProvider.h"
-#include "Gleanery/FinderResourceProvider.h"
-#include "Gleanery/OpenAppsResourceProvider.h"
-#include "Gleanery/SafariResourceProvider.h"
+#include "Gleanery/Providers/ChromeResourceProvider.h"
+#include "Gleanery/Providers/FinderResourceProvider.h"
+#include "Gleanery/Providers/OpenAppsResourceProvider.h"
+#include "Gleanery/Providers/SafariResourceProvider.h"
 
 namespace Gleanery {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Gleanery/ResourceProvider.h"
+#include "Gleanery/Providers/ResourceProvider.h"
 
 namespace Gleanery {
 

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "DeskloomSDK/Command.h"
-#include "Gleanery/ResourceFilter.h"
+#include "DeskloomSDK/Resources/Command.h"
+#include "Gleanery/Providers/ResourceFilter.h"
 #include "Gleanery/ResourceProviderController.h"
 #include "Platform/Services.h"
 

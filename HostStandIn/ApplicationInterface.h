@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
 #include "HostStandIn/ExportedInterface.h"
 
 namespace HostStandIn {

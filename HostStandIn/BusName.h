@@ -3,8 +3,8 @@
 #include <expected>
 #include <string>
 
-#include "DesktopSupport/GLibHandles.h"
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace HostStandIn {
 

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <utility>
 
-#include "DesktopSupport/GLibHandles.h"
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace HostStandIn {
 

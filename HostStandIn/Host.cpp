@@ -4,7 +4,7 @@
 #include <limits>
 #include <utility>
 
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
 
 namespace HostStandIn {
 

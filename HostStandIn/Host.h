@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 #include "HostStandIn/ApplicationInterface.h"
 #include "HostStandIn/BusName.h"
 #include "HostStandIn/Options.h"

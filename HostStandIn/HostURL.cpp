@@ -1,6 +1,6 @@
 #include "HostStandIn/HostURL.h"
 
-#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/System/DisplayableText.h"
 
 namespace HostStandIn {
 

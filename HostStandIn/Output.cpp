@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/System/DisplayableText.h"
 #include "HostStandIn/ResourceTable.h"
 
 namespace HostStandIn {

@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <vector>
 
-#include "DeskloomSDK/Resource.h"
-#include "DesktopSupport/DisplayableText.h"
-#include "Platform/PercentEncoding.h"
+#include "DeskloomSDK/Resources/Resource.h"
+#include "DesktopSupport/System/DisplayableText.h"
+#include "Platform/Text/PercentEncoding.h"
 
 namespace HostStandIn {
 

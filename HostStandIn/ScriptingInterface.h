@@ -5,7 +5,7 @@
 #include <memory>
 #include <utility>
 
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
 #include "HostStandIn/ExportedInterface.h"
 #include "HostStandIn/ScriptingCommands.h"
 

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/System/DisplayableText.h"
 #include "HostStandIn/Host.h"
 #include "HostStandIn/Options.h"
 

@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-#include "Platform/URL.h"
+#include "Platform/Text/URL.h"
 
 namespace Platform {
 

@@ -2,12 +2,12 @@
 
 #include <array>
 
-#include "DesktopSupport/DisplayableText.h"
-#include "ScriptableApps/Deskloom.h"
-#include "ScriptableApps/Finder.h"
-#include "ScriptableApps/GoogleChrome.h"
-#include "ScriptableApps/Safari.h"
-#include "ScriptableApps/SystemEvents.h"
+#include "DesktopSupport/System/DisplayableText.h"
+#include "ScriptableApps/Browsers/GoogleChrome.h"
+#include "ScriptableApps/Browsers/Safari.h"
+#include "ScriptableApps/Deskloom/Deskloom.h"
+#include "ScriptableApps/Finder/Finder.h"
+#include "ScriptableApps/SystemEvents/SystemEvents.h"
 
 namespace ScriptableApps {
 

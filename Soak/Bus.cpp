@@ -4,7 +4,7 @@
 
 #include <gio/gio.h>
 
-#include "DesktopSupport/ApplicationBus.h"
+#include "DesktopSupport/Bus/ApplicationBus.h"
 
 namespace Soak {
 

@@ -6,8 +6,8 @@
 
 #include <sys/types.h>
 
-#include "DesktopSupport/GLibHandles.h"
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace Soak {
 

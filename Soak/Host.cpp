@@ -13,8 +13,8 @@
 #include <glib-unix.h>
 #include <unistd.h>
 
-#include "DesktopSupport/FileDescriptor.h"
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 #include "HostStandIn/ApplicationInterface.h"
 #include "HostStandIn/BusName.h"
 #include "HostStandIn/ScriptingCommands.h"

@@ -2,7 +2,7 @@
 #include <fstream>
 #include <iomanip>
 
-#include "DesktopSupport/ApplicationBus.h"
+#include "DesktopSupport/Bus/ApplicationBus.h"
 #include "Soak/Host.h"
 #include "Soak/Process.h"
 #include "Soak/Scenarios.h"

@@ -8,7 +8,7 @@
 
 #include <sys/types.h>
 
-#include "DesktopSupport/FileDescriptor.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 
 namespace Soak {
 

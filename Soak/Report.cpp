@@ -6,7 +6,7 @@
 #include <iomanip>
 #include <map>
 
-#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/System/DisplayableText.h"
 #include "Soak/Process.h"
 
 namespace Soak {

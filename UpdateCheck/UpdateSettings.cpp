@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <system_error>
 
-#include "DesktopSupport/DisplayableText.h"
-#include "DesktopSupport/KeyFileGroup.h"
-#include "Platform/UTF8.h"
+#include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/KeyFileGroup.h"
+#include "Platform/Text/UTF8.h"
 
 namespace UpdateCheck {
 
@@ -24,7 +24,7 @@ bool isLetterOrDigit(char character) {
          (character >= '0' && character <= '9');
 }
 
-/// The identifier becomes part of a file's name.
+/// Whether the text can be part of a file's name.
 bool isIdentifier(std::string_view text) {
   const auto isAllowed = [](char character) {
     return isLetterOrDigit(character) || std::string_view(".-_").contains(character);
@@ -39,13 +39,6 @@ bool hasScheme(const URL& url, std::string_view scheme) {
 std::optional<std::string> nonEmptyText(const KeyFileGroup& group, std::string_view key) {
   auto text = group.text(key);
   return text && !text->empty() ? text : std::nullopt;
-}
-
-std::expected<bool, std::string> wantsChecks(const KeyFileGroup& updates) {
-  const auto text = updates.text("AutomaticChecks");
-  if (text && text != "true" && text != "false")
-    return std::unexpected("AutomaticChecks is neither true nor false");
-  return text != "false";
 }
 
 std::expected<std::chrono::seconds, std::string> parseInterval(const KeyFileGroup& updates, const URL& feed) {
@@ -71,19 +64,13 @@ std::expected<URL, std::string> parseFeed(const std::string& text) {
 }  // namespace
 
 std::expected<std::optional<UpdateSettings>, std::string> UpdateSettings::parse(std::string_view information) {
-  // A key that cannot be read would be taken for one that isn't there.
+  // Otherwise a key whose value is not UTF-8 would count as missing.
   if (!Platform::stringFromUTF8(std::string(information)))
     return std::unexpected("Info.ini is not UTF-8");
   const auto updates = KeyFileGroup::parse(information, "Updates");
   const auto feedText = updates ? nonEmptyText(*updates, "FeedURL") : std::nullopt;
   if (!feedText)
     return std::nullopt;
-  const auto isWanted = wantsChecks(*updates);
-  if (!isWanted)
-    return std::unexpected(isWanted.error());
-  if (!*isWanted)
-    return std::nullopt;
-
   const auto feed = parseFeed(*feedText);
   if (!feed)
     return std::unexpected(feed.error());
@@ -103,10 +90,6 @@ std::expected<std::optional<UpdateSettings>, std::string> UpdateSettings::parse(
                         .feed = *feed,
                         .interval = *interval,
                         .publicKey = updates->text("PublicKey")};
-}
-
-bool UpdateSettings::permits(const URL& url) const {
-  return hasScheme(url, "https") || (hasScheme(url, "file") && hasScheme(feed, "file"));
 }
 
 std::string UpdateSettings::userAgent() const {

@@ -8,7 +8,7 @@ endif()
 # Makes the static library NAME from all sources of the current folder and of those of its folders that FOLDERS names. USES
 # names the project's own layers that it may include, LIBRARIES the outside ones; both belong to the layer's interface. Of an
 # installed layer's interface, what pkg-config finds is linked and not included; there it is called PkgConfig::Deskloom_NAME.
-# Includes are written from the top of the tree ("Platform/URL.h"), and script/check-layers holds every include against these
+# Includes are written from the top of the tree ("Platform/Text/URL.h"), and script/check-layers holds every include against these
 # lists.
 function(deskloom_layer name)
   cmake_parse_arguments(LAYER "" "" "FOLDERS;USES;LIBRARIES" ${ARGN})

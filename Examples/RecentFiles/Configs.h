@@ -5,8 +5,8 @@
 #include <string>
 
 #include "ActionConfig.h"
-#include "DeskloomSDK/GlobalConfigProvider.h"
-#include "DeskloomSDK/LocalConfigProvider.h"
+#include "DeskloomSDK/Configuration/GlobalConfigProvider.h"
+#include "DeskloomSDK/Configuration/LocalConfigProvider.h"
 #include "PluginConfig.h"
 
 namespace RecentFiles {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "FileKind.h"
-#include "Platform/UTF8.h"
+#include "Platform/Text/UTF8.h"
 
 namespace RecentFiles {
 

@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <optional>
 
-#include "DeskloomSDK/Resource.h"
-#include "Platform/URL.h"
+#include "DeskloomSDK/Resources/Resource.h"
+#include "Platform/Text/URL.h"
 #include "RecentDocument.h"
 
 namespace RecentFiles {

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "ActionConfig.h"
-#include "DeskloomSDK/Resource.h"
+#include "DeskloomSDK/Resources/Resource.h"
 #include "PluginConfig.h"
 #include "RecentDocument.h"
 

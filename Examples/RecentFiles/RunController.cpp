@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "DeskloomSDK/Command.h"
+#include "DeskloomSDK/Resources/Command.h"
 #include "DocumentSelection.h"
 #include "Platform/Services.h"
 #include "RecentDocuments.h"

@@ -8,8 +8,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "BrowserSessions/BrowserRun.h"
-#include "BrowserSessions/ChromiumProfile.h"
+#include "BrowserSessions/Chromium/BrowserRun.h"
+#include "BrowserSessions/Chromium/ChromiumProfile.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 #include "Tests/Support/TemporaryFolder.h"
 

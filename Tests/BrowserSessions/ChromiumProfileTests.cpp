@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "BrowserSessions/ChromiumProfile.h"
+#include "BrowserSessions/Chromium/ChromiumProfile.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 #include "Tests/Support/TemporaryFolder.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/ChromiumSession.h"
+#include "BrowserSessions/Chromium/ChromiumSession.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <unistd.h>
 
-#include "BrowserSessions/ChromiumUserData.h"
+#include "BrowserSessions/Chromium/ChromiumUserData.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 #include "Tests/BrowserSessions/FakeDevTools.h"
 #include "Tests/BrowserSessions/OtherProcess.h"

@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/ChromiumSession.h"
-#include "DesktopSupport/GLibHandles.h"
+#include "BrowserSessions/Chromium/ChromiumSession.h"
+#include "DesktopSupport/System/GLibHandles.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 
 namespace BrowserSessions {

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "BrowserSessions/DevToolsPort.h"
-#include "DesktopSupport/FileDescriptor.h"
+#include "BrowserSessions/Chromium/DevTools/DevToolsPort.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 #include "Tests/BrowserSessions/FakeDevTools.h"
 #include "Tests/BrowserSessions/OtherProcess.h"
 

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "BrowserSessions/DevToolsSession.h"
+#include "BrowserSessions/Chromium/DevTools/DevToolsSession.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 #include "Tests/BrowserSessions/FakeDevTools.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 #include "Tests/BrowserSessions/FakeServer.h"
 
 namespace BrowserSessions {

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "BrowserSessions/FirefoxSession.h"
+#include "BrowserSessions/Firefox/FirefoxSession.h"
 #include "Tests/BrowserSessions/MozillaLZ4File.h"
 #include "Tests/Support/TemporaryFolder.h"
 

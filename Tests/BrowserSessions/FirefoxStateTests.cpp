@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/FirefoxState.h"
+#include "BrowserSessions/Firefox/FirefoxState.h"
 #include "BrowserSessions/LongAddresses.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 

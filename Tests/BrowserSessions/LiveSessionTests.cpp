@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/LiveSession.h"
+#include "BrowserSessions/Chromium/DevTools/LiveSession.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 
 namespace BrowserSessions {

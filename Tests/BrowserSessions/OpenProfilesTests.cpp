@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/OpenProfiles.h"
+#include "BrowserSessions/Chromium/OpenProfiles.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 namespace BrowserSessions {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/PickleReader.h"
+#include "BrowserSessions/Chromium/PickleReader.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 
 namespace BrowserSessions {

@@ -3,8 +3,8 @@
 
 #include <gmock/gmock.h>
 
-#include "BrowserSessions/PortListener.h"
-#include "DesktopSupport/FileDescriptor.h"
+#include "BrowserSessions/Chromium/DevTools/PortListener.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 #include "Tests/BrowserSessions/FakeServer.h"
 #include "Tests/BrowserSessions/OtherProcess.h"
 

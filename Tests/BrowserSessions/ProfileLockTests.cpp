@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "BrowserSessions/ProfileLock.h"
+#include "BrowserSessions/Firefox/ProfileLock.h"
 #include "Tests/BrowserSessions/LockedProfile.h"
 #include "Tests/Support/TemporaryFolder.h"
 

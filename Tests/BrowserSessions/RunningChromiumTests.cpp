@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/ChromiumBrowser.h"
-#include "BrowserSessions/RunningChromium.h"
+#include "BrowserSessions/Chromium/ChromiumBrowser.h"
+#include "BrowserSessions/Chromium/RunningChromium.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
 

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/RunningFirefox.h"
+#include "BrowserSessions/Firefox/RunningFirefox.h"
 #include "Tests/BrowserSessions/LockedProfile.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/RunningWeb.h"
+#include "BrowserSessions/GNOMEWeb/RunningWeb.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
 

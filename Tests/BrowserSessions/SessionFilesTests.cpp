@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/SessionFiles.h"
+#include "BrowserSessions/Chromium/SessionFiles.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 namespace BrowserSessions {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/SessionLog.h"
+#include "BrowserSessions/Chromium/SessionLog.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 
 namespace BrowserSessions {

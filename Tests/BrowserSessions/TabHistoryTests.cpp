@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/TabHistory.h"
+#include "BrowserSessions/Chromium/TabHistory.h"
 
 namespace BrowserSessions {
 namespace {

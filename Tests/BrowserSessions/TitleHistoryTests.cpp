@@ -10,7 +10,7 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include "BrowserSessions/TitleHistory.h"
+#include "BrowserSessions/Chromium/TitleHistory.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 #include "Tests/Support/TemporaryFolder.h"
 

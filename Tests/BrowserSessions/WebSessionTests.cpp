@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "BrowserSessions/WebSession.h"
+#include "BrowserSessions/GNOMEWeb/WebSession.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 #include "Tests/Support/TemporaryFolder.h"
 

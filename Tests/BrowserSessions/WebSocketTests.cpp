@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/WebSocket.h"
+#include "BrowserSessions/Chromium/DevTools/WebSocket.h"
 #include "Tests/BrowserSessions/FakeServer.h"
 #include "Tests/BrowserSessions/FakeWebSocket.h"
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/WebState.h"
+#include "BrowserSessions/GNOMEWeb/WebState.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 
 namespace {

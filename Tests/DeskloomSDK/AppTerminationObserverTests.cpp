@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DeskloomSDK/AppTerminationObserver.h"
+#include "DeskloomSDK/Configuration/AppTerminationObserver.h"
 #include "Platform/Fake/FakeServices.h"
 
 using DeskloomSDK::AppTerminationObserver;

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/AppleScriptRunner.h"
+#include "DeskloomSDK/Host/AppleScriptRunner.h"
 #include "Platform/Fake/FakeServices.h"
 
 using DeskloomSDK::AppleScriptRunner;

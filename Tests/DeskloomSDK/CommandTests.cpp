@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/Command.h"
-#include "DeskloomSDK/SDKError.h"
+#include "DeskloomSDK/Host/SDKError.h"
+#include "DeskloomSDK/Resources/Command.h"
 #include "Platform/Fake/FakeServices.h"
 
 using DeskloomSDK::Command;

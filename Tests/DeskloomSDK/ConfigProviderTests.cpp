@@ -9,9 +9,9 @@
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/GlobalConfigProvider.h"
-#include "DeskloomSDK/LocalConfigProvider.h"
-#include "DeskloomSDK/Resource.h"
+#include "DeskloomSDK/Configuration/GlobalConfigProvider.h"
+#include "DeskloomSDK/Configuration/LocalConfigProvider.h"
+#include "DeskloomSDK/Resources/Resource.h"
 #include "Platform/Fake/FakeServices.h"
 
 using DeskloomSDK::ConfigProvider;

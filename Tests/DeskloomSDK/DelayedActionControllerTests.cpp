@@ -7,7 +7,7 @@
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/DelayedActionController.h"
+#include "DeskloomSDK/Configuration/DelayedActionController.h"
 #include "Platform/Fake/FakeServices.h"
 
 using DeskloomSDK::DelayedActionController;

@@ -4,7 +4,7 @@
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/DeskloomAPI.h"
+#include "DeskloomSDK/Host/DeskloomAPI.h"
 #include "Platform/Fake/FakeServices.h"
 
 using DeskloomSDK::DeskloomAPI;

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DeskloomSDK/JSONText.h"
+#include "DeskloomSDK/JSON/JSONText.h"
 
 using DeskloomSDK::decodeJSON;
 using DeskloomSDK::encodeJSON;

@@ -3,7 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/Resource.h"
+#include "DeskloomSDK/Resources/Resource.h"
 
 using DeskloomSDK::decodeResources;
 using DeskloomSDK::DecodingError;

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/SDKError.h"
+#include "DeskloomSDK/Host/SDKError.h"
 
 using DeskloomSDK::makeError;
 

@@ -14,8 +14,8 @@
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/JSONText.h"
-#include "DeskloomSDK/StrictDecoding.h"
+#include "DeskloomSDK/JSON/JSONText.h"
+#include "DeskloomSDK/JSON/StrictDecoding.h"
 
 using nlohmann::json;
 using testing::ElementsAre;

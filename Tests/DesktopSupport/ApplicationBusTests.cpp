@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/ApplicationBus.h"
+#include "DesktopSupport/Bus/ApplicationBus.h"
 
 using DesktopSupport::applicationObjectPath;
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/ApplicationFolders.h"
+#include "DesktopSupport/DesktopEntries/ApplicationFolders.h"
 #include "Tests/Support/EnvironmentVariable.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/ApplicationUnit.h"
+#include "DesktopSupport/Windows/ApplicationUnit.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/CommandLine.h"
+#include "DesktopSupport/System/CommandLine.h"
 
 namespace {
 

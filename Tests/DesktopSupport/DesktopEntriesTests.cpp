@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/DesktopEntries.h"
+#include "DesktopSupport/DesktopEntries/DesktopEntries.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 namespace {

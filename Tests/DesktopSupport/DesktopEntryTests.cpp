@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/DesktopEntry.h"
+#include "DesktopSupport/DesktopEntries/DesktopEntry.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
 

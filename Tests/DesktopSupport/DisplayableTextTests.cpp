@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/DisplayableText.h"
+#include "DesktopSupport/System/DisplayableText.h"
 
 namespace {
 

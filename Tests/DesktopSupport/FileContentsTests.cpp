@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "DesktopSupport/FileContents.h"
+#include "DesktopSupport/System/FileContents.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/GTKWindowStack.h"
+#include "DesktopSupport/Windows/X11/GTKWindowStack.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TestDesktop.h"
 #include "Tests/Support/TestWindow.h"

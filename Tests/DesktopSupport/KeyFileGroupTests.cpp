@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/KeyFileGroup.h"
+#include "DesktopSupport/System/KeyFileGroup.h"
 #include "Tests/Support/EnvironmentVariable.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/ApplicationFolders.h"
-#include "DesktopSupport/SchemeHandler.h"
+#include "DesktopSupport/DesktopEntries/ApplicationFolders.h"
+#include "DesktopSupport/DesktopEntries/SchemeHandler.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
 

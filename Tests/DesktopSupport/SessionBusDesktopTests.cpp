@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 #include "Tests/Support/SilentServer.h"

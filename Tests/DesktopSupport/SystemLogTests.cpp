@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/SystemLog.h"
+#include "DesktopSupport/System/SystemLog.h"
 
 TEST(SystemLog, HasOneLineForAMessageThatDoesNothingToATerminal) {
   testing::internal::CaptureStderr();

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "DesktopSupport/TimeLimit.h"
+#include "DesktopSupport/System/TimeLimit.h"
 #include "Tests/Support/DeadMount.h"
 #include "Tests/Support/TemporaryFolder.h"
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/WindowReader.h"
+#include "DesktopSupport/Windows/X11/WindowReader.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeWindowManager.h"
 #include "Tests/Support/TestXServer.h"

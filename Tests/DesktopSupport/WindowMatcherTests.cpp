@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/WindowMatcher.h"
+#include "DesktopSupport/Windows/WindowMatcher.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 namespace {

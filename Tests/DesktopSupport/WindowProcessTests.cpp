@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/WindowProcess.h"
+#include "DesktopSupport/Windows/WindowProcess.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "DesktopSupport/WindowReader.h"
+#include "DesktopSupport/Windows/X11/WindowReader.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/TestWindow.h"
 

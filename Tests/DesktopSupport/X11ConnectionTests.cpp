@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/X11Connection.h"
+#include "DesktopSupport/Windows/X11/X11Connection.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/SilentServer.h"
 

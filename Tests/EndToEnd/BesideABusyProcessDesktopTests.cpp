@@ -11,16 +11,16 @@
 #include <gmock/gmock.h>
 #include <sys/wait.h>
 
-#include "DesktopSupport/ApplicationBus.h"
-#include "DesktopSupport/SessionBus.h"
-#include "Platform/Linux/FreshProcesses.h"
+#include "DesktopSupport/Bus/ApplicationBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "Linux/Launching/FreshProcesses.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/TestDesktop.h"
 
-using Platform::Linux::FreshProcesses;
+using Linux::FreshProcesses;
 using testing::HasSubstr;
 using TestSupport::ChildProcess;
 using TestSupport::FakeDeskloomHost;

@@ -6,8 +6,8 @@
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/Resource.h"
-#include "Platform/PercentEncoding.h"
+#include "DeskloomSDK/Resources/Resource.h"
+#include "Platform/Text/PercentEncoding.h"
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/FolderChanges.h"

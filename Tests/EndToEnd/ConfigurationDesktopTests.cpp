@@ -8,9 +8,9 @@
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/DeskloomAPI.h"
-#include "DeskloomSDK/GlobalConfigProvider.h"
-#include "DeskloomSDK/LocalConfigProvider.h"
+#include "DeskloomSDK/Configuration/GlobalConfigProvider.h"
+#include "DeskloomSDK/Configuration/LocalConfigProvider.h"
+#include "DeskloomSDK/Host/DeskloomAPI.h"
 #include "Tests/EndToEnd/ConfiguredPlugin.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 #include "Tests/Support/HostProcess.h"

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "DeskloomSDK/LocalConfigProvider.h"
+#include "DeskloomSDK/Configuration/LocalConfigProvider.h"
 #include "Tests/EndToEnd/ConfiguredPlugin.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/EnvironmentVariable.h"

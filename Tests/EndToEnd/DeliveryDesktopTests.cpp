@@ -12,7 +12,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include "DesktopSupport/FileDescriptor.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/HostProcess.h"

@@ -12,10 +12,10 @@
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/DeskloomAPI.h"
-#include "DesktopSupport/GLibHandles.h"
-#include "DesktopSupport/SessionBus.h"
-#include "Platform/Linux/LinuxServices.h"
+#include "DeskloomSDK/Host/DeskloomAPI.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/System/GLibHandles.h"
+#include "Linux/Services.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 #include "Tests/Support/HostProcess.h"
 #include "Tests/Support/TemporaryFolder.h"
@@ -78,14 +78,14 @@ class PluginTest : public testing::Test {
  protected:
   PluginTest() {
     folder_.write("Info.ini", "[Bundle]\nIdentifier=com.example.Plugin\n");
-    desktop_.bundle = Platform::Linux::LinuxBundle(folder_.path());
+    desktop_.bundle = Linux::Bundle(folder_.path());
   }
 
   DeskloomAPI api;
 
  private:
   TestSupport::TemporaryFolder folder_;
-  Platform::Linux::LinuxServices desktop_;
+  Linux::Services desktop_;
 };
 
 class HostAnswersTest : public PluginTest {

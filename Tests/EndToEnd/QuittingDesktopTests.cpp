@@ -15,7 +15,7 @@
 #include <sys/wait.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
 
-#include "DesktopSupport/ApplicationBus.h"
+#include "DesktopSupport/Bus/ApplicationBus.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/FakeDeskloomHost.h"

@@ -14,9 +14,9 @@
 #include <thread>
 #include <utility>
 
-#include "DeskloomSDK/Command.h"
+#include "DeskloomSDK/Configuration/LocalConfigProvider.h"
 #include "DeskloomSDK/DeskloomPlugin.h"
-#include "DeskloomSDK/LocalConfigProvider.h"
+#include "DeskloomSDK/Resources/Command.h"
 #include "Platform/ApplicationMain.h"
 #include "Platform/Services.h"
 

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "Gleanery/AppleScriptRunner.h"
+#include "Gleanery/Providers/AppleScriptRunner.h"
 #include "Platform/Fake/FakeServices.h"
 
 using Gleanery::AppleScriptRunner;

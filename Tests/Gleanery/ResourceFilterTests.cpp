@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "Gleanery/ResourceFilter.h"
+#include "Gleanery/Providers/ResourceFilter.h"
 
 using DeskloomSDK::Resource;
 using DeskloomSDK::ResourceType;

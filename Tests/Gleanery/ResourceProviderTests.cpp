@@ -4,11 +4,11 @@
 
 #include <gmock/gmock.h>
 
-#include "Gleanery/ChromeResourceProvider.h"
-#include "Gleanery/FinderResourceProvider.h"
-#include "Gleanery/OpenAppsResourceProvider.h"
+#include "Gleanery/Providers/ChromeResourceProvider.h"
+#include "Gleanery/Providers/FinderResourceProvider.h"
+#include "Gleanery/Providers/OpenAppsResourceProvider.h"
+#include "Gleanery/Providers/SafariResourceProvider.h"
 #include "Gleanery/ResourceProviderController.h"
-#include "Gleanery/SafariResourceProvider.h"
 #include "Platform/Fake/FakeServices.h"
 
 using DeskloomSDK::ResourceType;

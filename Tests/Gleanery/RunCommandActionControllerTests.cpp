@@ -2,11 +2,11 @@
 
 #include <gmock/gmock.h>
 
-#include "Gleanery/ChromeResourceProvider.h"
-#include "Gleanery/FinderResourceProvider.h"
-#include "Gleanery/OpenAppsResourceProvider.h"
+#include "Gleanery/Providers/ChromeResourceProvider.h"
+#include "Gleanery/Providers/FinderResourceProvider.h"
+#include "Gleanery/Providers/OpenAppsResourceProvider.h"
+#include "Gleanery/Providers/SafariResourceProvider.h"
 #include "Gleanery/RunCommandActionController.h"
-#include "Gleanery/SafariResourceProvider.h"
 #include "Platform/Fake/FakeServices.h"
 
 using Gleanery::RunCommandActionController;

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/TemporaryFolder.h"
 

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
 #include "HostStandIn/BusName.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"

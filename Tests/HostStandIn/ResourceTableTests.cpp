@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "HostStandIn/ResourceTable.h"
-#include "Platform/PercentEncoding.h"
+#include "Platform/Text/PercentEncoding.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "Platform/PercentEncoding.h"
+#include "Platform/Text/PercentEncoding.h"
 
 using Platform::percentDecoded;
 using Platform::percentEncodedPath;

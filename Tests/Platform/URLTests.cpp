@@ -3,7 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "Platform/URL.h"
+#include "Platform/Text/URL.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 using Platform::URL;

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "Platform/UTF8.h"
+#include "Platform/Text/UTF8.h"
 
 using Platform::stringFromUTF8;
 using Platform::utf8Bytes;

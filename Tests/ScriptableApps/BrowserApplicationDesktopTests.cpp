@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "ScriptableApps/Safari.h"
+#include "ScriptableApps/Browsers/Safari.h"
 #include "Tests/Support/TestDesktop.h"
 #include "Tests/Support/TestWindow.h"
 

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 
 #include "AppleScript/Script.h"
-#include "ScriptableApps/GoogleChrome.h"
-#include "ScriptableApps/Safari.h"
+#include "ScriptableApps/Browsers/GoogleChrome.h"
+#include "ScriptableApps/Browsers/Safari.h"
 
 namespace {
 

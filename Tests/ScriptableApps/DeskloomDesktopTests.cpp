@@ -5,7 +5,7 @@
 
 #include "AppleScript/Values/Application.h"
 #include "AppleScript/Values/Value.h"
-#include "ScriptableApps/Deskloom.h"
+#include "ScriptableApps/Deskloom/Deskloom.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 

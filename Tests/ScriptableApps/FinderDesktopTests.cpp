@@ -7,9 +7,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/SessionBus.h"
-#include "ScriptableApps/Finder.h"
-#include "ScriptableApps/FinderObjects.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "ScriptableApps/Finder/Finder.h"
+#include "ScriptableApps/Finder/FinderObjects.h"
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeService.h"

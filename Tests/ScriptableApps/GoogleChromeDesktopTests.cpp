@@ -9,9 +9,9 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/ChromiumUserData.h"
-#include "BrowserSessions/RunningChromium.h"
-#include "ScriptableApps/TabAddress.h"
+#include "BrowserSessions/Chromium/ChromiumUserData.h"
+#include "BrowserSessions/Chromium/RunningChromium.h"
+#include "ScriptableApps/Browsers/TabAddress.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/EnvironmentVariable.h"

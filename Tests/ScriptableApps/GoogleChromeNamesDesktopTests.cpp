@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ScriptableApps/TabAddress.h"
+#include "ScriptableApps/Browsers/TabAddress.h"
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FolderChanges.h"

@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"

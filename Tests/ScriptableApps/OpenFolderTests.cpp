@@ -8,8 +8,8 @@
 
 #include <gmock/gmock.h>
 
-#include "DesktopSupport/GLibHandles.h"
-#include "ScriptableApps/OpenFolder.h"
+#include "DesktopSupport/System/GLibHandles.h"
+#include "ScriptableApps/Finder/OpenFolder.h"
 #include "Tests/Support/DeadMount.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"

@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/RunningFirefox.h"
+#include "BrowserSessions/Firefox/RunningFirefox.h"
 #include "Tests/ScriptableApps/FirefoxTest.h"
 #include "Tests/Support/TemporaryFolder.h"
 

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "ScriptableApps/SystemEvents.h"
-#include "ScriptableApps/SystemEventsObjects.h"
+#include "ScriptableApps/SystemEvents/SystemEvents.h"
+#include "ScriptableApps/SystemEvents/SystemEventsObjects.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/TemporaryFolder.h"
 #include "Tests/Support/TestWindow.h"

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "AppleScript/Values/Value.h"
-#include "ScriptableApps/SystemEventsObjects.h"
+#include "ScriptableApps/SystemEvents/SystemEventsObjects.h"
 
 namespace {
 

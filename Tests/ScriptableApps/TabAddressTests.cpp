@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "Platform/URL.h"
-#include "ScriptableApps/TabAddress.h"
+#include "Platform/Text/URL.h"
+#include "ScriptableApps/Browsers/TabAddress.h"
 
 namespace {
 

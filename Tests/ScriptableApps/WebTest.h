@@ -10,7 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/RunningWeb.h"
+#include "BrowserSessions/GNOMEWeb/RunningWeb.h"
 #include "Tests/ScriptableApps/SafariScripts.h"
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/BusNames.h"

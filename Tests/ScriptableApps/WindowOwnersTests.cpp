@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "ScriptableApps/WindowOwners.h"
+#include "ScriptableApps/SystemEvents/WindowOwners.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include <sys/types.h>
 
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace TestSupport {
 

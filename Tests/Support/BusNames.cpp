@@ -5,9 +5,9 @@
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/ApplicationBus.h"
-#include "DesktopSupport/GLibHandles.h"
-#include "DesktopSupport/SessionBus.h"
+#include "DesktopSupport/Bus/ApplicationBus.h"
+#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/System/GLibHandles.h"
 #include "Tests/Support/Patience.h"
 
 namespace TestSupport {

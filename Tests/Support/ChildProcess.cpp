@@ -14,7 +14,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "DesktopSupport/FileDescriptor.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 #include "Tests/Support/ProcessKeeper.h"
 
 namespace TestSupport {

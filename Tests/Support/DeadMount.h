@@ -6,7 +6,7 @@
 
 #include <sys/types.h>
 
-#include "DesktopSupport/FileDescriptor.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 #include "Tests/Support/Patience.h"
 
 namespace TestSupport {

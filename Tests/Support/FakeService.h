@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 #include "Tests/Support/ServingThread.h"
 
 namespace TestSupport {

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <functional>
 
-#include "DesktopSupport/FileDescriptor.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 
 namespace TestSupport {
 

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "DesktopSupport/GLibHandles.h"
+#include "DesktopSupport/System/GLibHandles.h"
 #include "Tests/Support/ServingThread.h"
 
 namespace TestSupport {

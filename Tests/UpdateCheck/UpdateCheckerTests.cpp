@@ -6,6 +6,7 @@
 #include "Platform/Fake/FakeServices.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
+#include "Tests/UpdateCheck/SigningKey.h"
 #include "UpdateCheck/UpdateChecker.h"
 
 namespace {
@@ -18,7 +19,7 @@ using UpdateCheck::UpdateSettings;
 using UpdateCheck::UpdateState;
 using UpdateCheck::UpdateStateFile;
 
-/// Checks with a session bus out of reach, so that the user can never be told.
+/// Checks without a session bus, so that the user can never be told.
 class UpdateCheckerTest : public testing::Test {
  protected:
   void offer(const std::string& version) const {
@@ -152,12 +153,15 @@ TEST_F(UpdateCheckerTest, TellsOfAVersionBehindTheOneThatTheUserWasToldOf) {
   EXPECT_EQ(state().announcedVersion, "2.0");
 }
 
-TEST_F(UpdateCheckerTest, DoesNotTellOfAnUpdateThatCannotBeVerified) {
+TEST_F(UpdateCheckerTest, AnnouncesNothingFromAFeedThatCannotBeVerified) {
+  const SigningKey key;
   offer("2.0");
-  settings.publicKey = "nonsense";
+  settings.publicKey = key.publicKey();
+  folder.write("appcast.xml.sig", key.sign("another feed"));
   check();
-  EXPECT_THAT(log.messages, ElementsAre("could not check for an update of Plugin: the update cannot be verified: "
-                                        "PublicKey is not a key of 32 bytes in base64"));
+  EXPECT_THAT(log.messages, ElementsAre("could not check for an update of Plugin: the feed cannot be verified: its "
+                                        "signature does not match"));
+  EXPECT_EQ(state().lastCheck, std::nullopt) << "the feed was not loaded as a whole, so it is loaded again soon";
 }
 
 TEST_F(UpdateCheckerTest, LeavesTheCheckToAnotherThatIsUnderWay) {

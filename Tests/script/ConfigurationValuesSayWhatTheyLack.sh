@@ -7,7 +7,7 @@ top=$1
 # DECLARATION: tries to make a provider for the type Options that it declares, and prints what the compiler says.
 compile() {
   c++ -std=c++23 -fsyntax-only -I "$top" -x c++ - 2>&1 <<END || true
-#include "DeskloomSDK/LocalConfigProvider.h"
+#include "DeskloomSDK/Configuration/LocalConfigProvider.h"
 $1
 void use() { DeskloomSDK::LocalConfigProvider<Options>::make("A", Options(3)); }
 END

@@ -20,7 +20,7 @@ done | xargs -0 -I HEADER -P "$(nproc)" "${compile[@]}" -include HEADER /dev/nul
 
 # Nothing of what the platform is made with.
 libraries='<(glib|gio|gobject|gtk|gdk|xcb|X11|uriparser|curl|dlfcn)'
-layers='"(Platform/Linux|DesktopSupport|ScriptableApps|AppleScript|UpdateCheck)/'
+layers='"(Linux|DesktopSupport|ScriptableApps|AppleScript|UpdateCheck)/'
 if grep --recursive --extended-regexp "#include ($libraries|$layers)" .; then
   fail 'those include the platform'
 fi

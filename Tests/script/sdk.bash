@@ -21,7 +21,7 @@ deskloom_plugin(
   FEED_URL https://example.com/appcast.xml)
 END
   cat >"$1/main.cpp" <<'END'
-#include <DeskloomSDK/Command.h>
+#include <DeskloomSDK/Resources/Command.h>
 #include <DeskloomSDK/DeskloomPlugin.h>
 #include <Platform/ApplicationMain.h>
 #include <Platform/Services.h>

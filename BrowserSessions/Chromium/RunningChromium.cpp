@@ -1,0 +1,148 @@
+#include "BrowserSessions/Chromium/RunningChromium.h"
+
+#include <algorithm>
+#include <charconv>
+#include <climits>
+#include <string>
+#include <system_error>
+
+#include "BrowserSessions/Chromium/ChromiumBrowser.h"
+#include "DesktopSupport/System/FileContents.h"
+#include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/SearchPath.h"
+
+namespace BrowserSessions {
+
+namespace {
+
+using DesktopSupport::ProcessInfo;
+using std::filesystem::directory_iterator;
+using std::filesystem::path;
+
+std::optional<pid_t> processNumber(std::string_view text) {
+  pid_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool isWhole = error == std::errc() && end == text.data() + text.size();
+  return isWhole && number > 0 ? std::optional(number) : std::nullopt;
+}
+
+// The lock is a link to "<host>-<process>"; a host's name may have a '-' as well.
+std::optional<pid_t> lockHolder(const path& userData) {
+  std::error_code error;
+  const std::string target = std::filesystem::read_symlink(userData / "SingletonLock", error).string();
+  const auto dash = target.rfind('-');
+  return !error && dash != std::string::npos ? processNumber(std::string_view(target).substr(dash + 1)) : std::nullopt;
+}
+
+// Once it runs, a browser shows its arguments as a single one, with spaces between them.
+std::string commandLine(const ProcessInfo& process) {
+  std::string line;
+  for (const std::string& argument : process.arguments())
+    line += argument + ' ';
+  return line;
+}
+
+// Whether the process is one of the browser's programs, and not one of the helpers that it starts of the same program.
+bool isBrowser(const ProcessInfo& process, const ChromiumBrowser& browser) {
+  const std::string line = commandLine(process);
+  const path program = process.executable().value_or(line.substr(0, line.find(' ')));
+  const bool isProgram = std::ranges::find(browser.programs, program.filename().native()) != browser.programs.end();
+  return isProgram && line.find(" --type=") == std::string::npos;
+}
+
+// The number that the process has for itself and the others in its sandbox.
+std::optional<pid_t> innermostNumber(const path& process) {
+  constexpr std::size_t maximumSize = 1 << 16;
+  const auto status = DesktopSupport::fileContents(process / "status", maximumSize);
+  if (!status)
+    return std::nullopt;
+  for (const std::string_view line : DesktopSupport::separated(*status, '\n'))
+    if (line.starts_with("NSpid:"))
+      return processNumber(line.substr(line.find_last_of("\t ") + 1));
+  return std::nullopt;
+}
+
+std::optional<pid_t> sandboxedProcess(pid_t number, const ChromiumBrowser& browser, std::string_view application,
+                                      const path& processes) {
+  std::error_code error;
+  for (directory_iterator entry(processes, error), end; !error && entry != end; entry.increment(error)) {
+    const auto outer = processNumber(entry->path().filename().native());
+    if (!outer || innermostNumber(entry->path()) != number)
+      continue;
+    const ProcessInfo process(outer, processes);
+    if (process.flatpakId() == application && isBrowser(process, browser))
+      return outer;
+  }
+  return std::nullopt;
+}
+
+struct UserDataFolder {
+  path folder;
+  // The Flatpak application that it belongs to.
+  std::optional<std::string_view> flatpak;
+};
+
+std::vector<UserDataFolder> userDataFolders(const ChromiumBrowser& browser, const ChromiumPlaces& places) {
+  std::vector<UserDataFolder> folders;
+  for (const std::string_view folder : browser.configurationFolders)
+    folders.push_back({places.configuration / folder, std::nullopt});
+  for (const auto& [application, folder] : browser.flatpakFolders)
+    folders.push_back({places.home / ".var/app" / application / "config" / folder, application});
+  for (const std::string_view folder : browser.snapFolders)
+    folders.push_back({places.home / folder, std::nullopt});
+  return folders;
+}
+
+std::optional<pid_t> processWith(const UserDataFolder& userData, const ChromiumBrowser& browser,
+                                 const path& processes) {
+  const auto holder = lockHolder(userData.folder);
+  if (holder && userData.flatpak)
+    return sandboxedProcess(*holder, browser, *userData.flatpak, processes);
+  return holder && isBrowser(ProcessInfo(holder, processes), browser) ? holder : std::nullopt;
+}
+
+// The folder that the option names and whose lock the process holds. As the name may have spaces in it, and so has the
+// line behind it, it ends where there is such a folder.
+std::optional<path> givenUserData(const ProcessInfo& process) {
+  constexpr std::string_view option = " --user-data-dir=/";
+  const std::string line = commandLine(process);
+  const auto start = line.rfind(option);
+  if (start == std::string::npos)
+    return std::nullopt;
+  const std::string_view rest = std::string_view(line).substr(start + option.size() - 1, PATH_MAX);
+  for (auto end = rest.find(' '); end != std::string::npos; end = rest.find(' ', end + 1))
+    if (lockHolder(rest.substr(0, end)) == process.pid())
+      return rest.substr(0, end);
+  return std::nullopt;
+}
+
+}  // namespace
+
+ChromiumPlaces chromiumPlaces() {
+  using DesktopSupport::environmentOr;
+  const path home = g_get_home_dir();
+  const std::string configuration = environmentOr("XDG_CONFIG_HOME", home / ".config");
+  return {.home = home, .configuration = environmentOr("CHROME_CONFIG_HOME", configuration)};
+}
+
+std::vector<RunningChromium> runningChromiumBrowsers(const ChromiumPlaces& places) {
+  std::vector<RunningChromium> running;
+  for (const ChromiumBrowser& browser : chromiumBrowsers())
+    for (UserDataFolder& userData : userDataFolders(browser, places))
+      if (const auto process = processWith(userData, browser, places.processes))
+        running.push_back({browser.name, *process, std::move(userData.folder)});
+  return running;
+}
+
+std::optional<RunningChromium> chromiumWithGivenUserData(const ProcessInfo& process) {
+  const auto userData = givenUserData(process);
+  const auto number = process.pid();
+  if (!userData || !number)
+    return std::nullopt;
+  for (const ChromiumBrowser& browser : chromiumBrowsers())
+    if (isBrowser(process, browser))
+      return RunningChromium{browser.name, *number, *userData};
+  return std::nullopt;
+}
+
+}  // namespace BrowserSessions

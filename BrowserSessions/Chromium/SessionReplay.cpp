@@ -1,0 +1,169 @@
+#include "BrowserSessions/Chromium/SessionReplay.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "BrowserSessions/BrowserText.h"
+#include "BrowserSessions/Chromium/PickleReader.h"
+#include "BrowserSessions/LittleEndian.h"
+#include "DesktopSupport/System/DisplayableText.h"
+
+namespace BrowserSessions {
+
+namespace {
+
+enum CommandId : std::uint8_t {
+  setTabWindow = 0,
+  setTabIndexInWindow = 2,
+  prunedFromBack = 5,
+  updateNavigation = 6,
+  selectNavigation = 7,
+  setSelectedTab = 8,
+  setWindowType = 9,
+  prunedFromFront = 11,
+  tabClosed = 16,
+  windowClosed = 17,
+  setActiveWindow = 20,
+  lastActiveTime = 21,
+  pruned = 24,
+};
+
+constexpr std::int32_t normalWindow = 0;
+
+// A log that speaks of more is damaged, and would take up more and more memory.
+constexpr std::size_t maximumTabsAndWindows = 100'000;
+
+// Of the records that carry a time, which is aligned.
+constexpr std::size_t timedSize = 16;
+constexpr std::size_t timeOffset = 8;
+
+std::int32_t integer(std::string_view payload, std::size_t position) {
+  return littleEndian<std::int32_t>(payload.substr(position * sizeof(std::int32_t)));
+}
+
+}  // namespace
+
+void SessionReplay::apply(const SessionCommand& command) {
+  if (tabs_.size() + windows_.size() >= maximumTabsAndWindows)
+    return;
+  const auto& [id, payload] = command;
+  if (id == updateNavigation)
+    applyNavigation(payload);
+  else if (id == tabClosed && payload.size() == timedSize)
+    tabs_.erase(integer(payload, 0));
+  else if (id == windowClosed && payload.size() == timedSize)
+    windows_.erase(integer(payload, 0));
+  else if (id == lastActiveTime && payload.size() == timedSize)
+    applyLastActive(integer(payload, 0), littleEndian<std::int64_t>(payload.substr(timeOffset)));
+  else if (id == setActiveWindow && payload.size() == sizeof(Id))
+    activeWindow_ = integer(payload, 0);
+  else if (id == pruned && payload.size() == 3 * sizeof(Id))
+    tabs_[integer(payload, 0)].history.remove(integer(payload, 1), integer(payload, 2));
+  else if (payload.size() == 2 * sizeof(Id))
+    applyPair(id, integer(payload, 0), integer(payload, 1));
+}
+
+void SessionReplay::applyPair(std::uint8_t id, std::int32_t first, std::int32_t second) {
+  switch (id) {
+    case setTabWindow:
+      tabs_[second].window = first;
+      break;
+    case setTabIndexInWindow:
+      tabs_[first].index = second;
+      break;
+    case prunedFromBack:
+      tabs_[first].history.removeFrom(second);
+      break;
+    case selectNavigation:
+      tabs_[first].history.select(second);
+      break;
+    case setSelectedTab:
+      windows_[first].shownIndex = second;
+      break;
+    case setWindowType:
+      windows_[first].type = second;
+      break;
+    case prunedFromFront:
+      tabs_[first].history.remove(0, second);
+      break;
+    default:
+      break;
+  }
+}
+
+void SessionReplay::applyNavigation(std::string_view payload) {
+  auto fields = PickleReader::open(payload);
+  const auto tab = fields ? fields->integer() : std::nullopt;
+  const auto place = tab ? fields->integer() : std::nullopt;
+  const auto url = place ? fields->text() : std::nullopt;
+  const auto title = url ? fields->text16() : std::nullopt;
+  if (title)
+    tabs_[*tab].history.put(*place, {*url, *title});
+}
+
+void SessionReplay::applyLastActive(Id tab, std::int64_t time) {
+  if (const auto known = tabs_.find(tab); known != tabs_.end())
+    known->second.lastActive = time;
+}
+
+std::vector<SessionReplay::Shown> SessionReplay::shownWindows() const {
+  std::map<Id, Shown> windows;
+  for (const auto& [id, tab] : tabs_) {
+    const auto window = tab.window ? windows_.find(*tab.window) : windows_.end();
+    const auto page = tab.history.current();
+    if (window == windows_.end() || window->second.type != normalWindow || !page)
+      continue;
+    Shown& shown = windows[window->first];
+    shown.id = window->first;
+    shown.shownIndex = window->second.shownIndex;
+    shown.lastActive = std::max(shown.lastActive, tab.lastActive);
+    shown.pages.emplace(tab.index, *page);
+  }
+  std::vector<Shown> list;
+  for (auto& [id, window] : windows)
+    list.push_back(std::move(window));
+  return list;
+}
+
+std::vector<SessionReplay::Shown>::iterator SessionReplay::frontWindow(std::vector<Shown>& windows) const {
+  const auto active = activeWindow_ ? std::ranges::find(windows, *activeWindow_, &Shown::id) : windows.end();
+  return active != windows.end() ? active : std::ranges::max_element(windows, {}, &Shown::lastActive);
+}
+
+BrowserWindow SessionReplay::contents(const Shown& window) {
+  BrowserWindow contents;
+  for (const auto& [index, page] : window.pages) {
+    if (index == window.shownIndex)
+      contents.activeTab = contents.tabs.size();
+    if (!page.url.empty())
+      contents.tabs.push_back({DesktopSupport::shortened(utf8FromUtf16(page.title)), validUtf8(page.url)});
+  }
+  // If the tab that is shown is left out, and was the last one.
+  if (contents.activeTab == contents.tabs.size() && !contents.tabs.empty())
+    --contents.activeTab;
+  return contents;
+}
+
+std::vector<SessionReplay::Id> SessionReplay::otherWindows() const {
+  std::vector<Id> others;
+  for (const auto& [id, window] : windows_)
+    if (window.type && window.type != normalWindow)
+      others.push_back(id);
+  return others;
+}
+
+LoggedSession SessionReplay::session() const {
+  std::vector<Shown> windows = shownWindows();
+  if (const auto front = frontWindow(windows); front != windows.end())
+    std::rotate(windows.begin(), front, std::next(front));
+  LoggedSession session = {.windows = {}, .otherWindows = otherWindows()};
+  for (const Shown& window : windows) {
+    const auto isShown = [&](const auto& each) { return each.first == window.shownIndex && !each.second.url.empty(); };
+    session.windows.push_back({window.id, contents(window), std::ranges::any_of(window.pages, isShown)});
+    session.tabsWithoutAddress += window.pages.size() - session.windows.back().contents.tabs.size();
+  }
+  return session;
+}
+
+}  // namespace BrowserSessions

@@ -1,0 +1,98 @@
+#include "BrowserSessions/Chromium/TitleHistory.h"
+
+#include <string_view>
+#include <system_error>
+
+#include <sqlite3.h>
+
+#include "BrowserSessions/BrowserText.h"
+#include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/GLibHandles.h"
+
+namespace BrowserSessions {
+
+namespace {
+
+using DesktopSupport::shortened;
+using std::filesystem::path;
+
+// Looking up a page takes some twenty of the database's steps. One without the index that is for that, or whose
+// "table" is a calculation, would take any number.
+constexpr int maximumSteps = 1000;
+constexpr int maximumTextSize = 1 << 20;
+
+int giveUp(void*) {
+  return 1;
+}
+
+// SQLite waits for somebody who writes into a pipe.
+bool isFile(const path& file) {
+  std::error_code error;
+  return std::filesystem::is_regular_file(file, error);
+}
+
+std::string uri(const path& file) {
+  const DesktopSupport::CharsHandle escaped(
+      g_uri_escape_string(file.c_str(), G_URI_RESERVED_CHARS_ALLOWED_IN_PATH, /*allow_utf8=*/FALSE));
+  return "file:" + std::string(escaped.get()) + "?immutable=1";
+}
+
+}  // namespace
+
+void TitleHistory::Close::operator()(sqlite3* database) const {
+  sqlite3_close_v2(database);
+}
+
+void TitleHistory::Close::operator()(sqlite3_stmt* query) const {
+  sqlite3_finalize(query);
+}
+
+const std::string& TitleHistory::titleOf(const std::string& url) {
+  const auto [title, isNew] = titles_.try_emplace(url);
+  if (isNew)
+    title->second = lookUp(url);
+  return title->second;
+}
+
+void TitleHistory::open() {
+  isOpened_ = true;
+  const path file = profile_ / "History";
+  if (!isFile(file))
+    return;
+  sqlite3* database = nullptr;
+  const int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX;
+  const int result = sqlite3_open_v2(uri(file).c_str(), &database, flags, nullptr);
+  database_.reset(database);
+  if (result != SQLITE_OK)
+    return;
+  sqlite3_limit(database, SQLITE_LIMIT_LENGTH, maximumTextSize);
+  sqlite3_progress_handler(database, maximumSteps, giveUp, nullptr);
+  sqlite3_stmt* query = nullptr;
+  sqlite3_prepare_v2(database, "SELECT title FROM urls WHERE url = ? LIMIT 1", -1, &query, nullptr);
+  query_.reset(query);
+}
+
+std::string TitleHistory::lookUp(const std::string& url) {
+  if (!isOpened_)
+    open();
+  if (!query_ || url.size() > maximumTextSize)
+    return {};
+  sqlite3_stmt* query = query_.get();
+  std::string title;
+  sqlite3_bind_text(query, 1, url.data(), static_cast<int>(url.size()), SQLITE_STATIC);
+  if (sqlite3_step(query) == SQLITE_ROW)
+    if (const auto* text = static_cast<const char*>(sqlite3_column_blob(query, 0)))
+      title = validUtf8(shortened({text, static_cast<std::size_t>(sqlite3_column_bytes(query, 0))}));
+  sqlite3_reset(query);
+  return title;
+}
+
+void addTitles(std::vector<ChromiumWindow>& windows, const path& profile) {
+  TitleHistory history(profile);
+  for (ChromiumWindow& window : windows)
+    for (BrowserTab& tab : window.contents.tabs)
+      if (tab.title.empty() && !tab.url.empty())
+        tab.title = history.titleOf(tab.url);
+}
+
+}  // namespace BrowserSessions

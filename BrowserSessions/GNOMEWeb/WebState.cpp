@@ -1,0 +1,98 @@
+#include "BrowserSessions/GNOMEWeb/WebState.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include "BrowserSessions/BrowserText.h"
+#include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/GLibHandles.h"
+
+namespace BrowserSessions {
+
+namespace {
+
+using ParserHandle = std::unique_ptr<GMarkupParseContext, DesktopSupport::ReleasedBy<g_markup_parse_context_unref>>;
+
+constexpr std::size_t maximumDepth = 16;
+// Windows and tabs.
+constexpr std::size_t maximumCount = 100'000;
+
+struct State {
+  BrowserSession session;
+  std::size_t depth = 0;
+  std::size_t count = 0;
+  bool isSession = false;
+  bool isInWindow = false;
+};
+
+std::string attribute(const char** names, const char** values, std::string_view name) {
+  for (; *names != nullptr; ++names, ++values)
+    if (*names == name)
+      return *values;
+  return "";
+}
+
+std::size_t numberIn(std::string_view text) {
+  std::size_t number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
+void fail(GError** error) {
+  g_set_error_literal(error, G_MARKUP_ERROR, G_MARKUP_ERROR_INVALID_CONTENT, "");
+}
+
+void startElement(GMarkupParseContext* /*parser*/, const char* element, const char** names, const char** values,
+                  gpointer data, GError** error) {
+  auto& state = *static_cast<State*>(data);
+  const std::string_view name = element;
+  const std::size_t depth = state.depth++;
+  if (depth == 0)
+    state.isSession = name == "session";
+  if (!state.isSession || depth == maximumDepth || state.count == maximumCount)
+    return fail(error);
+  if (depth == 1)
+    state.isInWindow = name == "window";
+  if (depth == 1 && state.isInWindow) {
+    state.session.push_back({.tabs = {}, .activeTab = numberIn(attribute(names, values, "active-tab"))});
+    ++state.count;
+  } else if (depth == 2 && state.isInWindow && name == "embed") {
+    state.session.back().tabs.push_back({.title = DesktopSupport::shortened(attribute(names, values, "title")),
+                                         .url = attribute(names, values, "url")});
+    ++state.count;
+  }
+}
+
+void endElement(GMarkupParseContext* /*parser*/, const char* /*element*/, gpointer data, GError** /*error*/) {
+  --static_cast<State*>(data)->depth;
+}
+
+void finish(BrowserSession& session) {
+  std::erase_if(session, [](const BrowserWindow& window) { return window.tabs.empty(); });
+  for (BrowserWindow& window : session)
+    window.activeTab = std::min(window.activeTab, window.tabs.size() - 1);
+}
+
+}  // namespace
+
+std::expected<BrowserSession, std::string> webState(std::string_view xml) {
+  static constexpr GMarkupParser callbacks = {.start_element = startElement,
+                                              .end_element = endElement,
+                                              .text = nullptr,
+                                              .passthrough = nullptr,
+                                              .error = nullptr};
+  const std::string text = validUtf8(xml);
+  State state;
+  const ParserHandle parser(g_markup_parse_context_new(&callbacks, {}, &state, nullptr));
+  if (g_markup_parse_context_parse(parser.get(), text.data(), std::ssize(text), nullptr) == FALSE ||
+      g_markup_parse_context_end_parse(parser.get(), nullptr) == FALSE || !state.isSession)
+    return std::unexpected("It is not the XML of a session.");
+  finish(state.session);
+  return std::move(state.session);
+}
+
+}  // namespace BrowserSessions

@@ -1,0 +1,73 @@
+#include "DeskloomSDK/JSON/JSONText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace DeskloomSDK {
+
+namespace {
+
+using nlohmann::json;
+
+/// What reads or writes a value goes down into it, and the stack is not endless.
+constexpr std::size_t mostLevels = 512;
+
+/// How deep the arrays and objects of JSON text lie in one another; of other text, some number.
+std::size_t depth(std::string_view text) {
+  std::size_t level = 0;
+  std::size_t deepest = 0;
+  bool isInString = false;
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    const char character = text[index];
+    if (character == '"')
+      isInString = !isInString;
+    else if (isInString)
+      index += character == '\\' ? 1 : 0;
+    else if (character == '[' || character == '{')
+      deepest = std::max(deepest, ++level);
+    else if ((character == ']' || character == '}') && level > 0)
+      --level;
+  }
+  return deepest;
+}
+
+bool isFinite(const json& value) {
+  if (value.is_structured())
+    return std::ranges::all_of(value, isFinite);
+  return !value.is_number_float() || std::isfinite(value.get<double>());
+}
+
+}  // namespace
+
+void appendEscapingSlashes(std::string& output, std::string_view text) {
+  for (auto slash = text.find('/'); slash != std::string_view::npos; slash = text.find('/')) {
+    output.append(text.substr(0, slash)).append("\\/");
+    text.remove_prefix(slash + 1);
+  }
+  output += text;
+}
+
+std::expected<std::string, EncodingError> encodeJSON(const json& value) {
+  if (!isFinite(value))
+    return std::unexpected(EncodingError{"a number is not finite"});
+  try {
+    std::string text;
+    appendEscapingSlashes(text, value.dump());
+    return text;
+  } catch (const json::exception& failure) {
+    return std::unexpected(EncodingError{failure.what()});
+  }
+}
+
+std::expected<json, DecodingError> decodeJSON(std::string_view text) {
+  const auto corrupted = std::unexpected(DecodingError{DecodingError::Kind::dataCorrupted, {}});
+  if (depth(text) > mostLevels)
+    return corrupted;
+  json value = json::parse(text, nullptr, /*allow_exceptions=*/false);
+  if (value.is_discarded())
+    return corrupted;
+  return value;
+}
+
+}  // namespace DeskloomSDK

@@ -1,0 +1,47 @@
+#include "DesktopSupport/Bus/ApplicationBus.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace DesktopSupport {
+
+namespace {
+
+GVariant* orNone(GVariant* platformData) {
+  return platformData != nullptr ? platformData : g_variant_new("a{sv}", nullptr);
+}
+
+/// A text that is UTF-8 as a D-Bus string, floating; the variant has the text's own bytes.
+GVariant* stringOf(std::string text) {
+  auto* const owned = new std::string(std::move(text));
+  return g_variant_new_from_data(
+      G_VARIANT_TYPE_STRING, owned->c_str(), owned->size() + 1, /*trusted=*/TRUE,
+      [](gpointer string) { delete static_cast<std::string*>(string); }, owned);
+}
+
+}  // namespace
+
+bool isApplicationName(const std::string& text) {
+  return g_dbus_is_name(text.c_str()) != FALSE && g_dbus_is_unique_name(text.c_str()) == FALSE;
+}
+
+std::string applicationObjectPath(std::string_view busName) {
+  std::string path = "/" + std::string(busName);
+  std::ranges::replace(path, '.', '/');
+  std::ranges::replace(path, '-', '_');
+  return path;
+}
+
+GVariant* openArguments(std::string url, GVariant* platformData) {
+  GVariantBuilder urls;
+  g_variant_builder_init(&urls, G_VARIANT_TYPE("as"));
+  if (g_utf8_validate_len(url.data(), url.size(), nullptr) != FALSE)
+    g_variant_builder_add_value(&urls, stringOf(std::move(url)));
+  return g_variant_new("(as@a{sv})", &urls, orNone(platformData));
+}
+
+GVariant* activateArguments(GVariant* platformData) {
+  return g_variant_new("(@a{sv})", orNone(platformData));
+}
+
+}  // namespace DesktopSupport

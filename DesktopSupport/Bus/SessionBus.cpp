@@ -1,0 +1,117 @@
+#include "DesktopSupport/Bus/SessionBus.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <cstdlib>
+#include <filesystem>
+#include <limits>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+#include "DesktopSupport/System/DisplayableText.h"
+
+namespace DesktopSupport {
+
+namespace {
+
+// GIO would start a bus of its own through dbus-launch where it finds none.
+bool isRunning() {
+  if (std::getenv("DBUS_SESSION_BUS_ADDRESS") != nullptr)
+    return true;
+  const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
+  std::error_code ignored;
+  return runtimeFolder != nullptr && std::filesystem::exists(std::filesystem::path(runtimeFolder) / "bus", ignored);
+}
+
+/// Cancels what takes `cancellable` when it has lived for `limit`.
+class TimeLimit {
+ public:
+  TimeLimit(GCancellable* cancellable, std::chrono::milliseconds limit)
+      : thread_([this, cancellable, limit](const std::stop_token& end) {
+          std::unique_lock lock(mutex_);
+          const bool isOver = over_.wait_for(lock, end, limit, [&end] { return end.stop_requested(); });
+          if (!isOver)
+            g_cancellable_cancel(cancellable);
+        }) {}
+
+ private:
+  std::mutex mutex_;
+  std::condition_variable_any over_;
+  std::jthread thread_;
+};
+
+std::string nameOf(const GError& error) {
+  if (g_error_matches(&error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) != FALSE)
+    return std::string(BusErrorName::timeout);
+  if (g_error_matches(&error, G_IO_ERROR, G_IO_ERROR_CLOSED) != FALSE)
+    return std::string(BusErrorName::disconnected);
+  const CharsHandle remoteName(g_dbus_error_get_remote_error(&error));
+  if (remoteName)
+    return remoteName.get();
+  const CharsHandle name(g_dbus_error_encode_gerror(&error));
+  return name.get();
+}
+
+bool isValid(const BusMethod& method) {
+  return g_dbus_is_name(method.destination.c_str()) != FALSE &&
+         g_variant_is_object_path(method.path.c_str()) != FALSE &&
+         g_dbus_is_interface_name(method.interface.c_str()) != FALSE &&
+         g_dbus_is_member_name(method.name.c_str()) != FALSE;
+}
+
+int millisecondsFor(std::chrono::milliseconds timeout) {
+  constexpr auto longest = std::numeric_limits<int>::max() - 1;
+  return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(timeout.count(), 0, longest));
+}
+
+}  // namespace
+
+BusError busErrorFrom(const GError& error) {
+  const ErrorHandle copy(g_error_copy(&error));
+  g_dbus_error_strip_remote_error(copy.get());
+  return {.name = nameOf(error), .message = displayable(copy->message)};
+}
+
+std::expected<SessionBus, BusError> SessionBus::connect(std::chrono::milliseconds patience) {
+  if (!isRunning())
+    return std::unexpected(BusError{std::string(BusErrorName::noServer), "There is no session bus."});
+  const ObjectHandle<GCancellable> cancellable(g_cancellable_new());
+  const TimeLimit limit(cancellable.get(), patience);
+  ErrorHandle error;
+  ObjectHandle<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable.get(), Out(error)));
+  if (!connection && g_cancellable_is_cancelled(cancellable.get()) != FALSE)
+    return std::unexpected(BusError{std::string(BusErrorName::noServer), "The session bus does not answer."});
+  if (!connection)
+    return std::unexpected(BusError{std::string(BusErrorName::noServer), error->message});
+  g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
+  return SessionBus(std::move(connection));
+}
+
+std::expected<VariantHandle, BusError> SessionBus::call(const BusMethod& method, GVariant* arguments,
+                                                        const GVariantType* replyType,
+                                                        std::chrono::milliseconds timeout,
+                                                        Activation activation) const {
+  // GIO would yield neither a reply nor an error.
+  if (!isValid(method)) {
+    const VariantHandle unused(arguments == nullptr ? nullptr : g_variant_ref_sink(arguments));
+    return std::unexpected(BusError{std::string(BusErrorName::invalidArguments), "D-Bus allows no such name."});
+  }
+  const auto flags = activation == Activation::never ? G_DBUS_CALL_FLAGS_NO_AUTO_START : G_DBUS_CALL_FLAGS_NONE;
+  ErrorHandle error;
+  VariantHandle reply(g_dbus_connection_call_sync(connection_.get(), method.destination.c_str(), method.path.c_str(),
+                                                  method.interface.c_str(), method.name.c_str(), arguments, replyType,
+                                                  flags, millisecondsFor(timeout), nullptr, Out(error)));
+  if (!reply)
+    return std::unexpected(busErrorFrom(*error));
+  return reply;
+}
+
+std::expected<VariantHandle, BusError> busString(const std::string& text) {
+  if (g_utf8_validate_len(text.data(), text.size(), nullptr) == FALSE)
+    return std::unexpected(
+        BusError{std::string(BusErrorName::invalidArguments), "The text cannot be sent over D-Bus."});
+  return owned(g_variant_new_string(text.c_str()));
+}
+
+}  // namespace DesktopSupport

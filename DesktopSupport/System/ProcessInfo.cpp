@@ -1,0 +1,111 @@
+#include "DesktopSupport/System/ProcessInfo.h"
+
+#include <algorithm>
+#include <climits>
+
+#include "DesktopSupport/System/CommandLine.h"
+#include "DesktopSupport/System/FileContents.h"
+#include "DesktopSupport/System/KeyFileGroup.h"
+#include "DesktopSupport/System/TimeLimit.h"
+
+namespace DesktopSupport {
+
+namespace {
+
+using std::filesystem::path;
+
+// Twice what the kernel lets arguments and environment have together by default.
+constexpr std::size_t maximumSize = 4 << 20;
+
+std::vector<std::string> separatedByNul(std::string_view text) {
+  std::vector<std::string> parts;
+  while (!text.empty()) {
+    parts.emplace_back(text.substr(0, text.find('\0')));
+    text.remove_prefix(std::min(parts.back().size() + 1, text.size()));
+  }
+  return parts;
+}
+
+bool isFile(const path& file) {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(file, ignored);
+}
+
+}  // namespace
+
+ProcessInfo::ProcessInfo(std::optional<pid_t> pid, const path& processes) : pid_(pid) {
+  if (pid)
+    folder_ = processes / std::to_string(*pid);
+}
+
+std::optional<std::string> ProcessInfo::contents(const path& file) const {
+  return pid_ ? fileContents(folder_ / file, maximumSize) : std::nullopt;
+}
+
+const std::string& ProcessInfo::cachedContents(const path& file, std::optional<std::string>& cache) const {
+  if (!cache)
+    cache = contents(file).value_or("");
+  return *cache;
+}
+
+std::optional<path> ProcessInfo::linked(const char* link) const {
+  std::error_code error;
+  const path target = pid_ ? std::filesystem::read_symlink(folder_ / link, error) : path();
+  return target.is_absolute() ? std::optional(target) : std::nullopt;
+}
+
+std::optional<path> ProcessInfo::executable() const {
+  constexpr std::string_view deleted = " (deleted)";
+  auto target = linked("exe");
+  std::string file = target.value_or("").string();
+  // A file may also be called so.
+  if (!file.ends_with(deleted) || isFile(file))
+    return target;
+  file.resize(file.size() - deleted.size());
+  return file;
+}
+
+std::optional<path> ProcessInfo::script() const {
+  const auto program = executable();
+  const auto script = program ? scriptOf(program->filename().string(), arguments()) : std::nullopt;
+  // Nothing is called so, and a path object of megabytes would take a hundred times as much memory.
+  if (!script || script->size() > PATH_MAX)
+    return std::nullopt;
+  path file = *script;
+  if (file.is_relative()) {
+    const auto folder = linked("cwd");
+    if (!folder)
+      return std::nullopt;
+    file = *folder / file;
+  }
+  const auto found = foundWithin(fileSystemTime, [&file] {
+    std::error_code error;
+    const path real = std::filesystem::canonical(file.parent_path(), error) / file.filename();
+    return !error && isFile(real) ? real.string() : "";
+  });
+  return found && !found->empty() ? std::optional<path>(*found) : std::nullopt;
+}
+
+std::vector<std::string> ProcessInfo::arguments() const {
+  return separatedByNul(contents("cmdline").value_or(""));
+}
+
+std::optional<std::string> ProcessInfo::environment(std::string_view variable) const {
+  const std::string start = std::string(variable) + '=';
+  for (const std::string& setting : separatedByNul(cachedContents("environ", environment_)))
+    if (setting.starts_with(start))
+      return setting.substr(start.size());
+  return std::nullopt;
+}
+
+const std::string& ProcessInfo::controlGroups() const {
+  return cachedContents("cgroup", controlGroups_);
+}
+
+std::optional<std::string> ProcessInfo::flatpakId() const {
+  const auto information = contents("root/.flatpak-info");
+  const auto application = information ? KeyFileGroup::parse(*information, "Application") : std::nullopt;
+  return application ? application->text("name") : std::nullopt;
+}
+
+}  // namespace DesktopSupport

@@ -1,0 +1,85 @@
+#include "DesktopSupport/Windows/X11/X11Connection.h"
+
+#include <cerrno>
+#include <utility>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <xcb/xcbext.h>
+
+#include "DesktopSupport/System/TimeLimit.h"
+
+namespace DesktopSupport {
+
+namespace {
+
+const xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
+  auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+  while (screens.rem > 0 && number-- > 0)
+    xcb_screen_next(&screens);
+  return screens.rem > 0 ? screens.data : nullptr;
+}
+
+}  // namespace
+
+std::expected<X11Connection, DesktopError> X11Connection::connect(std::chrono::milliseconds patience) {
+  if (std::getenv("DISPLAY") == nullptr)
+    return std::unexpected(DesktopError{"There is no X display: DISPLAY is not set."});
+  // A server that hangs takes the connection and says nothing.
+  const auto connected = resultWithin(patience, [] {
+    int number = 0;
+    xcb_connection_t* const made = xcb_connect(nullptr, &number);
+    return std::pair(made, number);
+  });
+  if (!connected)
+    return std::unexpected(DesktopError{"The X server does not answer."});
+  const auto [connection, screenNumber] = *connected;
+  const bool isConnected = xcb_connection_has_error(connection) == 0;
+  const xcb_screen_t* screen = isConnected ? screenOf(connection, screenNumber) : nullptr;
+  X11Connection made(connection, screen);
+  if (screen == nullptr)
+    return std::unexpected(DesktopError{"The X display cannot be opened."});
+  return made;
+}
+
+X11Connection::X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen)
+    : connection_(connection), screen_(screen) {}
+
+std::uint32_t X11Connection::clientOf(xcb_window_t window) const {
+  return window & ~xcb_get_setup(connection_.get())->resource_id_mask;
+}
+
+bool X11Connection::isLocal() const {
+  sockaddr_storage address = {};
+  socklen_t size = sizeof(address);
+  // The C interface takes every kind of address through this pointer type.
+  auto* const any = reinterpret_cast<sockaddr*>(&address);
+  return getsockname(xcb_get_file_descriptor(connection_.get()), any, &size) == 0 && address.ss_family == AF_UNIX;
+}
+
+bool X11Connection::waitUntilReadable() {
+  pollfd socket = {.fd = xcb_get_file_descriptor(connection_.get()), .events = POLLIN, .revents = 0};
+  int ready = 0;
+  do
+    ready = poll(&socket, 1, static_cast<int>(std::chrono::milliseconds(longestSilence).count()));
+  while (ready < 0 && errno == EINTR);
+  isSilent_ = ready <= 0;
+  return !isSilent_;
+}
+
+void* X11Connection::await(unsigned int sequence) {
+  if (sequence > lastFlushed_) {
+    xcb_flush(connection_.get());
+    lastFlushed_ = lastSent_;
+    ++roundTrips_;
+  }
+  void* reply = nullptr;
+  xcb_generic_error_t* error = nullptr;
+  while (isAlive() && xcb_poll_for_reply(connection_.get(), sequence, &reply, &error) == 0)
+    if (!waitUntilReadable())
+      break;
+  std::free(error);
+  return reply;
+}
+
+}  // namespace DesktopSupport

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <expected>
+#include <string>
+#include <vector>
+
+#include "DeskloomSDK/Resources/Resource.h"
+#include "Platform/Error.h"
+
+namespace Gleanery {
+
+using DeskloomSDK::Resource;
+
+/// A source of resources: what one desktop application has open.
+class ResourceProvider {
+ public:
+  ResourceProvider() = default;
+  ResourceProvider(const ResourceProvider&) = delete;
+  ResourceProvider& operator=(const ResourceProvider&) = delete;
+  virtual ~ResourceProvider() = default;
+
+  /// The key by which the host selects this provider.
+  [[nodiscard]] virtual const std::string& identifier() const = 0;
+
+  /// What the application has open at this moment, in its own order. Asks it afresh at each call, on the calling
+  /// thread.
+  [[nodiscard]] virtual std::expected<std::vector<Resource>, Platform::Error> fetchResources() const = 0;
+};
+
+}  // namespace Gleanery

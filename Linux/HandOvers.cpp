@@ -1,0 +1,103 @@
+#include "Linux/HandOvers.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include "DesktopSupport/Bus/ApplicationBus.h"
+#include "Linux/Launching/Ticks.h"
+
+namespace Linux {
+
+namespace {
+
+using DesktopSupport::BusError;
+using DesktopSupport::ErrorHandle;
+using DesktopSupport::Out;
+using DesktopSupport::VariantHandle;
+namespace BusErrorName = DesktopSupport::BusErrorName;
+
+/// GLib ends each call in time. Should it lose one, the process ends all the same, so much later.
+constexpr std::chrono::seconds longestDelay{5};
+
+}  // namespace
+
+struct HandOvers::Call {
+  HandOvers& handOvers;
+  std::uint64_t number;
+};
+
+void HandOvers::add(const DesktopSupport::SessionBus& bus, std::string handler, std::string scheme, std::string url) {
+  HandOver handOver{.bus = DesktopSupport::shared(bus.connection()),
+                    .handler = std::move(handler),
+                    .scheme = std::move(scheme),
+                    .arguments = DesktopSupport::owned(DesktopSupport::openArguments(std::move(url)))};
+  const std::lock_guard lock(mutex);
+  waiting_.emplace(count_++, std::move(handOver));
+  beginWaiting();
+}
+
+void HandOvers::beginWaiting() {
+  while (!waiting_.empty() && underWay_.size() < mostAtOnce_) {
+    const auto moved = underWay_.insert(waiting_.extract(waiting_.begin()));
+    begin(moved.position->first, moved.position->second);
+  }
+}
+
+void HandOvers::begin(std::uint64_t number, HandOver& handOver) {
+  lastBegun_ = std::chrono::steady_clock::now();
+  g_dbus_connection_call(
+      handOver.bus.get(), handOver.handler.c_str(), DesktopSupport::applicationObjectPath(handOver.handler).c_str(),
+      DesktopSupport::applicationInterface, "Open", handOver.arguments.get(), nullptr, G_DBUS_CALL_FLAGS_NONE,
+      static_cast<int>(patience_.count()), nullptr, &HandOvers::complete, new Call{*this, number});
+}
+
+/// Called from the main context, whichever thread began the call.
+void HandOvers::complete(GObject* connection, GAsyncResult* result, gpointer call) {
+  const std::lock_guard lock(mutex);
+  const std::unique_ptr<Call> finished(static_cast<Call*>(call));
+  ErrorHandle error;
+  const VariantHandle answer(g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, Out(error)));
+  finished->handOvers.finishCall(finished->number, error.get());
+}
+
+void HandOvers::finishCall(std::uint64_t number, const GError* error) {
+  auto finished = underWay_.extract(number);
+  if (error != nullptr) {
+    const BusError problem = DesktopSupport::busErrorFrom(*error);
+    // What the bus had no room for has not been sent, and there is room once one of the others is done.
+    if (problem.name == BusErrorName::limitsExceeded && !underWay_.empty()) {
+      mostAtOnce_ = underWay_.size();
+      waiting_.insert(std::move(finished));
+    } else {
+      report(finished.mapped(), problem);
+    }
+  }
+  beginWaiting();
+}
+
+void HandOvers::report(const HandOver& handOver, const BusError& error) {
+  const std::string url = "a " + handOver.scheme + ": URL";
+  if (error.name == BusErrorName::timeout)
+    log_.write("handed over " + url + " and had no answer within " +
+               std::to_string(std::chrono::duration_cast<std::chrono::seconds>(patience_).count()) +
+               " seconds: its handler may still receive it");
+  else if (error.name == BusErrorName::noReply || error.name == BusErrorName::disconnected)
+    log_.write("handed over " + url +
+               " and had no answer: whether its handler has received it is not known: " + error.message);
+  else
+    log_.write("could not hand over " + url + ": " + error.message);
+}
+
+void HandOvers::finish() {
+  const Ticks ticks;
+  while (!isDone())
+    g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+}
+
+bool HandOvers::isDone() const {
+  const std::lock_guard lock(mutex);
+  return underWay_.empty() || std::chrono::steady_clock::now() - lastBegun_ > patience_ + longestDelay;
+}
+
+}  // namespace Linux

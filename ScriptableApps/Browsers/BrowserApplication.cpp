@@ -1,0 +1,96 @@
+#include "ScriptableApps/Browsers/BrowserApplication.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <ranges>
+#include <unordered_map>
+#include <utility>
+
+#include "BrowserSessions/LongAddresses.h"
+#include "DesktopSupport/System/SystemLog.h"
+#include "DesktopSupport/Windows/X11/WindowReader.h"
+#include "ScriptableApps/Common/ApplicationError.h"
+
+namespace ScriptableApps {
+
+namespace {
+
+using BrowserSessions::SessionReading;
+using DesktopSupport::Window;
+using DesktopSupport::WindowList;
+
+// The processes that show windows, the topmost first.
+std::vector<pid_t> windowProcesses(const WindowList& list) {
+  std::unordered_map<DesktopSupport::WindowId, pid_t> owners;
+  for (const Window& window : list.windows)
+    if (window.pid)
+      owners.emplace(window.id, *window.pid);
+  std::vector<pid_t> processes;
+  for (const DesktopSupport::WindowId window : list.stack | std::views::reverse)
+    if (const auto owner = owners.find(window);
+        owner != owners.end() && std::ranges::find(processes, owner->second) == processes.end())
+      processes.push_back(owner->second);
+  return processes;
+}
+
+// The titles of the windows of a process that are no dialogs.
+std::vector<std::string> windowTitles(const WindowList& list, std::optional<pid_t> process) {
+  std::vector<std::string> titles;
+  for (const Window& window : list.windows)
+    if (process && window.pid == process && window.isOrdinary && !window.transientFor)
+      titles.push_back(window.title);
+  return titles;
+}
+
+// By the place of the process among those that show windows, 0 for the one in front; browsers without a window come
+// last, in the order that they have.
+using BrowsersByPlace = std::multimap<std::ptrdiff_t, RunningBrowser>;
+
+BrowsersByPlace sortedByPlace(std::vector<RunningBrowser> browsers, const std::vector<pid_t>& processes) {
+  BrowsersByPlace sorted;
+  for (RunningBrowser& browser : browsers) {
+    const auto place = browser.process ? std::ranges::find(processes, *browser.process) : processes.end();
+    sorted.emplace(place - processes.begin(), std::move(browser));
+  }
+  return sorted;
+}
+
+// What the browsers have open, taken together. Fails where nothing could be read of any of them.
+std::expected<SessionReading, std::string> joinedReading(const BrowsersByPlace& browsers, const WindowList& windows) {
+  SessionReading all;
+  bool isAnyRead = false;
+  for (const auto& [place, browser] : browsers) {
+    auto reading = browser.read(windowTitles(windows, browser.process));
+    isAnyRead = isAnyRead || reading;
+    if (!reading)
+      reading = SessionReading{.session = {}, .problems = {std::move(reading.error())}};
+    std::ranges::move(reading->session, std::back_inserter(all.session));
+    std::ranges::move(reading->problems, std::back_inserter(all.problems));
+  }
+  if (!isAnyRead)
+    return std::unexpected(std::move(all.problems.front()));
+  BrowserSessions::leaveOutLongAddresses(all);
+  return all;
+}
+
+}  // namespace
+
+AppleScript::Result<AppleScript::ObjectPointer> BrowserApplication::open() {
+  // There are no windows if there is no X server that tells.
+  const WindowList windows = DesktopSupport::readWindows().value_or(WindowList());
+  const auto processes = windowProcesses(windows);
+  auto browsers = runningBrowsers(processes);
+  if (browsers.empty())
+    return std::unexpected(notRunning(name()));
+  const auto reading = joinedReading(sortedByPlace(std::move(browsers), processes), windows);
+  if (!reading)
+    return std::unexpected(applicationError(name(), AppleScript::ErrorNumber::genericError, reading.error()));
+  for (const std::string& problem : reading->problems)
+    DesktopSupport::writeToSystemLog(problem);
+  return std::make_shared<const BrowserRoot>(classes(), reading->session);
+}
+
+}  // namespace ScriptableApps

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "ScriptableApps/Browsers/BrowserApplication.h"
+
+namespace ScriptableApps {
+
+/// "Google Chrome": the windows and tabs of all browsers of the Chromium family that run.
+class GoogleChrome : public BrowserApplication {
+ public:
+  [[nodiscard]] std::string_view name() const override;
+  [[nodiscard]] const AppleScript::Dictionary& dictionary() const override;
+
+ private:
+  [[nodiscard]] std::vector<RunningBrowser> runningBrowsers(const std::vector<pid_t>& processes) const override;
+  [[nodiscard]] const BrowserClasses& classes() const override;
+};
+
+}  // namespace ScriptableApps

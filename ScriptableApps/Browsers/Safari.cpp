@@ -1,0 +1,117 @@
+#include "ScriptableApps/Browsers/Safari.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <utility>
+
+#include "BrowserSessions/Firefox/FirefoxSession.h"
+#include "BrowserSessions/Firefox/RunningFirefox.h"
+#include "BrowserSessions/GNOMEWeb/RunningWeb.h"
+#include "BrowserSessions/GNOMEWeb/WebSession.h"
+
+namespace ScriptableApps {
+
+namespace {
+
+using AppleScript::ClassDescription;
+using AppleScript::ElementsDescription;
+using AppleScript::Object;
+using AppleScript::PropertyDescription;
+using AppleScript::Value;
+using BrowserSessions::RunningFirefox;
+using BrowserSessions::SessionReading;
+
+using Answer = AppleScript::Result<Value>;
+
+constexpr const char* applicationName = "Safari";
+
+constexpr auto tabProperties = std::to_array<PropertyDescription>({
+    {"name", tabTitle},
+    {"URL", tabURL},
+});
+
+constexpr ClassDescription tabClass{.name = "tab", .plural = "tabs", .properties = tabProperties};
+
+constexpr auto windowProperties = std::to_array<PropertyDescription>({
+    {"name", windowTitle},
+    {"current tab", windowActiveTab},
+});
+
+constexpr auto windowElements = std::to_array<ElementsDescription>({{&tabClass, countTabs, tabAt}});
+
+constexpr ClassDescription windowClass{
+    .name = "window", .plural = "windows", .properties = windowProperties, .elements = windowElements};
+
+constexpr auto rootProperties = std::to_array<PropertyDescription>({
+    {"name", [](const Object&) -> Answer { return Value(applicationName); }},
+});
+
+constexpr auto rootElements = std::to_array<ElementsDescription>({{&windowClass, countWindows, windowAt}});
+
+constexpr ClassDescription rootClass{
+    .name = "application", .plural = "applications", .properties = rootProperties, .elements = rootElements};
+
+constexpr std::array<const ClassDescription*, 3> dictionaryClasses = {&rootClass, &windowClass, &tabClass};
+
+// The Firefoxes with one of the profiles that they offer, and those that were told to use another one.
+std::vector<RunningFirefox> allRunningFirefoxes(const std::vector<pid_t>& processes) {
+  auto running = BrowserSessions::runningFirefoxes();
+  for (const pid_t process : processes)
+    if (auto profile = BrowserSessions::firefoxProfileGivenTo(DesktopSupport::ProcessInfo(process));
+        profile && std::ranges::find(running, *profile, &RunningFirefox::profile) == running.end())
+      running.push_back({std::move(*profile), process});
+  return running;
+}
+
+using Reading = std::expected<SessionReading, std::string>;
+
+Reading readFirefox(const std::filesystem::path& profile) {
+  auto session = BrowserSessions::firefoxSession(profile);
+  if (!session)
+    return std::unexpected(std::move(session.error()));
+  return SessionReading{.session = std::move(*session)};
+}
+
+Reading readWeb(const std::filesystem::path& profile, const std::vector<std::string>& windowTitles) {
+  auto session = BrowserSessions::webSession(profile);
+  if (!session)
+    return std::unexpected(std::move(session.error()));
+  SessionReading reading = {.session = std::move(*session)};
+  if (BrowserSessions::isBehind(reading.session, windowTitles))
+    reading.problems.emplace_back(
+        "What is listed of GNOME Web may be out of date: a window shows a page that it has not saved in " +
+        profile.string() + '.');
+  return reading;
+}
+
+}  // namespace
+
+std::string_view Safari::name() const {
+  return applicationName;
+}
+
+const AppleScript::Dictionary& Safari::dictionary() const {
+  static constexpr AppleScript::Dictionary dictionary{.application = &rootClass, .classes = dictionaryClasses};
+  return dictionary;
+}
+
+const BrowserClasses& Safari::classes() const {
+  static constexpr BrowserClasses classes{.application = &rootClass, .window = &windowClass, .tab = &tabClass};
+  return classes;
+}
+
+std::vector<RunningBrowser> Safari::runningBrowsers(const std::vector<pid_t>& processes) const {
+  std::vector<RunningBrowser> browsers;
+  if (const auto web = BrowserSessions::runningWeb())
+    browsers.push_back({web->process, [profile = web->profile](const std::vector<std::string>& titles) {
+                          return readWeb(profile, titles);
+                        }});
+  for (const RunningFirefox& firefox : allRunningFirefoxes(processes))
+    browsers.push_back({firefox.process, [profile = firefox.profile](const std::vector<std::string>& /*titles*/) {
+                          return readFirefox(profile);
+                        }});
+  return browsers;
+}
+
+}  // namespace ScriptableApps
