@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "AppleScript/Running/Run.h"
-#include "AppleScript/Statements/Statement.h"
+#include "AppleScript/Statements/Statements.h"
 #include "AppleScript/Syntax/Lexer.h"
 #include "AppleScript/Syntax/ParseContext.h"
 #include "AppleScript/Syntax/StatementParser.h"

@@ -3,7 +3,7 @@
 #include <ranges>
 
 #include "AppleScript/Syntax/Lexer.h"
-#include "AppleScript/Values/Arguments.h"
+#include "AppleScript/Values/Application.h"
 #include "Fuzz/AllocationCount.h"
 
 namespace Fuzz {

@@ -2,7 +2,7 @@
 #include <optional>
 #include <string>
 
-#include "AppleScript/Text/Names.h"
+#include "AppleScript/Text/CaseFolding.h"
 #include "AppleScript/Text/UTF8.h"
 #include "AppleScript/Values/Failure.h"
 #include "AppleScript/Values/SourceForm.h"

@@ -4,11 +4,10 @@
 #include <string>
 
 #include "AppleScript/Text/CaseFolding.h"
-#include "AppleScript/Text/Names.h"
 #include "AppleScript/Values/Coercions.h"
-#include "AppleScript/Values/Dereference.h"
 #include "AppleScript/Values/Dictionary.h"
 #include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string_view>
+
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 
@@ -34,39 +35,21 @@ enum class Operator : std::uint8_t {
   logicalOr,
 };
 
-/// How tightly an operator holds its operands; later ones hold tighter.
-enum class Precedence : std::uint8_t {
-  logicalOr,
-  logicalAnd,
-  logicalNot,
-  equality,
-  relation,
-  coercion,
-  concatenation,
-  sum,
-  product,
-  power,
-  operand,
-};
-
+/// How several operators of one precedence in a row group; with `none`, they can't follow each other.
 enum class Associativity : std::uint8_t { left, right, none };
 
-/// One way to write an operator: a symbol, or words with one space between them.
-struct OperatorPhrase {
-  std::string_view phrase;
-  Operator meaning;
-  Precedence precedence;
-};
+/// `left op right`. `delimiter` separates the items of a list that becomes text.
+[[nodiscard]] Value applied(Operator op, const Value& left, const Value& right, std::string_view delimiter);
 
-/// The operators between two operands whose phrases begin with `firstWord`, or are that symbol. Where one phrase begins
-/// another, the longer one is meant.
-[[nodiscard]] std::span<const OperatorPhrase> operatorPhrases(std::string_view firstWord);
+/// `left op right` for the arithmetic operators. Both sides are coerced to numbers. An integer result that is too large
+/// becomes a real. Throws -2701 for a division by zero, -2702 if the result is too large for a real.
+[[nodiscard]] Value calculate(Operator op, const Value& left, const Value& right);
 
-[[nodiscard]] Associativity associativityOf(Precedence precedence);
+/// `-value`.
+[[nodiscard]] Value negated(const Value& value);
 
-/// The next tighter precedence.
-[[nodiscard]] constexpr Precedence tighter(Precedence precedence) {
-  return precedence == Precedence::operand ? precedence : static_cast<Precedence>(static_cast<int>(precedence) + 1);
-}
+/// `left & right`: a text if `left` is a text, a record if both are records, otherwise a list. Fields of `right` that
+/// `left` has too are left out. `delimiter` separates the items if `right` is a list that becomes text.
+[[nodiscard]] Value concatenated(const Value& left, const Value& right, std::string_view delimiter);
 
 }  // namespace AppleScript

@@ -5,11 +5,11 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Text/Names.h"
+#include "AppleScript/Text/CaseFolding.h"
 #include "AppleScript/Text/UTF8.h"
-#include "AppleScript/Values/BuiltInClasses.h"
+#include "AppleScript/Values/BuiltIns.h"
 #include "AppleScript/Values/Coercions.h"
-#include "AppleScript/Values/Dereference.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

@@ -3,8 +3,8 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/References/CountSelector.h"
-#include "AppleScript/Values/BuiltInClasses.h"
+#include "AppleScript/References/Selectors.h"
+#include "AppleScript/Values/BuiltIns.h"
 #include "AppleScript/Values/Coercions.h"
 
 namespace AppleScript {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "AppleScript/Expressions/Expression.h"
-#include "AppleScript/References/ElementSelector.h"
-#include "AppleScript/References/ReferenceForm.h"
+#include "AppleScript/References/ReferenceForms.h"
+#include "AppleScript/References/Selectors.h"
 #include "AppleScript/Values/Dictionary.h"
 
 namespace AppleScript {

@@ -5,9 +5,9 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Text/Names.h"
-#include "AppleScript/Values/BuiltInClasses.h"
-#include "AppleScript/Values/Dereference.h"
+#include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Values/BuiltIns.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

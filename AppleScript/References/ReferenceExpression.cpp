@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "AppleScript/Values/Dereference.h"
 #include "AppleScript/Values/Failure.h"
 #include "AppleScript/Values/SourceForm.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "AppleScript/Values/Coercions.h"
-#include "AppleScript/Values/DeepCopy.h"
+#include "AppleScript/Values/SharedContents.h"
 
 namespace AppleScript {
 

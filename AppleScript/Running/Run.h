@@ -9,8 +9,8 @@
 
 #include "AppleScript/Running/TextParts.h"
 #include "AppleScript/Values/Application.h"
-#include "AppleScript/Values/CycleBreaker.h"
 #include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SharedContents.h"
 #include "AppleScript/Values/Value.h"
 
 namespace AppleScript {

@@ -7,9 +7,9 @@
 
 #include "AppleScript/Text/CaseFolding.h"
 #include "AppleScript/Text/UTF8.h"
-#include "AppleScript/Values/BuiltInClasses.h"
+#include "AppleScript/Values/BuiltIns.h"
 #include "AppleScript/Values/Coercions.h"
-#include "AppleScript/Values/DeepCopy.h"
+#include "AppleScript/Values/SharedContents.h"
 
 namespace AppleScript {
 

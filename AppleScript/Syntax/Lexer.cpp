@@ -59,7 +59,8 @@ Token Lexer::next() {
   if (atEnd())
     return {TokenKind::endOfScript, {}, rangeFrom(start)};
   const TokenKind kind = acceptLineEnd() ? TokenKind::endOfLine : scan();
-  return {kind, lexeme_, rangeFrom(start)};
+  const Keyword keyword = kind == TokenKind::word ? keywordFrom(lexeme_) : Keyword::none;
+  return {kind, lexeme_, rangeFrom(start), keyword};
 }
 
 bool Lexer::accept(std::string_view text) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "AppleScript/Syntax/ReservedWords.h"
+#include "AppleScript/Text/CaseFolding.h"
 #include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
@@ -26,6 +26,10 @@ std::string_view nameOf(TermKind kind) {
 }
 
 }  // namespace
+
+std::size_t VariableTable::slot(std::string_view name) {
+  return slots_.try_emplace(lowerCase(name), slots_.size()).first->second;
+}
 
 ParseContext::ParseContext(std::vector<Token> tokens, ApplicationDirectory& applications)
     : tokens_(std::move(tokens)), applications_(applications) {}
@@ -76,16 +80,16 @@ std::string ParseContext::describeFound() const {
     default:
       break;
   }
-  if (token.kind == TokenKind::symbol || isReservedWord(token.lexeme))
+  if (token.kind == TokenKind::symbol || !isName(token))
     return "“" + std::string(token.lexeme) + "”";
   const auto term = findTerm(
       {TermKind::className, TermKind::pluralClassName, TermKind::property, TermKind::command, TermKind::constant});
   return term ? std::string(nameOf(term->kind)) : "identifier";
 }
 
-void ParseContext::expectWord(std::string_view word) {
+void ParseContext::expectWord(Keyword word) {
   if (!tokens_.acceptWord(word))
-    failExpecting("“" + std::string(word) + "”");
+    failExpecting("“" + std::string(spelling(word)) + "”");
 }
 
 void ParseContext::expectSymbol(std::string_view symbol) {
@@ -106,6 +110,24 @@ const Terminology* ParseContext::terminologyOf(Application* application) {
   if (terminology == nullptr)
     terminology = std::make_unique<const Terminology>(*application);
   return terminology.get();
+}
+
+NestingScope::NestingScope(ParseContext& context) : context_(context) {
+  if (context_.nesting_ == maximumNesting)
+    fail(ErrorNumber::syntaxError, "Expressions and blocks nest too deeply here.", context_.tokens_.peek().range);
+  ++context_.nesting_;
+}
+
+TellScope::TellScope(ParseContext& context, Application* application)
+    : context_(context), outer_(context.active_.size()) {
+  ++context_.targets_;
+  if (application != nullptr)
+    context_.active_.push_back(context_.terminologyOf(application));
+}
+
+TellScope::~TellScope() {
+  --context_.targets_;
+  context_.active_.resize(outer_);
 }
 
 }  // namespace AppleScript

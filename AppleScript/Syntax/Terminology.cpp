@@ -4,8 +4,8 @@
 #include <array>
 
 #include "AppleScript/References/BuiltInProperties.h"
-#include "AppleScript/Text/Names.h"
-#include "AppleScript/Values/BuiltInClasses.h"
+#include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Values/BuiltIns.h"
 
 namespace AppleScript {
 

@@ -11,7 +11,7 @@
 
 #include "AppleScript/Syntax/TokenStream.h"
 #include "AppleScript/Values/Application.h"
-#include "AppleScript/Values/Constants.h"
+#include "AppleScript/Values/BuiltIns.h"
 
 namespace AppleScript {
 

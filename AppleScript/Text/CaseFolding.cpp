@@ -1,5 +1,6 @@
 #include "AppleScript/Text/CaseFolding.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -29,6 +30,10 @@ constexpr std::array runs{
     UpperCaseRun{0x4D0, 0x52E, 1, 2},   UpperCaseRun{0x531, 0x556, 48, 1},   UpperCaseRun{0x1E00, 0x1E94, 1, 2},
     UpperCaseRun{0x1EA0, 0x1EFE, 1, 2}, UpperCaseRun{0xFF21, 0xFF3A, 32, 1},
 };
+
+char lower(char letter) {
+  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
 
 }  // namespace
 
@@ -60,6 +65,17 @@ std::strong_ordering compareIgnoringCase(std::string_view left, std::string_view
       return leftCharacter <=> rightCharacter;
   }
   return left.size() - leftOffset <=> right.size() - rightOffset;
+}
+
+bool sameName(std::string_view left, std::string_view right) {
+  return left.size() == right.size() &&
+         std::equal(left.begin(), left.end(), right.begin(), [](char a, char b) { return lower(a) == lower(b); });
+}
+
+std::string lowerCase(std::string_view name) {
+  std::string result(name);
+  std::transform(result.begin(), result.end(), result.begin(), lower);
+  return result;
 }
 
 }  // namespace AppleScript

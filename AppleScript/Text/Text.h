@@ -7,11 +7,9 @@
 
 namespace AppleScript {
 
-class TextBuffer;
-
-/// An immutable text in UTF-8. Copies share their bytes; a text that was built by appending can be appended to again
-/// without copying it, so that a text which grows step by step costs amortised constant time per byte. Texts that share
-/// bytes belong to one thread at a time.
+/// An immutable text in UTF-8. Copies share their bytes. A text that was made by appending can be appended to without
+/// copying, so a text that grows step by step costs amortised constant time per byte. Texts that share bytes belong to
+/// one thread at a time.
 class Text {
  public:
   /// The empty text.
@@ -26,16 +24,17 @@ class Text {
   [[nodiscard]] std::size_t size() const { return size_; }
   [[nodiscard]] bool empty() const { return size_ == 0; }
 
-  /// This text with `more` behind it. This text itself stays as it is.
+  /// This text followed by `more`. This text itself does not change.
   [[nodiscard]] Text appending(std::string_view more) const;
 
   /// The number of Unicode characters.
   [[nodiscard]] std::size_t characterCount() const;
-  /// The characters from number `first` (counted from 0), `count` of them; both must lie within the text.
+  /// `count` characters from the character `first`, counted from 0. All must be within the text.
   [[nodiscard]] std::string_view characters(std::size_t first, std::size_t count) const;
 
  private:
-  std::shared_ptr<TextBuffer> buffer_;
+  class Buffer;
+  std::shared_ptr<Buffer> buffer_;
   std::size_t size_ = 0;
 };
 

@@ -5,13 +5,11 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Text/Names.h"
-#include "AppleScript/Values/BuiltInClasses.h"
-#include "AppleScript/Values/Constants.h"
-#include "AppleScript/Values/Dereference.h"
+#include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Values/BuiltIns.h"
 #include "AppleScript/Values/Failure.h"
-#include "AppleScript/Values/Limits.h"
 #include "AppleScript/Values/NumberText.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

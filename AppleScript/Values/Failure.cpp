@@ -1,6 +1,5 @@
 #include "AppleScript/Values/Failure.h"
 
-#include "AppleScript/Values/Limits.h"
 #include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {

@@ -10,6 +10,10 @@
 
 namespace AppleScript {
 
+/// How deep anything may nest: expressions and blocks in a source (deeper is a syntax error), and the lists and records
+/// that are compared, coerced, copied or written out as a whole (deeper is -2706).
+inline constexpr std::size_t maximumNesting = 256;
+
 /// A script error on its way from where it happens to the `try` block, or to the operation of the public interface,
 /// that answers for it. It is the only exception of this module and never leaves it: outside, errors are `Result`s.
 struct Failure {

@@ -7,8 +7,8 @@
 
 #include "AppleScript/Text/UTF8.h"
 #include "AppleScript/Values/Application.h"
-#include "AppleScript/Values/Constants.h"
-#include "AppleScript/Values/Limits.h"
+#include "AppleScript/Values/BuiltIns.h"
+#include "AppleScript/Values/Failure.h"
 #include "AppleScript/Values/NumberText.h"
 
 namespace AppleScript {

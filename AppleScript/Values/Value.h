@@ -9,12 +9,23 @@
 #include <variant>
 
 #include "AppleScript/Text/Text.h"
-#include "AppleScript/Values/File.h"
-#include "AppleScript/Values/List.h"
-#include "AppleScript/Values/Object.h"
-#include "AppleScript/Values/Record.h"
+#include "AppleScript/Values/Containers.h"
+#include "AppleScript/Values/Dictionary.h"
 
 namespace AppleScript {
+
+/// A file object or alias: a file by its POSIX path. Holds the path as it was given; nothing looks at the file itself.
+class File {
+ public:
+  explicit File(std::string path) : path_(std::move(path)) {}
+  explicit File(Text path) : path_(std::move(path)) {}
+
+  /// The path in UTF-8, as `POSIX path of` yields it.
+  [[nodiscard]] const Text& path() const { return path_; }
+
+ private:
+  Text path_;
+};
 
 class Application;
 
@@ -89,5 +100,10 @@ class Value {
 };
 
 static_assert(sizeof(Value) <= 32);
+
+/// What `value` refers to: the item itself for a reference to an item of a list, any other value as it is. Throws -1728
+/// where the list has no such item any more, -2706 where references lead on without end. Valid until the list changes.
+[[nodiscard]] const Value& dereferenced(const Value& value);
+[[nodiscard]] const Value& dereferenced(const ItemReference& reference);
 
 }  // namespace AppleScript

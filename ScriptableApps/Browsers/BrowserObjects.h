@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "AppleScript/Values/Dictionary.h"
-#include "AppleScript/Values/Object.h"
 #include "AppleScript/Values/Value.h"
 #include "BrowserSessions/BrowserSession.h"
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <initializer_list>
 
-#include "AppleScript/Values/Arguments.h"
+#include "AppleScript/Values/Application.h"
 #include "AppleScript/Values/Value.h"
 #include "ScriptableApps/Deskloom/Deskloom.h"
 

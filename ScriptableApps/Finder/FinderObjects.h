@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "AppleScript/Values/Dictionary.h"
-#include "AppleScript/Values/Object.h"
 #include "ScriptableApps/Finder/OpenFolder.h"
 
 namespace ScriptableApps {

@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "AppleScript/Values/Dictionary.h"
-#include "AppleScript/Values/Object.h"
 #include "ScriptableApps/SystemEvents/RunningApplications.h"
 
 namespace ScriptableApps {

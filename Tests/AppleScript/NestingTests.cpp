@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Values/Limits.h"
+#include "AppleScript/Values/Failure.h"
 #include "AppleScript/Values/SourceForm.h"
 #include "Tests/AppleScript/TestApplications.h"
 

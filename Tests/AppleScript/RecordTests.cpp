@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "AppleScript/Values/Dictionary.h"
-#include "AppleScript/Values/Record.h"
+#include "AppleScript/Values/Containers.h"
 #include "AppleScript/Values/Value.h"
 
 namespace AppleScript {

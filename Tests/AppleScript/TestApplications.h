@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "AppleScript/Script.h"
-#include "AppleScript/Text/Names.h"
+#include "AppleScript/Text/CaseFolding.h"
 #include "AppleScript/Values/Application.h"
 #include "Tests/AppleScript/TestDesk.h"
 #include "Tests/AppleScript/TestHost.h"

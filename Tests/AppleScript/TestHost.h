@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "AppleScript/Values/Application.h"
-#include "AppleScript/Values/Arguments.h"
 #include "AppleScript/Values/Dictionary.h"
 
 namespace AppleScript::Testing {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "AppleScript/Values/Arguments.h"
+#include "AppleScript/Values/Application.h"
 #include "AppleScript/Values/Value.h"
 #include "ScriptableApps/Deskloom/Deskloom.h"
 #include "Tests/Support/EnvironmentVariable.h"
