@@ -37,7 +37,7 @@ german() {
   LANGUAGE=de LANG=C.UTF-8 TEXTDOMAINDIR=$scratch/greeter/$bundle/locale gettext --domain=com.example.Greeter "$1"
 }
 expect "$(german OK)" 'Na gut'
-[[ $(german 'Plugin cannot be installed.') == 'Das Plug-in '* ]] || fail "$(german 'Plugin cannot be installed.')"
+[[ $(german 'Plugin cannot be installed.') == 'Das Plugin '* ]] || fail "$(german 'Plugin cannot be installed.')"
 
 # The session's bus starts it from where it was built, and from where it was installed.
 install_to "$scratch/development" --component development
