@@ -127,7 +127,7 @@ TEST_F(HostAnswersTest, MayBeThatThereIsNoText) {
   EXPECT_EQ(*path, std::nullopt);
 }
 
-TEST_F(HostAnswersTest, AreNotLookedAtWhereNoneAreNeeded) {
+TEST_F(HostAnswersTest, AreNotLookedAtIfNoneAreNeeded) {
   for (const auto* answer : {"('error: the disk is full',)", "(false, '')", "()", "(@av [],)"})
     for (const Request& request : requests())
       if (std::string_view(request.answerType) == "()") {

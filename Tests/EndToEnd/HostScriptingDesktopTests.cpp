@@ -82,7 +82,7 @@ TEST_F(HostScriptingTest, KeepsActionsAndPluginsApart) {
   EXPECT_EQ(api.getGlobalConfig(), "");
 }
 
-TEST_F(HostScriptingTest, IsGivenTheEmptyTextWhereNothingWasSet) {
+TEST_F(HostScriptingTest, IsGivenTheEmptyTextIfNothingWasSet) {
   EXPECT_EQ(api.getConfig("A"), "");
   EXPECT_EQ(api.getGlobalConfig(), "");
 }
@@ -110,7 +110,7 @@ TEST_F(HostScriptingTest, FailsOverAnArgumentThatEndsItsLiteral) {
   EXPECT_THAT(host.linesSoFar(), IsEmpty());
 }
 
-TEST_F(HostScriptingTest, DoesWithoutABundleIdentifierWhereItCan) {
+TEST_F(HostScriptingTest, DoesWithoutABundleIdentifierIfItCan) {
   for (const auto* information : {"", "[Bundle]\nName=Nameless\n", "no such format", "[Bundle]\nIdentifier=\n"}) {
     bundleSays(information);
     EXPECT_TRUE(api.setConfig("x", "A"));

@@ -75,7 +75,7 @@ lib/deskloom/sdk/libPlatform.a
 lib/deskloom/sdk/libPlatformFake.a
 lib/deskloom/sdk/libPlatformText.a
 lib/deskloom/sdk/libScriptableApps.a
-lib/deskloom/sdk/libScriptableAppsCommon.a
+lib/deskloom/sdk/libScriptableAppsErrors.a
 lib/deskloom/sdk/libSystemEventsApplication.a
 lib/deskloom/sdk/libX11Windows.a
 lib/deskloom/sdk/update-check

@@ -1,22 +1,25 @@
-#include "ScriptableApps/Finder/OpenFolder.h"
+#include "ScriptableApps/Finder/OpenFolders.h"
 
 #include <algorithm>
-#include <chrono>
+#include <clocale>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
+#include <libintl.h>
+
+#include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "DesktopSupport/System/TimeLimit.h"
-#include "ScriptableApps/Finder/HomeFolderName.h"
 
 namespace ScriptableApps {
 
 namespace {
 
 using DesktopSupport::CharsHandle;
+using DesktopSupport::ObjectHandle;
 using DesktopSupport::Out;
 
 std::string canonical(const char* path) {
@@ -44,6 +47,35 @@ std::optional<std::string> pathOf(const std::string& uri, MountedPlaces& places)
   return g_ascii_strcasecmp(scheme.get(), "file") == 0 ? localPath(uri) : places.pathOf(uri);
 }
 
+// Switches this thread to the user's language while it exists. The rest of the process keeps its own.
+class UsersLanguage {
+ public:
+  UsersLanguage() {
+    if (locale_ != nullptr)
+      before_ = uselocale(locale_);
+  }
+  UsersLanguage(const UsersLanguage&) = delete;
+  UsersLanguage& operator=(const UsersLanguage&) = delete;
+  ~UsersLanguage() {
+    if (locale_ == nullptr)
+      return;
+    uselocale(before_);
+    freelocale(locale_);
+  }
+
+ private:
+  locale_t locale_ = newlocale(LC_CTYPE_MASK | LC_MESSAGES_MASK, "", nullptr);
+  locale_t before_ = nullptr;
+};
+
+// What the file manager calls the user's home folder, in the user's language; "Home" if there is no translation.
+std::string homeFolderName() {
+  constexpr const char* catalogue = "nautilus";
+  const UsersLanguage language;
+  bind_textdomain_codeset(catalogue, "UTF-8");
+  return DesktopSupport::displayableName(dgettext(catalogue, "Home"));
+}
+
 std::string nameOf(const std::string& path) {
   if (path == canonical(g_get_home_dir()))
     return homeFolderName();
@@ -51,10 +83,10 @@ std::string nameOf(const std::string& path) {
   return DesktopSupport::displayableName(name.get());
 }
 
-/// How long all folders of one list are waited for.
+// The limit for asking about all folders of one list.
 constexpr std::chrono::seconds longestSearch{3};
 
-/// Which of the paths are folders; none if the file system does not say so in time.
+// For each path whether it is a folder, or `nullopt` if the file system does not answer within `limit`.
 std::optional<std::vector<bool>> areFolders(const std::vector<std::string>& paths, std::chrono::milliseconds limit) {
   const auto found = DesktopSupport::foundWithin(limit, [&paths] {
     std::string answers;
@@ -71,7 +103,8 @@ std::optional<std::vector<bool>> areFolders(const std::vector<std::string>& path
   return answers;
 }
 
-/// Which of the paths are folders. One on a network mount that does not answer counts as one: a file manager shows it.
+// For each path whether it is a folder. One on a network mount that does not answer counts as a folder, since a file
+// manager shows it.
 std::vector<bool> whichAreFolders(const std::vector<std::string>& paths) {
   const auto deadline = std::chrono::steady_clock::now() + longestSearch;
   if (paths.empty())
@@ -88,7 +121,31 @@ std::vector<bool> whichAreFolders(const std::vector<std::string>& paths) {
   return oneByOne;
 }
 
+bool areMountsKnown(std::chrono::milliseconds patience) {
+  const auto bus = DesktopSupport::SessionBus::connect();
+  return bus && bus->call({.destination = "org.gtk.vfs.Daemon",
+                           .path = "/org/gtk/vfs/mounttracker",
+                           .interface = "org.freedesktop.DBus.Peer",
+                           .name = "Ping"},
+                          nullptr, G_VARIANT_TYPE("()"), patience);
+}
+
 }  // namespace
+
+// Without this check, GIO would start the daemon of the virtual file systems, and wait long for one that hangs.
+bool MountedPlaces::canBeAsked() {
+  if (!canBeAsked_)
+    canBeAsked_ = areMountsKnown(patience_);
+  return *canBeAsked_;
+}
+
+std::optional<std::string> MountedPlaces::pathOf(const std::string& uri) {
+  if (!canBeAsked())
+    return std::nullopt;
+  const ObjectHandle<GFile> place(g_file_new_for_uri(uri.c_str()));
+  const CharsHandle path(g_file_get_path(place.get()));
+  return path ? std::optional<std::string>(path.get()) : std::nullopt;
+}
 
 std::optional<std::string> pathAt(const std::string& uri, MountedPlaces& places) {
   const auto found = pathOf(uri, places);
@@ -98,7 +155,7 @@ std::optional<std::string> pathAt(const std::string& uri, MountedPlaces& places)
 FolderOrProblem folderWithPath(const std::string& path) {
   if (!DesktopSupport::isDisplayable(path))
     return std::unexpected("The folder " + DesktopSupport::displayable(path) +
-                           " is left out: its path is not one line of text.");
+                           " is left out: its path contains characters that cannot be shown.");
   return OpenFolder{.name = nameOf(path), .path = path.ends_with('/') ? path : path + '/'};
 }
 

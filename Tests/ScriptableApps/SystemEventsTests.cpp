@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "AppleScript/Values/Value.h"
-#include "ScriptableApps/SystemEvents/SystemEventsObjects.h"
+#include "ScriptableApps/SystemEvents/SystemEvents.h"
 
 namespace {
 
@@ -11,7 +11,6 @@ using AppleScript::ClassDescription;
 using AppleScript::ElementsDescription;
 using AppleScript::Object;
 using AppleScript::Value;
-using ScriptableApps::systemEventsDictionary;
 using ScriptableApps::SystemEventsRoot;
 
 Value propertyOf(const Object& object, std::string_view name) {
@@ -32,7 +31,7 @@ const ElementsDescription& elementsOf(const Object& object, std::string_view cla
 SystemEventsRoot twoProcesses() {
   return SystemEventsRoot({{.name = "Files",
                             .file = "/usr/share/applications/files.desktop",
-                            .entryId = "files",
+                            .entryID = "files",
                             .pid = 7,
                             .isFrontmost = true,
                             .isVisible = true},
@@ -72,11 +71,11 @@ TEST(SystemEventsObjects, HoldTheProcessesInTheirOrder) {
 }
 
 TEST(SystemEventsObjects, AreOfClassesThatScriptsCanName) {
-  const auto& classes = systemEventsDictionary().classes;
+  const auto& classes = ScriptableApps::SystemEvents().dictionary().classes;
   const auto plurals = {"applications", "processes", "application processes"};
   EXPECT_TRUE(std::ranges::equal(classes, plurals, {}, &ClassDescription::plural));
   const auto root = twoProcesses();
-  EXPECT_EQ(&root.classDescription(), systemEventsDictionary().application);
+  EXPECT_EQ(&root.classDescription(), ScriptableApps::SystemEvents().dictionary().application);
   EXPECT_EQ(propertyOf(root, "name").stringValue(), "System Events");
 }
 

@@ -9,7 +9,7 @@
 #include <gmock/gmock.h>
 
 #include "DesktopSupport/System/GLibHandles.h"
-#include "ScriptableApps/Finder/OpenFolder.h"
+#include "ScriptableApps/Finder/OpenFolders.h"
 #include "Tests/Support/DeadMount.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
@@ -21,7 +21,7 @@ using ScriptableApps::OpenFolder;
 
 class OpenFolderTest : public testing::Test {
  protected:
-  /// Makes a folder and yields its path without a slash at the end.
+  /// Makes a folder. Yields its path without a slash at the end.
   [[nodiscard]] std::string make(std::string_view name) const {
     const auto folder = folder_.path() / name;
     std::filesystem::create_directories(folder);
@@ -85,7 +85,7 @@ TEST_F(OpenFolderTest, IsReadFromTheURIsPercentEncoding) {
                path + '/');
 }
 
-TEST_F(OpenFolderTest, IsCalledHomeWhereItIsTheUsersOwn) {
+TEST_F(OpenFolderTest, IsCalledHomeIfItIsTheUsersOwn) {
   const TestSupport::EnvironmentVariable english("LC_ALL", "C");
   const std::filesystem::path home = std::getenv("HOME");
   expectFolder("file://" + home.string(), "Home", (home / "").string());
@@ -101,7 +101,7 @@ TEST_F(OpenFolderTest, MayBeALinkToAFolder) {
   expectFolder("file://" + link, "Link", link + '/');
 }
 
-TEST_F(OpenFolderTest, IsNoneWhereThereIsNoFolder) {
+TEST_F(OpenFolderTest, IsNoneIfThereIsNoFolder) {
   const std::string file = folder_.write("file", "contents");
   EXPECT_FALSE(at("file://" + file));
   EXPECT_FALSE(at("file://" + folder_.path().string() + "/none"));
@@ -125,7 +125,7 @@ TEST_F(OpenFolderTest, IsNoneForPlacesOutsideTheFileSystem) {
     EXPECT_FALSE(at(uri)) << uri;
 }
 
-TEST_F(OpenFolderTest, IsAProblemWhereItsPathIsNotOneLineOfUTF8) {
+TEST_F(OpenFolderTest, IsAProblemIfItsPathIsNotOneLineOfUTF8) {
   for (const auto& [name, shown] : std::map<std::string, std::string>{{"two\nlines", "two lines"},
                                                                       {"two\rlines", "two lines"},
                                                                       {"two\xe2\x80\xa8lines", "two lines"},
@@ -133,12 +133,12 @@ TEST_F(OpenFolderTest, IsAProblemWhereItsPathIsNotOneLineOfUTF8) {
     const DesktopSupport::CharsHandle uri(g_filename_to_uri(make(name).c_str(), nullptr, nullptr));
     const auto folder = find(uri.get());
     ASSERT_FALSE(folder) << uri.get();
-    EXPECT_EQ(folder.error(),
-              "The folder " + (folder_.path() / shown).string() + " is left out: its path is not one line of text.");
+    EXPECT_EQ(folder.error(), "The folder " + (folder_.path() / shown).string() +
+                                  " is left out: its path contains characters that cannot be shown.");
   }
 }
 
-TEST_F(OpenFolderTest, IsNoProblemWhereThereIsNoneOfSuchAPath) {
+TEST_F(OpenFolderTest, IsNoProblemIfItDoesNotExist) {
   EXPECT_FALSE(at("file://" + folder_.path().string() + "/no%0Afolder"));
 }
 

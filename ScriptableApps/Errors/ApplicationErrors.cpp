@@ -1,4 +1,4 @@
-#include "ScriptableApps/Common/ApplicationError.h"
+#include "ScriptableApps/Errors/ApplicationErrors.h"
 
 #include <algorithm>
 #include <array>
