@@ -16,7 +16,7 @@ namespace AppleScript {
 StatementPointer StatementParser::parseScript() {
   StatementPointer script = parseBlock();
   if (!context_.tokens().atScriptEnd())
-    context_.failExpecting("expression");
+    context_.failExpecting("an expression");
   return script;
 }
 
@@ -37,7 +37,7 @@ void StatementParser::expectEnd(Keyword word) {
   context_.tokens().acceptWord(word);
 }
 
-/// One statement, up to the end of its line. Commands of applications come first: they may begin like statements.
+/// One statement, up to the end of its line. Application commands come first, since they can begin like statements.
 StatementPointer StatementParser::parseStatement() {
   const NestingScope nesting(context_);
   if (context_.findTerm({TermKind::command}))
@@ -163,7 +163,7 @@ ExpressionPointer StatementParser::parseTarget() {
   const Token& first = tokens.peek();
   ExpressionPointer target = ReferenceParser(context_).parse();
   if (!target->isAssignable())
-    fail(ErrorNumber::syntaxError, "Can’t set this expression to something.", first.range);
+    fail(ErrorNumber::syntaxError, "Only variables, properties and items can be set.", first.range);
   return target;
 }
 
