@@ -16,7 +16,7 @@ using AppleScript::Result;
 using AppleScript::Script;
 using AppleScript::Value;
 
-/// The made-up applications of the interpreter's own tests, and the clock.
+/// The applications of the interpreter's own tests, and the clock.
 class Applications : public AppleScript::ApplicationDirectory {
  public:
   [[nodiscard]] AppleScript::Application* find(std::string_view name) override {
@@ -39,7 +39,7 @@ void requireSound(const AppleScript::ScriptError& error, std::string_view source
                 "An error's range lies in the source.");
 }
 
-/// Whether the source form of a value makes the same value again.
+/// Whether evaluating the source form of a value yields the same value.
 bool isPlain(const Value& value) {
   if (const auto* list = value.getIf<AppleScript::List>())
     return std::ranges::all_of(list->items(), isPlain);
@@ -55,7 +55,7 @@ void requireSameFromSourceForm(const std::string& form) {
   Fuzz::require(value && AppleScript::sourceForm(*value) == form, "A source form means its value.");
 }
 
-/// What has become of a run, in words; none where it was stopped.
+/// The outcome of a run in words, or `nullopt` if it was stopped.
 std::optional<std::string> outcome(const Script& script, Fuzz::ClockApplication& clock, std::string_view source) {
   try {
     clock.restart();
@@ -96,7 +96,7 @@ void runTwice(const std::string& source) {
 
 }  // namespace
 
-// The input is a script. It is compiled as it is, and run with the ticks of the clock in it.
+// The input is a script. It is compiled unchanged, and run with the clock's command in it.
 void Fuzz::run(std::string_view input) {
   Applications applications;
   if (const auto script = Script::compile(input, applications); !script)

@@ -80,7 +80,7 @@ UpdateChecker::Result UpdateChecker::announce(const AppcastItem& item, const Upd
   state.announcedVersion = item.version;
   if (const Result noted = file.write(state); !noted)
     return noted;
-  log("told the user of " + settings_.name + ' ' + shownVersion(item));
+  log("told the user about " + settings_.name + ' ' + shownVersion(item));
   // It waits even if there is no page: some desktops remove a notification when its process ends.
   if (!notification.awaitAnswer(patience) || !page)
     return {};

@@ -1,9 +1,8 @@
 #include "UpdateCheck/UpdateSettings.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstdint>
-#include <system_error>
+
+#include <glib.h>
 
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/KeyFileGroup.h"
@@ -19,15 +18,10 @@ using Platform::URL;
 constexpr std::chrono::seconds usualInterval = std::chrono::days(1);
 constexpr std::chrono::seconds shortestInterval = std::chrono::hours(1);
 
-bool isLetterOrDigit(char character) {
-  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-         (character >= '0' && character <= '9');
-}
-
 /// Whether the text can be part of a file's name.
 bool isIdentifier(std::string_view text) {
   const auto isAllowed = [](char character) {
-    return isLetterOrDigit(character) || std::string_view(".-_").contains(character);
+    return g_ascii_isalnum(character) || std::string_view(".-_").contains(character);
   };
   return !text.empty() && text.front() != '.' && std::ranges::all_of(text, isAllowed);
 }
@@ -45,10 +39,8 @@ std::expected<std::chrono::seconds, std::string> parseInterval(const KeyFileGrou
   const auto text = updates.text("Interval");
   if (!text)
     return usualInterval;
-  std::uint32_t seconds = 0;
-  const char* const last = text->data() + text->size();
-  const auto [end, error] = std::from_chars(text->data(), last, seconds);
-  if (error != std::errc() || end != last)
+  guint64 seconds = 0;
+  if (g_ascii_string_to_unsigned(text->c_str(), 10, 0, G_MAXUINT32, &seconds, nullptr) == FALSE)
     return std::unexpected("Interval is not a number of seconds");
   const std::chrono::seconds interval(seconds);
   return hasScheme(feed, "file") ? interval : std::max(interval, shortestInterval);
@@ -96,7 +88,7 @@ std::string UpdateSettings::userAgent() const {
   std::string text = name + '/' + version;
   std::ranges::replace_if(
       text,
-      [](char character) { return !isLetterOrDigit(character) && !std::string_view("/.-_+").contains(character); },
+      [](char character) { return !g_ascii_isalnum(character) && !std::string_view("/.-_+").contains(character); },
       '-');
   return text;
 }

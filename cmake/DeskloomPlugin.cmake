@@ -111,8 +111,8 @@ function(deskloom_plugin program)
   endif()
   _deskloom_check_files("${call}" ${PLUGIN_SOURCES} ${PLUGIN_ICON} ${PLUGIN_LOCALE})
 
-  # Below the build folder as below each prefix. The layout is fixed, without GNUInstallDirs: what is installed finds its parts by
-  # relative paths and can be moved.
+  # The bundle's path below the build folder and below any prefix. The layout is fixed and does not use GNUInstallDirs: the
+  # installed files find each other by relative paths, so that they can be moved.
   set(bundle "lib/deskloom/plugins/${PLUGIN_IDENTIFIER}")
   set(parts deskloom-windows.so)
   if(DEFINED PLUGIN_FEED_URL)

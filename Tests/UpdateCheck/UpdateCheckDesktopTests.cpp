@@ -27,14 +27,14 @@ TEST_F(UpdateCheckTest, TellsTheUserAboutEachVersionOnce) {
     return finish(std::move(check));
   };
   offer(itemOf("2.0"));
-  EXPECT_EQ(tell(), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(tell(), "told the user about Plugin 2.0\n");
   {
     const FakeNotifications notifications;
     EXPECT_EQ(finish(start()), "");
     EXPECT_FALSE(notifications.wereAsked());
   }
   offer(itemOf("2.1"));
-  EXPECT_EQ(tell(), "told the user of Plugin 2.1\n");
+  EXPECT_EQ(tell(), "told the user about Plugin 2.1\n");
 }
 
 TEST_F(UpdateCheckTest, DoesNotAskTheFeedAgainWithinTheInterval) {
@@ -50,7 +50,7 @@ TEST_F(UpdateCheckTest, TellsTheUserLaterIfThereWasNoNotificationService) {
   ChildProcess check = start();
   (void)notifications.await();
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
 TEST_F(UpdateCheckTest, DoesNothingWhileAnotherCheckIsUnderWay) {
@@ -60,7 +60,7 @@ TEST_F(UpdateCheckTest, DoesNothingWhileAnotherCheckIsUnderWay) {
   (void)notifications.await();
   EXPECT_EQ(finish(start()), "");
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
 TEST_F(UpdateCheckTest, AnnouncesOnlyWhatIsInAFeedWithAValidSignature) {
@@ -76,7 +76,7 @@ TEST_F(UpdateCheckTest, AnnouncesOnlyWhatIsInAFeedWithAValidSignature) {
   ChildProcess check = start();
   (void)notifications.await();
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
 TEST_F(UpdateCheckTest, AsksAServerForTheFeedAndNothingElse) {
@@ -91,7 +91,7 @@ TEST_F(UpdateCheckTest, AsksAServerForTheFeedAndNothingElse) {
   // A second request would find no answer, and the announcement would not come.
   (void)notifications.await();
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
 TEST_F(UpdateCheckTest, LoadsTheFeedFromTheWeb) {
@@ -102,7 +102,7 @@ TEST_F(UpdateCheckTest, LoadsTheFeedFromTheWeb) {
   ChildProcess check = start({{"SSL_CERT_FILE", server.certificate()}});
   (void)notifications.await();
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
 TEST_F(UpdateCheckTest, SaysWhatIsWrongWithAFeedInOneLine) {

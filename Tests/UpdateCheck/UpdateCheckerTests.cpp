@@ -61,7 +61,7 @@ constexpr const char* noFeed =
 constexpr const char* unreachable =
     "could not check for an update of Plugin: the user cannot be told: There is no session bus.";
 
-TEST_F(UpdateCheckerTest, LogsWhereThereIsNothingNew) {
+TEST_F(UpdateCheckerTest, LogsThatThereIsNothingNew) {
   for (const auto* version : {"1.0", "0.9"}) {
     offer(version);
     check();
@@ -106,7 +106,7 @@ TEST_F(UpdateCheckerTest, KeepsToTheIntervalOnceTheFeedCouldBeLoaded) {
   EXPECT_THAT(log.messages, ElementsAre(noFeed, noUpdate, noUpdate));
 }
 
-TEST_F(UpdateCheckerTest, KeepsToTheIntervalWhereTheFeedCannotBeRead) {
+TEST_F(UpdateCheckerTest, KeepsToTheIntervalIfTheFeedCannotBeRead) {
   folder.write("appcast.xml", "not a feed");
   check();
   EXPECT_EQ(state().lastCheck, now);
@@ -130,14 +130,14 @@ TEST_F(UpdateCheckerTest, NotesAnAttemptThatFailsAndNoCheck) {
   EXPECT_EQ(state().lastCheck, std::nullopt);
 }
 
-TEST_F(UpdateCheckerTest, DoesNotNoteAVersionThatNobodyWasToldOf) {
+TEST_F(UpdateCheckerTest, NotesAVersionOnlyIfTheUserWasTold) {
   offer("2.0");
   check();
   EXPECT_THAT(log.messages, ElementsAre(unreachable));
   EXPECT_EQ(state().announcedVersion, std::nullopt);
 }
 
-TEST_F(UpdateCheckerTest, SaysNothingOfAVersionThatTheUserWasToldOf) {
+TEST_F(UpdateCheckerTest, LogsNothingAboutAVersionThatTheUserKnows) {
   offer("2.0");
   ASSERT_TRUE((*lock())->write({.lastCheck = std::nullopt, .announcedVersion = "2.0"}));
   check();
@@ -145,7 +145,7 @@ TEST_F(UpdateCheckerTest, SaysNothingOfAVersionThatTheUserWasToldOf) {
   EXPECT_EQ(state().announcedVersion, "2.0");
 }
 
-TEST_F(UpdateCheckerTest, TellsOfAVersionBehindTheOneThatTheUserWasToldOf) {
+TEST_F(UpdateCheckerTest, AnnouncesAVersionAfterTheOneThatTheUserKnows) {
   offer("2.1");
   ASSERT_TRUE((*lock())->write({.lastCheck = std::nullopt, .announcedVersion = "2.0"}));
   check();
@@ -171,7 +171,7 @@ TEST_F(UpdateCheckerTest, LeavesTheCheckToAnotherThatIsUnderWay) {
   EXPECT_EQ((*other)->read().lastCheck, std::nullopt);
 }
 
-TEST_F(UpdateCheckerTest, AsksNobodyWhereTheTimeCannotBeNoted) {
+TEST_F(UpdateCheckerTest, LoadsNoFeedIfTheTimeCannotBeNoted) {
   folder.write("state/com.example.Plugin.updates/file", "a folder is in the way");
   check();
   ASSERT_EQ(log.messages.size(), 1U);
@@ -179,7 +179,7 @@ TEST_F(UpdateCheckerTest, AsksNobodyWhereTheTimeCannotBeNoted) {
   EXPECT_THAT(log.messages[0], testing::HasSubstr("com.example.Plugin.updates"));
 }
 
-TEST_F(UpdateCheckerTest, LogsOneLineWhateverTheBundleIsCalled) {
+TEST_F(UpdateCheckerTest, LogsOneLineEvenIfTheBundlesNameHasTwo) {
   settings.name = "A\nB";
   check();
   ASSERT_EQ(log.messages.size(), 1U);

@@ -33,7 +33,7 @@ TEST_F(UpdateNotificationTest, TellsTheUserAboutANewerVersion) {
             "'Version Two can be downloaded.', ['default', 'Learn More', 'open', 'Learn More'], "
             "{'desktop-entry': <'com.example.Plugin'>}, -1)");
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin Two\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin Two\n");
 }
 
 TEST_F(UpdateNotificationTest, OpensThePageOnAClickOnTheButtonOrTheNotification) {
@@ -43,7 +43,7 @@ TEST_F(UpdateNotificationTest, OpensThePageOnAClickOnTheButtonOrTheNotification)
     ChildProcess check = start();
     (void)notifications.await();
     notifications.invoke(action);
-    EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\nopened " + page + '\n') << action;
+    EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\nopened " + page + '\n') << action;
     std::filesystem::remove_all(folder.path() / "state");
   }
 }
@@ -60,7 +60,7 @@ TEST_F(UpdateNotificationTest, OpensThePageInABrowserOnTheBus) {
   ChildProcess check = start();
   (void)notifications.await();
   notifications.invoke("open");
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
   EXPECT_THAT(browser.awaitCall("Open"), HasSubstr("['" + page + "']"));
 }
 
@@ -72,7 +72,7 @@ TEST_F(UpdateNotificationTest, SaysThatThePageCannotBeOpened) {
   (void)notifications.await();
   notifications.invoke("open");
   EXPECT_THAT(finish(std::move(check)),
-              StartsWith("told the user of Plugin 2.0\ncould not open the page about Plugin 2.0: "));
+              StartsWith("told the user about Plugin 2.0\ncould not open the page about Plugin 2.0: "));
 }
 
 TEST_F(UpdateNotificationTest, OffersNoButtonIfThePageIsNotAtAnHTTPSURL) {
@@ -83,7 +83,7 @@ TEST_F(UpdateNotificationTest, OffersNoButtonIfThePageIsNotAtAnHTTPSURL) {
     ChildProcess check = start();
     EXPECT_THAT(notifications.await(), HasSubstr("'Version 2.0 can be downloaded.', [], ")) << link;
     notifications.invoke("default");
-    EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+    EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
     std::filesystem::remove_all(folder.path() / "state");
   }
 }
@@ -103,7 +103,7 @@ TEST_F(UpdateNotificationTest, SpeaksTheUsersLanguageButLogsInEnglish) {
   EXPECT_THAT(notifications.await(),
               HasSubstr("'An update for Plugin is available', 'Version 2.0 können Sie herunterladen.'"));
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
 TEST_F(UpdateNotificationTest, IgnoresSignalsAboutOtherNotifications) {
@@ -116,7 +116,7 @@ TEST_F(UpdateNotificationTest, IgnoresSignalsAboutOtherNotifications) {
   notifications.emit("ActionInvoked", "('7', 'open')");
   notifications.emit("ActivationToken", "(uint32 7, 'token')");
   notifications.invoke("open");
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\nopened " + page + '\n');
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\nopened " + page + '\n');
 }
 
 TEST_F(UpdateNotificationTest, EndsWhenTheNotificationServiceDoes) {
@@ -125,7 +125,7 @@ TEST_F(UpdateNotificationTest, EndsWhenTheNotificationServiceDoes) {
   ChildProcess check = start();
   (void)notifications.await();
   notifications.disappear();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
 TEST(UpdateNotification, WaitsNoLongerThanTheTimeout) {

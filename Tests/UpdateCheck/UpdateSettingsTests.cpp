@@ -36,7 +36,7 @@ TEST(UpdateSettings, NeedNoMoreThanAFeed) {
   EXPECT_EQ((*settings)->publicKey, std::nullopt);
 }
 
-TEST(UpdateSettings, AreNoneWithoutAFeed) {
+TEST(UpdateSettings, AreNullWithoutAFeed) {
   for (const std::string& information : {std::string(), std::string("no key file"), bundle, bundle + "[Updates]\n",
                                          bundle + "[Updates]\nFeedURL=\n", "[Bundle]\n" + webFeed}) {
     const auto settings = UpdateSettings::parse(information);
@@ -44,8 +44,8 @@ TEST(UpdateSettings, AreNoneWithoutAFeed) {
   }
 }
 
-// Whoever starts the check reads it, so there are no two readings that could differ.
-TEST(UpdateSettings, LeaveAutomaticChecksToWhoStartsTheCheck) {
+// The key is read by LinuxUpdater, and only there, so that there cannot be two interpretations of it.
+TEST(UpdateSettings, IgnoreAutomaticChecks) {
   for (const std::string value : {"true", "false", "no", ""}) {
     const auto settings = parse(webFeed + "AutomaticChecks=" + value + "\n");
     EXPECT_TRUE(settings && *settings) << value;

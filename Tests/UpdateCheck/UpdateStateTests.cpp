@@ -69,7 +69,7 @@ TEST(UpdateState, IsDueSoonAfterAFailedAttempt) {
   EXPECT_TRUE(state.isDue(noon + 60s, 60s));
 }
 
-TEST(UpdateState, IsNotDueBeforeTheIntervalHasPassedWhateverWasAttempted) {
+TEST(UpdateState, IsNotDueBeforeTheIntervalHasPassedEvenIfAnAttemptWasMade) {
   const UpdateState state{.lastCheck = noon, .lastAttempt = noon - 15min, .announcedVersion = std::nullopt};
   EXPECT_FALSE(state.isDue(noon + 24h - 1s, 24h));
 }

@@ -43,6 +43,14 @@ $package/plugin/plugin.desktop.in
 $package/plugin/plugin.service.in
 lib/deskloom/sdk/deskloom-windows.so
 lib/deskloom/sdk/libAppleScript.a
+lib/deskloom/sdk/libAppleScriptExpressions.a
+lib/deskloom/sdk/libAppleScriptOperators.a
+lib/deskloom/sdk/libAppleScriptReferences.a
+lib/deskloom/sdk/libAppleScriptRunning.a
+lib/deskloom/sdk/libAppleScriptStatements.a
+lib/deskloom/sdk/libAppleScriptSyntax.a
+lib/deskloom/sdk/libAppleScriptText.a
+lib/deskloom/sdk/libAppleScriptValues.a
 lib/deskloom/sdk/libBrimlaceTextView.a
 lib/deskloom/sdk/libBrowserApplications.a
 lib/deskloom/sdk/libBrowserSessions.a

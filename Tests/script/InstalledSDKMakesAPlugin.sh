@@ -43,7 +43,7 @@ german() {
   LANGUAGE=de LANG=C.UTF-8 TEXTDOMAINDIR=$scratch/greeter/$bundle/locale gettext --domain=com.example.Greeter "$1"
 }
 expect "$(german OK)" 'Na gut'
-[[ $(german 'Plugin cannot be installed.') == 'Das Plug-in '* ]] || fail "$(german 'Plugin cannot be installed.')"
+[[ $(german 'Plugin cannot be installed.') == 'Das Plugin '* ]] || fail "$(german 'Plugin cannot be installed.')"
 
 # The session's bus starts it from the build folder, and from the installation.
 install_to "$scratch/development" --component development

@@ -1,6 +1,6 @@
-#include "DeskloomSDK/Configuration/ConfigAlert.h"
+#include "DeskloomSDK/Configuration/HostedConfig.h"
 
-#include "Platform/Services.h"
+#include <vector>
 
 namespace DeskloomSDK {
 
@@ -15,6 +15,12 @@ Platform::Alert configAlert(const Platform::Error& error, ConfigOperation operat
 
 void showConfigAlert(const Platform::Error& error) {
   Platform::services().alerts.runModal(configAlert(error, ConfigOperation::read));
+}
+
+void keepUntilProcessEnds(std::shared_ptr<const ConfigProvider> provider) {
+  // Never destroyed, since a provider's destructor may use static objects that are gone by then.
+  static auto* const kept = new std::vector<std::shared_ptr<const ConfigProvider>>;
+  kept->push_back(std::move(provider));
 }
 
 }  // namespace DeskloomSDK
