@@ -237,7 +237,7 @@ ExpressionPointer ExpressionParser::parseOperand() {
   }
   if (tokens.acceptSymbol("+"))
     return parse(Precedence::operand);
-  if (tokens.acceptWord(Keyword::not_)) {
+  if (tokens.acceptWord(Keyword::notWord)) {
     ExpressionPointer operand = parse(Precedence::logicalNot);
     return std::make_unique<NotExpression>(std::move(operand), tokens.rangeSince(start));
   }
