@@ -13,8 +13,8 @@ namespace AppleScript {
 /// A compiled script (NSAppleScript).
 class Script {
  public:
-  /// Reads `source`, which must be UTF-8, with the dictionaries of the applications that its `tell` blocks name; asks
-  /// no application anything. `applications` must outlive the script. Fails with a syntax error (-2740, -2741).
+  /// Compiles `source`, which must be UTF-8, with the dictionaries of the applications that its `tell` blocks name. No
+  /// running application is asked. `applications` must outlive the script. Fails with a syntax error (-2740 or -2741).
   static Result<Script> compile(std::string_view source, ApplicationDirectory& applications);
 
   Script(const Script&) = delete;
@@ -23,8 +23,8 @@ class Script {
   Script& operator=(Script&&) noexcept;
   ~Script();
 
-  /// Runs the script to its end on the calling thread. Yields the value of the last statement run, none where that has
-  /// no value; fails with the error that nothing in the script caught. Each run starts afresh.
+  /// Runs the script on the calling thread. Yields the value of the last statement, or `nullopt` if it has none. Fails
+  /// with the first error that the script does not catch. Runs share no state.
   [[nodiscard]] Result<std::optional<Value>> run() const;
 
  private:

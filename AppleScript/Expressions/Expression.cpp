@@ -16,7 +16,7 @@ void Expression::assign(Run& run, Value value) const {
   atThisPlace([&] { store(run, std::move(value)); });
 }
 
-// Overriders keep the value.
+// Overriding functions keep the value.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 void Expression::store(Run& /*run*/, Value /*value*/) const {
   fail(ErrorNumber::cantSet, "Can’t set this expression.");

@@ -11,16 +11,16 @@
 
 namespace AppleScript {
 
-/// What a reference leads to.
+/// What a reference yields.
 struct Selection {
-  /// One value, or the list of many.
+  /// One value, or a list of values if `many` is set.
   Value value;
-  /// Whether the value stands for many objects (`every window`), so that what is asked of it is asked of each.
+  /// Whether the value stands for many objects (`every window`). If so, `name of` it is the list of their names.
   bool many = false;
 };
 
-/// A piece of a script that has a value. Evaluating throws script errors; they get this expression's place in the
-/// source unless they already have one.
+/// A part of a script that has a value. Evaluating it can throw a `Failure`, which gets this expression's range in the
+/// source unless it already has one.
 class Expression {
  public:
   explicit Expression(SourceRange range) : range_(range) {}
@@ -31,23 +31,23 @@ class Expression {
   [[nodiscard]] const SourceRange& range() const { return range_; }
 
   [[nodiscard]] Value evaluate(Run& run) const;
-  /// The value passed through `coercion`, whose errors get this place too.
+  /// The value converted by `coercion`. Its errors get this expression's range too.
   template <typename Coercion>
   [[nodiscard]] auto evaluateAs(Run& run, Coercion coercion) const {
     return atThisPlace([&] { return coercion(evaluate(run)); });
   }
-  /// The same for what a longer reference builds on.
+  /// Evaluates this expression as the base of a reference.
   [[nodiscard]] Selection select(Run& run) const;
-  /// Sets the variable, the item or the property that this expression names.
+  /// Sets the variable, item or property that this expression names.
   void assign(Run& run, Value value) const;
 
-  /// Whether `set` can name it.
+  /// Whether this can be the target of `set`.
   [[nodiscard]] virtual bool isAssignable() const { return false; }
-  /// The value where it is at hand without evaluating anything.
+  /// The value if it is known without evaluating anything.
   [[nodiscard]] virtual std::optional<Value> valueAtHand(Run& /*run*/) const { return std::nullopt; }
-  /// The application whose words a `tell` block to this expression is read with; null where there is none.
+  /// The application whose terminology applies inside a `tell` block to this expression; null if there is none.
   [[nodiscard]] virtual Application* addressedApplication() const { return nullptr; }
-  /// Whether this is a command that may be without a result.
+  /// Whether this is a command, which may have no result.
   [[nodiscard]] virtual bool isCommand() const { return false; }
 
  private:

@@ -25,7 +25,7 @@ Value ListExpression::compute(Run& run) const {
 }
 
 void ListExpression::store(Run& run, Value value) const {
-  // The values are held apart: setting an early target must not change what a later one gets.
+  // Copied first: setting one target must not change the value that a later one gets.
   const List list = toList(value);
   const std::vector<Value> values(list.items().begin(), list.items().end());
   for (std::size_t i = 0; i < items_.size(); ++i) {

@@ -10,7 +10,7 @@
 
 namespace AppleScript {
 
-/// A number, a text, a class name or any other value that is written down as such.
+/// A number, a text, a class name or another constant.
 class LiteralExpression : public Expression {
  public:
   LiteralExpression(Value value, SourceRange range) : Expression(range), value_(std::move(value)) {}
@@ -23,7 +23,7 @@ class LiteralExpression : public Expression {
   Value value_;
 };
 
-/// `{a, b}`: a new list each time it is evaluated; as the target of `set`, a pattern.
+/// `{a, b}`: a new list at each evaluation. As the target of `set` it is a pattern.
 class ListExpression : public Expression {
  public:
   ListExpression(std::vector<ExpressionPointer> items, SourceRange range);
@@ -37,10 +37,10 @@ class ListExpression : public Expression {
   std::vector<ExpressionPointer> items_;
 };
 
-/// `{name:"x", size:1}`: a new record each time it is evaluated.
+/// `{name:"x", size:1}`: a new record at each evaluation.
 class RecordExpression : public Expression {
  public:
-  /// As many values as labels.
+  /// There must be as many values as labels.
   RecordExpression(RecordLabels labels, std::vector<ExpressionPointer> values, SourceRange range);
 
  private:
@@ -64,7 +64,7 @@ class FileExpression : public Expression {
 /// `application "X"`.
 class ApplicationExpression : public Expression {
  public:
-  /// `known` is the application that the name, where it is written down, was found to mean.
+  /// `known` is the application if `name` is a literal and there is such an application, otherwise null.
   ApplicationExpression(ExpressionPointer name, Application* known, SourceRange range);
 
   [[nodiscard]] Application* addressedApplication() const override { return known_; }
@@ -76,7 +76,7 @@ class ApplicationExpression : public Expression {
   Application* known_;
 };
 
-/// A variable, by the place that the parser gave to it.
+/// A variable. The parser gives each one a slot.
 class VariableExpression : public Expression {
  public:
   VariableExpression(std::string name, std::size_t slot, SourceRange range);
@@ -92,7 +92,7 @@ class VariableExpression : public Expression {
   std::size_t slot_;
 };
 
-/// `result`: the value of the last statement that had one. Scripts may set it like a variable.
+/// `result`: the value of the last statement that had one. A script can set it like a variable.
 class ResultExpression : public Expression {
  public:
   using Expression::Expression;
@@ -105,7 +105,7 @@ class ResultExpression : public Expression {
   void store(Run& run, Value value) const override;
 };
 
-/// `it`: what the innermost `tell` block addresses, or the object that a filter looks at.
+/// `it`: the target of the innermost `tell` block, or the object that a filter is testing.
 class TargetExpression : public Expression {
  public:
   using Expression::Expression;

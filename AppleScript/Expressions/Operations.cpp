@@ -12,7 +12,7 @@ namespace AppleScript {
 
 namespace {
 
-/// Whether `left` alone decides `left op …`, so that the rest is not evaluated.
+/// Whether `left` alone decides the result, so that the right operand is not evaluated.
 bool decides(Operator op, const Value& left) {
   return (op == Operator::logicalAnd && !toBoolean(left)) || (op == Operator::logicalOr && toBoolean(left));
 }

@@ -11,8 +11,8 @@
 
 namespace AppleScript {
 
-/// `a & b & c`: operators of one precedence and their operands. One expression for the whole chain, so that a long one
-/// is no deeper than a short one.
+/// `a & b & c`: operators of one precedence and their operands. The whole chain is one expression, so a long chain
+/// nests no deeper than a short one.
 class OperatorChain : public Expression {
  public:
   struct Link {
@@ -54,7 +54,7 @@ class NotExpression : public Expression {
   ExpressionPointer operand_;
 };
 
-/// `get …`: the value itself, where a reference alone would go on to stand for many objects.
+/// `get …`: the value alone. A reference built on it no longer asks each of many objects.
 class GetExpression : public Expression {
  public:
   GetExpression(ExpressionPointer inner, SourceRange range) : Expression(range), inner_(std::move(inner)) {}
@@ -65,7 +65,7 @@ class GetExpression : public Expression {
   ExpressionPointer inner_;
 };
 
-/// `exists window 1`: whether the reference leads to something.
+/// `exists window 1`: whether the reference yields a value.
 class ExistsExpression : public Expression {
  public:
   ExistsExpression(ExpressionPointer reference, SourceRange range)
@@ -77,12 +77,12 @@ class ExistsExpression : public Expression {
   ExpressionPointer reference_;
 };
 
-/// A command of an application with what it is given.
+/// A command of an application and its arguments.
 class CommandExpression : public Expression {
  public:
   using Labelled = std::pair<std::string_view, ExpressionPointer>;
 
-  /// `direct` is null where nothing stands directly behind the command's name.
+  /// `direct` is null if the command has no direct parameter here.
   CommandExpression(const CommandDescription& command, Application& application, ExpressionPointer direct,
                     std::vector<Labelled> labelled, SourceRange range);
 

@@ -16,7 +16,7 @@ namespace {
 class Equality {
  public:
   bool holds(const Value& left, const Value& right);
-  /// Whether `whole` has all fields of `part`.
+  /// Whether `whole` has all fields of `part`, with equal values.
   bool holdsForFields(const Record& whole, const Record& part);
 
  private:
@@ -113,7 +113,7 @@ bool Equality::holdsForFields(const Record& whole, const Record& part) {
   return true;
 }
 
-/// Both operands of a containment, seen as texts or as lists.
+/// The operands of `contains` and the like, both as texts or both as lists.
 struct Sides {
   Value whole;
   Value part;

@@ -16,7 +16,7 @@ namespace AppleScript {
 
 namespace {
 
-/// The exact result where it is an integer that fits.
+/// The exact result, or `nullopt` if it is not an integer or too large for one.
 std::optional<std::int64_t> calculateIntegers(Operator op, std::int64_t left, std::int64_t right) {
   std::int64_t result = 0;
   const bool leastByMinusOne = left == std::numeric_limits<std::int64_t>::min() && right == -1;
@@ -57,7 +57,7 @@ bool divides(Operator op) {
   return op == Operator::divide || op == Operator::integerDivide || op == Operator::remainder;
 }
 
-/// An integer where it can be one, as `div` yields it.
+/// The result of `div`: an integer, or a real if it is too large for one.
 Value wholePart(double number) {
   const double whole = std::trunc(number);
   constexpr double bound = -static_cast<double>(std::numeric_limits<std::int64_t>::min());
@@ -70,7 +70,7 @@ Value finite(double number) {
   return number;
 }
 
-/// All fields of `left`, and those of `right` that `left` does not have.
+/// All fields of `left`, then the fields of `right` that `left` lacks.
 Record merged(const Record& left, const Record& right) {
   std::vector<std::string> labels;
   std::vector<Value> values;

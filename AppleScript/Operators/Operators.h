@@ -35,7 +35,7 @@ enum class Operator : std::uint8_t {
   logicalOr,
 };
 
-/// How several operators of one precedence in a row group; with `none`, they can't follow each other.
+/// How a chain of operators of one precedence is grouped. With `none` there are no such chains.
 enum class Associativity : std::uint8_t { left, right, none };
 
 /// `left op right`. `delimiter` separates the items of a list that becomes text.

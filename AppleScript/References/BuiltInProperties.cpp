@@ -91,7 +91,7 @@ std::optional<Value> getPath(Run& /*run*/, const Value& container) {
   return file == nullptr ? std::nullopt : std::optional<Value>(file->path());
 }
 
-/// The code points of a text.
+/// `id of` a text: its code points.
 std::optional<Value> getID(Run& /*run*/, const Value& container) {
   const auto* text = container.getIf<Text>();
   if (text == nullptr)

@@ -9,20 +9,20 @@
 
 namespace AppleScript {
 
-/// A property that the language itself knows of, whatever the application.
+/// A property of the language itself, which needs no application.
 struct BuiltInProperty {
   std::string_view name;
-  /// None where `container` has no such property.
+  /// `nullopt` if `container` has no such property.
   std::optional<Value> (*get)(Run& run, const Value& container);
-  /// False where it cannot be set; null where it never can.
+  /// Yields false if the property of `container` cannot be set; null if it never can.
   bool (*set)(Run& run, const Value& container, const Value& value) = nullptr;
-  /// Whether it is asked of a reference to an item rather than of the item.
+  /// Whether it is a property of a reference to an item rather than of the item.
   bool looksAtReferences = false;
 };
 
 [[nodiscard]] std::span<const BuiltInProperty> builtInProperties();
 
-/// The property of this name; null where there is none.
+/// The property of this name, or null.
 [[nodiscard]] const BuiltInProperty* builtInProperty(std::string_view name);
 
 }  // namespace AppleScript

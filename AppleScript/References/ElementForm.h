@@ -7,17 +7,17 @@
 
 namespace AppleScript {
 
-/// Elements of a class, selected and perhaps filtered: `every process whose background only is false`.
+/// Elements of a class, with a selector and perhaps a filter: `every process whose background only is false`.
 class ElementForm : public ReferenceForm {
  public:
   ElementForm(const ClassDescription& elementClass, ElementSelectorPointer selector);
 
-  /// Adds a filter; while it is evaluated, `it` is the element in question.
+  /// Adds a filter. While it is evaluated, `it` is the element to test.
   void setFilter(ExpressionPointer filter) { filter_ = std::move(filter); }
   [[nodiscard]] bool invitesFilter() const { return filter_ == nullptr && selector_->invitesFilter(); }
 
   [[nodiscard]] bool selectsAll() const { return selector_->selectsAll(); }
-  /// Changes `every window` into the number of windows.
+  /// Turns `every window` into the number of windows.
   void becomeCount();
 
   [[nodiscard]] Found find(Run& run, const Value& container) const override;

@@ -10,23 +10,24 @@
 
 namespace AppleScript {
 
-/// The elements of one class in a container, in order; they are not taken from the container before they are asked for.
+/// The elements of one class in a container, in order. An element is fetched from the container only when it is asked
+/// for.
 class Elements {
  public:
-  /// The elements of the class `elementClass` in `container`; none where it cannot have such elements.
+  /// The elements of the class `elementClass` in `container`; `nullopt` if it cannot have such elements.
   [[nodiscard]] static std::optional<Elements> in(Run& run, const Value& container,
                                                   const ClassDescription& elementClass);
-  /// All items of `list`, which nobody else holds, taken for elements of this class.
+  /// The items of `list`, as elements of this class. Nobody else may hold `list`.
   Elements(List list, const ClassDescription& elementClass);
 
   [[nodiscard]] const ClassDescription& elementClass() const { return *class_; }
   [[nodiscard]] std::size_t size() const;
   /// The element at `index`, counted from 0 and below `size()`.
   [[nodiscard]] Value at(std::size_t index) const;
-  /// `count` elements from `first` on, as a list; as one text where the elements are `text`.
+  /// `count` elements from the index `first`, as a list; as one text if the class is `text`.
   [[nodiscard]] Value range(std::size_t first, std::size_t count) const;
 
-  /// All of them, as a new list; as one text where the elements are `text`.
+  /// All elements, as a new list; as one text if the class is `text`.
   [[nodiscard]] Value all() const;
 
  private:

@@ -9,11 +9,11 @@
 
 namespace AppleScript {
 
-/// `name of every tab of window 1`: a base and the forms that lead on from it, the one next to the base first. One
-/// expression for the whole chain, however long.
+/// `name of every tab of window 1`: a base and the forms applied to it, in the order of application. The whole chain is
+/// one expression, however long.
 class ReferenceExpression : public Expression {
  public:
-  /// A null `base` stands for `it`.
+  /// A null `base` means `it`.
   ReferenceExpression(ExpressionPointer base, std::vector<ReferenceFormPointer> forms, SourceRange range);
 
   [[nodiscard]] bool isAssignable() const override { return forms_.back()->isAssignable(); }
@@ -24,18 +24,18 @@ class ReferenceExpression : public Expression {
   [[nodiscard]] Selection computeSelection(Run& run) const override { return follow(run, forms_.size()); }
   void store(Run& run, Value value) const override;
 
-  /// A form in this reference, and the value that the reference set out from.
+  /// The index of a form in this reference, and the value of the base.
   struct Place {
     std::size_t form;
     const Value& origin;
   };
 
-  /// What the first `count` forms lead to.
+  /// The result of the first `count` forms.
   [[nodiscard]] Selection follow(Run& run, std::size_t count) const;
   [[nodiscard]] Value findInEach(Run& run, Place place, const List& containers) const;
   [[nodiscard]] Value findIn(Run& run, Place place, const Value& container) const;
   [[noreturn]] void failToFind(Run& run, Place place, std::string what, const Value& container) const;
-  /// How an error message ends that is about something `of` it.
+  /// The end of an error message, " of …".
   [[nodiscard]] std::string describeOrigin(const Value& origin) const;
 
   ExpressionPointer base_;

@@ -19,7 +19,7 @@ const PropertyDescription* describedProperty(const ClassDescription& description
   return found == description.properties.end() ? nullptr : &*found;
 }
 
-/// The property as the application's dictionary describes it; none where it does not.
+/// The property from the application's dictionary; `nullopt` if the dictionary does not have it.
 std::optional<Value> describedValue(Run& run, const ObjectReference& reference, std::string_view name) {
   Application* application = reference.application;
   const bool isApplication = reference.object == nullptr;
@@ -45,7 +45,7 @@ void failToSet(const std::string& what, const Value& container, const Value& val
        "Can’t set " + what + " of " + shortSourceForm(container) + " to " + shortSourceForm(value) + ".");
 }
 
-// Overriders keep the value.
+// Overriding functions keep the value.
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 void ReferenceForm::assign(Run& run, const Value& container, Value value) const {
   failToSet(describe(run), container, value);

@@ -10,11 +10,10 @@
 
 namespace AppleScript {
 
-/// What a reference form found in its container; where there is no such thing, how the script would call it: "window
-/// 3".
+/// The value that a form found, or the script's words for what is missing: "window 3".
 using Found = std::expected<Value, std::string>;
 
-/// One link of a reference: what stands before an `of`, be it a property, elements of a class, or a count.
+/// One link of a reference, the part before an `of`: a property, elements of a class, or a count.
 class ReferenceForm {
  public:
   ReferenceForm() = default;
@@ -22,20 +21,20 @@ class ReferenceForm {
   ReferenceForm(const ReferenceForm&) = delete;
   ReferenceForm& operator=(const ReferenceForm&) = delete;
 
-  /// Looks into `container`, which is no reference to an item itself.
+  /// Looks into `container`, which is not a reference to an item unless `looksAtReferences`.
   [[nodiscard]] virtual Found find(Run& run, const Value& container) const = 0;
-  /// Whether what it finds is a list that stands for many objects.
+  /// Whether the result is a list that stands for many objects.
   [[nodiscard]] virtual bool yieldsMany() const { return false; }
-  /// Whether, asked of many objects, it is asked of each rather than of their list.
+  /// Whether it applies to each of many objects rather than to their list.
   [[nodiscard]] virtual bool distributes() const { return true; }
-  /// Whether a reference to an item, as a loop's variable holds it, is looked at itself rather than the item.
+  /// Whether it applies to a reference to an item (such as a loop's variable) rather than to the item.
   [[nodiscard]] virtual bool looksAtReferences() const { return false; }
 
   [[nodiscard]] virtual bool isAssignable() const { return false; }
-  /// Puts `value` there. Throws -10006 where that cannot be.
+  /// Stores `value`. Throws -10006 if that is impossible.
   virtual void assign(Run& run, const Value& container, Value value) const;
 
-  /// How the script calls it, as far as that is known without evaluating anything.
+  /// The script's words for it, as far as they are known without evaluating anything.
   [[nodiscard]] virtual std::string describe(Run& run) const = 0;
 };
 
@@ -44,7 +43,7 @@ using ReferenceFormPointer = std::unique_ptr<const ReferenceForm>;
 /// -10006: "Can’t set … to …."
 [[noreturn]] void failToSet(const std::string& what, const Value& container, const Value& value);
 
-/// A property of an object, a field of a record, or one of the properties that the language gives to its own values.
+/// A property of an object, a field of a record, or a built-in property.
 class PropertyForm : public ReferenceForm {
  public:
   explicit PropertyForm(std::string name);
@@ -57,11 +56,11 @@ class PropertyForm : public ReferenceForm {
 
  private:
   std::string name_;
-  /// Null where the language has no property of this name.
+  /// Null if there is no built-in property of this name.
   const BuiltInProperty* builtIn_;
 };
 
-/// `count of x`, `number of x`: how many items, characters or fields a value has. Throws -1708 for what has none.
+/// `count of x`, `number of x`: the number of items, characters or fields. Throws -1708 for other values.
 class CountForm : public ReferenceForm {
  public:
   [[nodiscard]] Found find(Run& run, const Value& container) const override;
@@ -69,7 +68,7 @@ class CountForm : public ReferenceForm {
   [[nodiscard]] std::string describe(Run& /*run*/) const override { return "count"; }
 };
 
-/// `end of l`, `beginning of l`: a place to put something, never something to get.
+/// `end of l`, `beginning of l`: a place to insert a value. There is nothing to get.
 class InsertionForm : public ReferenceForm {
  public:
   enum class Place { beginning, end };

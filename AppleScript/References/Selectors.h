@@ -15,7 +15,7 @@
 
 namespace AppleScript {
 
-/// Which of a container's elements a reference means: `every`, the third, the one named "Downloads".
+/// Selects elements of a container: every one, the third, the one named "Downloads".
 class ElementSelector {
  public:
   ElementSelector() = default;
@@ -24,23 +24,23 @@ class ElementSelector {
   ElementSelector& operator=(const ElementSelector&) = delete;
 
   [[nodiscard]] virtual Found select(Run& run, const Elements& elements) const = 0;
-  /// Whether it selects a list that stands for many objects.
+  /// Whether the selection is a list that stands for many objects.
   [[nodiscard]] virtual bool yieldsMany() const { return false; }
-  /// Whether a filter that follows is meant for it, rather than for a reference further out.
+  /// Whether a filter after it belongs to it rather than to a part of the reference further out.
   [[nodiscard]] virtual bool invitesFilter() const { return false; }
-  /// Whether it selects all there is.
+  /// Whether it selects all elements.
   [[nodiscard]] virtual bool selectsAll() const { return false; }
-  /// The index of the one element that it selects, for `set`; none where it selects none or many.
+  /// The index of the element to be set; `nullopt` if there is not exactly one.
   [[nodiscard]] virtual std::optional<std::size_t> locate(Run& run, const Elements& elements) const;
 
-  /// How the script calls its selection from elements of this class: "window 3".
+  /// The script's words for the selection: "window 3".
   [[nodiscard]] virtual std::string describe(Run& run, const ClassDescription& elementClass) const = 0;
 };
 
 using ElementSelectorPointer = std::unique_ptr<const ElementSelector>;
 
-/// The index, counted from 0, that a script means by `number`, which counts from 1, or from -1 backwards; none where
-/// there is no such element.
+/// The index, counted from 0, of the element that scripts call `number`: they count from 1, or backwards from -1.
+/// `nullopt` if there is no such element.
 [[nodiscard]] std::optional<std::size_t> indexFromNumber(std::int64_t number, std::size_t size);
 
 /// `every window`, `windows`.
@@ -55,7 +55,7 @@ class EverySelector : public ElementSelector {
   }
 };
 
-/// `number of windows`: how many there are; none of them is looked at.
+/// `number of windows`. Looks at none of them.
 class CountSelector : public ElementSelector {
  public:
   [[nodiscard]] Found select(Run& /*run*/, const Elements& elements) const override { return elements.size(); }
@@ -64,7 +64,7 @@ class CountSelector : public ElementSelector {
   }
 };
 
-/// `some item`: any one of them.
+/// `some item`: a random one.
 class SomeSelector : public ElementSelector {
  public:
   [[nodiscard]] Found select(Run& run, const Elements& elements) const override;
@@ -84,8 +84,7 @@ class MiddleSelector : public ElementSelector {
   }
 };
 
-/// `window 3`, `window -1`, `first window`, `window "Downloads"`: the element of that number or, where the key is a
-/// text, of that name.
+/// `window 3`, `window -1`, `first window`: the element with that number. `window "Downloads"`: the one with that name.
 class KeySelector : public ElementSelector {
  public:
   enum class Style { key, ordinal };
@@ -102,7 +101,7 @@ class KeySelector : public ElementSelector {
   Style style_;
 };
 
-/// `window id 7`: the element whose property `id` is that.
+/// `window id 7`: the element with that `id`.
 class IDSelector : public ElementSelector {
  public:
   explicit IDSelector(ExpressionPointer id) : id_(std::move(id)) {}
@@ -128,8 +127,7 @@ class RangeSelector : public ElementSelector {
   ExpressionPointer last_;
 };
 
-/// The index of the first element whose property `property` equals `value`; elements without that property are passed
-/// by.
+/// The index of the first element whose `property` equals `value`. Elements without the property are skipped.
 [[nodiscard]] std::optional<std::size_t> findByProperty(Run& run, const Elements& elements, std::string_view property,
                                                         const Value& value);
 

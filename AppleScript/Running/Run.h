@@ -15,7 +15,7 @@
 
 namespace AppleScript {
 
-/// What one run of a script remembers: variables, `result`, what `tell` addresses, and the trees of the applications
+/// The state of one run of a script: its variables, `result`, the target of `tell`, and the trees of the applications
 /// that were asked.
 class Run {
  public:
@@ -23,27 +23,27 @@ class Run {
 
   [[nodiscard]] ApplicationDirectory& applications() const { return applications_; }
 
-  /// The variable of this number; empty until it is set.
+  /// The variable in this slot; empty until it is set.
   [[nodiscard]] std::optional<Value>& variable(std::size_t slot) { return variables_[slot]; }
 
   /// `result`: the value of the last statement that had one.
   [[nodiscard]] std::optional<Value>& result() { return result_; }
-  /// Notes the value of a statement that was just run, or that it had none.
+  /// Records the value of the statement that was just run, or that it had none.
   void noteStatement(Value value);
   void noteStatementWithoutValue() { lastHadValue_ = false; }
-  /// The value of the last statement that was run, for the outside: free of lists that hold themselves. Throws -2706
-  /// where it is one.
+  /// The value of the last statement, or `nullopt` if it had none. It must not share lists that the cycle breaker
+  /// empties, so it is a deep copy if there are any. Throws -2706 if it contains itself.
   [[nodiscard]] std::optional<Value> takeValue();
 
-  /// `it`: what the innermost `tell` addresses, or what a filter looks at.
+  /// `it`: the target of the innermost `tell` block, or the object that a filter is testing.
   [[nodiscard]] const Value& target() const { return target_; }
 
-  /// The root of the application's tree, taken when first asked for. Throws what the application fails with.
+  /// The root of the application's tree, which is fetched at the first call. Throws the application's error.
   [[nodiscard]] const ObjectPointer& root(Application& application);
 
   [[nodiscard]] const Value& textItemDelimiters() const { return delimiters_; }
   void setTextItemDelimiters(Value delimiters);
-  /// What joins the items of a list that becomes text.
+  /// The separator for lists that become text.
   [[nodiscard]] std::string_view delimiter() const { return delimiter_.view(); }
   [[nodiscard]] TextParts& textParts() { return textParts_; }
 
@@ -68,7 +68,7 @@ class Run {
   std::optional<std::minstd_rand> random_;
 };
 
-/// Addresses a value for as long as it lives.
+/// Makes a value the target for as long as it lives.
 class TargetScope {
  public:
   TargetScope(Run& run, Value target) : run_(run), outer_(std::exchange(run.target_, std::move(target))) {}

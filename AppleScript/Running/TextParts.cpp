@@ -63,7 +63,7 @@ struct Separator {
   std::size_t length = 0;
 };
 
-/// Finds the next of several separators, none of them empty, without regard to case.
+/// Finds the next of several separators, ignoring case.
 class SeparatorFinder {
  public:
   SeparatorFinder(std::string_view text, const List& delimiters) : text_(text) {

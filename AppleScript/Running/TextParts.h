@@ -7,15 +7,15 @@
 
 namespace AppleScript {
 
-/// Texts taken apart into words, paragraphs or text items. Remembers the text it took apart last, so that a loop over
-/// `paragraph i of t` takes it apart once.
+/// Splits texts into words, paragraphs or text items. Keeps the last result, so a loop over `paragraph i of t` splits
+/// the text once.
 class TextParts {
  public:
-  /// What separates the text items of a text.
+  /// Sets the separators of text items.
   void setDelimiters(const List& delimiters);
 
-  /// The elements of the class `part` (word, paragraph or text item) of `text`. The list is the cache's own and must
-  /// not be changed.
+  /// The elements of the class `part` (word, paragraph or text item) of `text`. The list is cached and must not be
+  /// changed.
   [[nodiscard]] const List& of(const Text& text, const ClassDescription& part);
 
  private:

@@ -15,7 +15,7 @@ namespace AppleScript {
 
 namespace {
 
-/// The list to walk through: that itself, or the characters of a text.
+/// The items to go through: those of a list, or the characters of a text.
 List listToWalk(Run& run, const Value& value) {
   const Value& whole = dereferenced(value);
   if (const auto* list = whole.getIf<List>())
@@ -90,7 +90,7 @@ RepeatItemsStatement::RepeatItemsStatement(ExpressionPointer variable, Expressio
 
 Flow RepeatItemsStatement::execute(Run& run) const {
   const List list = list_->evaluateAs(run, [&run](const Value& value) { return listToWalk(run, value); });
-  // Items that the body adds are not walked through.
+  // Items that the body adds take no part.
   const std::size_t size = list.size();
   for (std::size_t i = 0; i < size; ++i) {
     variable_->assign(run, ItemReference{list, i});

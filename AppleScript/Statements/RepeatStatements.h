@@ -7,7 +7,7 @@
 
 namespace AppleScript {
 
-/// `repeat … end repeat`, without end but for `exit repeat`; the other loops build on it.
+/// `repeat … end repeat`: runs until `exit repeat`. The base of the other loops.
 class RepeatStatement : public Statement {
  public:
   explicit RepeatStatement(StatementPointer body) : body_(std::move(body)) {}
@@ -15,7 +15,7 @@ class RepeatStatement : public Statement {
   Flow execute(Run& run) const override;
 
  protected:
-  /// One round. None where the loop goes on, otherwise how the statement ends.
+  /// Runs the body once. `nullopt` if the loop goes on, otherwise the result of the whole statement.
   [[nodiscard]] std::optional<Flow> round(Run& run) const;
 
  private:
@@ -36,7 +36,7 @@ class RepeatTimesStatement : public RepeatStatement {
 /// `repeat while …` and `repeat until …`.
 class RepeatWhileStatement : public RepeatStatement {
  public:
-  /// Repeats for as long as `condition` is `expected`.
+  /// Repeats while `condition` is `expected`.
   RepeatWhileStatement(ExpressionPointer condition, bool expected, StatementPointer body);
 
   Flow execute(Run& run) const override;
@@ -52,7 +52,7 @@ class RepeatRangeStatement : public RepeatStatement {
   struct Bounds {
     ExpressionPointer first;
     ExpressionPointer last;
-    /// Null for steps of 1.
+    /// Null means 1.
     ExpressionPointer step;
   };
 
@@ -65,7 +65,7 @@ class RepeatRangeStatement : public RepeatStatement {
   Bounds bounds_;
 };
 
-/// `repeat with x in list`: the variable is a reference to one item after the other.
+/// `repeat with x in list`: the variable becomes a reference to each item in turn.
 class RepeatItemsStatement : public RepeatStatement {
  public:
   RepeatItemsStatement(ExpressionPointer variable, ExpressionPointer list, StatementPointer body);

@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "AppleScript/Values/BuiltIns.h"
 #include "AppleScript/Values/Coercions.h"
 #include "AppleScript/Values/Failure.h"
 #include "AppleScript/Values/SharedContents.h"
@@ -16,7 +17,7 @@ namespace {
 int errorNumber(const Value& value) {
   const std::int64_t number = toInteger(value);
   if (number < std::numeric_limits<int>::min() || number > std::numeric_limits<int>::max())
-    failToCoerce(value, "integer");
+    failToCoerce(value, BuiltInClasses::integer.name);
   return static_cast<int>(number);
 }
 

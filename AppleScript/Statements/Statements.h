@@ -12,10 +12,10 @@
 
 namespace AppleScript {
 
-/// Where a run goes on behind a statement.
+/// What to do after a statement.
 enum class Flow : std::uint8_t { next, exitRepeat, endScript };
 
-/// A piece of a script that does something.
+/// A part of a script that does something.
 class Statement {
  public:
   Statement() = default;
@@ -23,13 +23,13 @@ class Statement {
   Statement(const Statement&) = delete;
   Statement& operator=(const Statement&) = delete;
 
-  /// Throws script errors.
+  /// Throws a `Failure` for script errors.
   virtual Flow execute(Run& run) const = 0;
 };
 
 using StatementPointer = std::unique_ptr<const Statement>;
 
-/// Statements one after the other.
+/// A sequence of statements.
 class Block : public Statement {
  public:
   explicit Block(std::vector<StatementPointer> statements) : statements_(std::move(statements)) {}
@@ -40,7 +40,7 @@ class Block : public Statement {
   std::vector<StatementPointer> statements_;
 };
 
-/// An expression, `get` before it or not, or a command, for what it does and for its value.
+/// An expression or a command on a line of its own.
 class ExpressionStatement : public Statement {
  public:
   explicit ExpressionStatement(ExpressionPointer expression) : expression_(std::move(expression)) {}
@@ -51,7 +51,7 @@ class ExpressionStatement : public Statement {
   ExpressionPointer expression_;
 };
 
-/// `set x to value`, which shares lists and records, and `copy value to x`, which does not.
+/// `set x to value`, which shares lists and records, and `copy value to x`, which copies them.
 class SetStatement : public Statement {
  public:
   enum class Sharing { shared, copied };
@@ -69,7 +69,7 @@ class SetStatement : public Statement {
 /// `return x` and `return`.
 class ReturnStatement : public Statement {
  public:
-  /// `value` is null where the script returns nothing.
+  /// `value` is null for `return` alone.
   explicit ReturnStatement(ExpressionPointer value) : value_(std::move(value)) {}
 
   Flow execute(Run& run) const override;
@@ -98,7 +98,7 @@ class IfStatement : public Statement {
     StatementPointer body;
   };
 
-  /// `otherwise` is null where there is no `else`.
+  /// `otherwise` is null if there is no `else`.
   IfStatement(std::vector<Branch> branches, StatementPointer otherwise);
 
   Flow execute(Run& run) const override;
@@ -111,9 +111,9 @@ class IfStatement : public Statement {
 /// `try … on error message number n … end try`.
 class TryStatement : public Statement {
  public:
-  /// What to do on an error. Each may be null.
+  /// The `on error` part. Each member may be null.
   struct Handler {
-    /// The variables that get the error's message and number.
+    /// The variables for the error's message and number.
     ExpressionPointer message;
     ExpressionPointer number;
     StatementPointer body;
@@ -133,7 +133,7 @@ class TryStatement : public Statement {
 /// `error "text" number n`.
 class ErrorStatement : public Statement {
  public:
-  /// `message` and `number` are null where the script gives none.
+  /// `message` and `number` may be null.
   ErrorStatement(ExpressionPointer message, ExpressionPointer number, SourceRange range);
 
   Flow execute(Run& run) const override;

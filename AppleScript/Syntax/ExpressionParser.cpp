@@ -30,7 +30,7 @@ bool KeyParser::isAhead(std::size_t ahead) const {
   }
 }
 
-/// Whether a word there is a variable, rather than a word of the language or of an application.
+/// Whether the word there is a variable rather than a word of the language or of an application.
 bool KeyParser::isWordAhead(std::size_t ahead) const {
   const bool isTerm = context_
                           .findTerm({TermKind::className, TermKind::pluralClassName, TermKind::property,
@@ -40,7 +40,7 @@ bool KeyParser::isWordAhead(std::size_t ahead) const {
   return !isTerm && !context_.findLabel(ahead) && isName(context_.tokens().peek(ahead));
 }
 
-/// Whether a minus there belongs to what follows: `item -1`, but not `item - 1`.
+/// Whether the minus there belongs to the next token: in `item -1`, but not in `item - 1`.
 bool KeyParser::isNegativeAhead(std::size_t ahead) const {
   const TokenStream& tokens = context_.tokens();
   const bool adjoins = tokens.peek(ahead).range.start + 1 == tokens.peek(ahead + 1).range.start;
@@ -51,7 +51,7 @@ ExpressionPointer KeyParser::parse() {
   TokenStream& tokens = context_.tokens();
   const std::size_t start = tokens.position();
   if (!isAhead(0))
-    context_.failExpecting("expression");
+    context_.failExpecting("an expression");
   if (tokens.acceptSymbol("-")) {
     ExpressionPointer key = parse();
     return std::make_unique<NegationExpression>(std::move(key), tokens.rangeSince(start));
@@ -91,7 +91,7 @@ ExpressionPointer KeyParser::parseParenthesized() {
 
 ExpressionPointer KeyParser::parseVariable() {
   if (!isName(context_.tokens().peek()))
-    context_.failExpecting("variable name");
+    context_.failExpecting("the name of a variable");
   const Token& token = context_.tokens().take();
   if (token.keyword == Keyword::result)
     return std::make_unique<ResultExpression>(token.range);
@@ -145,7 +145,7 @@ std::size_t ListParser::labelLength() const {
 std::string ListParser::takeLabel() {
   const std::size_t length = labelLength();
   if (length == 0)
-    context_.failExpecting("label");
+    context_.failExpecting("a label");
   const auto term = context_.findTerm({TermKind::property, TermKind::className});
   const bool isTerm = term && term->tokenCount == length && context_.tokens().peek().kind == TokenKind::word;
   std::string label(isTerm ? term->phrase : context_.tokens().peek().lexeme);
@@ -209,7 +209,7 @@ ExpressionPointer ExpressionParser::parse(Precedence loosest) {
   return expression;
 }
 
-/// All operators of one precedence that follow each other, and their operands.
+/// A chain of operators of one precedence and their operands.
 ExpressionPointer ExpressionParser::parseChain(ExpressionPointer first, Precedence precedence, std::size_t start) {
   TokenStream& tokens = context_.tokens();
   const Associativity associativity = associativityOf(precedence);
@@ -237,7 +237,7 @@ ExpressionPointer ExpressionParser::parseOperand() {
   }
   if (tokens.acceptSymbol("+"))
     return parse(Precedence::operand);
-  if (tokens.acceptWord(Keyword::not_)) {
+  if (tokens.acceptWord(Keyword::notWord)) {
     ExpressionPointer operand = parse(Precedence::logicalNot);
     return std::make_unique<NotExpression>(std::move(operand), tokens.rangeSince(start));
   }
@@ -249,7 +249,7 @@ ExpressionPointer ExpressionParser::parseClassName() {
   const std::size_t start = tokens.position();
   const auto term = context_.findTerm({TermKind::className});
   if (!term)
-    context_.failExpecting("class name");
+    context_.failExpecting("the name of a class");
   tokens.skip(term->tokenCount);
   return std::make_unique<LiteralExpression>(ClassName{term->classDescription}, tokens.rangeSince(start));
 }

@@ -11,17 +11,17 @@
 
 namespace AppleScript {
 
-/// Reads the simplest expressions: what may stand for the key of an element (`window 3`, `window x`, `window (x + 1)`).
+/// Parses the simplest expressions, which can be the key of an element: `window 3`, `window x`, `window (x + 1)`.
 class KeyParser {
  public:
   explicit KeyParser(ParseContext& context) : context_(context) {}
 
-  /// Whether a key stands `ahead` places further on.
+  /// Whether a key begins at the token `ahead` positions from here.
   [[nodiscard]] bool isAhead(std::size_t ahead) const;
-  /// Throws a syntax error where there is no key.
+  /// Throws a syntax error if there is no key.
   [[nodiscard]] ExpressionPointer parse();
 
-  /// The parts that other expressions are made of too; each stands at its first token.
+  /// The kinds of keys, which occur in other expressions too.
   [[nodiscard]] ExpressionPointer parseNumber();
   [[nodiscard]] ExpressionPointer parseText();
   [[nodiscard]] ExpressionPointer parseParenthesized();
@@ -34,30 +34,30 @@ class KeyParser {
   ParseContext& context_;
 };
 
-/// Reads what stands in braces: `{1, "a"}` and `{name:"x"}`.
+/// Parses lists and records: `{1, "a"}` and `{name:"x"}`.
 class ListParser {
  public:
   explicit ListParser(ParseContext& context) : context_(context) {}
 
-  /// The tokens begin with the opening brace.
+  /// The current token must be the opening brace.
   [[nodiscard]] ExpressionPointer parse();
 
  private:
   [[nodiscard]] ExpressionPointer parseList(std::size_t start);
   [[nodiscard]] ExpressionPointer parseRecord(std::size_t start);
-  /// How many tokens spell a label, up to its colon; 0 where there is none.
+  /// The number of tokens of the label here, without the colon; 0 if there is no label.
   [[nodiscard]] std::size_t labelLength() const;
   [[nodiscard]] std::string takeLabel();
 
   ParseContext& context_;
 };
 
-/// Reads a command of an application and its parameters: `set config "T" action "A"`.
+/// Parses a command of an application and its parameters: `set config "T" action "A"`.
 class CommandParser {
  public:
   explicit CommandParser(ParseContext& context) : context_(context) {}
 
-  /// The tokens at the place reached spell `term`, the command's name.
+  /// The next tokens must be `term`, the command's name.
   [[nodiscard]] ExpressionPointer parse(const Term& term);
 
  private:
@@ -68,22 +68,22 @@ class CommandParser {
   ParseContext& context_;
 };
 
-/// Reads expressions: operands and the operators between them.
+/// Parses expressions: operands and the operators between them.
 class ExpressionParser {
  public:
   explicit ExpressionParser(ParseContext& context) : context_(context) {}
 
-  /// A whole expression. Throws a syntax error where there is none.
+  /// Parses a whole expression. Throws a syntax error if there is none.
   [[nodiscard]] ExpressionPointer parse() { return parse(Precedence::logicalOr); }
 
  private:
-  /// An operator at the place reached, and how many tokens spell it.
+  /// The operator at the current token, and its number of tokens.
   struct Match {
     OperatorPhrase phrase;
     std::size_t tokenCount = 0;
   };
 
-  /// Operands joined by operators that hold at least as tightly as `loosest`.
+  /// Parses operands joined by operators that bind at least as tightly as `loosest`.
   [[nodiscard]] ExpressionPointer parse(Precedence loosest);
   [[nodiscard]] ExpressionPointer parseChain(ExpressionPointer first, Precedence precedence, std::size_t start);
   [[nodiscard]] ExpressionPointer parseRightOperand(const OperatorPhrase& phrase);

@@ -83,7 +83,7 @@ ReferenceHead HeadParser::parse() {
   if (tokens.atSymbol("{"))
     return ReferenceHead::ofExpression(ListParser(context_).parse());
   if (!tokens.atSymbol("("))
-    context_.failExpecting("expression");
+    context_.failExpecting("an expression");
   return ReferenceHead::ofExpression(KeyParser(context_).parseParenthesized());
 }
 
@@ -104,12 +104,12 @@ ReferenceLink HeadParser::parseMember() {
   }
   const Token& token = tokens.peek();
   if (!term && !isName(token))
-    context_.failExpecting("property");
+    context_.failExpecting("a property");
   tokens.skip(term ? term->tokenCount : 1);
   return ReferenceHead::ofProperty(term ? term->phrase : token.lexeme).link;
 }
 
-/// Phrases of several words come before the words of the language, which come before single words of a dictionary.
+/// A phrase of several words takes precedence over a keyword, and a keyword over a single word of a dictionary.
 ReferenceHead HeadParser::parseWord() {
   const auto term = findTerm();
   if (term && (term->tokenCount > 1 || term->kind == TermKind::command))
@@ -235,7 +235,7 @@ ReferenceHead HeadParser::parseClass(const Term& term) {
   return parseKeyed(description);
 }
 
-/// What stands behind a class name: `window 3`, `window id 7`, `items 2 thru 4`.
+/// The part after a class name: `window 3`, `window id 7`, `items 2 thru 4`.
 ReferenceHead HeadParser::parseKeyed(const ClassDescription& elementClass) {
   TokenStream& tokens = context_.tokens();
   KeyParser keys(context_);
@@ -265,12 +265,12 @@ ExpressionPointer HeadParser::parseApplication(std::size_t start) {
   return std::make_unique<ApplicationExpression>(std::move(name), known, tokens.rangeSince(start));
 }
 
-/// A variable or, before an `of`, a property that no dictionary knows.
+/// A variable or, before an `of`, a property that is in no dictionary.
 ReferenceHead HeadParser::parseIdentifier() {
   TokenStream& tokens = context_.tokens();
   const Token& token = tokens.peek();
   if (!isName(token))
-    context_.failExpecting("expression");
+    context_.failExpecting("an expression");
   ExpressionPointer variable = KeyParser(context_).parseVariable();
   return isOfAhead() ? ReferenceHead::ofProperty(token.lexeme) : ReferenceHead::ofExpression(std::move(variable));
 }
@@ -291,7 +291,7 @@ std::optional<Term> HeadParser::findTerm() const {
 const ClassDescription& HeadParser::expectClass() {
   const auto term = context_.findTerm({TermKind::className, TermKind::pluralClassName});
   if (!term)
-    context_.failExpecting("class name");
+    context_.failExpecting("the name of a class");
   context_.tokens().skip(term->tokenCount);
   return *term->classDescription;
 }

@@ -13,17 +13,16 @@
 
 namespace AppleScript {
 
-/// A reference form while it is being read, with what is known about it.
+/// A reference form while the reference is being parsed.
 struct ReferenceLink {
   std::unique_ptr<ReferenceForm> form;
-  /// The form itself, where it is one of elements.
+  /// The form itself if it is an `ElementForm`, otherwise null.
   ElementForm* elements = nullptr;
-  /// Whether it is `count` or `number`.
+  /// Whether the form is `count` or `number`.
   bool counts = false;
 };
 
-/// What a reference, or what stands behind an `of`, begins with: an expression to build on or, where that is null, a
-/// form.
+/// The first part of a reference, or of the text after an `of`: an expression (the base of the reference) or a form.
 struct ReferenceHead {
   ExpressionPointer expression;
   ReferenceLink link;
@@ -35,13 +34,13 @@ struct ReferenceHead {
   [[nodiscard]] static ReferenceHead ofCount();
 };
 
-/// Reads what a reference begins with: a literal, a variable, a command, a property, elements of a class, …
+/// Parses the first part of a reference: a literal, a variable, a command, a property, elements of a class, …
 class HeadParser {
  public:
   explicit HeadParser(ParseContext& context) : context_(context) {}
 
   [[nodiscard]] ReferenceHead parse();
-  /// A property or elements, where nothing else can stand: behind `'s` and `its`.
+  /// Parses a property or elements, the only things that can follow `'s` and `its`.
   [[nodiscard]] ReferenceLink parseMember();
 
  private:
@@ -59,8 +58,8 @@ class HeadParser {
   [[nodiscard]] ExpressionPointer parseApplication(std::size_t start);
   [[nodiscard]] ReferenceHead parseIdentifier();
 
-  /// What the words at the place reached mean: the longest phrase and, of equally long ones, what the words behind it
-  /// make likely.
+  /// The meaning of the next words: the longest phrase. Of equally long ones, the next token decides: `window 3` is an
+  /// element, `window of x` may be a property.
   [[nodiscard]] std::optional<Term> findTerm() const;
   [[nodiscard]] const ClassDescription& expectClass();
   [[nodiscard]] bool isKeyAhead(std::size_t ahead) const;

@@ -10,7 +10,7 @@ namespace AppleScript {
 
 namespace {
 
-// Longest first, where one begins another.
+// A symbol that begins with another one comes before it.
 constexpr std::array<std::string_view, 22> symbols{"<=", ">=", "/=", "≠", "≤", "≥", "÷", "(", ")", "{", "}",
                                                    ",",  ":",  "+",  "-", "*", "/", "^", "&", "=", "<", ">"};
 constexpr std::string_view possessive = "'s";
@@ -106,20 +106,20 @@ void Lexer::skipNestedComment() {
     else if (accept("*)"))
       --depth;
     else if (atEnd())
-      fail(ErrorNumber::syntaxError, expected("“*)”", "end of script"), rangeFrom(start));
+      fail(ErrorNumber::syntaxError, expected("“*)”", "the end of the script"), rangeFrom(start));
     else
       advance(1);
   } while (depth > 0);
 }
 
-/// `¬` and the end of its line.
+/// Skips `¬` and the end of its line.
 bool Lexer::skipContinuation() {
   if (!accept(continuation))
     return false;
   while (accept(" ") || accept("\t")) {
   }
   if (!atEnd() && !acceptLineEnd())
-    fail(ErrorNumber::syntaxError, expected("end of line after “¬”", "something else"), {character_, 1});
+    fail(ErrorNumber::syntaxError, "Expected the end of the line after “¬”.", {character_, 1});
   return true;
 }
 
@@ -146,13 +146,14 @@ TokenKind Lexer::scanText() {
     if (current() == '\\') {
       advance(1);
       if (std::string_view("\"\\nrt").find(current()) == std::string_view::npos || atEnd())
-        fail(ErrorNumber::syntaxError, expected("“\"”", "unknown token"), {character_ - 1, 1});
+        fail(ErrorNumber::syntaxError, "After a backslash, a text can have only a quote, another backslash, n, r or t.",
+             {character_ - 1, 1});
     }
     advance(1);
   }
   lexeme_ = source_.substr(first, offset_ - first);
   if (!accept("\""))
-    fail(ErrorNumber::syntaxError, expected("“\"”", "end of script"), rangeFrom(start));
+    fail(ErrorNumber::syntaxError, expected("“\"”", "the end of the script"), rangeFrom(start));
   return TokenKind::text;
 }
 
@@ -161,7 +162,7 @@ TokenKind Lexer::scanBarredIdentifier() {
   advance(1);
   const std::size_t end = source_.find_first_of("|\r\n", offset_);
   if (end == std::string_view::npos || source_[end] != '|')
-    fail(ErrorNumber::syntaxError, expected("“|”", "end of line"), rangeFrom(start));
+    fail(ErrorNumber::syntaxError, expected("“|”", "the end of the line"), rangeFrom(start));
   lexeme_ = source_.substr(offset_, end - offset_);
   advance(end + 1 - offset_);
   return TokenKind::barredIdentifier;
@@ -197,7 +198,7 @@ TokenKind Lexer::scanWord() {
   const std::size_t start = offset_;
   while (isWordPart(current()))
     advance(1);
-  // "isn't" is one word; the apostrophe of "it's" begins a token of its own.
+  // "isn't" is one word, but "it's" is two tokens: "it" and "'s".
   const bool negated = source_.substr(start, offset_ - start).ends_with('n') && startsWith("'t");
   if (negated)
     advance(2);
@@ -211,9 +212,16 @@ TokenKind Lexer::scanSymbol() {
   for (std::size_t i = 0; i < symbols.size() && !known; ++i)
     known = accept(symbols[i]);
   if (!known)
-    fail(ErrorNumber::syntaxError, expected("expression", "unknown token"), {character_, 1});
+    fail(ErrorNumber::syntaxError, expected("an expression", currentCharacter()), {character_, 1});
   lexeme_ = source_.substr(start, offset_ - start);
   return TokenKind::symbol;
+}
+
+/// The current character as an error message names it.
+std::string Lexer::currentCharacter() const {
+  const std::size_t end = UTF8::skip(source_, offset_, 1);
+  const bool isControl = static_cast<unsigned char>(current()) < ' ' || current() == '\x7F';
+  return isControl ? "a control character" : "“" + std::string(source_.substr(offset_, end - offset_)) + "”";
 }
 
 SourceRange Lexer::rangeFrom(std::size_t start) const {

@@ -12,37 +12,37 @@
 namespace AppleScript {
 
 enum class TokenKind : std::uint8_t {
-  /// A run of letters, digits and underscores: a word of the language, of a dictionary, or an identifier.
+  /// Letters, digits and underscores: a word of the language or of a dictionary, or an identifier.
   word,
-  /// An identifier in bars; the lexeme is without them.
+  /// An identifier in bars. The lexeme is without the bars.
   barredIdentifier,
   number,
-  /// "1st", "2nd"; the lexeme is without its letters.
+  /// "1st", "2nd". The lexeme is without the letters.
   ordinal,
-  /// A text literal; the lexeme is what stands between the quotes, as written.
+  /// A text literal. The lexeme is the source between the quotes.
   text,
   symbol,
   endOfLine,
   endOfScript,
 };
 
-/// A piece of a script. The lexeme points into the source.
+/// The smallest unit of a script. The lexeme points into the source.
 struct Token {
   TokenKind kind = TokenKind::endOfScript;
   std::string_view lexeme;
   SourceRange range;
-  /// `none` if this is no word.
+  /// `none` if this is not a word.
   Keyword keyword = Keyword::none;
 };
 
-/// Cuts a script into tokens.
+/// Splits a script into tokens.
 class Lexer {
  public:
   /// `source` must outlive the tokens.
   explicit Lexer(std::string_view source) : source_(source) {}
 
-  /// All tokens of the source; the last one is `endOfScript`. Throws a syntax error where the source is not UTF-8,
-  /// where a text or a comment has no end, and at characters that mean nothing.
+  /// All tokens of the source; the last one is `endOfScript`. Throws a syntax error if the source is not UTF-8, if a
+  /// text or a comment does not end, or at a character that the language does not use.
   [[nodiscard]] std::vector<Token> tokens();
 
  private:
@@ -51,6 +51,7 @@ class Lexer {
   [[nodiscard]] bool startsWith(std::string_view text) const { return source_.substr(offset_).starts_with(text); }
   [[nodiscard]] bool atEnd() const { return offset_ == source_.size(); }
   [[nodiscard]] char current() const { return atEnd() ? '\0' : source_[offset_]; }
+  [[nodiscard]] std::string currentCharacter() const;
   bool accept(std::string_view text);
   void advance(std::size_t bytes);
 
@@ -72,14 +73,13 @@ class Lexer {
   [[nodiscard]] SourceRange rangeFrom(std::size_t start) const;
 
   std::string_view source_;
-  /// The place reached, in bytes and in characters.
+  /// The current position, in bytes and in characters.
   std::size_t offset_ = 0;
   std::size_t character_ = 0;
   std::string_view lexeme_;
 };
 
-/// What a text literal stands for, its escapes replaced. The lexer has seen to it that there are none but `\"`, `\\`,
-/// `\n`, `\r` and `\t`.
+/// The text of a text literal, without escapes. The lexer accepts no escapes but `\"`, `\\`, `\n`, `\r` and `\t`.
 [[nodiscard]] std::string unescaped(std::string_view lexeme);
 
 }  // namespace AppleScript

@@ -3,26 +3,37 @@
 #include <string>
 
 #include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Text/UTF8.h"
 #include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 
 namespace {
 
-std::string_view nameOf(TermKind kind) {
-  switch (kind) {
-    case TermKind::className:
-      return "class name";
-    case TermKind::pluralClassName:
-      return "plural class name";
-    case TermKind::property:
-      return "property";
-    case TermKind::command:
-      return "command name";
-    case TermKind::constant:
-      return "constant";
+constexpr std::size_t longestQuote = 50;
+
+std::string quoted(std::string_view text) {
+  const std::size_t end = UTF8::skip(text, 0, longestQuote);
+  return "“" + std::string(text.substr(0, end)) + (end < text.size() ? "…”" : "”");
+}
+
+/// `token` as an error message names it.
+std::string description(const Token& token) {
+  switch (token.kind) {
+    case TokenKind::endOfScript:
+      return "the end of the script";
+    case TokenKind::endOfLine:
+      return "the end of the line";
+    case TokenKind::text:
+      return shortSourceForm(unescaped(token.lexeme));
+    case TokenKind::barredIdentifier:
+      return quoted("|" + std::string(token.lexeme) + "|");
+    case TokenKind::ordinal:
+      return quoted({token.lexeme.data(), token.range.length});
+    default:
+      return quoted(token.lexeme);
   }
-  return {};
 }
 
 }  // namespace
@@ -59,42 +70,18 @@ std::optional<std::string_view> ParseContext::findLabel(std::size_t ahead) const
 }
 
 void ParseContext::failExpecting(std::string_view wanted) const {
-  fail(ErrorNumber::syntaxError, "Expected " + std::string(wanted) + " but found " + describeFound() + ".",
+  fail(ErrorNumber::syntaxError, "Expected " + std::string(wanted) + " but found " + description(tokens_.peek()) + ".",
        tokens_.peek().range);
-}
-
-std::string ParseContext::describeFound() const {
-  const Token& token = tokens_.peek();
-  switch (token.kind) {
-    case TokenKind::endOfScript:
-      return "end of script";
-    case TokenKind::endOfLine:
-      return "end of line";
-    case TokenKind::number:
-    case TokenKind::ordinal:
-      return "number";
-    case TokenKind::text:
-      return "“\"”";
-    case TokenKind::barredIdentifier:
-      return "identifier";
-    default:
-      break;
-  }
-  if (token.kind == TokenKind::symbol || !isName(token))
-    return "“" + std::string(token.lexeme) + "”";
-  const auto term = findTerm(
-      {TermKind::className, TermKind::pluralClassName, TermKind::property, TermKind::command, TermKind::constant});
-  return term ? std::string(nameOf(term->kind)) : "identifier";
 }
 
 void ParseContext::expectWord(Keyword word) {
   if (!tokens_.acceptWord(word))
-    failExpecting("“" + std::string(spelling(word)) + "”");
+    failExpecting(quoted(spelling(word)));
 }
 
 void ParseContext::expectSymbol(std::string_view symbol) {
   if (!tokens_.acceptSymbol(symbol))
-    failExpecting("“" + std::string(symbol) + "”");
+    failExpecting(quoted(symbol));
 }
 
 void ParseContext::expectLineEnd() {
@@ -102,7 +89,7 @@ void ParseContext::expectLineEnd() {
   if (found.kind == TokenKind::number && tokens_.previous().kind == TokenKind::number)
     fail(ErrorNumber::unexpectedToken, "A number can’t go after this number.", found.range);
   if (!tokens_.acceptLineEnd() && !tokens_.atScriptEnd())
-    failExpecting("end of line");
+    failExpecting("the end of the line");
 }
 
 const Terminology* ParseContext::terminologyOf(Application* application) {

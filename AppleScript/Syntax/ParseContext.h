@@ -15,10 +15,10 @@
 
 namespace AppleScript {
 
-/// Gives each variable of a script its place.
+/// Assigns a slot to each variable of a script.
 class VariableTable {
  public:
-  /// The place of the variable `name`, whose case does not matter.
+  /// The slot of the variable `name`. Case does not matter.
   [[nodiscard]] std::size_t slot(std::string_view name);
   [[nodiscard]] std::size_t size() const { return slots_.size(); }
 
@@ -26,8 +26,7 @@ class VariableTable {
   std::unordered_map<std::string, std::size_t> slots_;
 };
 
-/// What the parsers of statements, expressions and references share: the tokens, the variables, and the words that
-/// apply at the place reached.
+/// The state that all parsers share: the tokens, the variables, and the terminology at the current token.
 class ParseContext {
  public:
   ParseContext(std::vector<Token> tokens, ApplicationDirectory& applications);
@@ -36,15 +35,14 @@ class ParseContext {
   [[nodiscard]] VariableTable& variables() { return variables_; }
   [[nodiscard]] ApplicationDirectory& applications() { return applications_; }
 
-  /// The longest phrase of one of these kinds that stands `ahead` places further on. Of several equally long, that of
-  /// the innermost `tell` block; the language's own come last.
+  /// The longest phrase of one of these kinds at the token `ahead` positions from here. Of equally long ones, the
+  /// innermost `tell` block's wins; the language's own come last.
   [[nodiscard]] std::optional<Term> findTerm(std::initializer_list<TermKind> kinds, std::size_t ahead = 0) const;
 
-  /// Whether a property that stands alone is one of `it`: so in `tell` blocks and filters.
+  /// Whether a property without an `of` means one of `it`, as in `tell` blocks and filters.
   [[nodiscard]] bool hasTarget() const { return targets_ > 0; }
 
-  /// The label of a parameter, of the command that is being read, that stands `ahead` places further on; the longest
-  /// one.
+  /// The longest parameter label of the command being parsed, at the token `ahead` positions from here.
   [[nodiscard]] std::optional<std::string_view> findLabel(std::size_t ahead = 0) const;
 
   /// "Expected … but found …."
@@ -59,23 +57,20 @@ class ParseContext {
   friend class FilterScope;
   friend class LabelScope;
 
-  [[nodiscard]] std::string describeFound() const;
   [[nodiscard]] const Terminology* terminologyOf(Application* application);
 
   TokenStream tokens_;
   ApplicationDirectory& applications_;
   VariableTable variables_;
   std::unordered_map<Application*, std::unique_ptr<const Terminology>> terminologies_;
-  /// Those of the `tell` blocks around, the innermost last.
+  /// Those of the enclosing `tell` blocks, the innermost last.
   std::vector<const Terminology*> active_;
   std::size_t targets_ = 0;
   std::size_t nesting_ = 0;
   const CommandDescription* command_ = nullptr;
 };
 
-/// What changes in a parse context for the time that a parser is inside something.
-
-/// One level of nesting. Throws a syntax error where that is one too many.
+/// One level of nesting. Throws a syntax error if that is too deep.
 class NestingScope {
  public:
   explicit NestingScope(ParseContext& context);
@@ -87,7 +82,7 @@ class NestingScope {
   ParseContext& context_;
 };
 
-/// The inside of a `tell` block, with the words of `application` where that is not null.
+/// The inside of a `tell` block. The terminology of `application` applies there unless it is null.
 class TellScope {
  public:
   TellScope(ParseContext& context, Application* application);
@@ -112,7 +107,7 @@ class FilterScope {
   ParseContext& context_;
 };
 
-/// The parameters of `command`, whose labels end an expression; of none, inside parentheses and braces.
+/// The parameters of `command`: its labels end an expression. Null inside parentheses and braces.
 class LabelScope {
  public:
   LabelScope(ParseContext& context, const CommandDescription* command)

@@ -55,7 +55,7 @@ bool ReferenceParser::acceptOf() {
   return !context_.findLabel() && (tokens.acceptWord(Keyword::of) || tokens.acceptWord(Keyword::in));
 }
 
-/// The elements that a filter behind these parts is meant for: those that stand next to it. Null where there are none.
+/// The elements that a filter after these parts belongs to: the nearest ones. Null if there are none.
 ElementForm* ReferenceParser::findFilterable(std::vector<Part>& parts) {
   for (Part& part : std::views::reverse(parts)) {
     for (ReferenceLink& link : part.links)
@@ -74,7 +74,7 @@ void ReferenceParser::parseFilter(std::vector<Part>& parts) {
   }
 }
 
-/// The forms of all parts, the one next to the base first. `count of every window` becomes one form.
+/// The forms of all parts, in the order of application. `count of every window` becomes one form.
 std::vector<ReferenceFormPointer> ReferenceParser::joined(std::vector<Part>& parts) {
   std::vector<ReferenceFormPointer> forms;
   ElementForm* last = nullptr;

@@ -9,17 +9,16 @@
 
 namespace AppleScript {
 
-/// Reads references, `name of window 1's tab 2`, and the simple expressions that they may consist of.
+/// Parses references, `name of window 1's tab 2`, and the simple expressions that they consist of.
 class ReferenceParser {
  public:
   explicit ReferenceParser(ParseContext& context) : context_(context) {}
 
-  /// A reference, or a simple expression where nothing is asked `of` it.
+  /// Parses a reference, or a simple expression if there is no `of`.
   [[nodiscard]] ExpressionPointer parse();
 
  private:
-  /// What stands between two `of`s. Its links lead outwards from the base or, where that is null, from the part behind
-  /// the next `of`.
+  /// The part between two `of`s. Its links apply to the base or, if that is null, to the part after the next `of`.
   struct Part {
     ExpressionPointer base;
     std::vector<ReferenceLink> links;

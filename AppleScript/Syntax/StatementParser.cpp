@@ -16,7 +16,7 @@ namespace AppleScript {
 StatementPointer StatementParser::parseScript() {
   StatementPointer script = parseBlock();
   if (!context_.tokens().atScriptEnd())
-    context_.failExpecting("expression");
+    context_.failExpecting("an expression");
   return script;
 }
 
@@ -37,7 +37,7 @@ void StatementParser::expectEnd(Keyword word) {
   context_.tokens().acceptWord(word);
 }
 
-/// One statement, up to the end of its line. Commands of applications come first: they may begin like statements.
+/// One statement, up to the end of its line. Application commands come first, since they can begin like statements.
 StatementPointer StatementParser::parseStatement() {
   const NestingScope nesting(context_);
   if (context_.findTerm({TermKind::command}))
@@ -47,11 +47,11 @@ StatementPointer StatementParser::parseStatement() {
     StatementPointer (StatementParser::*parse)();
   };
   static constexpr auto kinds = std::to_array<Kind>({{Keyword::tell, &StatementParser::parseTell},
-                                                     {Keyword::if_, &StatementParser::parseIf},
-                                                     {Keyword::try_, &StatementParser::parseTry},
+                                                     {Keyword::ifWord, &StatementParser::parseIf},
+                                                     {Keyword::tryWord, &StatementParser::parseTry},
                                                      {Keyword::set, &StatementParser::parseSet},
                                                      {Keyword::copy, &StatementParser::parseCopy},
-                                                     {Keyword::return_, &StatementParser::parseReturn},
+                                                     {Keyword::returnWord, &StatementParser::parseReturn},
                                                      {Keyword::exit, &StatementParser::parseExit},
                                                      {Keyword::error, &StatementParser::parseError}});
   for (const Kind& kind : kinds)
@@ -79,7 +79,7 @@ StatementPointer StatementParser::parseIf() {
     return parseIfBlock(std::move(condition));
   std::vector<IfStatement::Branch> branches;
   branches.push_back({std::move(condition), parseStatement()});
-  StatementPointer otherwise = tokens.acceptWord(Keyword::else_) ? parseStatement() : nullptr;
+  StatementPointer otherwise = tokens.acceptWord(Keyword::elseWord) ? parseStatement() : nullptr;
   return std::make_unique<IfStatement>(std::move(branches), std::move(otherwise));
 }
 
@@ -89,8 +89,8 @@ StatementPointer StatementParser::parseIfBlock(ExpressionPointer condition) {
   StatementPointer otherwise;
   context_.expectLineEnd();
   branches.push_back({std::move(condition), parseBlock()});
-  while (otherwise == nullptr && tokens.acceptWord(Keyword::else_)) {
-    ExpressionPointer next = tokens.acceptWord(Keyword::if_) ? ExpressionParser(context_).parse() : nullptr;
+  while (otherwise == nullptr && tokens.acceptWord(Keyword::elseWord)) {
+    ExpressionPointer next = tokens.acceptWord(Keyword::ifWord) ? ExpressionParser(context_).parse() : nullptr;
     if (next != nullptr)
       tokens.acceptWord(Keyword::then);
     context_.expectLineEnd();
@@ -99,7 +99,7 @@ StatementPointer StatementParser::parseIfBlock(ExpressionPointer condition) {
     else
       otherwise = parseBlock();
   }
-  expectEnd(Keyword::if_);
+  expectEnd(Keyword::ifWord);
   return std::make_unique<IfStatement>(std::move(branches), std::move(otherwise));
 }
 
@@ -118,7 +118,7 @@ StatementPointer StatementParser::parseTry() {
     context_.expectLineEnd();
     handler.body = parseBlock();
   }
-  expectEnd(Keyword::try_);
+  expectEnd(Keyword::tryWord);
   return std::make_unique<TryStatement>(std::move(body), std::move(handler));
 }
 
@@ -163,21 +163,21 @@ ExpressionPointer StatementParser::parseTarget() {
   const Token& first = tokens.peek();
   ExpressionPointer target = ReferenceParser(context_).parse();
   if (!target->isAssignable())
-    fail(ErrorNumber::syntaxError, "Can’t set this expression to something.", first.range);
+    fail(ErrorNumber::syntaxError, "Only variables, properties and items can be set.", first.range);
   return target;
 }
 
 bool StatementParser::atBlockEnd() {
   const TokenStream& tokens = context_.tokens();
   const bool atHandler = tokens.atWord(Keyword::on) && tokens.atWord(Keyword::error, 1);
-  return tokens.atWord(Keyword::end) || tokens.atWord(Keyword::else_) || atHandler;
+  return tokens.atWord(Keyword::end) || tokens.atWord(Keyword::elseWord) || atHandler;
 }
 
 StatementPointer RepeatParser::parse() {
   TokenStream& tokens = context_.tokens();
   if (tokens.atLineEnd())
     return std::make_unique<RepeatStatement>(parseBody());
-  if (tokens.acceptWord(Keyword::while_))
+  if (tokens.acceptWord(Keyword::whileWord))
     return parseWhile(true);
   if (tokens.acceptWord(Keyword::until))
     return parseWhile(false);

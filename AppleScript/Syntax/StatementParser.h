@@ -8,16 +8,16 @@
 
 namespace AppleScript {
 
-/// Reads statements, and the blocks that they make up.
+/// Parses statements and blocks.
 class StatementParser {
  public:
   explicit StatementParser(ParseContext& context) : context_(context) {}
 
-  /// All statements up to the end of the script.
+  /// All statements to the end of the script.
   [[nodiscard]] StatementPointer parseScript();
-  /// The statements up to the `end`, `else` or `on error` of the block around.
+  /// The statements up to the `end`, `else` or `on error` of the enclosing block.
   [[nodiscard]] StatementPointer parseBlock();
-  /// `end`, with `word` behind it or nothing.
+  /// Expects `end`, alone or followed by `word`.
   void expectEnd(Keyword word);
 
  private:
@@ -39,12 +39,12 @@ class StatementParser {
   ParseContext& context_;
 };
 
-/// Reads loops.
+/// Parses loops.
 class RepeatParser {
  public:
   explicit RepeatParser(ParseContext& context) : context_(context) {}
 
-  /// What stands behind `repeat`, up to the loop's `end`.
+  /// The rest of a loop, after the word `repeat`.
   [[nodiscard]] StatementPointer parse();
 
  private:

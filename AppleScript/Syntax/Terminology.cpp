@@ -19,7 +19,7 @@ constexpr std::array allClasses{&Classes::item,       &Classes::character,      
                                 &Classes::alias,      &Classes::classOfClasses, &Classes::script,  &Classes::constant,
                                 &Classes::application};
 
-/// Further phrases for the language's classes.
+/// Other phrases for the language's classes.
 struct Synonym {
   std::string_view phrase;
   const ClassDescription* meaning;
@@ -49,7 +49,7 @@ Terminology::Terminology() {
 
 Terminology::Terminology(Application& application) {
   const Dictionary& dictionary = application.dictionary();
-  // The application's own class goes by the language's word: `application "X"` may name another one.
+  // The class `application` keeps the language's meaning, since `application "X"` may name another application.
   addProperties(*dictionary.application, application);
   for (const ClassDescription* description : dictionary.classes) {
     if (description != dictionary.application) {

@@ -17,17 +17,17 @@ namespace AppleScript {
 
 enum class TermKind : std::uint8_t { className, pluralClassName, property, command, constant };
 
-/// A phrase that means something: words of the language itself or of an application.
+/// A phrase of the language or of an application.
 struct Term {
   TermKind kind;
   std::string_view phrase;
-  /// Null for the words of the language itself.
+  /// Null for the language's own phrases.
   Application* application = nullptr;
-  /// What it means, according to its kind; a property means its phrase.
+  /// The meaning, depending on the kind; null for the others. A property is known by its phrase.
   const ClassDescription* classDescription = nullptr;
   const CommandDescription* command = nullptr;
   const Value* constant = nullptr;
-  /// How many tokens spell it.
+  /// The number of tokens that spell it.
   std::size_t tokenCount = 0;
 };
 
@@ -39,7 +39,7 @@ class Terminology {
   /// Those of the application's dictionary.
   explicit Terminology(Application& application);
 
-  /// The longest phrase of one of these kinds that the tokens from `ahead` on spell.
+  /// The longest phrase of one of these kinds at the token `ahead` positions from here.
   [[nodiscard]] std::optional<Term> longest(const TokenStream& tokens, std::size_t ahead,
                                             std::initializer_list<TermKind> kinds) const;
 

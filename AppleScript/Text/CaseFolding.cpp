@@ -10,7 +10,7 @@ namespace AppleScript {
 
 namespace {
 
-/// A run of upper-case letters: those at an even distance from `first` where `step` is 2, all of them where it is 1.
+/// A range of characters in which every `step`th one, beginning with `first`, is an upper-case letter.
 struct UpperCaseRun {
   char32_t first;
   char32_t last;

@@ -6,19 +6,16 @@
 
 namespace AppleScript {
 
-/// Text without regard to case, for the scripts whose letters have simple counterparts: Latin, Greek, Cyrillic,
-/// Armenian.
-
 /// The lower-case counterpart of `character`, or itself.
 [[nodiscard]] char32_t foldCase(char32_t character);
 
-/// `text` with every character folded.
+/// `text` in lower case.
 [[nodiscard]] std::string foldCase(std::string_view text);
 
-/// The order of two texts by their folded characters.
+/// The order of two texts by their lower-case characters.
 [[nodiscard]] std::strong_ordering compareIgnoringCase(std::string_view left, std::string_view right);
 
-/// Whether two identifiers or phrases are the same to the language, which ignores the case of their ASCII letters.
+/// Whether two identifiers or phrases are equal, ignoring the case of ASCII letters.
 [[nodiscard]] bool sameName(std::string_view left, std::string_view right);
 
 /// `name` with its ASCII letters in lower case.

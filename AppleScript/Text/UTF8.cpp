@@ -33,7 +33,7 @@ bool isScalarOfLength(char32_t character, std::size_t length) {
   return character >= smallest[length] && character <= 0x10FFFF && !surrogate;
 }
 
-/// The well-formed character at `offset`; of length 0 where there is none.
+/// The well-formed character at `offset`; the length is 0 if there is none.
 Sequence sequenceAt(std::string_view text, std::size_t offset) {
   const unsigned lead = byteAt(text, offset);
   const std::size_t length = announcedLength(lead);

@@ -12,20 +12,20 @@
 
 namespace AppleScript {
 
-/// A scriptable application: what `tell application "…"` reaches.
+/// A scriptable application: the target of `tell application "…"`.
 class Application {
  public:
   virtual ~Application() = default;
 
-  /// The name that scripts call it by.
+  /// Its name in scripts.
   [[nodiscard]] virtual std::string_view name() const = 0;
 
-  /// Its terminology; known without asking the running application.
+  /// Its terminology, which is known without asking the running application.
   [[nodiscard]] virtual const Dictionary& dictionary() const = 0;
 
-  /// Asks the running application what it has open and yields the root of that tree. The interpreter calls this at most
-  /// once in a run, the first time the script reads a property or an element of the application, so a script sees one
-  /// consistent moment. Fails with -600 where the application is not running; nothing is started to be asked.
+  /// Asks the running application what it has open, and yields the root of that tree. A run calls this at most once,
+  /// when the script first reads a property or an element of the application, so a script sees one consistent snapshot.
+  /// Fails with -600 if the application is not running; it is never started.
   [[nodiscard]] virtual Result<ObjectPointer> open() = 0;
 };
 
@@ -34,25 +34,23 @@ class ApplicationDirectory {
  public:
   virtual ~ApplicationDirectory() = default;
 
-  /// The application of this name, compared without regard to case; none where there is no such application. The
-  /// directory keeps the application for as long as it lives itself.
+  /// The application of this name, ignoring case, or null. The directory owns it.
   [[nodiscard]] virtual Application* find(std::string_view name) = 0;
 };
 
-/// What a script gave to a command.
+/// The arguments that a script gives to a command.
 class Arguments {
  public:
   Arguments() = default;
   explicit Arguments(Value direct) : direct_(std::move(direct)) {}
 
   [[nodiscard]] bool hasDirect() const { return direct_.has_value(); }
-  /// The value directly behind the command's name; `missing value` where there is none.
+  /// The value of the direct parameter, which follows the command's name, or `missing value`.
   [[nodiscard]] const Value& direct() const;
-  /// The value behind `label`; `missing value` where there is none.
+  /// The value of the parameter `label`, or `missing value`.
   [[nodiscard]] const Value& labelled(std::string_view label) const;
 
-  /// The same values coerced to text. Fail with -1701 where there is no such value, with -1700 where it has no text
-  /// form.
+  /// The same values coerced to text. Fail with -1701 if there is no such value, with -1700 if it cannot be coerced.
   [[nodiscard]] Result<std::string> directText() const;
   [[nodiscard]] Result<std::string> labelledText(std::string_view label) const;
 

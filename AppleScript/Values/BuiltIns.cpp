@@ -23,8 +23,8 @@ struct ClassFinder {
   Class operator()(const Record&) const { return BuiltInClasses::record; }
   Class operator()(ClassName) const { return BuiltInClasses::classOfClasses; }
   Class operator()(Constant constant) const {
-    const bool stands = constant == Constant::yes || constant == Constant::no || constant == Constant::ask;
-    return stands ? BuiltInClasses::constant : BuiltInClasses::script;
+    const bool isAWord = constant == Constant::yes || constant == Constant::no || constant == Constant::ask;
+    return isAWord ? BuiltInClasses::constant : BuiltInClasses::script;
   }
   Class operator()(const ObjectReference& reference) const {
     return reference.object == nullptr ? BuiltInClasses::application : reference.object->classDescription();
@@ -49,9 +49,9 @@ bool isOfClass(const Value& value, const ClassDescription& description) {
 
 std::span<const ConstantPhrase> constantPhrases() {
   static const std::array phrases{
-      ConstantPhrase{"true", true},
-      ConstantPhrase{"false", false},
-      ConstantPhrase{"missing value", Value()},
+      ConstantPhrase{nameOf(true), true},
+      ConstantPhrase{nameOf(false), false},
+      ConstantPhrase{missingValueName, Value()},
       ConstantPhrase{"linefeed", "\n"},
       ConstantPhrase{"return", "\r"},
       ConstantPhrase{"tab", "\t"},
@@ -59,11 +59,11 @@ std::span<const ConstantPhrase> constantPhrases() {
       ConstantPhrase{"quote", "\""},
       ConstantPhrase{"pi", std::numbers::pi},
       ConstantPhrase{"me", Constant::me},
-      ConstantPhrase{"current application", Constant::currentApplication},
-      ConstantPhrase{"AppleScript", Constant::appleScript},
-      ConstantPhrase{"yes", Constant::yes},
-      ConstantPhrase{"no", Constant::no},
-      ConstantPhrase{"ask", Constant::ask},
+      ConstantPhrase{nameOf(Constant::currentApplication), Constant::currentApplication},
+      ConstantPhrase{nameOf(Constant::appleScript), Constant::appleScript},
+      ConstantPhrase{nameOf(Constant::yes), Constant::yes},
+      ConstantPhrase{nameOf(Constant::no), Constant::no},
+      ConstantPhrase{nameOf(Constant::ask), Constant::ask},
   };
   return phrases;
 }

@@ -32,14 +32,13 @@ inline constexpr ClassDescription application{"application", "applications", {}}
 
 }  // namespace BuiltInClasses
 
-/// The class of `value`, that of the item for a reference to an item.
+/// The class of `value`. For a reference to an item it is the item's class.
 [[nodiscard]] const ClassDescription& classOf(const Value& value);
 
-/// Whether `value` is of the class `description` or of one that belongs to it: a real is a `number`, everything an
-/// `item`.
+/// Whether `value` is of the class `description`. A real is also a `number`; everything is an `item`.
 [[nodiscard]] bool isOfClass(const Value& value, const ClassDescription& description);
 
-/// A phrase of the language that always means the same value.
+/// A phrase of the language with a fixed value.
 struct ConstantPhrase {
   std::string_view phrase;
   Value value;
@@ -48,7 +47,11 @@ struct ConstantPhrase {
 /// `true`, `linefeed`, `missing value`, `pi`, …
 [[nodiscard]] std::span<const ConstantPhrase> constantPhrases();
 
-/// How the language writes `constant`.
+/// How scripts write values that are words.
+inline constexpr std::string_view missingValueName = "missing value";
+[[nodiscard]] constexpr std::string_view nameOf(bool value) {
+  return value ? "true" : "false";
+}
 [[nodiscard]] std::string_view nameOf(Constant constant);
 
 }  // namespace AppleScript

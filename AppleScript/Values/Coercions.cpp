@@ -15,7 +15,7 @@ namespace AppleScript {
 
 namespace {
 
-/// Puts texts together; the one place that knows the text form of each kind of value.
+/// Coerces values to text and joins them.
 class TextJoiner {
  public:
   explicit TextJoiner(std::string_view delimiter) : delimiter_(delimiter) {}
@@ -44,7 +44,7 @@ void TextJoiner::add(const Value& value) {
   else if (const auto* real = value.getIf<double>())
     joined_ += numberText(*real);
   else if (const auto* boolean = value.getIf<bool>())
-    joined_ += *boolean ? "true" : "false";
+    joined_ += nameOf(*boolean);
   else if (const auto* file = value.getIf<File>())
     joined_ += file->path().view();
   else if (const auto* list = value.getIf<List>())
@@ -54,7 +54,7 @@ void TextJoiner::add(const Value& value) {
   else if (const auto* constant = value.getIf<Constant>())
     joined_ += nameOf(*constant);
   else if (value.isMissing())
-    joined_ += "missing value";
+    joined_ += missingValueName;
   else if (value.is<ItemReference>())
     add(dereferenced(value));
   else
@@ -70,7 +70,7 @@ void TextJoiner::add(const List& list) {
   }
 }
 
-/// The item of a list of one, at any depth; other values as they are.
+/// The item of a list of one item, at any depth; other values unchanged.
 const Value& onlyItem(const Value& value) {
   const Value* current = &dereferenced(value);
   std::size_t depth = 0;
@@ -125,7 +125,7 @@ std::int64_t toInteger(const Value& value) {
   if (const auto* integer = number.getIf<std::int64_t>())
     return *integer;
   const double rounded = std::nearbyint(*number.getIf<double>());
-  // The bound itself is a power of two, so it is exact as a real; the greatest integer is not.
+  // The bound is a power of two and hence exact as a real. The greatest integer is not.
   constexpr double upperBound = -static_cast<double>(std::numeric_limits<std::int64_t>::min());
   if (!(rounded >= -upperBound && rounded < upperBound))
     failToCoerce(value, BuiltInClasses::integer.name);
@@ -139,8 +139,8 @@ bool toBoolean(const Value& value) {
   if (const auto* integer = one.getIf<std::int64_t>(); integer != nullptr && (*integer == 0 || *integer == 1))
     return *integer == 1;
   const auto* text = one.getIf<Text>();
-  const bool isTrue = text != nullptr && sameName(text->view(), "true");
-  if (!isTrue && (text == nullptr || !sameName(text->view(), "false")))
+  const bool isTrue = text != nullptr && sameName(text->view(), nameOf(true));
+  if (!isTrue && (text == nullptr || !sameName(text->view(), nameOf(false))))
     failToCoerce(value, BuiltInClasses::boolean.name);
   return isTrue;
 }

@@ -6,11 +6,9 @@
 #include "AppleScript/Values/Dictionary.h"
 #include "AppleScript/Values/Value.h"
 
-/// From one class of values to another. All of them read through references to items, and throw -1700 for what cannot
-/// be coerced, -2706 for lists that nest too deep.
 namespace AppleScript {
 
-/// `value as text`. A list is its items with `delimiter` between them.
+/// `value as text`. A list becomes its items with `delimiter` between them.
 [[nodiscard]] Text toText(const Value& value, std::string_view delimiter = {});
 
 /// An integer or a real.

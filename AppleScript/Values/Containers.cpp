@@ -9,7 +9,7 @@ namespace AppleScript {
 
 namespace {
 
-/// Takes the fields from the record's object, if that has not been done.
+/// Fetches the fields from the record's object, if that has not been done.
 RecordFields& read(RecordFields& fields) {
   if (fields.object == nullptr)
     return fields;

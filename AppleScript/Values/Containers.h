@@ -16,8 +16,8 @@ namespace AppleScript {
 class Value;
 struct ListItems;
 
-/// A list of values. Copies share their items, as variables that were set to the same list do in a script: what is
-/// changed through one shows in all.
+/// A list of values. Copies share their items, like the variables of a script that are set to the same list: a change
+/// to one is a change to all.
 class List {
  public:
   /// A new empty list.
@@ -31,14 +31,14 @@ class List {
   /// All items; valid until the list changes.
   [[nodiscard]] std::span<const Value> items() const;
 
-  /// Puts `value` in the place of the item at `index`, which must be below `size()`.
+  /// Replaces the item at `index`, which must be below `size()`.
   void set(std::size_t index, Value value);
   void append(Value value);
   void prepend(Value value);
 
-  /// Whether both are the same list, not merely equal ones.
+  /// Whether both share their items; equal lists need not.
   [[nodiscard]] bool isSameAs(const List& other) const { return items_ == other.items_; }
-  /// Equal for copies that share their items, and for no others that live at the same time.
+  /// Equal for lists that share their items, different for others that exist at the same time.
   [[nodiscard]] const void* identity() const { return items_.get(); }
 
  private:
@@ -49,17 +49,16 @@ class List {
 class Value;
 struct RecordFields;
 
-/// The labels of a record, in order; shared by all records that the same piece of script makes.
+/// The labels of a record, in order. All records that the same expression makes share them.
 using RecordLabels = std::shared_ptr<const std::vector<std::string>>;
 
-/// A record: labelled values. Labels are compared without regard to case. Copies share their fields, as variables that
-/// were set to the same record do in a script.
+/// A record: labelled values. The case of labels does not matter. Copies share their fields, like those of a list.
 class Record {
  public:
-  /// A new record of these fields; there must be as many values as labels.
+  /// A new record. There must be as many values as labels.
   Record(RecordLabels labels, std::vector<Value> values);
-  /// All properties of an application's object. A property is asked for when it is first needed; one that fails is left
-  /// out.
+  /// The properties of an application's object. They are fetched when they are first needed; a property that fails is
+  /// left out.
   explicit Record(ObjectPointer object);
 
   [[nodiscard]] std::size_t size() const;
@@ -69,9 +68,9 @@ class Record {
 
   [[nodiscard]] const RecordLabels& labels() const;
 
-  /// The value of the field `label`; none where there is no such field.
+  /// The value of the field `label`, or `nullopt` if there is no such field.
   [[nodiscard]] std::optional<Value> find(std::string_view label) const;
-  /// Puts `value` into the field `label`; false, and nothing changed, where there is no such field.
+  /// Sets the field `label`. Yields false and changes nothing if there is no such field.
   bool set(std::string_view label, Value value);
 
   [[nodiscard]] bool isSameAs(const Record& other) const { return fields_ == other.fields_; }

@@ -11,38 +11,38 @@ namespace AppleScript {
 
 struct ClassDescription;
 
-/// One thing that an application has open, as a script sees it: a node of a plain tree. Its class says by tables which
-/// properties it has and which elements it holds. A node does not change once a script has seen it.
+/// Something that an application has open, as a script sees it: a node of a tree. The tables of its class list its
+/// properties and elements. A node does not change after a script has seen it.
 class Object {
  public:
   virtual ~Object() = default;
 
-  /// The class of this object; lives as long as the program.
+  /// The class of this object. It is never destroyed.
   [[nodiscard]] virtual const ClassDescription& classDescription() const = 0;
 };
 
-/// A node together with a share in the tree that owns it.
+/// A node, with shared ownership of its tree.
 using ObjectPointer = std::shared_ptr<const Object>;
 
 class Application;
 class Arguments;
 class Value;
 
-/// A property of a class: its phrase in scripts ("background only") and how an object answers it.
+/// A property of a class: its phrase in scripts ("background only") and how to get it from an object.
 struct PropertyDescription {
   std::string_view name;
   Result<Value> (*get)(const Object& object);
 };
 
-/// The elements of one class that an object holds, in the order in which scripts count them.
+/// The elements of one class in an object, in the order in which scripts count them.
 struct ElementsDescription {
   const ClassDescription* elementClass;
   std::size_t (*count)(const Object& container);
-  /// The element at `index`, counted from 0 and below `count`; owned by the tree of its container.
+  /// The element at `index`, counted from 0 and below `count`. The container's tree owns it.
   const Object& (*at)(const Object& container, std::size_t index);
 };
 
-/// A class of an application's objects: "process", in the plural "processes".
+/// A class of objects: "process", in the plural "processes".
 struct ClassDescription {
   std::string_view name;
   std::string_view plural;
@@ -50,15 +50,15 @@ struct ClassDescription {
   std::span<const ElementsDescription> elements = {};
 };
 
-/// Whether a command takes a value directly behind its name.
+/// Whether a command takes a value directly after its name.
 enum class DirectParameter { none, optional, required };
 
-/// A labelled parameter of a command: `action "ID"`. All labelled parameters listed are required.
+/// A labelled parameter of a command: `action "ID"`. It is required.
 struct ParameterDescription {
   std::string_view label;
 };
 
-/// A command of an application: its phrase ("get path of plugin"), its parameters, and what carries it out.
+/// A command of an application: its phrase ("get path of plugin"), its parameters and its implementation.
 struct CommandDescription {
   std::string_view name;
   DirectParameter direct = DirectParameter::none;
@@ -66,10 +66,10 @@ struct CommandDescription {
   Result<Value> (*run)(Application& application, const Arguments& arguments) = nullptr;
 };
 
-/// What an application adds to the language inside its `tell` blocks. Phrases are one or more words, separated by one
-/// space each; where several fit, the longest is meant.
+/// The terminology that applies inside an application's `tell` blocks. Phrases are words separated by single spaces. If
+/// several match, the longest is meant.
 struct Dictionary {
-  /// The application object's own class, at the root of its tree.
+  /// The class of the application itself, the root of its tree.
   const ClassDescription* application;
   /// Every class that scripts can name.
   std::span<const ClassDescription* const> classes = {};

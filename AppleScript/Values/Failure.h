@@ -10,12 +10,12 @@
 
 namespace AppleScript {
 
-/// How deep anything may nest: expressions and blocks in a source (deeper is a syntax error), and the lists and records
-/// that are compared, coerced, copied or written out as a whole (deeper is -2706).
+/// The limit of nesting: of expressions and blocks in a source (beyond it is a syntax error), and of lists and records
+/// that are compared, coerced, copied or printed (beyond it is -2706).
 inline constexpr std::size_t maximumNesting = 256;
 
-/// A script error on its way from where it happens to the `try` block, or to the operation of the public interface,
-/// that answers for it. It is the only exception of this module and never leaves it: outside, errors are `Result`s.
+/// A script error as an exception, thrown to the next `try` block or to the public interface. It is the only exception
+/// of this module and never leaves it: the public interface yields a `Result`.
 struct Failure {
   ScriptError error;
 };
@@ -26,10 +26,10 @@ struct Failure {
 [[noreturn]] void failToCoerce(const Value& value, std::string_view typeName);
 /// -1728: "Can’t get ….", `what` in source form.
 [[noreturn]] void failToGet(std::string_view what);
-/// -2706, where values nest deeper than `maximumNesting`.
+/// -2706, for values that nest deeper than `maximumNesting`.
 [[noreturn]] void failOfDepth();
 
-/// The value of `result`, or its error thrown.
+/// The value of `result`. Throws its error.
 template <typename T>
 T orThrow(Result<T> result) {
   if (!result)
@@ -37,7 +37,7 @@ T orThrow(Result<T> result) {
   return *std::move(result);
 }
 
-/// How deep the work on a value has gone; lives for the time of one level.
+/// Counts the levels of a recursion over a value. Throws -2706 beyond `maximumNesting`.
 class Descent {
  public:
   explicit Descent(std::size_t& depth);

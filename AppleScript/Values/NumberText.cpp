@@ -8,7 +8,7 @@ namespace AppleScript {
 
 namespace {
 
-// Reals from here on, and those this small, are written with an exponent.
+// Reals at least this large, or at most this small, are written with an exponent.
 constexpr double largePlain = 10000.0;
 constexpr double smallPlain = 0.0001;
 
@@ -65,7 +65,7 @@ std::optional<Value> numberFromText(std::string_view text) {
   std::string_view digits = trimmed(text);
   const bool isSigned = digits.starts_with('+') || digits.starts_with('-');
   const std::size_t first = isSigned ? 1 : 0;
-  // What reads the number also takes "inf", "nan" and further signs.
+  // std::from_chars also accepts "inf", "nan" and a second sign.
   if (first == digits.size() || (digits[first] != '.' && (digits[first] < '0' || digits[first] > '9')))
     return std::nullopt;
   digits.remove_prefix(digits.starts_with('+') ? 1 : 0);

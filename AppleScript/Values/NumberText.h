@@ -13,8 +13,8 @@ namespace AppleScript {
 [[nodiscard]] std::string numberText(std::int64_t number);
 [[nodiscard]] std::string numberText(double number);
 
-/// The number that all of `text` spells, blanks around it aside: an integer where it has neither a point nor an
-/// exponent and is small enough, otherwise a real. None where it spells no number.
+/// Parses a number, which may be surrounded by whitespace. It is an integer if it has no point and no exponent and
+/// fits, otherwise a real. `nullopt` if the text is not a number.
 [[nodiscard]] std::optional<Value> numberFromText(std::string_view text);
 
 }  // namespace AppleScript

@@ -6,7 +6,7 @@
 
 namespace AppleScript {
 
-/// A stretch of a script's source, counted in Unicode characters from its start.
+/// A range of a script's source, in Unicode characters.
 struct SourceRange {
   std::size_t start = 0;
   std::size_t length = 0;
@@ -14,7 +14,7 @@ struct SourceRange {
   bool operator==(const SourceRange&) const = default;
 };
 
-/// The numbers that users of the language know errors by.
+/// The error numbers of the language.
 enum class ErrorNumber : int {
   userCanceled = -128,
   notRunning = -600,
@@ -39,9 +39,9 @@ enum class ErrorNumber : int {
 struct ScriptError {
   ErrorNumber number = ErrorNumber::genericError;
   std::string message;
-  /// Where in the source; empty at the start of the text where no place is to blame.
+  /// Where in the source; empty if no place is to blame.
   SourceRange range = {};
-  /// The application that was asked when it happened; empty where none was involved.
+  /// The application that was asked; empty if none was.
   std::string applicationName = {};
 };
 

@@ -10,10 +10,10 @@
 
 namespace AppleScript {
 
-/// Lets go of `values`, however deep they nest, without recursion.
+/// Destroys `values` without recursion, however deep they nest.
 void dispose(std::vector<Value>& values);
 
-/// What stands behind the copies of a list.
+/// The items that copies of a list share.
 struct ListItems {
   explicit ListItems(std::vector<Value> items) : values(std::move(items)) {}
   ~ListItems() { dispose(values); }
@@ -21,11 +21,11 @@ struct ListItems {
   ListItems& operator=(const ListItems&) = delete;
 
   std::vector<Value> values;
-  /// Whether a cycle breaker knows of it already.
+  /// Whether a cycle breaker has noted it.
   bool mayHoldItself = false;
 };
 
-/// What stands behind the copies of a record: the fields, or the object to take them from.
+/// The fields that copies of a record share, or the object to fetch them from.
 struct RecordFields {
   RecordFields(RecordLabels names, std::vector<Value> fields) : labels(std::move(names)), values(std::move(fields)) {}
   explicit RecordFields(ObjectPointer origin) : object(std::move(origin)) {}
@@ -39,8 +39,8 @@ struct RecordFields {
   bool mayHoldItself = false;
 };
 
-/// Frees what a script made to hold itself (`set end of l to l`), which sharing alone never would. Told of every list
-/// or record that was changed to hold another one, it empties those that are left when the run is over.
+/// Frees lists and records that contain themselves (`set end of l to l`), which reference counting alone would leak. It
+/// is told of each one into which another was stored, and empties those that are left after the run.
 class CycleBreaker {
  public:
   CycleBreaker() = default;
@@ -50,7 +50,7 @@ class CycleBreaker {
 
   void noteStored(const List& container, const Value& value);
   void noteStored(const Record& container, const Value& value);
-  /// Whether anything might hold itself.
+  /// Whether anything might contain itself.
   [[nodiscard]] bool isNeeded() const { return !lists_.empty() || !records_.empty(); }
 
  private:
@@ -58,8 +58,8 @@ class CycleBreaker {
   std::vector<std::weak_ptr<RecordFields>> records_;
 };
 
-/// `value` with lists and records of its own, at every depth; what was shared among them is shared in the copy too.
-/// Throws -2706 where they nest too deep or hold themselves.
+/// A copy of `value` that shares no list or record with it, at any depth. What is shared within `value` is shared
+/// within the copy. Throws -2706 if it nests too deep or contains itself.
 [[nodiscard]] Value deepCopy(const Value& value);
 
 }  // namespace AppleScript

@@ -5,6 +5,7 @@
 #include <limits>
 #include <string_view>
 
+#include "AppleScript/Text/Keywords.h"
 #include "AppleScript/Text/UTF8.h"
 #include "AppleScript/Values/Application.h"
 #include "AppleScript/Values/BuiltIns.h"
@@ -25,8 +26,8 @@ class SourceWriter {
   void write(const Value& value) { std::visit(*this, value.storage()); }
   std::string finish() &&;
 
-  void operator()(std::monostate) { out_ += "missing value"; }
-  void operator()(bool value) { out_ += value ? "true" : "false"; }
+  void operator()(std::monostate) { out_ += missingValueName; }
+  void operator()(bool value) { out_ += nameOf(value); }
   void operator()(std::int64_t value) { out_ += numberText(value); }
   void operator()(double value) { out_ += numberText(value); }
   void operator()(const Text& text) { quote(text.view()); }
@@ -41,6 +42,7 @@ class SourceWriter {
  private:
   [[nodiscard]] bool isFull() const { return out_.size() > longest_; }
   void writeNested(const Value& value);
+  void writeKeyword(Keyword keyword) { out_.append(" ").append(spelling(keyword)).append(" "); }
   void quote(std::string_view text);
   void writeLabel(std::string_view label);
   void writeKey(const Object& object);
@@ -62,7 +64,7 @@ std::string SourceWriter::finish() && {
 }
 
 void SourceWriter::operator()(const File& file) {
-  out_ += "alias ";
+  out_.append(BuiltInClasses::alias.name) += ' ';
   quote(file.path().view());
 }
 
@@ -90,16 +92,19 @@ void SourceWriter::operator()(const ObjectReference& reference) {
   if (reference.object != nullptr) {
     out_ += reference.object->classDescription().name;
     writeKey(*reference.object);
-    out_ += reference.application == nullptr ? "" : " of ";
+    if (reference.application != nullptr)
+      writeKeyword(Keyword::of);
   }
   if (reference.application != nullptr) {
-    out_ += "application ";
+    out_.append(BuiltInClasses::application.name) += ' ';
     quote(reference.application->name());
   }
 }
 
 void SourceWriter::operator()(const ItemReference& reference) {
-  out_ += "item " + std::to_string(reference.index + 1) + " of ";
+  out_.append(BuiltInClasses::item.name) += ' ';
+  write(reference.index + 1);
+  writeKeyword(Keyword::of);
   writeNested(reference.list);
 }
 
@@ -147,13 +152,16 @@ void SourceWriter::writeLabel(std::string_view label) {
   out_.append(bar).append(label).append(bar);
 }
 
-/// The object's name or, where it has none, its id, to tell it from its like.
+/// Writes the object's name or, if it has none, its id.
 void SourceWriter::writeKey(const Object& object) {
   for (const std::string_view key : {"name", "id"}) {
     for (const PropertyDescription& property : object.classDescription().properties) {
       const Result<Value> value = property.name == key ? property.get(object) : Value();
       if (value && (value->is<Text>() || value->is<std::int64_t>())) {
-        out_ += key == "id" ? " id " : " ";
+        if (key == "id")
+          writeKeyword(Keyword::id);
+        else
+          out_ += ' ';
         write(*value);
         return;
       }

@@ -6,11 +6,11 @@
 
 namespace AppleScript {
 
-/// `value` as the language writes it: `{1, "a", {name:"x"}}`. Lists and records that nest deeper than `maximumNesting`
-/// end in "…".
+/// `value` as a script would write it: `{1, "a", {name:"x"}}`. Lists and records deeper than `maximumNesting` are
+/// written as "…".
 [[nodiscard]] std::string sourceForm(const Value& value);
 
-/// The same for use within an error message: cut short with "…" where it is long.
+/// The same for error messages. A long form is cut and ends with "…".
 [[nodiscard]] std::string shortSourceForm(const Value& value);
 
 }  // namespace AppleScript

@@ -14,13 +14,13 @@
 
 namespace AppleScript {
 
-/// A file object or alias: a file by its POSIX path. Holds the path as it was given; nothing looks at the file itself.
+/// A file object or an alias: a POSIX path. The file need not exist.
 class File {
  public:
   explicit File(std::string path) : path_(std::move(path)) {}
   explicit File(Text path) : path_(std::move(path)) {}
 
-  /// The path in UTF-8, as `POSIX path of` yields it.
+  /// The path as it was given, in UTF-8.
   [[nodiscard]] const Text& path() const { return path_; }
 
  private:
@@ -29,30 +29,30 @@ class File {
 
 class Application;
 
-/// The name of a class as a value: what `class of x` yields. Lives as long as the program.
+/// A class as a value: the result of `class of x`. The description is never destroyed.
 struct ClassName {
   const ClassDescription* description;
 };
 
-/// A word of the language that stands for itself, or for the script and what surrounds it.
+/// A word of the language that is a value of its own, or means the script and what it runs in.
 enum class Constant : std::uint8_t { me, currentApplication, appleScript, yes, no, ask };
 
-/// An object of an application, or the application itself where `object` is empty.
+/// An object of an application, or the application itself if `object` is null.
 struct ObjectReference {
   ObjectPointer object;
-  /// The application it belongs to; null where that is not known.
+  /// The application it belongs to; null if that is not known.
   Application* application = nullptr;
 };
 
-/// A reference to an item of a list, as the variable of a `repeat with … in` loop holds it. Yields what the list holds
-/// there when it is read.
+/// A reference to an item of a list, as in the variable of a `repeat with … in` loop. Reading it yields the current
+/// item.
 struct ItemReference {
   List list;
   std::size_t index = 0;
 };
 
-/// A value of the language; as good as free to copy, since texts, lists and records are shared. Values that a run of a
-/// script made belong to one thread at a time.
+/// A value of the language. Copies are cheap, since texts, lists and records are shared. The values of one run belong
+/// to one thread at a time.
 class Value {
  public:
   using Storage = std::variant<std::monostate, bool, std::int64_t, double, Text, File, List, Record, ClassName,
@@ -83,16 +83,16 @@ class Value {
   [[nodiscard]] bool is() const {
     return std::holds_alternative<T>(storage_);
   }
-  /// The value as a `T`, null where it is of another kind; nothing is coerced.
+  /// The value as a `T`, or null if it is of another kind. Nothing is coerced.
   template <typename T>
   [[nodiscard]] const T* getIf() const {
     return std::get_if<T>(&storage_);
   }
   [[nodiscard]] const Storage& storage() const { return storage_; }
 
-  /// The value coerced to text (NSAppleEventDescriptor's stringValue): a text itself, numbers and booleans as the
-  /// language writes them, a file's path, a list's items one behind the other. None where that cannot be: `missing
-  /// value`, records, objects of applications, and lists that hold one of these.
+  /// The value coerced to text (NSAppleEventDescriptor's stringValue): a text itself, numbers and booleans as scripts
+  /// write them, a file's path, a list's items without separators. `nullopt` for `missing value`, records, objects of
+  /// applications, and lists that contain one of these.
   [[nodiscard]] std::optional<std::string> stringValue() const;
 
  private:
@@ -101,8 +101,8 @@ class Value {
 
 static_assert(sizeof(Value) <= 32);
 
-/// What `value` refers to: the item itself for a reference to an item of a list, any other value as it is. Throws -1728
-/// where the list has no such item any more, -2706 where references lead on without end. Valid until the list changes.
+/// The item that `value` refers to if it is a reference to an item, otherwise `value` itself. Throws -1728 if the list
+/// no longer has that item, -2706 for a cycle of references. Valid until the list changes.
 [[nodiscard]] const Value& dereferenced(const Value& value);
 [[nodiscard]] const Value& dereferenced(const ItemReference& reference);
 

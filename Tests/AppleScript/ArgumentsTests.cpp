@@ -9,7 +9,7 @@
 namespace AppleScript {
 namespace {
 
-TEST(Arguments, AreMissingWhereNotGiven) {
+TEST(Arguments, AreMissingIfNotGiven) {
   const Arguments arguments;
   EXPECT_FALSE(arguments.hasDirect());
   EXPECT_TRUE(arguments.direct().isMissing());

@@ -5,7 +5,7 @@
 namespace AppleScript {
 namespace {
 
-TEST(CaseFolding, KnowsLettersBeyondAscii) {
+TEST(CaseFolding, KnowsLettersBeyondASCII) {
   EXPECT_EQ(foldCase("ÀÉÎÕÜ ĀŁŽŸ ΆΩΣ ЀЖЯ ԱՖ ẠỸ Ａ"), "àéîõü āłžÿ άωσ ѐжя աֆ ạỹ ａ");
 }
 
@@ -20,7 +20,7 @@ TEST(CaseFolding, OrdersByFoldedCharacters) {
   EXPECT_TRUE(compareIgnoringCase("", "a") < 0);
 }
 
-TEST(CaseFolding, MeetsMalformedBytesWithoutHarm) {
+TEST(CaseFolding, ToleratesMalformedBytes) {
   EXPECT_TRUE(compareIgnoringCase("a\xff", "A\xff") == 0);
 }
 

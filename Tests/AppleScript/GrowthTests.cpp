@@ -9,7 +9,8 @@
 
 #include "Tests/AppleScript/TestApplications.h"
 
-// What a script costs is counted here, not timed: in bytes allocated, and in questions to the application's objects.
+// These tests count what a script costs, in allocated bytes and in questions to the application's objects; they measure
+// no time.
 
 namespace {
 
@@ -34,7 +35,7 @@ void operator delete(void* memory, std::size_t /*size*/) noexcept {
 namespace AppleScript::Testing {
 namespace {
 
-// The larger is the smaller times a power of two, so that what grows by doubling is as full at both.
+// Their ratio is a power of two, so a buffer that grows by doubling is equally full at both.
 constexpr int few = 1 << 10;
 constexpr int many = 1 << 16;
 

@@ -29,7 +29,7 @@ ScriptError errorOf(std::string_view source) {
 
 using Lexemes = std::vector<std::string>;
 
-TEST(Lexer, CutsWordsNumbersTextsAndSymbols) {
+TEST(Lexer, SplitsASourceIntoWordsNumbersTextsAndSymbols) {
   EXPECT_EQ(lexemes("set x_1 to \"a b\"&2.5E+3"), (Lexemes{"set", "x_1", "to", "a b", "&", "2.5E+3"}));
 }
 
@@ -64,7 +64,7 @@ TEST(Lexer, SkipsByteOrderMarkAndNoBreakSpaces) {
   EXPECT_EQ(lexemes("\uFEFFa\u00A0b"), (Lexemes{"a", "b"}));
 }
 
-TEST(Lexer, CountsPlacesInCharacters) {
+TEST(Lexer, CountsPositionsInCharacters) {
   const auto tokens = Lexer("\"日本\" & x").tokens();
   EXPECT_EQ(tokens[0].range, (SourceRange{0, 4}));
   EXPECT_EQ(tokens[1].range, (SourceRange{5, 1}));
@@ -74,7 +74,7 @@ TEST(Lexer, CountsPlacesInCharacters) {
 TEST(Lexer, RefusesTextWithoutAnEnd) {
   const ScriptError error = errorOf("x & \"abc");
   EXPECT_EQ(error.number, ErrorNumber::syntaxError);
-  EXPECT_EQ(error.message, "Expected “\"” but found end of script.");
+  EXPECT_EQ(error.message, "Expected “\"” but found the end of the script.");
   EXPECT_EQ(error.range, (SourceRange{4, 4}));
 }
 
@@ -83,7 +83,7 @@ TEST(Lexer, RefusesABackslashAtTheEnd) {
 }
 
 TEST(Lexer, RefusesACommentWithoutAnEnd) {
-  EXPECT_EQ(errorOf("1 (* (* *)").message, "Expected “*)” but found end of script.");
+  EXPECT_EQ(errorOf("1 (* (* *)").message, "Expected “*)” but found the end of the script.");
 }
 
 TEST(Lexer, RefusesWhatIsNotUTF8AndSaysWhere) {

@@ -77,20 +77,20 @@ TEST(Nesting, ALongChainOfReferencesIsNotDeep) {
 
 constexpr std::string_view deepList = "set l to {}\nrepeat 100000 times\nset l to {l}\nend repeat\n";
 
-TEST(Nesting, ListsThatNestAMillionDeepCanBeLetGo) {
+TEST(Nesting, ListsThatNestAMillionDeepCanBeDestroyed) {
   EXPECT_EQ(outcome(std::string(deepList) + "count l"), "1");
 }
 
-TEST(Nesting, RecordsThatNestAMillionDeepCanBeLetGo) {
+TEST(Nesting, RecordsThatNestAMillionDeepCanBeDestroyed) {
   EXPECT_EQ(outcome("set r to {a:1}\nrepeat 1000000 times\nset r to {a:r}\nend repeat\ncount r"), "1");
 }
 
-TEST(Nesting, ReferencesThatNestAMillionDeepCanBeLetGo) {
+TEST(Nesting, ReferencesThatNestAMillionDeepCanBeDestroyed) {
   EXPECT_EQ(outcome("set l to {1}\nrepeat 1000000 times\nrepeat with x in l\nset l to {x}\nend repeat\nend repeat\n5"),
             "5");
 }
 
-TEST(Nesting, WhatWorksOnWholeListsRefusesThoseThatAreTooDeep) {
+TEST(Nesting, OperationsOnWholeListsRefuseThoseThatNestTooDeep) {
   const std::string deep(deepList);
   EXPECT_EQ(outcome(deep + "l as text"), "-2706");
   EXPECT_EQ(outcome(deep + "\"\" & l"), "-2706");
@@ -113,7 +113,7 @@ TEST(Nesting, ErrorMessagesAboutDeepListsAreShort) {
   EXPECT_EQ(outcome(std::string(deepList) + "try\nfoo of l\non error m\nlength of m < 300\nend try"), "true");
 }
 
-TEST(Nesting, ListsThatHoldThemselvesAreLetGo) {
+TEST(Nesting, ListsThatContainThemselvesAreFreed) {
   EXPECT_EQ(outcome("set a to {1}\nset b to {a}\nset item 1 of a to b\nset r to {x:1}\nset x of r to {r}\ncount a"),
             "1");
   EXPECT_EQ(outcome("set a to {1}\nrepeat with x in a\nset contents of x to x\nend repeat\ncount a"), "1");

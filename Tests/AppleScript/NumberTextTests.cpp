@@ -29,7 +29,7 @@ TEST(NumberText, WritesEveryInteger) {
   EXPECT_EQ(numberText(std::numeric_limits<std::int64_t>::min()), "-9223372036854775808");
 }
 
-TEST(NumberText, ReadsWhatSpellsANumber) {
+TEST(NumberText, ReadsNumbers) {
   EXPECT_EQ(read("12"), "12");
   EXPECT_EQ(read(" -3 "), "-3");
   EXPECT_EQ(read("+4"), "4");

@@ -25,7 +25,7 @@ inline std::shared_ptr<const TestRoot> someThings() {
   return root;
 }
 
-/// The made-up applications that the tests' scripts talk to.
+/// The made-up applications that the test scripts talk to.
 class TestApplications : public ApplicationDirectory {
  public:
   explicit TestApplications(const std::shared_ptr<const TestRoot>& root = someThings()) {

@@ -13,7 +13,7 @@
 
 namespace AppleScript::Testing {
 
-// The things that a made-up application has open.
+// The objects of a made-up application.
 
 struct TestTab : Object {
   std::string name;
@@ -116,7 +116,7 @@ inline const ClassDescription& TestRoot::classDescription() const {
   return Tables::root;
 }
 
-/// An application with windows, their tabs, and processes; or one that fails when it is asked.
+/// An application with windows, tabs and processes, or one that fails to open.
 class TestDesk : public Application {
  public:
   TestDesk(std::string name, std::shared_ptr<const TestRoot> root) : name_(std::move(name)), root_(std::move(root)) {}

@@ -9,7 +9,7 @@
 
 namespace AppleScript::Testing {
 
-/// An application that has no objects but commands, and answers each with a text that tells what it was given.
+/// An application with commands but no objects. It answers each command with a text that repeats the arguments.
 class TestHost : public Application {
  public:
   [[nodiscard]] std::string_view name() const override { return "Deskloom"; }
@@ -27,7 +27,7 @@ class TestHost : public Application {
     return reply;
   }
 
-  /// Answers "name(direct)"; to an action or a plug-in called "none" with nothing.
+  /// Answers "name(direct)", or nothing if the direct parameter is "none".
   template <const char* Name>
   static Result<Value> get(Application& application, const Arguments& arguments) {
     const Result<std::string> key = arguments.directText();

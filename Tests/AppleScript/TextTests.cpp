@@ -29,7 +29,7 @@ TEST(Text, TwoContinuationsOfOneTextDoNotMix) {
   EXPECT_EQ(start.view(), "ab");
 }
 
-TEST(Text, AppendsInPlaceWhereItEndsItsBuffer) {
+TEST(Text, AppendsInPlaceAtTheEndOfItsBuffer) {
   const Text start = Text("a").appending("b");
   const Text longer = start.appending("c");
   EXPECT_EQ(longer.view().data(), start.view().data());

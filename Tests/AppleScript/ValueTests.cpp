@@ -55,7 +55,7 @@ TEST(Value, AnObjectHasNoTextForm) {
   EXPECT_EQ(Value(object).stringValue(), std::nullopt);
 }
 
-TEST(Value, AReferenceToAnItemIsReadThrough) {
+TEST(Value, AReferenceToAnItemHasTheTextOfTheItem) {
   EXPECT_EQ(Value(ItemReference{List{"a", "b"}, 1}).stringValue(), "b");
   EXPECT_EQ(Value(ItemReference{List{"a", "b"}, 2}).stringValue(), std::nullopt);
 }
@@ -67,7 +67,7 @@ TEST(Value, CopiesOfAListShareTheirItems) {
   EXPECT_EQ(value.stringValue(), "12");
 }
 
-TEST(Value, NothingIsCoercedByAskingForItsKind) {
+TEST(Value, AskingForAKindCoercesNothing) {
   const Value value("1");
   EXPECT_EQ(value.getIf<std::int64_t>(), nullptr);
   ASSERT_NE(value.getIf<Text>(), nullptr);

@@ -106,4 +106,4 @@ POSIX path of "/a"
 
 -- UnknownClass
 5 as nonsense
---! -2741 Expected class name but found identifier.
+--! -2741 Expected the name of a class but found “nonsense”.

@@ -1,6 +1,6 @@
 -- CommandOutsideTell
 install plugin
---! -2741 Expected end of line but found identifier.
+--! -2741 Expected the end of the line but found “plugin”.
 
 -- DirectParameterIsAnExpression
     tell application "Deskloom" to get config "A" & 1 + 1
@@ -8,11 +8,11 @@ install plugin
 
 -- DirectParameterMissing
     tell application "Deskloom" to get config
---! -2741 Expected expression but found end of line.
+--! -2741 Expected an expression but found the end of the line.
 
 -- ForeignLabel
     tell application "Deskloom" to get config "T" action "A"
---! -2741 Expected end of line but found identifier.
+--! -2741 Expected the end of the line but found “action”.
 
 -- GetConfig
     tell application "Deskloom" to get config "A"
@@ -97,7 +97,7 @@ end tell
 
 -- UnknownCommand
     tell application "Deskloom" to explode now
---! -2741 Expected end of line but found identifier.
+--! -2741 Expected the end of the line but found “now”.
 
 -- WrongParameterType
     tell application "Deskloom" to get config {a:1}

@@ -112,7 +112,7 @@ end tell
 
 -- ForeignPhraseOutsideTell
 set x to background only
---! -2741 Expected end of line but found identifier.
+--! -2741 Expected the end of the line but found “only”.
 
 -- It
 tell application "Test Desk"
@@ -352,8 +352,8 @@ end tell
 -- WordsEndWithTheirTell
 tell application "Test Desk" to get name
 window 1
---! -2741 Expected end of line but found number.
+--! -2741 Expected the end of the line but found “1”.
 
 -- WordsOfUnknownApplication
 tell application "Nowhere" to get background only of process 1
---! -2741 Expected end of line but found identifier.
+--! -2741 Expected the end of the line but found “only”.

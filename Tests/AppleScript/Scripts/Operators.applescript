@@ -20,7 +20,7 @@ true or false and false
 
 -- ComparisonsDoNotChain
 1 = 1 = 1
---! -2741 Expected end of line but found “=”.
+--! -2741 Expected the end of the line but found “=”.
 
 -- ConcatenationCoercesToText
 "x" & 1 & true & 2.0 & {3, 4}

@@ -64,7 +64,7 @@ every item of {1, 5, 2, 7} whose it > 2
 
 -- FilterOfOneItem
 item 1 of {1} whose it > 2
---! -2741 Expected end of line but found “whose”.
+--! -2741 Expected the end of the line but found “whose”.
 
 -- FilterOfRecords
 name of every item of {{name:"a", n:1}, {name:"b", n:2}} where n of it > 1
@@ -72,7 +72,7 @@ name of every item of {{name:"a", n:1}, {name:"b", n:2}} where n of it > 1
 
 -- FilterWithoutElements
 (1) whose it > 2
---! -2741 Expected end of line but found “whose”.
+--! -2741 Expected the end of the line but found “whose”.
 
 -- FirstOfFilter
 first item of {1, 5, 7} whose it > 2
@@ -143,7 +143,7 @@ character 4 of "abc"
 
 -- OfANumber
 1 of {1}
---! -2741 Expected end of line but found “of”.
+--! -2741 Expected the end of the line but found “of”.
 
 -- Ordinals
 set l to {1, 2, 3, 4, 5}

@@ -5,12 +5,12 @@
 -- EndIsMissing
 repeat 2 times
 1
---! -2741 Expected “end” but found end of script.
+--! -2741 Expected “end” but found the end of the script.
 
 -- EndWithoutBlock
 1
 end repeat
---! -2741 Expected expression but found “end”.
+--! -2741 Expected an expression but found “end”.
 
 -- Error
 error "Bad thing" number 42
@@ -253,7 +253,7 @@ end repeat
 
 -- ThenIsMissing
 if true 1
---! -2741 Expected end of line but found number.
+--! -2741 Expected the end of the line but found “1”.
 
 -- TryCatches
 try
@@ -283,4 +283,4 @@ x
 repeat 2 times
 1
 end if
---! -2741 Expected end of line but found “if”.
+--! -2741 Expected the end of the line but found “if”.

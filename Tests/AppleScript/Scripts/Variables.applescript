@@ -95,7 +95,7 @@ set item 2 of l to 0
 
 -- SetLiteral
 set 1 to 2
---! -2741 Can’t set this expression to something.
+--! -2741 Only variables, properties and items can be set.
 --@ 4 1
 
 -- SetPattern
@@ -127,7 +127,7 @@ r
 
 -- SetReservedWord
 set then to 1
---! -2741 Expected expression but found “then”.
+--! -2741 Expected an expression but found “then”.
 
 -- SetSharesLists
 set a to {1}
