@@ -25,7 +25,7 @@ expect "$(find "$scratch/prefix" -type f -executable -printf '%f\n' | LC_ALL=C s
 
 configuration=$(sed -n 's/^CMAKE_BUILD_TYPE:STRING=//p' "$build/CMakeCache.txt" | tr '[:upper:]' '[:lower:]')
 
-# The package that other plug-ins are written with; the headers are those of the tree.
+# The package for plug-ins. Its headers are those of the tree.
 install_to "$scratch/sdk" --component sdk
 headers() { (cd "$1" && find DeskloomSDK Platform BrimlaceTextView -name '*.h' | LC_ALL=C sort); }
 expect "$(cd "$scratch/sdk/include/deskloom" && find . -type f -printf '%P\n' | LC_ALL=C sort)" "$(headers "$1")"
@@ -80,11 +80,11 @@ share/deskloom/locale/fr/LC_MESSAGES/DeskloomSDK.mo
 share/deskloom/locale/ja/LC_MESSAGES/DeskloomSDK.mo
 share/deskloom/locale/zh_CN/LC_MESSAGES/DeskloomSDK.mo"
 
-# Whoever asks for nothing else has both.
+# By default both are installed.
 install_to "$scratch/all"
 expect "$(files_in "$scratch/all")" "$({ files_in "$scratch/prefix" && files_in "$scratch/sdk"; } | LC_ALL=C sort)"
 
-# The host's entries are there for those who ask for them.
+# The host is installed only on request.
 install_to "$scratch/development" --component development
 expect "$(files_in "$scratch/development")" 'bin/deskloom-host
 share/applications/com.quillary.Deskloom.desktop

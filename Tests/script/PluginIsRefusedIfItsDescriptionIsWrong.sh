@@ -7,7 +7,7 @@ install_to "$scratch/sdk" --component sdk
 mkdir "$scratch/project"
 touch "$scratch/project/main.cpp" "$scratch/project/icon.png"
 
-# Whether a call with these arguments stops the configuration, and says this.
+# Expects that a call with these arguments stops the configuration with this error.
 expect_refusal() {
   printf '%s\n' 'cmake_minimum_required(VERSION 3.25)' 'project(Greeter LANGUAGES CXX)' 'find_package(DeskloomSDK REQUIRED)' \
     "deskloom_plugin(greeter $2)" >"$scratch/project/CMakeLists.txt"
