@@ -7,10 +7,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include "AppleScript/Application.h"
-#include "AppleScript/File.h"
 #include "AppleScript/Script.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 #include "Gleanery/Providers/ChromeResourceProvider.h"
 #include "Gleanery/Providers/FinderResourceProvider.h"
 #include "Gleanery/Providers/OpenAppsResourceProvider.h"

@@ -13,7 +13,7 @@ using Platform::formatted;
 using Platform::URL;
 using Platform::WindowContent;
 
-/// A new mail with this message: the way to share a text that every desktop has.
+/// A link that begins a mail with this message. Every desktop can share a text in this way.
 std::optional<URL> mailWithMessage(const std::string& message) {
   std::string text = "mailto:?body=";
   for (const char character : Platform::percentEncodedPath(message))

@@ -9,12 +9,11 @@
 
 namespace BrimlaceTextView {
 
-/// The window that says what the application is: its icon, name, version, licence and website, as far as the main
-/// bundle tells them.
+/// The About window: the application's icon, name, version, licence and website, if the main bundle has them.
 class AboutWindowController : public Platform::WindowController {
  public:
-  /// The controller with its window, which is not shown yet. With a share message, the window has a link that
-  /// recommends the application in these words; with a link, one to the maker's other applications.
+  /// Makes the controller and its window, which is not shown yet. With `shareMessage`, the window has a link that sends
+  /// this message to somebody; with `moreAppsLink`, it has a link to the maker's other applications.
   static std::unique_ptr<AboutWindowController> createWithWindow(const std::optional<std::string>& shareMessage,
                                                                  const std::optional<Platform::URL>& moreAppsLink);
 

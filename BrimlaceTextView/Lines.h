@@ -5,9 +5,9 @@
 
 namespace BrimlaceTextView {
 
-/// The lines of `text`, each without its line feed, empty ones included. Only the line feed ends a line, so a carriage
-/// return stays part of its line; behind a final line feed there is no further line, and an empty text has none. The
-/// lines point into `text`.
+/// The lines of `text`, empty ones included, each without its line feed. Only a line feed ends a line; a carriage
+/// return is part of its line. No line follows a final line feed, and an empty text has no lines. The lines point into
+/// `text`.
 std::vector<std::string_view> lines(std::string_view text);
 
 }  // namespace BrimlaceTextView

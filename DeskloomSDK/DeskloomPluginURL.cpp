@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view launchScheme = "deskloomplugin";
 
-std::optional<std::string> segmentBehindHost(const Platform::URL& url) {
+std::optional<std::string> segmentAfterHost(const Platform::URL& url) {
   auto components = url.pathComponents();
   // The leading slash is a component of its own, so /ID counts as two.
   if (components.size() != 2)
@@ -28,7 +28,7 @@ std::optional<DeskloomPluginURL> DeskloomPluginURL::parse(const Platform::URL& u
   auto host = url.host();
   if (!host)
     return std::nullopt;
-  return DeskloomPluginURL(std::move(*host), segmentBehindHost(url));
+  return DeskloomPluginURL(std::move(*host), segmentAfterHost(url));
 }
 
 }  // namespace DeskloomSDK

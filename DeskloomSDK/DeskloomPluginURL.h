@@ -7,7 +7,7 @@
 
 namespace DeskloomSDK {
 
-/// A launch URL, by which the host asks a plug-in to do something:
+/// A launch URL, with which the host asks a plug-in to do something:
 ///
 ///     deskloomplugin://<action>
 ///     deskloomplugin://<action>/<actionID>
@@ -18,10 +18,10 @@ class DeskloomPluginURL {
 
   /// Always "deskloomplugin".
   [[nodiscard]] const std::string& scheme() const { return scheme_; }
-  /// The URL's host with its case kept. It need not be an action that anyone knows.
+  /// The URL's host, its case unchanged. It may be an action that nobody knows.
   [[nodiscard]] const std::string& action() const { return action_; }
 
-  /// The only path segment after the host; `nullopt` if there is none or more than one. May be changed.
+  /// The path segment after the host; `nullopt` if there is none or more than one. May be changed.
   std::optional<std::string> actionID;
 
  private:

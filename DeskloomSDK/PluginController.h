@@ -10,18 +10,18 @@
 
 namespace DeskloomSDK {
 
-/// What a plug-in does when the host asks for an action: a callback, or what is done if there is none. The callback may
-/// set the handler anew while it runs, and may replace its controller; it lives until it has returned. Copies share the
-/// callback.
+/// What a plug-in does when the host asks for an action: calls the callback that the plug-in has set, or a function if
+/// it has set none. While the callback runs, it may replace itself and even its controller; it lives until it returns.
+/// Copies share the callback.
 template <typename... Arguments>
 class Handler {
  public:
-  /// What a plug-in sets: a lambda, a function, or `nullptr` for no callback.
+  /// A lambda, a function, or `nullptr` for no callback.
   using Callback = std::function<void(Arguments...)>;
 
-  /// A handler without a callback: calling it calls `whenUnset`.
+  /// A handler without a callback, which calls `whenUnset`.
   explicit Handler(void (*whenUnset)(Arguments...)) : whenUnset_(whenUnset) {}
-  /// A handler with the other's callback and what that does without one.
+  /// A handler with the callback and the `whenUnset` of the other.
   Handler(const Handler&) = default;
   ~Handler() = default;
 
@@ -30,7 +30,7 @@ class Handler {
     callback_ = std::make_shared<const Callback>(std::move(callback));
     return *this;
   }
-  /// Takes the other's callback. Without a callback, each handler still does what it was made with.
+  /// Takes the other's callback and keeps its own `whenUnset`.
   Handler& operator=(const Handler& other) {
     if (this != &other)
       callback_ = other.callback_;
@@ -53,17 +53,17 @@ class Handler {
 
 /// Turns the host's launch URLs into calls of the plug-in's action handlers, and remembers whether an action was
 /// performed. A plug-in sets the handlers of the actions that it offers; the others stop the process with a fatal
-/// error. A controller is not copied, but another one can be moved into its place.
+/// error. A controller cannot be copied, but another one can be moved into its place.
 class PluginController {
  public:
-  /// Does something with the action of this identifier.
+  /// Called with the identifier of an action.
   using ActionHandler = Handler<const std::string&>;
-  /// Does something with the plug-in as a whole.
+  /// Called without arguments.
   using ConfigureHandler = Handler<>;
-  /// Does something with the command of this identifier, which the host need not give.
+  /// Called with the identifier of a command, or `nullopt` if the host gives none.
   using RunCommandHandler = Handler<const std::optional<std::string>&>;
 
-  /// Has no handlers yet: each of the four actions stops the process.
+  /// A controller without callbacks: each of the four actions stops the process.
   PluginController();
   PluginController(const PluginController&) = delete;
   PluginController& operator=(const PluginController&) = delete;
@@ -79,15 +79,15 @@ class PluginController {
   ActionHandler onEdit;
   /// Lets the user configure the plug-in as a whole.
   ConfigureHandler onConfigure;
-  /// Runs one of the plug-in's commands, named by the identifier where the host gives one.
+  /// Runs one of the plug-in's commands.
   RunCommandHandler onRunCommand;
 
   /// Whether a handler has been called for a launch URL and has returned. A "run" or "edit" without an identifier
-  /// clears it. If a handler has another controller moved into the place of its own, the action counts for that one.
+  /// clears it. If a handler moves another controller into the place of its own, the other one's flag is set.
   bool didPerformAction = false;
 
-  /// Handles a URL event: calls the handler of its launch URL's action, synchronously, and yields true; false where the
-  /// event carries no launch URL of a known action, which is ignored in silence.
+  /// Calls the handler of the action in the event's launch URL, and yields true after the handler has returned. Yields
+  /// false, and logs nothing, if the event has no launch URL or no handler is called for it.
   bool handleURLEvent(const Platform::AppleEvent& event);
 
  private:

@@ -4,7 +4,7 @@
 
 namespace DeskloomSDK {
 
-/// How a plug-in's own windows are presented.
+/// Sets up a plug-in's own windows.
 class WindowConfiguration {
  public:
   WindowConfiguration() = default;
@@ -12,8 +12,8 @@ class WindowConfiguration {
   WindowConfiguration& operator=(const WindowConfiguration&) = delete;
   ~WindowConfiguration() = default;
 
-  /// Puts the window one level above floating ones, so that it stays in front of the host and other applications.
-  /// Nothing else about it changes.
+  /// Puts the window one level above floating windows, so that it stays in front of the host and other applications.
+  /// Changes nothing else.
   static void configure(Platform::Window& window);
 };
 

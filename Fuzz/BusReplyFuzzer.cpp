@@ -4,14 +4,13 @@
 #include <memory>
 #include <string>
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "Fuzz/Target.h"
 #include "ScriptableApps/Deskloom/DeskloomHost.h"
-#include "ScriptableApps/Finder/MountedPlaces.h"
-#include "ScriptableApps/Finder/OpenFolder.h"
-#include "ScriptableApps/Finder/ShownWindows.h"
+#include "ScriptableApps/Finder/FileManagerWindows.h"
+#include "ScriptableApps/Finder/OpenFolders.h"
 
 namespace {
 
@@ -43,7 +42,7 @@ void requireFolder(const std::string& location) {
 
 void readFileManager(GVariant* properties) {
   const ScriptableApps::FileManager fileManager{.connection = ":1.1"};
-  const auto windows = ScriptableApps::shownWindows(
+  const auto windows = ScriptableApps::reportedWindows(
       fileManager, properties, std::unexpected(DesktopSupport::DesktopError{"There is no X display."}));
   if (!windows)
     return;

@@ -2,8 +2,8 @@
 
 #include <ranges>
 
-#include "AppleScript/Arguments.h"
 #include "AppleScript/Syntax/Lexer.h"
+#include "AppleScript/Values/Application.h"
 #include "Fuzz/AllocationCount.h"
 
 namespace Fuzz {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "AppleScript/Application.h"
+#include "AppleScript/Values/Application.h"
 
 namespace Fuzz {
 

@@ -11,7 +11,7 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 using Fuzz::require;
-using Platform::Linux::LaunchArguments;
+using Linux::LaunchArguments;
 
 Arguments argumentsOf(std::string_view input) {
   Arguments arguments;

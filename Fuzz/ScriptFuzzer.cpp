@@ -2,10 +2,10 @@
 #include <optional>
 #include <string>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/SourceForm.h"
-#include "AppleScript/Values/Names.h"
-#include "AppleScript/Values/Utf8.h"
+#include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Text/UTF8.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 #include "Fuzz/ClockApplication.h"
 #include "Fuzz/Target.h"
 #include "Tests/AppleScript/TestApplications.h"
@@ -32,9 +32,9 @@ class Applications : public AppleScript::ApplicationDirectory {
 void requireSound(const AppleScript::ScriptError& error, std::string_view source) {
   Fuzz::requireUTF8(error.message);
   Fuzz::requireUTF8(error.applicationName);
-  if (AppleScript::Utf8::firstMalformed(source))
+  if (AppleScript::UTF8::firstMalformed(source))
     return;
-  const std::size_t characters = AppleScript::Utf8::count(source);
+  const std::size_t characters = AppleScript::UTF8::count(source);
   Fuzz::require(error.range.start <= characters && error.range.length <= characters - error.range.start,
                 "An error's range lies in the source.");
 }

@@ -3,7 +3,7 @@
 namespace Gleanery {
 
 App& App::shared() {
-  // Never destroyed: at the end of the process, the services that it observes are gone before any static object.
+  // Never destroyed, since the services that it observes are gone before static objects are.
   static App& app = *new App;
   return app;
 }

@@ -4,7 +4,7 @@
 
 namespace Gleanery {
 
-/// The application as a plug-in. There is one, made at first use and kept until the process ends.
+/// Owns the plug-in object. There is one `App`, made at first use and kept until the process ends.
 class App {
  public:
   static App& shared();

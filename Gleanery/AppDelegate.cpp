@@ -21,21 +21,8 @@ AppDelegate::AppDelegate() {
   actionController.onRunCommand = [](const std::optional<std::string>& data) {
     RunCommandActionController().run(data);
   };
-  actionController.onConfigure = [delegate = std::weak_ptr(self_)] {
-    if (const auto existing = delegate.lock())
-      existing->showAboutWindow();
-  };
-  Platform::services().appleEvents.setEventHandler(
-      Platform::internetEventClass, Platform::getURLEventID,
-      [this](const Platform::AppleEvent& event, Platform::AppleEvent& replyEvent) {
-        handleGetURLEvent(event, replyEvent);
-      });
-}
-
-void AppDelegate::applicationDidFinishLaunching(const Platform::Notification& /*notification*/) {}
-
-void AppDelegate::handleGetURLEvent(const Platform::AppleEvent& event, Platform::AppleEvent& /*replyEvent*/) {
-  App::shared().deskloomPlugin.actionController.handleURLEvent(event);
+  actionController.onConfigure = lifetime_.guarded([this] { showAboutWindow(); });
+  connect(App::shared().deskloomPlugin);
 }
 
 void AppDelegate::windowWillClose(const Platform::Notification& /*notification*/) {

@@ -8,7 +8,7 @@
 
 namespace Gleanery {
 
-/// The providers that this application has: Safari, the open applications, the Finder, Google Chrome, in this order.
+/// The providers of this application: Safari, the open applications, the Finder and Google Chrome, in this order.
 class ResourceProviderController {
  public:
   ResourceProviderController();
@@ -18,7 +18,7 @@ class ResourceProviderController {
 
   [[nodiscard]] const std::vector<std::unique_ptr<ResourceProvider>>& providers() const { return providers_; }
 
-  /// The first provider of this identifier, by exact match; null where there is none.
+  /// The first provider with exactly this identifier; null if there is none.
   [[nodiscard]] const ResourceProvider* provider(std::string_view identifier) const;
 
  private:

@@ -5,8 +5,7 @@
 
 namespace Gleanery {
 
-/// Carries out the run-command action: gathers the resources of the provider that the host named and sends them to the
-/// host.
+/// Carries out the run-command action: sends the host the resources of the provider that it has named.
 class RunCommandActionController {
  public:
   RunCommandActionController() = default;
@@ -14,9 +13,9 @@ class RunCommandActionController {
   RunCommandActionController& operator=(const RunCommandActionController&) = delete;
   ~RunCommandActionController() = default;
 
-  /// `data` is the identifier of a provider. Sends that provider's allowed resources, an empty list for an identifier
-  /// that nobody has, and nothing without an identifier. An error is shown in an alert. Always ends by asking the
-  /// application to terminate.
+  /// `data` is the identifier of a provider. Sends the provider's allowed resources, or an empty list if no provider
+  /// has this identifier, or nothing without an identifier. Shows an alert if that fails. Always asks the application
+  /// to terminate at the end.
   void run(const std::optional<std::string>& data) const;
 };
 

@@ -5,21 +5,20 @@
 
 namespace DeskloomSDK {
 
-/// Runs a callback when the application is about to quit, synchronously and on the main thread: the application waits
-/// for it.
+/// Runs a callback on the main thread when the application is about to quit. The application waits for it.
 class AppTerminationObserver {
  public:
-  /// What to run; it must not throw.
+  /// The callback's type. A callback must not throw.
   using Callback = std::function<void()>;
 
-  /// Observes the shared application from here on, to the end of the process; once the observer is gone, nothing runs.
-  /// May be called on any thread. Stops the process with a fatal error where there is no shared application.
+  /// Observes the shared application from now on, until the observer is destroyed. May be called on any thread. Stops
+  /// the process with a fatal error if there is no shared application.
   explicit AppTerminationObserver(Callback onRun);
   AppTerminationObserver(const AppTerminationObserver&) = delete;
   AppTerminationObserver& operator=(const AppTerminationObserver&) = delete;
   ~AppTerminationObserver() = default;
 
-  /// What to run; nothing where it is empty.
+  /// The callback, which may be changed. Nothing runs if it is empty.
   [[nodiscard]] Callback& onRun() { return *onRun_; }
 
  private:

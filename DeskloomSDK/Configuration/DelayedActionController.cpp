@@ -17,7 +17,7 @@ DelayedActionController::DelayedActionController(double interval, std::optional<
 
 void DelayedActionController::perform() {
   pending_->lastTime = Platform::services().clock.now();
-  // In the background nothing but a weak reference: the action is released where it runs, on the main thread.
+  // The background holds only a weak reference, so that the action is released on the main thread.
   auto& queues = Platform::services().queues;
   queues.runInBackground([&queues, pending = std::weak_ptr(pending_)] {
     if (pending.expired())

@@ -13,8 +13,8 @@ concept DecodableFromJSON = requires(const nlohmann::json& json, Value& value) {
 template <typename Value>
 concept EncodableAsJSON = std::constructible_from<nlohmann::json, const Value&>;
 
-/// A configuration value, which a plug-in keeps in the host: a plain record that can be read from JSON, be written as
-/// JSON, and be made without arguments, which yields its default value.
+/// A configuration value, which the host keeps for a plug-in: a plain record that can be read from JSON, written as
+/// JSON, and made without arguments, which yields its default value.
 ///
 ///     struct Options {
 ///       int count = 10;
@@ -24,7 +24,7 @@ template <typename Value>
 concept DeskloomActionConfig =
     DecodableFromJSON<Value> && EncodableAsJSON<Value> && std::default_initializable<Value> && std::copyable<Value>;
 
-/// Stops the compilation with a message for each thing that `Value` lacks of a configuration value.
+/// Stops the compilation with a message for each requirement that `Value` does not meet.
 template <typename Value>
 struct RequireActionConfig {
   static_assert(DecodableFromJSON<Value>,

@@ -8,14 +8,14 @@
 
 namespace DeskloomSDK {
 
-/// The plug-in's own configuration, kept in the host. Once made, a provider lives until the process ends, when it
-/// writes its value a last time. For the main thread alone.
+/// The plug-in's own configuration, which the host keeps. A provider lives until the process ends; then it writes its
+/// value a last time. Used on the main thread only.
 template <typename ConfigValue>
 class GlobalConfigProvider : public HostedConfig<ConfigValue> {
  public:
-  /// Reads the configuration from the host, which takes as long as the host does. A text that is no such value yields
-  /// the default one. None where the host cannot be read, once the user has dismissed the alert that says so. Stops the
-  /// process with a fatal error where the bundle has no identifier.
+  /// Reads the configuration from the host and waits for the answer. `config` is the default value if the host's text
+  /// cannot be read as a `ConfigValue`. Null if the host fails, after the user has dismissed an alert about it. Stops
+  /// the process with a fatal error if the bundle has no identifier.
   static std::shared_ptr<GlobalConfigProvider> make() {
     const std::shared_ptr<GlobalConfigProvider> provider(new GlobalConfigProvider);
     return provider->begin(ConfigValue()) ? provider : nullptr;

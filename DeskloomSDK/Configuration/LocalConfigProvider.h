@@ -9,15 +9,13 @@
 
 namespace DeskloomSDK {
 
-/// The configuration of one action that the user has set up in the host, kept there. Once made, a provider lives until
-/// the process ends, when it writes its value a last time; of two for one action, the one that does so later wins. For
-/// the main thread alone.
+/// The configuration of one action, which the host keeps. A provider lives until the process ends; then it writes its
+/// value a last time. If an action has two providers, the one that writes later wins. Used on the main thread only.
 template <typename ConfigValue>
 class LocalConfigProvider : public HostedConfig<ConfigValue> {
  public:
-  /// Reads the configuration of the action from the host, which takes as long as the host does. A text that is no such
-  /// value yields `defaultConfig`. None where the host cannot be read, once the user has dismissed the alert that says
-  /// so.
+  /// Reads the action's configuration from the host and waits for the answer. `config` is `defaultConfig` if the host's
+  /// text cannot be read as a `ConfigValue`. Null if the host fails, after the user has dismissed an alert about it.
   static std::shared_ptr<LocalConfigProvider> make(std::string actionID, ConfigValue defaultConfig) {
     const std::shared_ptr<LocalConfigProvider> provider(
         new LocalConfigProvider(std::move(actionID), std::move(defaultConfig)));
@@ -26,7 +24,7 @@ class LocalConfigProvider : public HostedConfig<ConfigValue> {
 
   /// The host's identifier of the action.
   [[nodiscard]] const std::string& actionID() const { return actionID_; }
-  /// The value where the host's text is none of its kind.
+  /// The value that is used if the host's text cannot be read as a `ConfigValue`.
   [[nodiscard]] const ConfigValue& defaultConfig() const { return defaultConfig_; }
 
  private:

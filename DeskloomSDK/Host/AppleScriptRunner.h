@@ -9,7 +9,7 @@
 
 namespace DeskloomSDK {
 
-/// The runtime's gateway to the system's script interpreter. Keeps no state and may be used from any thread.
+/// Runs the runtime's scripts. Keeps no state and may be used on any thread.
 class AppleScriptRunner {
  public:
   AppleScriptRunner() = default;
@@ -17,9 +17,8 @@ class AppleScriptRunner {
   AppleScriptRunner& operator=(const AppleScriptRunner&) = delete;
   ~AppleScriptRunner() = default;
 
-  /// Runs a script to its end on the calling thread. Yields its text result unchanged, none where it has none or where
-  /// the source cannot be loaded. Fails with the code-1 error where the interpreter reports a failure, which it tells
-  /// nobody.
+  /// Runs a script to its end on the calling thread. Yields its text result unchanged, or `nullopt` if it has none or
+  /// the source cannot be loaded. Fails with the code-1 error if the script fails; what went wrong in it is dropped.
   static std::expected<std::optional<std::string>, Platform::Error> run(std::string_view source);
 };
 

@@ -19,7 +19,7 @@ std::string bundleIdentifier() {
   return std::move(*identifier);
 }
 
-/// The request in the host's own words. Arguments are inserted as they are; a caller escapes what must be.
+/// The script that sends a request. The pieces are inserted unchanged; the caller escapes them if need be.
 std::string script(std::initializer_list<std::string_view> pieces) {
   std::string source = "    tell application \"Deskloom\" to ";
   for (const std::string_view piece : pieces)
@@ -96,7 +96,7 @@ APIResult<void> DeskloomAPI::installPlugin() const {
 }
 
 std::string escapeForScript(std::string_view text) {
-  // Backslashes first, so that those added in front of quotes are not doubled.
+  // Backslashes first, so that those added before quotes are not doubled.
   return escaping(escaping(text, '\\'), '"');
 }
 

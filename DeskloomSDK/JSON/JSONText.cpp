@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 namespace DeskloomSDK {
@@ -10,10 +11,10 @@ namespace {
 
 using nlohmann::json;
 
-/// What reads or writes a value goes down into it, and the stack is not endless.
+/// A value is read and written recursively, so its depth is limited by the stack.
 constexpr std::size_t mostLevels = 512;
 
-/// How deep the arrays and objects of JSON text lie in one another; of other text, some number.
+/// The depth to which arrays and objects are nested in JSON text. For other text, any number.
 std::size_t depth(std::string_view text) {
   std::size_t level = 0;
   std::size_t deepest = 0;

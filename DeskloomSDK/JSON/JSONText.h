@@ -1,23 +1,44 @@
 #pragma once
 
 #include <expected>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
 
-#include "DeskloomSDK/JSON/DecodingError.h"
-
 namespace DeskloomSDK {
 
-/// Appends finished JSON text with every '/' written as "\/"; in such text it stands inside strings only.
+/// Why a JSON text could not be read as a value (DecodingError).
+struct DecodingError {
+  /// What is wrong with the text.
+  enum class Kind {
+    /// A required key is missing.
+    keyNotFound,
+    /// A value has the wrong JSON type.
+    typeMismatch,
+    /// The text is not JSON, or a string is not one of those allowed.
+    dataCorrupted,
+  };
+
+  /// What is wrong.
+  Kind kind;
+  /// The key whose value is wrong or missing; empty if the value as a whole is wrong.
+  std::string key;
+};
+
+/// Why a value could not be written as JSON (EncodingError).
+struct EncodingError {
+  /// The encoder's message, in English, for a log.
+  std::string reason;
+};
+
+/// Appends finished JSON text with every '/' written as "\/". In JSON text, a '/' is always inside a string.
 void appendEscapingSlashes(std::string& output, std::string_view text);
 
-/// The value as compact JSON text, UTF-8, every '/' written as "\/". Fails where a string is not valid UTF-8 or a
-/// number not finite.
+/// The value as compact JSON text, UTF-8, every '/' written as "\/". Fails if a string is not valid UTF-8 or a number
+/// is not finite.
 std::expected<std::string, EncodingError> encodeJSON(const nlohmann::json& value);
 
-/// Reads JSON text. Fails where it is malformed, is not valid UTF-8, or has arrays and objects more than 512 deep in
-/// one another.
+/// Reads JSON text. Fails if it is malformed, is not valid UTF-8, or has arrays and objects nested more than 512 deep.
 std::expected<nlohmann::json, DecodingError> decodeJSON(std::string_view text);
 
 }  // namespace DeskloomSDK

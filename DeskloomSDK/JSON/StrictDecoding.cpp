@@ -13,8 +13,8 @@ namespace {
 
 using nlohmann::json;
 
-/// The integer that a floating-point number is; `nullopt` for fractions and for what has no room in 64 bits. The least
-/// 64-bit integer doesn't count: the parser makes the same number of smaller integers.
+/// The integer equal to a floating-point number; `nullopt` for fractions and for integers of more than 64 bits. Also
+/// `nullopt` for the least 64-bit integer, since the parser turns integers below it into the same number.
 std::optional<json> integer(double number) {
   constexpr double end = 0x1p64;
   if (std::trunc(number) != number || number <= -end / 2 || number >= end)
@@ -24,7 +24,7 @@ std::optional<json> integer(double number) {
   return static_cast<std::uint64_t>(number);
 }
 
-/// Calls `function` with the number in the C++ type that it is kept in.
+/// Calls `function` with the number in the C++ type in which the JSON value holds it.
 template <typename Function>
 auto withNumber(const json& number, const Function& function) {
   if (number.is_number_float())
@@ -46,7 +46,7 @@ bool isSameInteger(const json& one, const json& other) {
   });
 }
 
-/// Whether the number is `written` in double or single precision.
+/// Whether the number, rounded to double or single precision, is `written`.
 bool roundsTo(const json& read, double written) {
   return withNumber(read, [&](auto exact) {
     const auto number = static_cast<double>(exact);
@@ -65,13 +65,13 @@ bool isNumeric(const json& value) {
   return value.is_number() || value.is_boolean();
 }
 
-/// Whether one may be the other: numbers of any kind, or else values of the same type.
+/// Whether both are numbers or booleans, or both of the same type.
 bool areAlike(const json& one, const json& other) {
   return one.type() == other.type() || (isNumeric(one) && isNumeric(other));
 }
 
-/// Whether each element of `written` was one of `read`, and each number of `read` is still there. A set has an order of
-/// its own and holds nothing twice.
+/// Whether each element of `written` was in `read`, and each number of `read` is in `written`. The order may change and
+/// duplicates may be gone, as in a set.
 bool keepsNumbersOfElements(const json& read, const json& written, bool ignoresFractions) {
   const auto isKept = [&](const json& element, const json& result) {
     return areAlike(element, result) && keepsNumbers(element, result, ignoresFractions);
@@ -101,7 +101,7 @@ bool keepsNumbersOfMembers(const json& read, const json& written, bool ignoresFr
   });
 }
 
-/// Makes the numbers convertible; whether that took anything.
+/// Makes the numbers convertible. Yields whether any has changed.
 bool makeConvertible(json& value) {
   if (value.is_structured()) {
     bool isChanged = false;
@@ -109,7 +109,7 @@ bool makeConvertible(json& value) {
       isChanged = makeConvertible(element) || isChanged;
     return isChanged;
   }
-  // The fractions that are furthest from zero and can be converted even to an unsigned or an 8-bit integer.
+  // The fractions furthest from zero that can be converted to an unsigned or an 8-bit integer, too.
   constexpr double least = -0.5;
   constexpr double most = 127.5;
   if (!value.is_number_float())

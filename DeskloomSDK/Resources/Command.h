@@ -10,25 +10,25 @@
 
 namespace DeskloomSDK {
 
-/// A message to the host, sent as a URL: `deskloom://<name>` or, where there is a payload, `deskloom://<name>/<data>`.
+/// A message to the host, sent as a URL: `deskloom://<name>`, or `deskloom://<name>/<data>` if there is a payload.
 /// Immutable.
 class Command {
  public:
-  /// The command that adds resources to the host. A list that cannot be encoded makes a command without payload.
+  /// The command that adds resources to the host. It has no payload if the list cannot be encoded.
   explicit Command(const std::vector<Resource>& resources);
 
-  /// A command of any name; `data` is the payload as it will stand in the URL.
+  /// A command of any name. `data` is the payload, already percent-encoded.
   Command(std::string name, std::optional<std::string> data);
 
-  /// The command's name; stands in the URL as it is.
+  /// The command's name, which the URL contains unchanged.
   [[nodiscard]] const std::string& name() const { return name_; }
   /// The payload, percent-encoded for a URL's path.
   [[nodiscard]] const std::optional<std::string>& data() const { return data_; }
 
-  /// Has the platform open the host URL and returns; nobody learns whether the host accepted it. Fails with the code-0
-  /// error where the URL cannot be built.
+  /// Has the platform open the host URL, and returns without knowing whether the host accepts it. Fails with the code-0
+  /// error if the URL cannot be built.
   [[nodiscard]] std::expected<void, Platform::Error> send() const&;
-  /// The same for a command that is not needed any more: its payload is not copied.
+  /// The same for a command that is no longer needed. Does not copy the payload.
   [[nodiscard]] std::expected<void, Platform::Error> send() &&;
 
  private:

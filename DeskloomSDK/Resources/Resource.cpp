@@ -5,8 +5,6 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "DeskloomSDK/JSON/JSONText.h"
-
 namespace DeskloomSDK {
 
 namespace {
@@ -58,7 +56,7 @@ std::expected<Resource, DecodingError> decodeObject(const JSON& object) {
   return Resource(*decodedType, std::move(*decodedName), std::move(*decodedURL));
 }
 
-/// Reports a failure with the numbers and in the words that the library has for it.
+/// Throws the library's exception for such a failure, with its numbers and texts.
 template <typename JSON>
 [[noreturn]] void throwAsTheLibraryDoes(const DecodingError& error, const JSON& object) {
   switch (error.kind) {
@@ -88,7 +86,7 @@ void encodeObject(JSON& object, const Resource& resource) {
   object[stringValue(url)] = resource.url().absoluteString();
 }
 
-/// About how long the text will be; exact where nothing in it needs an escape but the slashes of a web address.
+/// The approximate length of the text: exact if nothing needs an escape but the slashes of web addresses.
 std::size_t estimatedLength(const std::vector<Resource>& resources) {
   constexpr std::size_t punctuation = std::string_view(R"({"type":"application","name":"","url":"\/\/\/\/"},)").size();
   std::size_t length = 2;

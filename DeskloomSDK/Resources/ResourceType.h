@@ -7,18 +7,18 @@
 
 namespace DeskloomSDK {
 
-/// What kind of thing a resource is. The order of the cases is fixed.
+/// The kind of thing that a resource is. The order of the cases is fixed.
 enum class ResourceType { file, folder, website, terminal, application, url };
 
-/// The raw string of a type: "file", "folder", "website", "terminal", "application", "url".
+/// The raw string of a type: "file", "folder", "website", "terminal", "application" or "url".
 std::string_view rawValue(ResourceType type);
 
-/// The type of this raw string, by exact match; none for any other string.
+/// The type with exactly this raw string; `nullopt` if there is none.
 std::optional<ResourceType> resourceType(std::string_view rawValue);
 
 }  // namespace DeskloomSDK
 
-/// A type hashes as its raw string does.
+/// The hash of a type's raw string.
 template <>
 struct std::hash<DeskloomSDK::ResourceType> {
   /// Never fails.

@@ -1,38 +1,62 @@
 #include "AppDelegate.h"
 
+#include <utility>
+#include <vector>
+
+#include "DeskloomSDK/Resources/Command.h"
+#include "DocumentSelection.h"
 #include "Platform/Services.h"
-#include "RunController.h"
+#include "RecentDocuments.h"
+#include "SettingsWindows.h"
 
 namespace RecentFiles {
+
+namespace {
+
+/// The desktop's list, or an empty one and a line in the log if it cannot be read.
+std::vector<RecentDocument> documents() {
+  auto documents = recentDocuments(recentDocumentsFile());
+  if (documents)
+    return std::move(*documents);
+  Platform::services().log.write("no recently used documents: " + documents.error());
+  return {};
+}
+
+void sendDocuments(const ActionConfig& action, const PluginConfig& plugin) {
+  const auto sent = DeskloomSDK::Command(selectedResources(documents(), action, plugin)).send();
+  if (!sent)
+    Platform::services().alerts.runModal(Platform::Alert::withError(sent.error()));
+}
+
+}  // namespace
 
 AppDelegate::AppDelegate() {
   auto& actions = plugin_.actionController;
   actions.onRun = [this](const std::string& actionID) { run(actionID); };
   actions.onEdit = [this](const std::string& actionID) { edit(actionID); };
   actions.onConfigure = [this] { configure(); };
-  Platform::services().appleEvents.setEventHandler(
-      Platform::internetEventClass, Platform::getURLEventID,
-      [&actions](const Platform::AppleEvent& event, Platform::AppleEvent&) { actions.handleURLEvent(event); });
+  connect(plugin_);
 }
-
-void AppDelegate::applicationDidFinishLaunching(const Platform::Notification& /*notification*/) {}
 
 void AppDelegate::run(const std::string& actionID) {
   if (const auto action = configs_.action(actionID))
-    RunController().run(action->config, configs_.plugin()->config);
+    sendDocuments(action->config, configs_.plugin()->config);
   openWindows_.terminateIfNone();
 }
 
 void AppDelegate::edit(const std::string& actionID) {
   const auto action = configs_.action(actionID);
-  show(action ? editWindows_.try_emplace(actionID, action).first->second.window() : nullptr);
+  auto& window = editWindows_[actionID];
+  if (action && !window)
+    window = makeEditWindow(action);
+  show(window.get());
 }
 
 void AppDelegate::configure() {
   const auto plugin = configs_.plugin();
   if (plugin && !configureWindow_)
-    configureWindow_.emplace(plugin);
-  show(configureWindow_ ? configureWindow_->window() : nullptr);
+    configureWindow_ = makeConfigureWindow(plugin);
+  show(configureWindow_.get());
 }
 
 void AppDelegate::show(Platform::Window* window) {

@@ -1,28 +1,21 @@
 #pragma once
 
 #include <map>
-#include <optional>
+#include <memory>
 #include <string>
 
 #include "Configs.h"
-#include "ConfigureWindowController.h"
-#include "DeskloomSDK/DeskloomPlugin.h"
-#include "EditWindowController.h"
+#include "DeskloomSDK/PluginDelegate.h"
 #include "OpenWindows.h"
-#include "Platform/ApplicationDelegate.h"
+#include "Platform/Window.h"
 
 namespace RecentFiles {
 
-/// Connects the runtime to what this plug-in does: made by the application main routine, before launching finishes.
-class AppDelegate : public Platform::ApplicationDelegate {
+/// Does what the launch URLs ask for. The application main routine makes it before launching finishes.
+class AppDelegate : public DeskloomSDK::PluginDelegate {
  public:
-  /// Installs the action handlers and becomes the handler of launch URLs.
+  /// Sets the action handlers and connects the plug-in.
   AppDelegate();
-  AppDelegate(const AppDelegate&) = delete;
-  AppDelegate& operator=(const AppDelegate&) = delete;
-  ~AppDelegate() override = default;
-
-  void applicationDidFinishLaunching(const Platform::Notification& notification) override;
 
  private:
   void run(const std::string& actionID);
@@ -35,8 +28,8 @@ class AppDelegate : public Platform::ApplicationDelegate {
       {.askToInstallPluginIfNotInstalled = true, .alertUserThatPluginMustBeRunByDeskloomAndQuit = true}};
   Configs configs_;
   OpenWindows openWindows_;
-  std::map<std::string, EditWindowController> editWindows_;
-  std::optional<ConfigureWindowController> configureWindow_;
+  std::map<std::string, std::unique_ptr<Platform::Window>> editWindows_;
+  std::unique_ptr<Platform::Window> configureWindow_;
 };
 
 }  // namespace RecentFiles

@@ -2,15 +2,14 @@
 
 #include <vector>
 
-#include "ActionConfig.h"
+#include "Configs.h"
 #include "DeskloomSDK/Resources/Resource.h"
-#include "PluginConfig.h"
-#include "RecentDocument.h"
+#include "RecentDocuments.h"
 
 namespace RecentFiles {
 
-/// What the two configurations leave of the documents, in their order: those of the action's kind, as many as it wants
-/// but at most 100. A document whose address is no URL is left out.
+/// The resources to send for an action: the first documents of the action's kind, as many as it asks for but at most
+/// 100. Leaves out documents whose address is not a URL, and missing files if `plugin` says so.
 std::vector<DeskloomSDK::Resource> selectedResources(const std::vector<RecentDocument>& documents,
                                                      const ActionConfig& action, const PluginConfig& plugin);
 

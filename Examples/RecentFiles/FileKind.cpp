@@ -7,7 +7,7 @@ namespace RecentFiles {
 
 namespace {
 
-/// What the MIME types of documents begin with: texts, and the formats of office programs and books.
+/// The beginnings of the MIME types of documents: texts, books, and the formats of office programs.
 constexpr std::array<std::string_view, 11> documentTypes = {"text/",
                                                             "application/pdf",
                                                             "application/rtf",

@@ -7,20 +7,20 @@
 
 namespace RecentFiles {
 
-/// Which documents an action is about. Their order is that of `fileKindNames`.
+/// The kind of documents that an action sends. The order is that of `fileKindNames`.
 enum class FileKind { all, documents, images, media, folders };
 
-/// How a kind stands in a configuration; a string that names none is read as all.
+/// The strings in a configuration. Any other string is read as `all`.
 NLOHMANN_JSON_SERIALIZE_ENUM(FileKind, {{FileKind::all, "all"},
                                         {FileKind::documents, "documents"},
                                         {FileKind::images, "images"},
                                         {FileKind::media, "media"},
                                         {FileKind::folders, "folders"}})
 
-/// What the user reads of each kind, in their order.
+/// The names that the user sees, in the order of the kinds.
 std::vector<std::string> fileKindNames();
 
-/// Whether documents of this MIME type are of the kind.
+/// Whether documents of this MIME type belong to the kind.
 bool contains(FileKind kind, std::string_view mimeType);
 
 }  // namespace RecentFiles

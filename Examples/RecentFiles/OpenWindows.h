@@ -6,16 +6,16 @@
 
 namespace RecentFiles {
 
-/// Keeps the application running for as long as a window is open.
+/// Keeps the application running while a window is open.
 class OpenWindows : public Platform::WindowDelegate {
  public:
-  /// Shows the window, or brings it to the front, above those of other applications.
+  /// Shows the window, or brings it to the front, above the windows of other applications.
   void show(Platform::Window& window);
 
   /// Asks the application to terminate unless a window is open.
   void terminateIfNone() const;
 
-  /// Asks the application to terminate where it was the last one.
+  /// Asks the application to terminate if no other window is open.
   void windowWillClose(const Platform::Notification& notification) override;
 
  private:

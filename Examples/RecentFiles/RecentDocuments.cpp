@@ -13,7 +13,7 @@ namespace RecentFiles {
 
 namespace {
 
-/// Desktops keep some hundred entries of some hundred bytes.
+/// Far more than a real list, which has some hundred entries of some hundred bytes.
 constexpr std::uintmax_t largestFile = 16 * 1024 * 1024;
 
 template <auto function>
@@ -36,7 +36,7 @@ std::int64_t microseconds(GDateTime* time) {
   return time == nullptr ? 0 : g_date_time_to_unix(time) * perSecond + g_date_time_get_microsecond(time);
 }
 
-/// Programs note a use in one of two ways.
+/// Programs record a use as a modification or as a visit.
 std::int64_t timeOfUse(GBookmarkFile* list, const char* address) {
   return std::max(microseconds(g_bookmark_file_get_modified_date_time(list, address, nullptr)),
                   microseconds(g_bookmark_file_get_visited_date_time(list, address, nullptr)));

@@ -5,15 +5,22 @@
 #include <string>
 #include <vector>
 
-#include "RecentDocument.h"
-
 namespace RecentFiles {
 
-/// Where the desktop keeps its list of recently used documents: recently-used.xbel in the user's data folder.
+/// One entry of the desktop's list of recently used documents, unchanged.
+struct RecentDocument {
+  /// The text of a URL, which may be invalid.
+  std::string address;
+  /// The document's name according to the program that used it; usually empty.
+  std::string title = {};
+  std::string mimeType = {};
+};
+
+/// The desktop's list of recently used documents: recently-used.xbel in the user's data folder.
 std::filesystem::path recentDocumentsFile();
 
-/// The documents of such a list, the one that was used last first. Those that a program keeps to itself are left out.
-/// Fails with a sentence where there is no such file, where it is larger than 16 MiB, or where it is malformed.
+/// The documents of such a list, the one used last first. Leaves out documents that a program has marked as private.
+/// Fails with a message if the file does not exist, is larger than 16 MiB, or is malformed.
 std::expected<std::vector<RecentDocument>, std::string> recentDocuments(const std::filesystem::path& file);
 
 }  // namespace RecentFiles

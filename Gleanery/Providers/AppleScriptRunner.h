@@ -5,8 +5,7 @@
 
 namespace Gleanery {
 
-/// Runs a provider's script for its text. Has nothing to do with the runtime's runner of the same name, which talks to
-/// the host.
+/// Runs a provider's script. Not related to the runtime's class of the same name, which talks to the host.
 class AppleScriptRunner {
  public:
   AppleScriptRunner() = default;
@@ -14,7 +13,7 @@ class AppleScriptRunner {
   AppleScriptRunner& operator=(const AppleScriptRunner&) = delete;
   ~AppleScriptRunner() = default;
 
-  /// The script's result as text, or the empty text on any failure, which is logged.
+  /// The script's result as text. If anything fails, logs it and yields the empty text.
   [[nodiscard]] std::string run(std::string_view script) const;
 };
 

@@ -5,6 +5,7 @@
 
 #include "BrimlaceTextView/Lines.h"
 #include "Gleanery/Providers/AppleScriptRunner.h"
+#include "Platform/FatalError.h"
 
 namespace Gleanery {
 
@@ -24,6 +25,13 @@ std::expected<std::vector<Resource>, Platform::Error> BasicResourceProvider::fet
     resources.push_back(std::move(*resource));
   }
   return resources;
+}
+
+Resource BasicResourceProvider::tabResource(std::string_view name, std::string_view location) {
+  auto url = Platform::URL::parse(std::string(location));
+  if (!url)
+    Platform::fatalError("Unexpectedly found no URL in a tab's address.");
+  return {DeskloomSDK::ResourceType::website, std::string(name), std::move(*url)};
 }
 
 }  // namespace Gleanery

@@ -1,7 +1,5 @@
 #include "Gleanery/Providers/ChromeResourceProvider.h"
 
-#include "Gleanery/Providers/TabResource.h"
-
 namespace Gleanery {
 
 namespace {
@@ -23,7 +21,7 @@ ChromeResourceProvider::ChromeResourceProvider() : BasicResourceProvider("chrome
 
 std::expected<Resource, Platform::Error> ChromeResourceProvider::makeResource(std::string_view name,
                                                                               std::string_view location) const {
-  return makeTabResource(name, location);
+  return tabResource(name, location);
 }
 
 }  // namespace Gleanery

@@ -9,8 +9,7 @@ class ChromeResourceProvider : public BasicResourceProvider {
  public:
   ChromeResourceProvider();
 
-  /// A resource of type website at the URL `location`; never fails. A tab whose address is no URL cannot be, and stops
-  /// the process.
+  /// A resource of type website at the URL `location`; never fails. Stops the process if `location` is not a URL.
   [[nodiscard]] std::expected<Resource, Platform::Error> makeResource(std::string_view name,
                                                                       std::string_view location) const override;
 };

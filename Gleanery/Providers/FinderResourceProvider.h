@@ -4,7 +4,7 @@
 
 namespace Gleanery {
 
-/// The folders of the Finder's windows.
+/// The folders that the Finder's windows show.
 class FinderResourceProvider : public BasicResourceProvider {
  public:
   FinderResourceProvider();

@@ -4,7 +4,7 @@
 
 namespace Gleanery {
 
-/// The foreground applications, by System Events.
+/// The applications that are not in the background, as System Events lists them.
 class OpenAppsResourceProvider : public BasicResourceProvider {
  public:
   OpenAppsResourceProvider();

@@ -8,7 +8,7 @@ namespace Gleanery {
 
 namespace {
 
-// The last holds a colon and so equals no scheme: about: pages pass.
+// The last has a colon, so it never equals a scheme: about: pages are allowed.
 constexpr std::array<std::string_view, 5> excludedSchemes = {"favourites", "favorites", "history", "chrome",
                                                              "about:preferences"};
 

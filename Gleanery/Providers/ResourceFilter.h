@@ -6,11 +6,11 @@
 
 namespace Gleanery {
 
-/// Whether a resource is for the host: false for the browsers' own favourites and history pages and Google Chrome's
-/// internal pages, told by their scheme, case-sensitively. A URL without a scheme is allowed.
+/// Whether a resource is sent to the host. False for the browsers' own favourites and history pages and for Google
+/// Chrome's internal pages, by their exact scheme. A URL without a scheme is allowed.
 bool isAllowed(const DeskloomSDK::Resource& resource);
 
-/// The allowed ones of `resources`, in their order.
+/// The allowed resources, in their order.
 std::vector<DeskloomSDK::Resource> allowedResources(std::vector<DeskloomSDK::Resource> resources);
 
 }  // namespace Gleanery

@@ -19,11 +19,11 @@ class ResourceProvider {
   ResourceProvider& operator=(const ResourceProvider&) = delete;
   virtual ~ResourceProvider() = default;
 
-  /// The key by which the host selects this provider.
+  /// The name by which the host selects this provider.
   [[nodiscard]] virtual const std::string& identifier() const = 0;
 
-  /// What the application has open at this moment, in its own order. Asks it afresh at each call, on the calling
-  /// thread.
+  /// What the application has open at this moment, in its own order. Each call asks the application again and waits for
+  /// the answer.
   [[nodiscard]] virtual std::expected<std::vector<Resource>, Platform::Error> fetchResources() const = 0;
 };
 

@@ -1,7 +1,5 @@
 #include "Gleanery/Providers/SafariResourceProvider.h"
 
-#include "Gleanery/Providers/TabResource.h"
-
 namespace Gleanery {
 
 namespace {
@@ -26,7 +24,7 @@ SafariResourceProvider::SafariResourceProvider() : BasicResourceProvider("safari
 
 std::expected<Resource, Platform::Error> SafariResourceProvider::makeResource(std::string_view name,
                                                                               std::string_view location) const {
-  return makeTabResource(name, location);
+  return tabResource(name, location);
 }
 
 }  // namespace Gleanery

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Running/Limits.h"
-#include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 #include "Tests/AppleScript/TestApplications.h"
 
 namespace AppleScript::Testing {

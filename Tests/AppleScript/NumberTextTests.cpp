@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/SourceForm.h"
 #include "AppleScript/Values/NumberText.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 namespace {

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/SourceForm.h"
 #include "Tests/AppleScript/TestApplications.h"
 
 // Scripts/Operators.applescript is a table of scripts. Each begins with a line that names it and ends at an empty line

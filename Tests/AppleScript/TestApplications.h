@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "AppleScript/Application.h"
 #include "AppleScript/Script.h"
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Values/Application.h"
 #include "Tests/AppleScript/TestDesk.h"
 #include "Tests/AppleScript/TestHost.h"
 

@@ -4,9 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "AppleScript/Application.h"
-#include "AppleScript/Arguments.h"
-#include "AppleScript/Dictionary.h"
+#include "AppleScript/Values/Application.h"
+#include "AppleScript/Values/Dictionary.h"
 
 namespace AppleScript::Testing {
 

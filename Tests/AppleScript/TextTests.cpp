@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Text.h"
+#include "AppleScript/Text/Text.h"
 
 namespace AppleScript {
 namespace {

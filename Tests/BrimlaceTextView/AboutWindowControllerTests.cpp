@@ -9,7 +9,7 @@ using testing::IsEmpty;
 
 namespace {
 
-/// An element in words.
+/// Describes an element in words.
 struct Describe {
   std::string operator()(const Platform::Picture& picture) const {
     return "picture " + picture.file.string() + " of " + picture.description;
@@ -27,7 +27,7 @@ struct Describe {
 
 class AboutWindowControllerTest : public testing::Test {
  protected:
-  /// What the window shows, made with these arguments.
+  /// The elements of a window made with these arguments, in words.
   std::vector<std::string> elements(const std::optional<std::string>& shareMessage = std::nullopt,
                                     const std::optional<std::string>& moreAppsLink = std::nullopt) {
     AboutWindowController::createWithWindow(shareMessage, Platform::URL::parse(moreAppsLink.value_or("")));
@@ -40,7 +40,7 @@ class AboutWindowControllerTest : public testing::Test {
   Platform::Fake::FakeServices desktop;
 };
 
-TEST_F(AboutWindowControllerTest, ShowsWhatTheBundleTells) {
+TEST_F(AboutWindowControllerTest, ShowsWhatTheBundleHas) {
   desktop.bundle.entries = {{"Name", "Plugin"},
                             {"Version", "1.2"},
                             {"License", "MIT"},
@@ -52,17 +52,17 @@ TEST_F(AboutWindowControllerTest, ShowsWhatTheBundleTells) {
   EXPECT_EQ(desktop.windows.made.back()->content.title, "About Plugin");
 }
 
-TEST_F(AboutWindowControllerTest, LeavesOutWhatTheBundleDoesNotTell) {
+TEST_F(AboutWindowControllerTest, LeavesOutWhatTheBundleDoesNotHave) {
   desktop.bundle.entries = {{"Name", "Plugin"}};
   EXPECT_THAT(elements(), ElementsAre("heading Plugin"));
 }
 
-TEST_F(AboutWindowControllerTest, LeavesOutAWebsiteThatIsNoURL) {
+TEST_F(AboutWindowControllerTest, LeavesOutAWebsiteThatIsNotAURL) {
   desktop.bundle.entries = {{"Name", "Plugin"}, {"Website", "not a URL"}};
   EXPECT_THAT(elements(), ElementsAre("heading Plugin"));
 }
 
-TEST_F(AboutWindowControllerTest, ShowsTheShareMessageAndTheMoreAppsLinkWhereTheyAreGiven) {
+TEST_F(AboutWindowControllerTest, ShowsTheShareMessageAndTheMoreAppsLinkIfTheyAreGiven) {
   desktop.bundle.entries = {{"Name", "Plugin"}};
   EXPECT_THAT(elements("Try “it” & smile?", "https://example.com/apps"),
               ElementsAre("heading Plugin", "link Share to mailto:?body=Try%20%E2%80%9Cit%E2%80%9D%20%26%20smile%3F",

@@ -25,7 +25,7 @@ TEST_F(SDKAppleScriptRunnerTest, YieldsTheTextUnchanged) {
   EXPECT_THAT(desktop.scripts.sources, ElementsAre("the source"));
 }
 
-TEST_F(SDKAppleScriptRunnerTest, YieldsNothingWhereTheScriptGivesNoText) {
+TEST_F(SDKAppleScriptRunnerTest, YieldsNothingIfTheScriptYieldsNoText) {
   desktop.scripts.answerNothing();
   EXPECT_EQ(AppleScriptRunner::run("").value(), std::nullopt);
   desktop.scripts.answerWithoutText();
@@ -60,7 +60,7 @@ TEST_F(SDKAppleScriptRunnerTest, ReportsEveryFailureWithTheSameTexts) {
   EXPECT_EQ(desktop.strings.comments[result.error().localizedFailureReason()], "No Deskloom 2 or disallowed.");
 }
 
-TEST_F(SDKAppleScriptRunnerTest, FailsEvenWhereThereIsAResultAsWell) {
+TEST_F(SDKAppleScriptRunnerTest, FailsEvenIfThereIsAResult) {
   desktop.scripts.answer = [](std::string_view) {
     return Platform::ScriptOutcome{.error = Platform::ScriptErrorInformation{.number = -2700, .message = "no"},
                                    .result = Platform::ScriptOutcome::Result{"text"}};

@@ -46,7 +46,7 @@ TEST_F(CommandTest, EscapesWhatAPathDoesNotAllow) {
   EXPECT_THAT(desktop.workspace.opened, ElementsAre("deskloom://gleanery/" + command.data().value()));
 }
 
-TEST_F(CommandTest, GoesWithoutPayloadWhereTheListCannotBeEncoded) {
+TEST_F(CommandTest, GoesWithoutPayloadIfTheListCannotBeEncoded) {
   const Command command({Resource(ResourceType::file, "\xFF", URL::parse("file:///tmp/a").value())});
   EXPECT_EQ(command.data(), std::nullopt);
   EXPECT_TRUE(command.send());
@@ -58,7 +58,7 @@ TEST_F(CommandTest, WritesTheSlashOfAPayloadThatIsEmpty) {
   EXPECT_THAT(desktop.workspace.opened, ElementsAre("deskloom://name/"));
 }
 
-TEST_F(CommandTest, FailsWhereTheURLCannotBeBuilt) {
+TEST_F(CommandTest, FailsIfTheURLCannotBeBuilt) {
   const auto sent = Command("a name", std::nullopt).send();
   ASSERT_FALSE(sent);
   EXPECT_EQ(sent.error().domain(), "com.quillary.DeskloomSDK");

@@ -33,7 +33,7 @@ struct Measure {
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Measure, length)
 
-/// A value whose conversions throw what is no standard exception.
+/// A value whose conversions throw something other than a standard exception.
 struct Stubborn {
   int value = 1;
 };
@@ -44,7 +44,7 @@ void to_json(nlohmann::json& /*json*/, const Stubborn& /*stubborn*/) {
   throw 1;
 }
 
-/// A type whose fields have no initial values, and one of which is not in the JSON.
+/// A value whose fields have no initial values. Only one of them is in the JSON.
 struct Bare {
   int count;
   std::array<int, 100> rest;
@@ -75,7 +75,7 @@ class ConfigProviderTest : public testing::Test {
  protected:
   using Local = std::shared_ptr<LocalConfigProvider<Options>>;
 
-  /// A provider for the action "A", of which the host says `text`.
+  /// A provider for the action "A", whose text in the host is `text`.
   Local makeLocal(const std::string& text, Options defaultConfig = {}) {
     desktop.scripts.answerText(text);
     auto provider = LocalConfigProvider<Options>::make("A", std::move(defaultConfig));
@@ -117,7 +117,7 @@ TEST_F(ConfigProviderTest, ReadsTheConfigurationOfThePlugin) {
   EXPECT_EQ(provider->config.count, 3);
 }
 
-TEST_F(ConfigProviderTest, FallsBackInSilenceWhereTheTextIsNoSuchValue) {
+TEST_F(ConfigProviderTest, FallsBackInSilenceIfTheTextIsNotSuchAValue) {
   const std::vector<std::string> texts = {
       "",
       " ",
@@ -177,7 +177,7 @@ TEST_F(ConfigProviderTest, FallsBackOverAResourceOrAStructThatIsNone) {
   }
 }
 
-TEST_F(ConfigProviderTest, BeginsWithTheTypesValueWhereAFieldIsNotInTheText) {
+TEST_F(ConfigProviderTest, BeginsWithTheTypesValueIfAFieldIsNotInTheText) {
   for (const auto* text : {R"({"count":3})", ""}) {
     desktop.scripts.answerText(text);
     EXPECT_THAT(GlobalConfigProvider<Bare>::make()->config.rest, testing::Each(0)) << text;
@@ -189,7 +189,7 @@ TEST_F(ConfigProviderTest, ReadsALongTextThatIsSuchAValue) {
   EXPECT_EQ(makeLocal(R"({"count":3,"kind":")" + kind + "\"}")->config.kind, kind);
 }
 
-TEST_F(ConfigProviderTest, IsNotMadeWhereTheHostCannotBeReachedAndTellsTheUser) {
+TEST_F(ConfigProviderTest, IsNotMadeIfTheHostCannotBeReachedAndTellsTheUser) {
   desktop.scripts.fail(-600, "Application isn't running.");
   EXPECT_FALSE(LocalConfigProvider<Options>::make("A", {}));
   expectAlert("Could not run script");
@@ -198,7 +198,7 @@ TEST_F(ConfigProviderTest, IsNotMadeWhereTheHostCannotBeReachedAndTellsTheUser) 
   expectAlert("Could not run script");
 }
 
-TEST_F(ConfigProviderTest, IsNotMadeWhereTheHostAnswersNoTextAndTellsTheUser) {
+TEST_F(ConfigProviderTest, IsNotMadeIfTheHostAnswersNoTextAndTellsTheUser) {
   desktop.scripts.answerNothing();
   EXPECT_FALSE(LocalConfigProvider<Options>::make("A", {}));
   expectAlert("Could not read data from script output");
@@ -302,7 +302,7 @@ TEST_F(ConfigProviderTest, QuittingHalfASecondAfterASaveWritesOnce) {
   const auto provider = makeLocal("");
   provider->config.count = 3;
   provider->save();
-  desktop.queues.isMainBlocked = true;  // the main thread ends, and comes to nothing more
+  desktop.queues.isMainBlocked = true;  // the main thread runs nothing more
   pass(0.5);
   desktop.application.terminate();
   pass(10);
@@ -326,7 +326,7 @@ TEST_F(ConfigProviderTest, OfTwoForOneActionEachWritesItsOwnValue) {
   EXPECT_THAT(desktop.scripts.sources, ElementsAre(storing(1), storing(2)));
 }
 
-TEST_F(ConfigProviderTest, WritesTheEmptyTextWhereTheValueCannotBeEncoded) {
+TEST_F(ConfigProviderTest, WritesTheEmptyTextIfTheValueCannotBeEncoded) {
   const auto provider = makeLocal("");
   provider->config.kind = "\xff";
   provider->save();

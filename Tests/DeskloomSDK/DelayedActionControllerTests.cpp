@@ -34,7 +34,7 @@ class DelayedActionControllerTest : public testing::Test {
 
   Platform::Fake::FakeServices desktop;
   Platform::Date start = desktop.clock.date;
-  /// When the action ran, in seconds from the start, by the clock.
+  /// The times at which the action ran, in seconds since the start, by the clock.
   std::vector<double> runs;
 };
 
@@ -70,7 +70,7 @@ TEST_F(DelayedActionControllerTest, RunsTheActionOnceForABurstASecondAfterItsEnd
   EXPECT_THAT(runs, ElementsAre(DoubleNear(1.9, 1e-6)));
 }
 
-TEST_F(DelayedActionControllerTest, WaitsAnewWhereARequestComesHalfASecondLater) {
+TEST_F(DelayedActionControllerTest, WaitsAnewIfARequestComesHalfASecondLater) {
   auto controller = make();
   controller.perform();
   pass(0.5);
@@ -98,7 +98,7 @@ TEST_F(DelayedActionControllerTest, KeepsTheTimeOfTheLatestRequest) {
   EXPECT_EQ(controller.lastTime(), start);
 }
 
-TEST_F(DelayedActionControllerTest, RunsTheActionForEachCheckWhereTheMainThreadWasBlocked) {
+TEST_F(DelayedActionControllerTest, RunsTheActionForEachCheckIfTheMainThreadWasBlocked) {
   auto controller = make();
   desktop.queues.isMainBlocked = true;
   controller.perform();
@@ -111,7 +111,7 @@ TEST_F(DelayedActionControllerTest, RunsTheActionForEachCheckWhereTheMainThreadW
   EXPECT_THAT(runs, ElementsAre(2.5, 2.5, 2.5));
 }
 
-TEST_F(DelayedActionControllerTest, DoesNotRunTheActionWhereTheClockWasSetBack) {
+TEST_F(DelayedActionControllerTest, DoesNotRunTheActionIfTheClockWasSetBack) {
   auto controller = make();
   controller.perform();
   pass(0.5);
@@ -120,7 +120,7 @@ TEST_F(DelayedActionControllerTest, DoesNotRunTheActionWhereTheClockWasSetBack) 
   EXPECT_THAT(runs, IsEmpty());
 }
 
-TEST_F(DelayedActionControllerTest, RunsTheActionEarlyWhereTheClockWasSetForward) {
+TEST_F(DelayedActionControllerTest, RunsTheActionEarlyIfTheClockWasSetForward) {
   auto controller = make();
   controller.perform();
   pass(0.5);
@@ -130,7 +130,7 @@ TEST_F(DelayedActionControllerTest, RunsTheActionEarlyWhereTheClockWasSetForward
   EXPECT_THAT(runs, ElementsAre(3601.0)) << "half a second after the second request";
 }
 
-TEST_F(DelayedActionControllerTest, DoesNotRunTheActionWhereTheTimeIsNoNumber) {
+TEST_F(DelayedActionControllerTest, DoesNotRunTheActionIfTheTimeIsNotANumber) {
   auto controller = make();
   controller.perform();
   desktop.clock.date = Platform::Date(Seconds(std::numeric_limits<double>::quiet_NaN()));
@@ -143,7 +143,7 @@ TEST_F(DelayedActionControllerTest, DoesNothingOnceItIsReleased) {
   const std::weak_ptr<int> action = watched;
   std::optional<DelayedActionController> controller(std::in_place, 1.0, std::nullopt,
                                                     [this, watched = std::move(watched)] { runs.push_back(0); });
-  controller->perform();  // on its way to sleep
+  controller->perform();  // begins to sleep
   pass(0.5);
   controller->perform();
   controller.reset();
@@ -152,7 +152,7 @@ TEST_F(DelayedActionControllerTest, DoesNothingOnceItIsReleased) {
   EXPECT_THAT(runs, IsEmpty());
 }
 
-TEST_F(DelayedActionControllerTest, DoesNothingWhereItIsReleasedWithItsCheckAtTheMainThread) {
+TEST_F(DelayedActionControllerTest, DoesNothingIfItIsReleasedWhileItsCheckWaitsForTheMainThread) {
   std::optional<DelayedActionController> controller(std::in_place, 1.0, std::nullopt, noteRun());
   desktop.queues.isMainBlocked = true;
   controller->perform();

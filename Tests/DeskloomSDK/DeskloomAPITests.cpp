@@ -113,7 +113,7 @@ TEST_F(DeskloomAPITest, YieldsTheReplyUnchanged) {
   }
 }
 
-TEST_F(DeskloomAPITest, TakesAPluginForInstalledOnlyWhereTheAnswerIsTrueToTheLetter) {
+TEST_F(DeskloomAPITest, TakesAPluginAsInstalledOnlyIfTheAnswerIsExactlyTrue) {
   for (const auto* reply : {"false", "True", "TRUE", "yes", "true ", " true", "true\n", ""}) {
     desktop.scripts.answerText(reply);
     EXPECT_EQ(api.isPluginInstalled("/p"), false) << reply;
@@ -122,7 +122,7 @@ TEST_F(DeskloomAPITest, TakesAPluginForInstalledOnlyWhereTheAnswerIsTrueToTheLet
   EXPECT_EQ(api.isPluginInstalled("/p"), true);
 }
 
-TEST_F(DeskloomAPITest, FailsWhereAnAnswerIsNeededAndNoneComes) {
+TEST_F(DeskloomAPITest, FailsIfThereIsNoAnswerWhereOneIsNeeded) {
   for (const auto noText :
        {&FakeScriptEngine::answerNothing, &FakeScriptEngine::answerWithoutText, &FakeScriptEngine::refuse}) {
     (desktop.scripts.*noText)();
@@ -179,7 +179,7 @@ TEST_F(DeskloomAPITest, PassesTheRunnersFailureOn) {
   EXPECT_THAT(desktop.scripts.sources, SizeIs(8));
 }
 
-TEST(DeskloomAPIDeathTest, StopsTheProcessWhereTheBundleHasNoIdentifier) {
+TEST(DeskloomAPIDeathTest, StopsTheProcessIfTheBundleHasNoIdentifier) {
   Platform::Fake::FakeServices desktop;
   desktop.bundle.entries.erase("Identifier");
   desktop.scripts.answer = [](std::string_view) -> std::optional<Platform::ScriptOutcome> {

@@ -83,7 +83,7 @@ TEST_F(DeskloomPluginTest, QuitsOnlyAfterTheAlertOfAQueryThatFailedIsDismissed) 
                                           "terminate", willTerminate));
 }
 
-TEST_F(DeskloomPluginTest, KeepsAnInstalledPluginRunningWhereTheAlertIsOff) {
+TEST_F(DeskloomPluginTest, KeepsAnInstalledPluginRunningIfTheAlertIsOff) {
   desktop.scripts.answerText("true");
   launch({.askToInstallPluginIfNotInstalled = true});
   EXPECT_THAT(desktop.alerts.shown, IsEmpty());
@@ -109,7 +109,7 @@ TEST_F(DeskloomPluginTest, ShowsTheErrorOfAQueryWithoutAnAnswer) {
   EXPECT_EQ(desktop.application.terminations, 1);
 }
 
-TEST_F(DeskloomPluginTest, ShowsOneAlertWhereTheHostRefusesTheInstallation) {
+TEST_F(DeskloomPluginTest, ShowsOneAlertIfTheHostRefusesTheInstallation) {
   desktop.scripts.answer = [&](std::string_view source) -> Platform::ScriptOutcome {
     if (source == installedQuery)
       return {.result = Platform::ScriptOutcome::Result{"false"}};
@@ -127,7 +127,7 @@ TEST_F(DeskloomPluginTest, ShowsOneAlertWhereTheHostRefusesTheInstallation) {
   EXPECT_EQ(desktop.application.terminations, 1);
 }
 
-TEST_F(DeskloomPluginTest, ChecksNothingWhereTheInstallOptionIsOff) {
+TEST_F(DeskloomPluginTest, ChecksNothingIfTheInstallOptionIsOff) {
   launch({.alertUserThatPluginMustBeRunByDeskloomAndQuit = true});
   EXPECT_THAT(desktop.scripts.sources, IsEmpty());
   EXPECT_THAT(desktop.alerts.shown, IsEmpty());

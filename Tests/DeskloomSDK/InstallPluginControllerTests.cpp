@@ -26,7 +26,7 @@ TEST_F(InstallPluginControllerTest, AsksTheHostAndEndsTheApplication) {
   EXPECT_EQ(desktop.application.terminations, 1);
 }
 
-TEST_F(InstallPluginControllerTest, OnlyAsksWhereItsCallerEndsTheApplication) {
+TEST_F(InstallPluginControllerTest, OnlyAsksIfItsCallerEndsTheApplication) {
   InstallPluginController().requestInstallation();
   EXPECT_EQ(desktop.application.terminateRequests, 0);
 }
@@ -46,12 +46,12 @@ TEST_F(InstallPluginControllerTest, IgnoresWhatTheHostReplies) {
   EXPECT_THAT(desktop.alerts.shown, IsEmpty());
 }
 
-TEST_F(InstallPluginControllerTest, ShowsOneAlertInTheUsersLanguageWhereTheRequestFails) {
-  desktop.strings.translations["Plugin cannot be installed."] = "Das Plug-in kann nicht installiert werden.";
+TEST_F(InstallPluginControllerTest, ShowsOneAlertInTheUsersLanguageIfTheRequestFails) {
+  desktop.strings.translations["Plugin cannot be installed."] = "Das Plugin kann nicht installiert werden.";
   desktop.scripts.fail(-600, "");
   InstallPluginController().installPluginAndQuit();
   ASSERT_EQ(desktop.alerts.shown.size(), 1U);
-  EXPECT_EQ(desktop.alerts.shown[0].messageText, "Das Plug-in kann nicht installiert werden.");
+  EXPECT_EQ(desktop.alerts.shown[0].messageText, "Das Plugin kann nicht installiert werden.");
   EXPECT_EQ(desktop.strings.comments["Plugin cannot be installed."],
             "Can't communicate with Deskloom message during plugin installation.");
   EXPECT_EQ(desktop.strings.comments[desktop.alerts.shown[0].informativeText],

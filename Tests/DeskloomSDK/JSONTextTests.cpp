@@ -1,4 +1,5 @@
 #include <limits>
+#include <nlohmann/json.hpp>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -35,7 +36,7 @@ TEST(JSONText, IsReadBackAsItWas) {
   EXPECT_EQ(decodeJSON(*encodeJSON(value)), value);
 }
 
-TEST(JSONText, IsNotReadWhereItIsMalformed) {
+TEST(JSONText, IsNotReadIfItIsMalformed) {
   for (const char* text : {"", "{", "]", "nul", "{\"a\":}", "1 2", "\"\xff\"", "'a'", "[1,]", "NaN"})
     EXPECT_FALSE(decodeJSON(text)) << text;
 }

@@ -81,7 +81,7 @@ TEST_F(PluginControllerTest, AHandlerMayReplaceItselfAndLivesUntilItHasReturned)
   auto alive = std::make_shared<std::string>("first");
   const std::weak_ptr<std::string> watched = alive;
   controller.onRun = [&controller = controller, &calls = calls, watched, alive = std::move(alive)](const std::string&) {
-    // What is used after the replacement is on the stack, for the case that the lambda is gone.
+    // Everything used after the replacement is on the stack, since the lambda may be gone by then.
     auto& noted = calls;
     const auto stillWatched = watched;
     controller.onRun = [&noted](const std::string& id) { noted.push_back("second " + id); };
@@ -147,7 +147,7 @@ TEST_F(PluginControllerTest, CannotBeCopied) {
   EXPECT_FALSE(std::is_copy_assignable_v<PluginController>);
 }
 
-TEST_F(PluginControllerTest, ForgetsItWhereRunOrEditComesWithoutAnIdentifier) {
+TEST_F(PluginControllerTest, ForgetsItIfRunOrEditComesWithoutAnIdentifier) {
   for (const auto* text : {"deskloomplugin://run", "deskloomplugin://edit", "deskloomplugin://run/a/b"}) {
     controller.didPerformAction = true;
     EXPECT_FALSE(open(text));
@@ -202,7 +202,7 @@ TEST(PluginControllerDeathTest, StopsTheProcessOverAHandlerThatIsNotSet) {
                "line [0-9]+\n$");
 }
 
-/// What the process says of itself when it is stopped by a launch URL.
+/// What a process that a launch URL stops writes to standard error.
 std::string lastWords(PluginController& controller, const char* text) {
   testing::internal::CaptureStderr();
   const pid_t child = fork();

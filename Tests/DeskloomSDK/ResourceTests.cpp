@@ -117,7 +117,7 @@ TEST(ResourceDecoding, ReportsTheFirstFieldThatFails) {
   EXPECT_EQ(failure(R"({"type":"url","url":""})").key, "name");
 }
 
-TEST(ResourceDecoding, FailsAsAWholeWhereOneElementFails) {
+TEST(ResourceDecoding, FailsIfOneElementFails) {
   const std::string good = R"({"type":"url","name":"n","url":"x:y"})";
   const auto errorOf = [&](const std::string& bad) {
     const auto list = decodeResources("[" + good + "," + bad + "," + good + "]");
@@ -197,7 +197,7 @@ TYPED_TEST(ResourceConversions, ThrowWhatTheLibraryThrowsAndChangeNothing) {
   EXPECT_EQ(resource.name(), "after");
 }
 
-TEST(ResourceConversion, KeepsTheOrderOfItsKeysWhereTheObjectDoes) {
+TEST(ResourceConversion, KeepsTheOrderOfItsKeysIfTheObjectDoes) {
   EXPECT_EQ(nlohmann::ordered_json(website("a", "x:y")).dump(), R"({"type":"website","name":"a","url":"x:y"})");
 }
 

@@ -74,7 +74,7 @@ void from_json(const json& value, Tree& tree) {
   value.at("children").get_to(tree.children);
 }
 
-/// Reads a number of seconds or an object that names the unit, and writes the object.
+/// Is read from a number of seconds or from an object with a number of minutes, and written as such an object.
 struct Duration {
   double seconds = 0;
 };
@@ -85,7 +85,7 @@ void from_json(const json& value, Duration& duration) {
   duration.seconds = value.is_object() ? value.at("minutes").get<double>() * 60 : value.get<double>();
 }
 
-/// Refuses what is no price.
+/// Refuses low prices.
 struct Price {
   double euros = 1;
 };
@@ -98,7 +98,7 @@ void from_json(const json& value, Price& price) {
     throw std::invalid_argument("too cheap");
 }
 
-/// Converts to the smallest integers only what can be converted to them.
+/// Fails a test if it is read from a number that cannot be converted to the smallest integers.
 struct Narrow {
   std::int8_t number = 1;
   std::uint8_t natural = 1;
@@ -122,7 +122,7 @@ std::optional<Value> decoded(const std::string& text) {
   }
 }
 
-/// Those of the texts that can be read as a value of this type.
+/// The texts that can be read as a value of this type.
 template <typename Value>
 std::vector<std::string> readable(const std::vector<std::string>& texts) {
   std::vector<std::string> result;
@@ -220,7 +220,7 @@ TYPED_TEST(StrictDecodingOfStructs, RefusesAMistypedNumberWhateverTheMacro) {
   EXPECT_EQ(decoded<TypeParam>(R"({"number":3.0,"other":1.5,"another":true,"more":[1e300]})")->number, 3);
 }
 
-TEST(StrictDecoding, GivesAMissingFieldItsDefaultWhereTheMacroSaysSo) {
+TEST(StrictDecoding, GivesAMissingFieldItsDefaultIfTheMacroSaysSo) {
   EXPECT_FALSE(decoded<Plain>("{}"));
   EXPECT_FALSE(decoded<Intrusive>("{}"));
   EXPECT_EQ(decoded<Defaulted>("{}")->small, 2);

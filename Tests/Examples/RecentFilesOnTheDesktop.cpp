@@ -1,5 +1,5 @@
 // The plug-in of Examples/RecentFiles on a real desktop, with a host that keeps its configuration and a user who edits
-// it. It is built outside this tree, with the installed package: RECENT_FILES_PROGRAM in the environment names it.
+// it. It is built outside this tree with the installed package. The environment variable RECENT_FILES_PROGRAM names it.
 
 #include <cstdlib>
 #include <filesystem>
@@ -11,7 +11,7 @@
 
 #include "DeskloomSDK/Host/DeskloomAPI.h"
 #include "DeskloomSDK/Resources/Resource.h"
-#include "Linux/LinuxServices.h"
+#include "Linux/Services.h"
 #include "Platform/Text/PercentEncoding.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
@@ -29,7 +29,7 @@ namespace {
 constexpr const char* pluginName = "com.quillary.RecentFiles";
 constexpr const char* action = "7F3A";
 
-/// The names of the resources that a command carries.
+/// The names of a command's resources.
 std::vector<std::string> names(const std::string& command) {
   constexpr std::string_view prefix = "deskloom://gleanery/";
   EXPECT_TRUE(command.starts_with(prefix)) << command;
@@ -45,7 +45,7 @@ class ExamplePluginTest : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_NE(program_, nullptr) << "RECENT_FILES_PROGRAM names no program";
-    services_.bundle = Platform::Linux::LinuxBundle(std::filesystem::canonical(program_).parent_path());
+    services_.bundle = Linux::Bundle(std::filesystem::canonical(program_).parent_path());
     writeList();
   }
 
@@ -53,13 +53,13 @@ class ExamplePluginTest : public testing::Test {
     return ChildProcess({program_, "deskloomplugin://" + what}, {.environment = {{"XDG_DATA_HOME", folder.path()}}});
   }
 
-  /// Runs the action in a process of its own, and yields what the host was sent.
+  /// Runs the action in a process of its own. Yields the names of the resources that the host receives.
   std::vector<std::string> run() {
     EXPECT_EQ(launch(std::string("run/") + action).wait(), 0);
     return names(host.nextLine());
   }
 
-  /// Opens a window of the plug-in's, does what a user does there, and waits until the process has ended.
+  /// Opens one of the plug-in's windows, does there what a user does, and waits until the process has ended.
   void use(const std::string& what, const std::string& title, const std::vector<std::uint32_t>& keysyms) {
     ChildProcess plugin = launch(what);
     const auto window = desktop.waitForTitle(title);
@@ -79,7 +79,7 @@ class ExamplePluginTest : public testing::Test {
   DeskloomSDK::DeskloomAPI api;
 
  private:
-  /// A list of thirty files, of which the last was used last.
+  /// Writes a list of thirty files. The last of them was used last.
   void writeList() const {
     std::string list = R"(<xbel version="1.0" xmlns:mime="http://www.freedesktop.org/standards/shared-mime-info">)";
     for (int number = 10; number < 40; ++number) {
@@ -94,7 +94,7 @@ class ExamplePluginTest : public testing::Test {
   }
 
   const char* program_ = std::getenv("RECENT_FILES_PROGRAM");
-  Platform::Linux::LinuxServices services_;
+  Linux::Services services_;
 };
 
 TEST_F(ExamplePluginTest, SendsTheNewestFilesThatAreThere) {
@@ -128,7 +128,7 @@ TEST_F(ExamplePluginTest, IsStartedByTheBus) {
   TestSupport::awaitNoOwner(pluginName);
 }
 
-TEST_F(ExamplePluginTest, SendsAnEmptyListWhereTheDesktopHasNone) {
+TEST_F(ExamplePluginTest, SendsAnEmptyListIfTheDesktopHasNoList) {
   std::filesystem::remove(folder.path() / "recently-used.xbel");
   EXPECT_THAT(run(), SizeIs(0));
 }

@@ -16,8 +16,8 @@ namespace {
 
 static_assert(!std::is_copy_constructible_v<App> && !std::is_copy_assignable_v<App>);
 
-/// The application object lives as long as the process and hangs on the services it was made with, so all tests of this
-/// suite share one desktop.
+/// The application object uses the services it was made with until the process ends, so all tests of this suite share
+/// one desktop.
 class AppDelegateTest : public testing::Test {
  protected:
   static void SetUpTestSuite() {
@@ -98,7 +98,7 @@ TEST_F(AppDelegateTest, LeavesTheHandlersOfTheOtherActionsAsTheRuntimeMakesThem)
   EXPECT_DEATH(desktop->application.deliver("deskloomplugin://edit/ID"), "Fatal error: ");
 }
 
-// These end the delegate, or the process, and have a process of their own.
+// These end the delegate or the process, so each has a process of its own.
 TEST(AppDelegateDeathTest, AConfigureActionAfterTheDelegateIsGoneDoesNothing) {
   EXPECT_EXIT(
       {
@@ -110,7 +110,7 @@ TEST(AppDelegateDeathTest, AConfigureActionAfterTheDelegateIsGoneDoesNothing) {
       testing::ExitedWithCode(0), "");
 }
 
-TEST(AppDelegateDeathTest, StopsTheProcessWhereTheAboutWindowHasNoWindow) {
+TEST(AppDelegateDeathTest, StopsTheProcessIfTheAboutWindowHasNoWindow) {
   EXPECT_DEATH(
       {
         Platform::Fake::FakeServices own;
@@ -121,7 +121,7 @@ TEST(AppDelegateDeathTest, StopsTheProcessWhereTheAboutWindowHasNoWindow) {
       "Fatal error: The About window could not be made.");
 }
 
-TEST(AppDelegateDeathTest, StopsTheProcessWhereThereIsNoApplicationToTerminate) {
+TEST(AppDelegateDeathTest, StopsTheProcessIfThereIsNoApplicationToTerminate) {
   EXPECT_DEATH(
       {
         Platform::Fake::FakeServices own;

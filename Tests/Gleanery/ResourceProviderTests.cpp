@@ -56,7 +56,7 @@ TEST_F(ResourceProviderTest, PairsAnEmptyNameLikeAnyOther) {
   EXPECT_THAT(fetch(ChromeResourceProvider(), "\nx:a\n\nx:b\n"), ElementsAre(" → x:a", " → x:b"));
 }
 
-TEST_F(ResourceProviderTest, YieldsAnEmptyListWhereTheScriptFails) {
+TEST_F(ResourceProviderTest, YieldsAnEmptyListIfTheScriptFails) {
   desktop.scripts.fail(-600, "Application isn't running.");
   const auto resources = OpenAppsResourceProvider().fetchResources();
   ASSERT_TRUE(resources);
@@ -109,7 +109,7 @@ TEST_F(ResourceProviderTest, TakesTheAddressesOfTabsAsTheyAre) {
   }
 }
 
-TEST(ResourceProviderDeathTest, StopsTheProcessOverATabWhoseAddressIsNoURL) {
+TEST(ResourceProviderDeathTest, StopsTheProcessIfATabsAddressIsNotAURL) {
   EXPECT_DEATH(static_cast<void>(SafariResourceProvider().makeResource("a", "not a URL")), "Fatal error: ");
   EXPECT_DEATH(static_cast<void>(ChromeResourceProvider().makeResource("a", "")), "Fatal error: ");
 }

@@ -64,7 +64,7 @@ TEST_F(RunCommandActionControllerTest, SendsNothingWithoutAnIdentifierAndTermina
   EXPECT_EQ(desktop.application.terminations, 1);
 }
 
-TEST_F(RunCommandActionControllerTest, SendsAnEmptyListWhereTheScriptFailsAndOnlyTheLogTells) {
+TEST_F(RunCommandActionControllerTest, SendsAnEmptyListIfTheScriptFailsAndOnlyTheLogTells) {
   desktop.scripts.fail(-600, "Application isn't running.");
   run("finder");
   EXPECT_THAT(desktop.workspace.opened, ElementsAre(emptyListCommand));
@@ -73,7 +73,7 @@ TEST_F(RunCommandActionControllerTest, SendsAnEmptyListWhereTheScriptFailsAndOnl
   EXPECT_EQ(desktop.application.terminations, 1);
 }
 
-TEST_F(RunCommandActionControllerTest, SendsAnEmptyListWhereEverythingIsRefused) {
+TEST_F(RunCommandActionControllerTest, SendsAnEmptyListIfEverythingIsRefused) {
   desktop.scripts.answerText("Settings\nchrome://settings/\nHistory\nhistory://\n");
   run("chrome");
   EXPECT_THAT(desktop.workspace.opened, ElementsAre(emptyListCommand));

@@ -11,7 +11,7 @@ namespace {
 
 static_assert(!std::is_copy_constructible_v<UpdateController> && !std::is_copy_assignable_v<UpdateController>);
 
-// There is one controller in a process, so each of these has a process of its own.
+// A process has only one controller, so each of these has a process of its own.
 TEST(UpdateControllerDeathTest, HoldsThePlatformsUpdater) {
   EXPECT_EXIT(
       {
@@ -23,7 +23,7 @@ TEST(UpdateControllerDeathTest, HoldsThePlatformsUpdater) {
       testing::ExitedWithCode(0), "");
 }
 
-TEST(UpdateControllerDeathTest, StopsTheProcessWhereThereIsNoUpdater) {
+TEST(UpdateControllerDeathTest, StopsTheProcessIfThereIsNoUpdater) {
   EXPECT_DEATH(
       {
         Platform::Fake::FakeServices desktop;

@@ -38,4 +38,4 @@ END
 "$desktop" --data-dir "$scratch/development/share" bash -euo pipefail "$scratch/command" "$scratch/development" "$run" >"$scratch/said" 2>&1 ||
   fail "$(cat "$scratch/said")"
 expect_said "$line"
-expect_said "The host that is on the session's bus has it"
+expect_said "The host on the session bus has received it"

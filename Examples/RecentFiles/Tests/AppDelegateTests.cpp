@@ -1,4 +1,4 @@
-// The plug-in as a whole, on a desktop of fakes: its host answers scripts, its user changes what windows show.
+// The plug-in as a whole, on a fake desktop with a host that answers scripts and a user who changes settings.
 
 #include <gmock/gmock.h>
 
@@ -18,7 +18,7 @@ class AppDelegateTest : public testing::Test {
  protected:
   AppDelegateTest() { desktop.scripts.answerText(""); }
 
-  /// The last text that the host was told to keep for an action, as it stands in the script.
+  /// The last script that sets an action's configuration; empty if there was none.
   [[nodiscard]] std::string lastConfigOf(const std::string& actionID) const {
     std::string last;
     for (const std::string& source : desktop.scripts.sources)
@@ -37,7 +37,7 @@ TEST_F(AppDelegateTest, RunsAnActionAndEnds) {
   EXPECT_EQ(desktop.application.terminations, 1);
 }
 
-TEST_F(AppDelegateTest, SavesWhatIsEditedAfterASecondAndEndsWithTheWindow) {
+TEST_F(AppDelegateTest, SavesEditsAfterASecondAndEndsWithTheWindow) {
   desktop.application.deliver("deskloomplugin://edit/A");
   ASSERT_THAT(desktop.windows.made, SizeIs(1));
   auto& window = *desktop.windows.made[0];
@@ -63,7 +63,7 @@ TEST_F(AppDelegateTest, ShowsOneWindowPerActionAndEndsWithTheLast) {
   EXPECT_EQ(desktop.application.terminations, 1);
 }
 
-TEST_F(AppDelegateTest, BeginsNewActionsAsItIsConfigured) {
+TEST_F(AppDelegateTest, GivesNewActionsTheCountThatIsConfigured) {
   desktop.application.deliver("deskloomplugin://configure");
   ASSERT_THAT(desktop.windows.made, SizeIs(1));
   EXPECT_TRUE(desktop.windows.made[0]->enter("How many documents a new action sends", 7));
@@ -74,7 +74,7 @@ TEST_F(AppDelegateTest, BeginsNewActionsAsItIsConfigured) {
   EXPECT_THAT(lastConfigOf("A"), HasSubstr(R"(\"count\":7)"));
 }
 
-TEST_F(AppDelegateTest, TellsTheUserAndEndsWhereTheHostCannotBeRead) {
+TEST_F(AppDelegateTest, TellsTheUserAndEndsIfTheHostCannotBeRead) {
   desktop.scripts.fail(-600, "Application isn't running.");
   desktop.application.deliver("deskloomplugin://run/A");
   EXPECT_THAT(desktop.alerts.shown, SizeIs(1));
@@ -82,7 +82,7 @@ TEST_F(AppDelegateTest, TellsTheUserAndEndsWhereTheHostCannotBeRead) {
   EXPECT_EQ(desktop.application.terminations, 1);
 }
 
-TEST_F(AppDelegateTest, EndsWhereThereIsNoDisplay) {
+TEST_F(AppDelegateTest, EndsIfThereIsNoDisplay) {
   desktop.windows.hasDisplay = false;
   desktop.application.deliver("deskloomplugin://edit/A");
   EXPECT_EQ(desktop.application.terminations, 1);

@@ -39,11 +39,11 @@ TEST(DocumentSelection, TellsFilesFoldersAndWebsites) {
                   Selected{ResourceType::website, "Example"}, Selected{ResourceType::url, "smb://server/share"}));
 }
 
-TEST(DocumentSelection, LeavesOutWhatIsNoURL) {
+TEST(DocumentSelection, LeavesOutWhatIsNotAURL) {
   EXPECT_THAT(select({{.address = "not a URL"}, {.address = "/a/path"}, {.address = "file:///%zz"}}), IsEmpty());
 }
 
-TEST(DocumentSelection, NamesAFileByItsAddressWhereItsNameIsNoText) {
+TEST(DocumentSelection, NamesAFileByItsAddressIfItsNameIsNotText) {
   EXPECT_THAT(select({{.address = "file:///%FF"}}), ElementsAre(Selected{ResourceType::file, "file:///%FF"}));
 }
 

@@ -6,7 +6,7 @@ using namespace RecentFiles;
 
 namespace {
 
-TEST(FileKind, IsToldByTheMIMEType) {
+TEST(FileKind, FollowsFromTheMIMEType) {
   EXPECT_TRUE(contains(FileKind::images, "image/png"));
   EXPECT_TRUE(contains(FileKind::media, "audio/flac"));
   EXPECT_TRUE(contains(FileKind::media, "video/mp4"));
@@ -18,7 +18,7 @@ TEST(FileKind, IsToldByTheMIMEType) {
   EXPECT_FALSE(contains(FileKind::folders, ""));
 }
 
-TEST(FileKind, OfEverythingTakesWhatHasNoType) {
+TEST(FileKind, OfAllTakesWhatHasNoType) {
   EXPECT_TRUE(contains(FileKind::all, ""));
 }
 
@@ -26,7 +26,7 @@ TEST(FileKind, HasANameForEach) {
   EXPECT_EQ(fileKindNames().size(), static_cast<std::size_t>(FileKind::folders) + 1);
 }
 
-TEST(FileKind, IsReadAsAllWhereItsTextNamesNone) {
+TEST(FileKind, IsReadAsAllIfItsTextIsUnknown) {
   EXPECT_EQ(nlohmann::json("media").get<FileKind>(), FileKind::media);
   EXPECT_EQ(nlohmann::json("pictures").get<FileKind>(), FileKind::all);
   EXPECT_EQ(nlohmann::json(7).get<FileKind>(), FileKind::all);

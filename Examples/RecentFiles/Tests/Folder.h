@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-/// A fresh folder that is removed with all that is in it at the end of its scope.
+/// A new folder. Its destructor removes it with everything in it.
 class Folder {
  public:
   Folder() {

@@ -49,22 +49,22 @@ TEST_F(RecentDocumentsTest, PutsTheOneUsedLastFirstByModificationOrVisit) {
               ElementsAre("file:///b", "file:///d", "file:///c", "file:///a"));
 }
 
-TEST_F(RecentDocumentsTest, TellsTheType) {
+TEST_F(RecentDocumentsTest, HaveTheirMIMEType) {
   const auto file = folder.write("list", list(bookmark("file:///a", "2024-01-01T00:00:00Z", "2024-01-01T00:00:00Z")));
   EXPECT_EQ(recentDocuments(file).value().front().mimeType, "image/png");
 }
 
-TEST_F(RecentDocumentsTest, LeavesOutWhatAProgramKeepsToItself) {
+TEST_F(RecentDocumentsTest, LeavesOutWhatAProgramHasMarkedAsPrivate) {
   EXPECT_THAT(
       addresses(list(bookmark("file:///a", "2024-01-01T00:00:00Z", "2024-01-01T00:00:00Z", "<bookmark:private/>"))),
       IsEmpty());
 }
 
-TEST_F(RecentDocumentsTest, AreNoneWhereTheListIsEmpty) {
+TEST_F(RecentDocumentsTest, AreNoneIfTheListIsEmpty) {
   EXPECT_THAT(addresses(list("")), IsEmpty());
 }
 
-TEST_F(RecentDocumentsTest, FailWhereTheListCannotBeRead) {
+TEST_F(RecentDocumentsTest, FailIfTheListCannotBeRead) {
   EXPECT_THAT(recentDocuments(folder.path() / "missing").error(), HasSubstr("there is no file"));
   EXPECT_THAT(recentDocuments(folder.path()).error(), HasSubstr("there is no file"));
   ASSERT_EQ(mkfifo((folder.path() / "fifo").c_str(), 0600), 0);
@@ -73,7 +73,7 @@ TEST_F(RecentDocumentsTest, FailWhereTheListCannotBeRead) {
     EXPECT_THAT(recentDocuments(folder.write("list", text)).error(), HasSubstr("cannot be read")) << text;
 }
 
-TEST_F(RecentDocumentsTest, FailWhereTheListIsHuge) {
+TEST_F(RecentDocumentsTest, FailIfTheListIsHuge) {
   const auto file = folder.write("list", list(""));
   std::filesystem::resize_file(file, 17 * 1024 * 1024);
   EXPECT_THAT(recentDocuments(file).error(), HasSubstr("is too large"));
