@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Values/Dictionary.h"
 #include "AppleScript/Values/Containers.h"
+#include "AppleScript/Values/Dictionary.h"
 #include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
