@@ -32,8 +32,8 @@ TEST(ReadingWindows, FailsWhereNoServerAnswers) {
 // A server of the test's own, whose window manager is made up.
 class WindowManagersTest : public testing::Test {
  protected:
-  static void SetUpTestSuite() { server_ = std::make_unique<TestSupport::TestXServer>(); }
-  static void TearDownTestSuite() { server_.reset(); }
+  static void SetUpTestSuite() { server = std::make_unique<TestSupport::TestXServer>(); }
+  static void TearDownTestSuite() { server.reset(); }
 
   static std::size_t roundTrips() {
     auto connection = X11Connection::connect();
@@ -49,7 +49,7 @@ class WindowManagersTest : public testing::Test {
     return windows;
   }
 
-  inline static std::unique_ptr<TestSupport::TestXServer> server_;
+  inline static std::unique_ptr<TestSupport::TestXServer> server;
   TestDesktop desktop_;
 };
 

@@ -32,6 +32,7 @@ class AccessibleObject {
   AccessibleObject(GDBusConnection* bus, std::string owner, std::string path);
   AccessibleObject(const AccessibleObject& other) : AccessibleObject(other.bus_.get(), other.owner_, other.path_) {}
   AccessibleObject(AccessibleObject&&) = default;
+  AccessibleObject& operator=(const AccessibleObject&) = delete;
   AccessibleObject& operator=(AccessibleObject&&) = default;
   ~AccessibleObject() = default;
 

@@ -4,7 +4,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 top=$1
 
-# DECLARATION: tries to make a provider for the type Options that it declares, and prints what the compiler says.
+# DECLARATION: compiles a provider for the type Options that it declares, and prints the errors.
 compile() {
   c++ -std=c++23 -fsyntax-only -I "$top" -x c++ - 2>&1 <<END || true
 #include "DeskloomSDK/Configuration/LocalConfigProvider.h"
@@ -19,13 +19,13 @@ complete=$(compile "struct Options { int count = 1; }; $conversions")
 [[ -z $complete ]] || fail "a complete type was refused: $complete"
 
 lacking=$(compile "struct Options { int count = 1; }; void to_json(nlohmann::json& json, const Options& value);")
-grep -q "must be readable from JSON" <<<"$lacking" || fail "no word of the missing from_json: $lacking"
+grep -q "must be readable from JSON" <<<"$lacking" || fail "the missing from_json is not named: $lacking"
 
 lacking=$(compile "struct Options { int count = 1; }; void from_json(const nlohmann::json& json, Options& value);")
-grep -q "must be writable as JSON" <<<"$lacking" || fail "no word of the missing to_json: $lacking"
+grep -q "must be writable as JSON" <<<"$lacking" || fail "the missing to_json is not named: $lacking"
 
 lacking=$(compile "struct Options { explicit Options(int count); int count; }; $conversions")
-grep -q "must have a constructor without arguments" <<<"$lacking" || fail "no word of the missing constructor: $lacking"
+grep -q "must have a constructor without arguments" <<<"$lacking" || fail "the missing constructor is not named: $lacking"
 
 lacking=$(compile "struct Options { explicit Options(int count = 0); Options(Options&&); }; $conversions")
-grep -q "must be copyable" <<<"$lacking" || fail "no word of the missing copy: $lacking"
+grep -q "must be copyable" <<<"$lacking" || fail "the missing copy is not named: $lacking"

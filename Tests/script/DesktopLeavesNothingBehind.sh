@@ -7,8 +7,8 @@ echo "$HOME" >home
 note() { echo "$!" >>pids; }
 sleep 4711 &
 note
-# One that leaves its session and its parent, one that won't listen, one that hides its environment, one that does so and
-# leaves its parent with a file open, one in a window.
+# A process that leaves its session and its parent, one that ignores signals, one that hides its environment, one that does
+# that and leaves its parent with a file open, and one in a window.
 (setsid sleep 4711 & note)
 bash -c 'trap "" TERM HUP; while :; do sleep 4711; done' &
 note
@@ -20,12 +20,12 @@ note
 while read -r line; do
   if [[ $line == '_NET_CLIENT_LIST('*0x* ]]; then break; fi
 done < <(exec xprop -root -spy _NET_CLIENT_LIST)
-# What the session bus starts to make windows readable: a launcher, a bus and a registry.
+# The processes that the session bus starts for screen readers: a launcher, a bus and a registry.
 address=$(gdbus call --session --dest org.a11y.Bus --object-path /org/a11y/bus --method org.a11y.Bus.GetAddress)
 address=${address#*\'}
 gdbus call --address "${address%\'*}" --dest org.a11y.atspi.Registry --object-path /org/a11y/atspi/accessible/root \
   --method org.a11y.atspi.Accessible.GetRole >/dev/null
-# The desktop's own parts.
+# The desktop's own processes.
 grep --files-with-matches --null-data --line-regexp --no-messages "XDG_RUNTIME_DIR=$XDG_RUNTIME_DIR" \
   /proc/[0-9]*/environ | sed 's|/proc/\([0-9]*\)/.*|\1|' >>pids
 END
@@ -34,5 +34,5 @@ END
 while read -r pid; do
   if runs "$pid"; then fail "still running: $(tr '\0' ' ' <"/proc/$pid/cmdline")"; fi
 done <"$scratch/pids"
-(($(sort -u "$scratch/pids" | wc -l) > 10)) || fail "too few processes were noted"
+(($(sort -u "$scratch/pids" | wc -l) > 10)) || fail "too few processes were recorded"
 [[ ! -e $(dirname "$(cat "$scratch/home")") ]] || fail "its folder is still there"

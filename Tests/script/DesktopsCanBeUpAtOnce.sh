@@ -1,7 +1,7 @@
 # shellcheck shell=bash source-path=SCRIPTDIR
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 
-# Each tells its display and stays until all are up.
+# Each prints its display and runs until all have started.
 mkfifo "$scratch/up" "$scratch/go"
 exec 3<>"$scratch/up" 4<>"$scratch/go"
 for _ in 1 2 3; do

@@ -3,7 +3,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/sdk.bash"
 
-# Built as its author would, away from this tree, and installed beside Gleanery.
+# Built as its author would build it, outside this tree, and installed beside Gleanery.
 install_to "$scratch/prefix" --component sdk
 install_to "$scratch/prefix" --component plugin
 install_to "$scratch/prefix" --component development

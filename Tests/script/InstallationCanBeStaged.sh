@@ -13,7 +13,7 @@ for application in Gleanery Deskloom; do
     grep --quiet "^Exec=\"$prefix/bin/" "$scratch/stage$prefix/share/$entry" || fail "$entry names another prefix"
   done
 done
-if grep --recursive --files-with-matches --fixed-strings "$scratch" "$scratch/stage"; then fail "those name the stage"; fi
+if grep --recursive --files-with-matches --fixed-strings "$scratch" "$scratch/stage"; then fail "these files name the staging folder"; fi
 
-# The caches are those of the place that the files go to.
+# Caches belong to the final place of the files.
 expect "$(find "$scratch/stage" -name '*.cache')" ''

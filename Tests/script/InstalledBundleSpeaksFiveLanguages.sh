@@ -5,7 +5,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 install_to "$scratch/prefix" --component plugin
 text='This plugin must be run by Deskloom app.'
 
-# A language counts in every locale but the one called C.
+# LANGUAGE has an effect in every locale except C.
 for language in de es fr ja zh_CN; do
   translation=$(LANGUAGE=$language LANG=C.UTF-8 TEXTDOMAINDIR=$scratch/prefix/$bundle/locale \
     gettext --domain=com.quillary.Gleanery "$text")

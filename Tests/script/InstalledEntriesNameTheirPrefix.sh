@@ -12,6 +12,6 @@ for prefix in "$scratch/one" "$scratch/two words"; do
   expect "$(command_in "$prefix/share/dbus-1/services/com.quillary.Gleanery.service")" \
     "\"$prefix/bin/gleanery\" --dbus-activated"
   if grep --recursive --files-with-matches --fixed-strings "$build" "$prefix/share" "$prefix/$bundle/Info.ini"; then
-    fail "those name the build"
+    fail "these entries name the build"
   fi
 done

@@ -2,7 +2,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 
-# A folder whose name takes some quoting; and nothing says which handlers are preferred.
+# A folder whose name needs quoting, and no preferred handlers.
 prefix="$scratch/a \"b\" \$c %d"
 install_to "$prefix" --component plugin
 install_to "$scratch/development" --component development
@@ -28,7 +28,7 @@ for way in call open; do
   [[ $received == deskloom://gleanery/* ]] || fail "$way: $received"
 done
 
-# Nor need the host run already: the bus starts it, with the log that its environment names.
+# If the host does not run, the bus starts it, with the log that its environment names.
 mkfifo "$scratch/log"
 exec 3<>"$scratch/log"
 # shellcheck disable=SC2016 # expanded on the desktop

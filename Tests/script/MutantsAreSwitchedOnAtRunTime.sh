@@ -1,7 +1,7 @@
 # shellcheck shell=bash source-path=SCRIPTDIR
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 
-# Each bug that can be planted in front of main changes what the program prints; the constants are the compiler's.
+# Each bug that can be planted before main changes the output. Compile-time constants get none.
 cat >"$scratch/program.cpp" <<'END_OF_PROGRAM'
 #include <cstdio>
 #include <optional>

@@ -5,7 +5,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 sdk="$scratch/an sdk"
 install_to "$sdk" --component sdk
 install_to "$scratch/development" --component development
-# What the archives were compiled with, a sanitizer perhaps, the program that they go into is as well.
+# The program needs the archives' compiler options, such as a sanitizer.
 CXXFLAGS=$(sed -n 's/^CMAKE_CXX_FLAGS:STRING=//p' "$build/CMakeCache.txt")
 export CXXFLAGS
 
@@ -17,7 +17,7 @@ expect_said() {
   grep --quiet --extended-regexp -- "$1" "$scratch/said" || fail "expected: $1, but it said: $(cat "$scratch/said")"
 }
 
-# Without a session bus, it brings up its own; and it installs to the prefix that it is told, nowhere else.
+# Without a session bus it starts one. It installs only to the prefix given.
 mkdir "$scratch/home"
 env --unset=DBUS_SESSION_BUS_ADDRESS --unset=DISPLAY --unset=WAYLAND_DISPLAY --unset=XDG_DATA_HOME \
   XDG_RUNTIME_DIR="$scratch" HOME="$scratch/home" "$run" --prefix "$scratch/a prefix" >"$scratch/said" 2>&1 ||
@@ -27,8 +27,7 @@ expect_said "$line"
 expect "$(ls -A "$scratch/home")" ''
 [[ -x "$scratch/a prefix/bin/recent-files" ]] || fail "not installed: $(find "$scratch/a prefix")"
 
-# With a host on the session's bus, it is that host that is given the result; and the session knows the plug-in, although its
-# bus came up before.
+# A host that runs on the session bus gets the result. The session knows the plug-in although its bus was started earlier.
 cat >"$scratch/command" <<'END'
 timeout 60 "$1/bin/deskloom-host" --exit-after 1 &
 host=$!

@@ -5,12 +5,12 @@ source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 build_type=$(sed -n 's/^CMAKE_BUILD_TYPE:STRING=//p' "$build/CMakeCache.txt")
 is_sanitized() { grep --quiet '^CMAKE_CXX_FLAGS:STRING=.*-fsanitize' "$build/CMakeCache.txt"; }
 
-# Expects a line in what readelf tells of a file: FILE OPTION PATTERN COMPLAINT
+# Expects a line in readelf's output for a file: FILE OPTION PATTERN COMPLAINT
 expect_line() {
   readelf --wide "$2" "$1" | grep --extended-regexp -- "$3" >/dev/null || fail "$1 $4"
 }
 
-# The functions and data that a file exports, but for templates of the C++ library, which programs share with it.
+# The functions and data that a file exports, without templates of the C++ library, which programs share with it.
 exports() {
   readelf --wide --dyn-syms "$1" |
     awk -v types="$2" '$4 ~ types && $5 ~ /GLOBAL|WEAK/ && $6 == "DEFAULT" && $7 != "UND" { sub(/@.*/, "", $8); print $8 }' |
@@ -26,9 +26,9 @@ check() {
   if [[ $1 == *.so ]]; then
     expect "$1 exports: $(exports "$1" 'FUNC|OBJECT')" "$1 exports: deskloomOpenWindowToolkit"
   else
-    # The data that a program exports is its copy of a library's.
+    # Exported data of a program are copies of a library's.
     expect "$1 exports: $(exports "$1" FUNC)" "$1 exports: "
-    # The module calls no function of which the C library has a checked form.
+    # The module calls no function that has a checked form in the C library.
     if [[ $build_type != Debug ]] && ! is_sanitized; then
       expect_line "$1" --dyn-syms ' UND __[a-z_]+_chk(@| |$)' "calls none of the C library's checked functions"
     fi
@@ -39,13 +39,13 @@ is_elf() {
   [[ $(head --bytes=4 "$1" | od --address-radix=n --format=x1) == ' 7f 45 4c 46' ]]
 }
 
-# What the build links, except for what is never installed.
+# The files that the build links, without those that are never installed.
 linked() {
   ninja -C "$build" -t targets all | sed -nE 's/^([^:]*): C(XX)?_(EXECUTABLE|(MODULE|SHARED)_LIBRARY)_LINKER__.*/\1/p' |
     grep --extended-regexp --invert-match '^(tests|fuzzers|benchmarks)/|\.cmake$'
 }
 
-# A library that is linked in may be hardened where our own code isn't, so every source has its options.
+# Libraries that are linked in may be hardened even if our own code is not, so the options of every source are checked.
 options=(-fstack-protector-strong -D_GLIBCXX_ASSERTIONS -fPI -fvisibility=hidden)
 if [[ $build_type != Debug ]] && ! is_sanitized; then options+=(-D_FORTIFY_SOURCE=); fi
 grep '"command": ' "$build/compile_commands.json" >"$scratch/commands"

@@ -2,8 +2,8 @@
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 
-# bwrap does not work where the root is no mount point, as in a plain chroot. A bind mount of the root is one. It is made below a
-# private mount, so that nobody else sees it.
+# bwrap needs a root that is a mount point, which that of a plain chroot is not. A bind mount of the root is one. It is made
+# below a private mount, so that no other process sees it.
 if ((EUID == 0)) && ! mountpoint --quiet /; then
   root=$(mktemp --directory)
   status=0
@@ -23,9 +23,9 @@ if ((EUID == 0)) && ! mountpoint --quiet /; then
 fi
 bwrap --ro-bind / / true || fail "bwrap does not work here: it needs root or user namespaces"
 
-# The program that the document has in the sandbox gives way to another one.
+# The document's command with another program in the sandbox.
 document_script() {
-  # shellcheck disable=SC2016 # a fence, and no command
+  # shellcheck disable=SC2016 # a code fence, not a command
   sed -n '/^```sh$/,/^```$/p' "$tree/docs/sandbox.md" | sed -e '1d;$d' -e "s|/usr/local/bin/gleanery|$1|" >"$scratch/$2"
   grep --quiet "^exec bwrap " "$scratch/$2" || fail "docs/sandbox.md has no line that runs bwrap"
   grep --quiet --fixed-strings -- "-- $1 " "$scratch/$2" || fail "docs/sandbox.md does not run the plug-in"
@@ -48,18 +48,18 @@ sed -i "s|^Exec=\"[^\"]*\"|Exec=\"$scratch/plugin\"|" "${entries[@]}"
 gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
   --method org.freedesktop.DBus.ReloadConfig >/dev/null
 
-# An application to be listed.
+# An application to list.
 mousepad --disable-server &
 until xprop -root _NET_CLIENT_LIST | grep --quiet 0x; do sleep 0.05; done
 
-# The time is reached only when something is broken.
+# The time is reached only if something is broken.
 timeout 120 "$HOME/.local/bin/deskloom-host" --exit-after 1 --decode &
 host=$!
 gdbus wait --session --timeout 60 com.quillary.Deskloom
 gio open deskloomplugin://runCommand/apps
 wait "$host"
 
-# What it may do there, and what it may not.
+# What is allowed in the sandbox, and what is not.
 echo kept >"$HOME/document"
 echo secret >"$XDG_RUNTIME_DIR/secret"
 "$scratch/shell" -euc '

@@ -1,7 +1,7 @@
 # shellcheck shell=bash source-path=SCRIPTDIR
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 
-# A tree without anything to build, and tests that fail under the presets that the file "failing" names.
+# A tree with nothing to build, and tests that fail under the presets in the file "failing".
 mkdir -p "$scratch/script" "$scratch/bin"
 cp "$1/script/sanitize" "$scratch/script"
 ln -s /bin/true "$scratch/script/setup"
@@ -16,7 +16,7 @@ echo "test $2 ${*:6}" >>steps
 END
 chmod +x "$scratch/bin/cmake" "$scratch/bin/ctest"
 
-# Runs script/sanitize, and notes what it does and its exit status.
+# Runs script/sanitize, and records its steps and its exit status.
 sanitize() {
   rm -f "$scratch/steps"
   status=0
@@ -39,7 +39,7 @@ sanitize address --without-browsers
 expect "$status $steps" '0 build asan
 test asan-without-browsers '
 
-# What fails under one does not keep the other from being run.
+# Both run, even if the first fails.
 echo asan >"$scratch/failing"
 sanitize address threads
 expect "$status $steps" '1 build asan

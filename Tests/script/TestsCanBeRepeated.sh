@@ -1,7 +1,7 @@
 # shellcheck shell=bash source-path=SCRIPTDIR
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 
-# A tree without anything to build, and tests that fail in the runs that the file "failing" names.
+# A tree with nothing to build, and tests that fail in the runs in the file "failing".
 mkdir -p "$scratch/script" "$scratch/bin" "$scratch/build/dev/Testing/Temporary"
 cp "$1/script/test" "$scratch/script"
 ln -s /bin/true "$scratch/script/setup"
@@ -17,7 +17,7 @@ exit 8
 END
 chmod +x "$scratch/bin/ctest"
 
-# Runs script/test, and notes what it says and its exit status.
+# Runs script/test, and records its output and its exit status.
 run_tests() {
   rm -f "$scratch/arguments"
   status=0
@@ -50,7 +50,7 @@ run_tests -R Name --repeat 2
 expect "$status" 0
 expect "${said##*$'\n'}" '2 runs, 0 failed'
 
-# Run once, the test runner has the last word, on the exit status too; and it has an option of the same name.
+# A single run ends with the test runner's output and exit status. ctest has an option of the same name.
 run_tests --repeat until-fail:3
 expect "$status" 0
 expect "$said" 'summary of run 1'

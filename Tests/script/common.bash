@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Sourced by the tests of the scripts, each of which is given the top of the tree and the build's data folder.
+# Sourced by the tests of the scripts. Their arguments are the top of the tree and the build's data folder.
 set -euo pipefail
 
 # shellcheck disable=SC2034 # for the tests
@@ -16,7 +16,7 @@ expect() {
   [[ $1 == "$2" ]] || fail "expected: $2, but it was: $1"
 }
 
-# Whether the process runs: one that has ended has no command line, even while its parent has not asked for its status.
+# Whether the process runs. One that has ended has no command line, even before its parent has waited for it.
 runs() {
   [[ -n $(tr -d '\0' 2>/dev/null <"/proc/$1/cmdline") ]]
 }

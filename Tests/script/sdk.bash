@@ -1,8 +1,8 @@
 # shellcheck shell=bash
-# Sourced by the tests of the installed package that other plug-ins are written with, behind installation.bash.
+# Sourced by the tests of the installed package for plug-ins, after installation.bash.
 tree=$1
 
-# Makes a small plug-in's project in a folder: whatever it is asked for, it sends the host one folder.
+# Makes the project of a small plug-in in a folder. It answers every action by sending the host one folder.
 make_project() {
   mkdir "$1" "$1/locale" "$1/locale/de" "$1/locale/de/LC_MESSAGES"
   cat >"$1/CMakeLists.txt" <<'END'
@@ -54,7 +54,7 @@ END
     msgfmt --output-file="$1/locale/de/LC_MESSAGES/com.example.Greeter.mo" -
 }
 
-# The options that this build's archives are compiled with, and so whatever is linked with them.
+# The options that this build's archives are compiled with, which their users need too.
 compiler_options() {
   # shellcheck disable=SC2154 # it is in installation.bash
   sed -n 's/^CMAKE_CXX_FLAGS:STRING=//p' "$build/CMakeCache.txt"

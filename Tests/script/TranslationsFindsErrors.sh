@@ -40,7 +40,7 @@ expect_wrong 'obsolete: Gone' "${first[@]}" "${second[@]}" 'msgid "Gone"' 'msgst
 expect_wrong 'obsolete: Gone' "${first[@]}" "${second[@]}" '#~ msgid "Gone"' '#~ msgstr "X"'
 expect_wrong 'number of format specifications' '#, objc-format' "${first[0]}" 'msgstr "X"' "${second[@]}"
 
-# What the sources have comes in with its comments, and nothing is found wrong with the rest.
+# The texts of the sources are added with their comments, and the other texts are accepted.
 { cat "$scratch/header" && printf '%s\n' "${second[@]}"; } >"$catalogue"
 "$scratch/script/translations"
 expect "$(sed -n '/^#\. Of/,/^$/p' "$catalogue")" $'#. Of the application\n#. Somewhere else

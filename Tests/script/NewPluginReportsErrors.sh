@@ -24,22 +24,22 @@ expect_failure 2 Usage "${sdk[@]}" "Recent Files" com.example.RecentFiles folder
 for name in '' ' ' 'Recent  Files' ' Recent' 'Recent ' '7 Files' 'Récent' 'a/b' 'a;b' 'a"b' $'a\nb'; do
   expect_failure 1 'a name is words of letters and digits' "${sdk[@]}" "$name" com.example.RecentFiles
 done
-expect_failure 1 'CMake has a target of this name' "${sdk[@]}" Test com.example.Test
+expect_failure 1 'CMake has a target with this name' "${sdk[@]}" Test com.example.Test
 
 for identifier in '' RecentFiles com. .com com..RecentFiles com.7files com.-files 'com.recent files' com.récent /com/recent; do
   expect_failure 1 'an identifier is a name on the bus' "${sdk[@]}" "Recent Files" "$identifier"
 done
 expect_failure 1 'at most 255 characters' "${sdk[@]}" "Recent Files" "com.$(printf 'x%.0s' {1..252})"
 
-expect_failure 1 'there is something already' "${sdk[@]}" "Recent Files" com.example.RecentFiles "$scratch/none"
+expect_failure 1 'it exists already' "${sdk[@]}" "Recent Files" com.example.RecentFiles "$scratch/none"
 ln -s nowhere "$scratch/link"
-expect_failure 1 'there is something already' "${sdk[@]}" "Recent Files" com.example.RecentFiles "$scratch/link"
+expect_failure 1 'it exists already' "${sdk[@]}" "Recent Files" com.example.RecentFiles "$scratch/link"
 expect_failure 1 'no such folder' "${sdk[@]}" "Recent Files" com.example.RecentFiles missing/folder
 expect_failure 1 'no DeskloomSDK is installed in' --sdk "$scratch/none" "Recent Files" com.example.RecentFiles
 expect_failure 1 '--sdk needs a folder' --sdk
 
-# What is right is made, in a folder that is called like the program unless told otherwise.
+# A correct call makes the project, by default in a folder with the program's name.
 "$new_plugin" "${sdk[@]}" "my RSS feeds 2" com.example.my-feeds_2 >/dev/null
 expect "$(ls -A)" my-rss-feeds-2
 expect "$(ls my-rss-feeds-2/MyRSSFeeds2Delegate.*)" $'my-rss-feeds-2/MyRSSFeeds2Delegate.cpp\nmy-rss-feeds-2/MyRSSFeeds2Delegate.h'
-if grep --recursive '@[A-Z]*@' my-rss-feeds-2; then fail "those are not filled in"; fi
+if grep --recursive '@[A-Z]*@' my-rss-feeds-2; then fail "these are not filled in"; fi

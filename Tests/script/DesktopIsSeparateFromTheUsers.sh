@@ -3,4 +3,4 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 
 export DISPLAY=:4711 WAYLAND_DISPLAY=wayland-4711 DBUS_SESSION_BUS_ADDRESS=unix:path=/4711 SESSION_MANAGER=4711
 export XDG_CURRENT_DESKTOP=4711 XDG_CONFIG_DIRS=/4711 XDG_RUNTIME_DIR=/4711 HOME=/4711 LC_ALL=tlh_4711 GTK_MODULES=4711
-if "$desktop" env | grep 4711; then fail "those came through"; fi
+if "$desktop" env | grep 4711; then fail "these variables were passed on"; fi

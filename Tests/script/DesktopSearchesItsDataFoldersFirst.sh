@@ -12,7 +12,7 @@ cd "$scratch"
 expect "$("$desktop" --data-dir 'a b' --data-dir c bash -c 'echo $XDG_DATA_DIRS')" \
   "$scratch/a b:$scratch/c:/usr/local/share:/usr/share"
 
-# The bus starts the service, which goes without taking its name.
+# The bus starts the service, which ends without taking its name.
 "$desktop" --data-dir 'a b' gdbus call --session --dest com.quillary.Test --object-path / --method a.b.C 2>/dev/null &&
-  fail "nobody was there to answer"
+  fail "a service that ended has answered"
 [[ -s started ]] || fail "the service was not started"

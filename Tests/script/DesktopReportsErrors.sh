@@ -6,7 +6,7 @@ expect_failure() {
   shift
   "$desktop" "$@" >"$scratch/out" 2>"$scratch/err" || actual=$?
   expect "$actual" "$expected"
-  [[ -s $scratch/err ]] || fail "nothing was said of: $*"
+  [[ -s $scratch/err ]] || fail "no error message for: $*"
 }
 
 expect_failure 125
