@@ -22,7 +22,7 @@ namespace UpdateCheck {
 ///     Interval=86400                  (in seconds; default: a day)
 ///     PublicKey=<base64>              (default: the feed needs no signature)
 ///
-/// The group's key AutomaticChecks is read by LinuxUpdater, which starts the check.
+/// The group's key AutomaticChecks is read by Linux::Updater, which starts the check.
 struct UpdateSettings {
   std::string identifier;
   std::string name;

@@ -44,7 +44,7 @@ TEST(UpdateSettings, AreNullWithoutAFeed) {
   }
 }
 
-// The key is read by LinuxUpdater, and only there, so that there cannot be two interpretations of it.
+// The key is read by Linux::Updater, and only there, so that there cannot be two interpretations of it.
 TEST(UpdateSettings, IgnoreAutomaticChecks) {
   for (const std::string value : {"true", "false", "no", ""}) {
     const auto settings = parse(webFeed + "AutomaticChecks=" + value + "\n");
