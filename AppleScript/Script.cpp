@@ -3,12 +3,12 @@
 #include <cstddef>
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
 #include "AppleScript/Running/Run.h"
-#include "AppleScript/Statements/Statement.h"
+#include "AppleScript/Statements/Statements.h"
 #include "AppleScript/Syntax/Lexer.h"
 #include "AppleScript/Syntax/ParseContext.h"
 #include "AppleScript/Syntax/StatementParser.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 

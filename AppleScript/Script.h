@@ -4,9 +4,9 @@
 #include <optional>
 #include <string_view>
 
-#include "AppleScript/Application.h"
-#include "AppleScript/ScriptError.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Application.h"
+#include "AppleScript/Values/ScriptError.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

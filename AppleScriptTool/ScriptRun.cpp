@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "AppleScript/Script.h"
-#include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/SourceForm.h"
 #include "Platform/Text/UTF8.h"
 #include "ScriptableApps/ScriptableApplications.h"
 

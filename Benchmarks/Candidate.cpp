@@ -39,7 +39,7 @@ void printMedians(const Candidate& candidate) {
 
 void measureInTurn(std::vector<Candidate>& candidates, int runs) {
   constexpr int warmUps = 2;
-  std::mt19937 random;  // the same orders each time
+  std::mt19937 random;  // the same orders in each run of the program
   std::vector<std::reference_wrapper<Candidate>> order(candidates.begin(), candidates.end());
   for (int run = -warmUps; run < runs; ++run) {
     std::ranges::shuffle(order, random);

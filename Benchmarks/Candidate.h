@@ -8,21 +8,21 @@
 
 namespace Benchmarks {
 
-/// Something to be measured again and again.
+/// Something to measure repeatedly.
 struct Candidate {
   std::string name;
   std::function<Measurement()> measure;
   std::vector<Measurement> measurements = {};
 };
 
-/// Measures each of them `runs` times, in turn, so that all are under the same load, and in a different order each
-/// time, as what one leaves behind costs the next one; a few runs before that warm up.
+/// Measures each candidate `runs` times after a few runs to warm up. They take turns, so that all are under the same
+/// load, and in a different order each time, because a candidate affects the one after it.
 void measureInTurn(std::vector<Candidate>& candidates, int runs);
 
-/// Prints the medians, a candidate a line, and the ratio of the first one to each, run by run, as its median.
+/// Prints a line for each candidate: its medians, and the median ratio of the first candidate to it within a run.
 void printComparison(const std::vector<Candidate>& candidates);
 
-/// Prints the medians of one that compares with none of the others, as one more line of their table.
+/// Prints the medians of a candidate that is not compared with the others, as one more line of their table.
 void printRow(const Candidate& candidate);
 
 }  // namespace Benchmarks

@@ -52,7 +52,7 @@ SessionRecord withTitle(const SessionRecord& page, std::string_view suffix, cons
   return pageWith(page, suffix, title != titles.end() ? utf16(title->second) : u"");
 }
 
-// What tells one copy of the session from the others.
+// The suffix that distinguishes a copy of the session from the others.
 struct Copy {
   std::set<std::int32_t> tabs;
   std::int32_t offset;

@@ -11,30 +11,30 @@
 
 namespace Benchmarks {
 
-/// What a real Chromium has open, of which logs of any number of tabs are made: windows and tabs are copied under
-/// numbers of their own, with "#1", "#2", … behind the addresses.
+/// The session of a real Chromium, from which logs with any number of tabs can be made: copies of its windows and tabs
+/// have numbers of their own and addresses that end with "#1", "#2" and so on.
 class CopiedSession {
  public:
   /// The titles of pages by their addresses.
   using Titles = std::map<std::string, std::string>;
 
-  /// From the browser's session log, which must be one with a tab; ends the program if it is none.
+  /// Reads the browser's session log. Ends the program if it is not one or has no tab.
   explicit CopiedSession(std::string_view log);
 
-  /// How many copies of the session have `tabs` tabs together, the last one perhaps in part; at least one.
+  /// How many copies of the session are needed for `tabs` tabs, at least one. The last may be used in part.
   [[nodiscard]] std::size_t copiesFor(std::size_t tabs) const;
 
-  /// A log of so many tabs. It is like one of the browser's own: what was open when it was begun, with all titles, then
-  /// the mark, then the latest changes, which have no titles yet; those are the last copy's, if there are any.
+  /// A log with `tabs` tabs, in the order of the browser's own: the state when the log was begun, with all titles; the
+  /// mark; and the latest changes, which have no titles yet. The changes, if any, are those of the last copy.
   [[nodiscard]] std::string log(std::size_t tabs, const Titles& titles) const;
 
  private:
   std::vector<SessionRecord> records_;
-  /// The index of the first record behind the mark; past the last one if the log ends with the mark.
+  /// The index of the first record after the mark, or the number of records if there is none.
   std::ptrdiff_t latest_ = 0;
   /// In the order in which they were opened.
   std::vector<std::int32_t> tabs_;
-  /// More than the distance between any two numbers of windows and tabs.
+  /// More than the difference between any two numbers of windows and tabs.
   std::int32_t span_ = 0;
 };
 

@@ -1,5 +1,5 @@
-// Makes a profile of Firefox whose session store holds the JSON text of a file, and keeps it locked, as a running
-// Firefox does, from the line that it prints until it is ended.
+// Makes a Firefox profile whose session store holds the JSON text of a file, and locks it as a running Firefox does.
+// Prints a line when that is done, and keeps the lock until it is terminated.
 
 #include <chrono>
 #include <cstdio>
@@ -22,7 +22,7 @@ void writeSession(const char* json, const std::filesystem::path& profile) {
   std::filesystem::create_directories(profile / "sessionstore-backups");
   const std::filesystem::path file = profile / "sessionstore-backups/recovery.jsonlz4";
   std::ofstream(file, std::ios::binary) << BrowserSessions::Testing::mozillaLZ4File(text);
-  // A file that is as old as the lock would be from an earlier run.
+  // A file as old as the lock would count as left by an earlier run.
   std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) + std::chrono::seconds(1));
 }
 

@@ -7,14 +7,14 @@
 
 namespace Benchmarks {
 
-/// What a process took.
+/// The cost of a process.
 struct Measurement {
   double milliseconds;
   double processorMilliseconds;
   double megabytes;
 };
 
-/// A shell command that runs as a process of its own, without output, and is measured from its start.
+/// A shell command that runs as its own process, without output, and is measured from its start.
 class MeasuredProcess {
  public:
   explicit MeasuredProcess(std::string command);
@@ -22,8 +22,8 @@ class MeasuredProcess {
   /// The time since its start.
   [[nodiscard]] double milliseconds() const;
 
-  /// Waits for its end and yields its time from start to end, its processor time with that of the processes it has
-  /// waited for, and the peak memory of the largest of them. Ends this program where the command fails.
+  /// Waits for its end and returns its duration, its processor time with that of the processes that it waited for, and
+  /// the peak memory of the largest of them. Ends this program if the command fails.
   [[nodiscard]] Measurement end() const;
 
  private:

@@ -1,5 +1,4 @@
-// Makes, of the profile of a Chromium that has been used, the session log and the history of one with any number of
-// tabs.
+// Makes a session log and a history with any number of tabs from the profile of a Chromium that has been used.
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// Owns a name on the session bus, as a program that runs does, from the line that it prints until it is ended.
+// Owns a name on the session bus, as a running program does, from when it prints a line until it is terminated.
 
 #include <cstdio>
 #include <cstdlib>

@@ -9,10 +9,10 @@ struct sqlite3;
 
 namespace Benchmarks {
 
-/// The database of a Chromium profile that tells which pages were visited. Whatever fails ends the program.
+/// The database of visited pages in a Chromium profile. Errors end the program.
 class PageHistory {
  public:
-  /// Opens the file and makes copies of its pages: copy N of a page has "#N" behind the address, and all else the same.
+  /// Opens the file and copies its pages. Copy N of a page has "#N" after its address and is otherwise the same.
   PageHistory(const std::filesystem::path& file, int copies);
 
   /// The titles of all pages, by address.

@@ -1,6 +1,6 @@
-// Is a browser's proxy, on a port of the loopback interface that it prints: a file tells the addresses and titles of
-// the pages that there are, a page a line, with a tab between the two. Whoever asks the server itself for /json/list
-// gets the text of another file, as from a browser's DevTools.
+// A browser's proxy on the loopback interface; it prints its port. It serves the pages in a file, which has the address
+// and the title of a page on each line with a tab character between them. A request to the server itself for /json/list
+// is answered with the text of another file, as by a browser's DevTools.
 
 #include <cstdio>
 #include <cstdlib>
@@ -42,7 +42,7 @@ std::string nextLine(GDataInputStream* input) {
   return line ? line.get() : "";
 }
 
-/// What is asked for: the second word of the first line. The lines behind that don't matter here.
+/// The target of a request: the second word of the first line.
 std::string requestedTarget(GDataInputStream* input) {
   const std::string request = nextLine(input);
   while (!nextLine(input).empty())
@@ -86,7 +86,7 @@ int main(int argc, char** argv) {
     std::fprintf(stderr, "Usage: %s PAGES TAB-LIST\n", argv[0]);
     return 2;
   }
-  constexpr int anyNumberOfThreads = -1;  // browsers keep connections open that they have no use for yet
+  constexpr int anyNumberOfThreads = -1;  // browsers open connections before they need them
   Pages pages = {.titles = readTitles(argv[1]), .tabList = response("200 OK", "application/json", readAll(argv[2]))};
   const ObjectHandle<GSocketService> service(g_threaded_socket_service_new(anyNumberOfThreads));
   const ObjectHandle<GInetAddress> loopback(g_inet_address_new_loopback(G_SOCKET_FAMILY_IPV4));

@@ -1,4 +1,4 @@
-// From the lines of a script's reply to the command's payload.
+// Makes the command's payload from the lines of a script's result.
 
 #include <cstdint>
 #include <string>

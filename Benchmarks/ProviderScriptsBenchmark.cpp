@@ -1,4 +1,4 @@
-// The four provider scripts, run over made-up applications that have any number of things open.
+// Runs the four provider scripts with fake applications that have any number of items open.
 
 #include <cstdint>
 #include <memory>
@@ -7,10 +7,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include "AppleScript/Application.h"
-#include "AppleScript/File.h"
 #include "AppleScript/Script.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 #include "Gleanery/Providers/ChromeResourceProvider.h"
 #include "Gleanery/Providers/FinderResourceProvider.h"
 #include "Gleanery/Providers/OpenAppsResourceProvider.h"
@@ -26,7 +24,7 @@ using AppleScript::PropertyDescription;
 using AppleScript::Result;
 using AppleScript::Value;
 
-/// A process, a folder window or a tab: they differ by their class alone.
+/// A process, a folder window or a tab. They differ only in their class.
 struct Item : Object {
   Item(const ClassDescription& itemClass, std::string title, std::string place)
       : description(&itemClass), name(std::move(title)), location(std::move(place)) {}
@@ -115,7 +113,7 @@ std::vector<Item> items(const ClassDescription& itemClass, std::int64_t count, c
   return made;
 }
 
-/// The one application that there is, by whatever name it is called.
+/// The only application, whatever name it is asked for by.
 class MadeUpApplication : public AppleScript::Application, public AppleScript::ApplicationDirectory {
  public:
   MadeUpApplication(const AppleScript::Dictionary& dictionary, std::shared_ptr<const Container> root)

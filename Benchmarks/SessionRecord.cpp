@@ -67,7 +67,7 @@ struct PageFields {
   std::int32_t place;
   std::string_view address;
   std::u16string title;
-  /// The bytes of all fields behind these.
+  /// The bytes of all later fields.
   std::string_view rest;
 };
 

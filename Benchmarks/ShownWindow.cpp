@@ -1,6 +1,6 @@
-// Runs a command that shows a window, closes the window, and starts over; prints, as a row below those of
-// WholeProcesses, what it took: time from start until the window is on the screen, and processor time and peak memory
-// of the process from start to end, as medians.
+// Runs a command that shows a window, closes the window, and repeats. Prints a row below those of WholeProcesses with
+// medians: the time from the start until the window is on screen, and the processor time and peak memory of the
+// process.
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,7 +27,7 @@ void require(bool holds, const char* what) {
   std::exit(1);
 }
 
-/// The window manager maps a frame of its own around a window: only with that is the window on the screen.
+/// The window manager's frame around a window. The window is on screen when the frame is mapped.
 void watchFrames(const TestDesktop& desktop) {
   const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
   xcb_change_window_attributes(desktop.connection(), desktop.root(), XCB_CW_EVENT_MASK, &events);
@@ -46,7 +46,7 @@ Measurement measureShowing(const TestDesktop& desktop, const std::string& title,
   const auto window = desktop.waitForTitle(title);
   require(window && desktop.waitUntil([&] { return isOnScreen(desktop, *window); }), "no window came");
   const double shown = process.milliseconds();
-  // Not before it is drawn, which takes memory too.
+  // Wait until it is drawn, which takes memory too.
   require(desktop.waitUntil([&] { return desktop.isReady(*window); }), "the window did not become ready");
   desktop.askWindowManager(*window, "_NET_CLOSE_WINDOW");
   Measurement measurement = process.end();

@@ -1,5 +1,5 @@
-// Runs commands in turn, each as a whole process, and prints what they took: time from start to end, processor time and
-// peak memory of the largest process, as medians, and the ratio of the first to each of the others, run by run.
+// Runs commands in turn, each as a whole process. Prints medians: the time from start to end, processor time, peak
+// memory of the largest process, and the ratio of the first command to each of the others within a run.
 
 #include <cstdio>
 #include <cstdlib>

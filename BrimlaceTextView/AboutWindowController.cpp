@@ -16,12 +16,11 @@ using Platform::WindowContent;
 /// A link that begins a mail with this message. Every desktop can share a text in this way.
 std::optional<URL> mailWithMessage(const std::string& message) {
   std::string text = "mailto:?body=";
-  for (const char character : Platform::percentEncodedPath(message)) {
+  for (const char character : Platform::percentEncodedPath(message))
     if (character == '&')
       text += "%26";
     else
       text += character;
-  }
   return URL::parse(text);
 }
 

@@ -13,7 +13,7 @@ std::size_t Fuzz::allocatedBytes() {
   return count;
 }
 
-// All of them, as the sanitizer would have its own otherwise, and complains where two are mixed.
+// All of the operators: the sanitizer would provide the others, and it reports memory that passes between both kinds.
 
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
   count += size;

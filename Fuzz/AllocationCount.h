@@ -4,7 +4,7 @@
 
 namespace Fuzz {
 
-/// How many bytes this thread has allocated with `new` so far, those that it has freed included.
+/// The number of bytes that this thread has allocated with `new` so far, including those that it has freed.
 std::size_t allocatedBytes();
 
 }  // namespace Fuzz

@@ -4,14 +4,13 @@
 #include <memory>
 #include <string>
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "Fuzz/Target.h"
 #include "ScriptableApps/Deskloom/DeskloomHost.h"
-#include "ScriptableApps/Finder/MountedPlaces.h"
-#include "ScriptableApps/Finder/OpenFolder.h"
-#include "ScriptableApps/Finder/ShownWindows.h"
+#include "ScriptableApps/Finder/FileManagerWindows.h"
+#include "ScriptableApps/Finder/OpenFolders.h"
 
 namespace {
 
@@ -33,23 +32,22 @@ void requireFolder(const std::string& location) {
   const auto folder = ScriptableApps::folderWithPath(*path);
   if (!folder) {
     Fuzz::requireUTF8(folder.error());
-    require(DesktopSupport::isDisplayable(folder.error()), "A problem is one line.");
+    require(DesktopSupport::isDisplayable(folder.error()), "An error is one line.");
   } else {
     require(DesktopSupport::isDisplayable(folder->name) && DesktopSupport::isDisplayable(folder->path),
-            "A folder is told in lines.");
-    require(folder->path.starts_with('/') && folder->path.ends_with('/'),
-            "A folder's path is from the root to its end.");
+            "A folder's texts are lines.");
+    require(folder->path.starts_with('/') && folder->path.ends_with('/'), "A folder's path is absolute.");
   }
 }
 
 void readFileManager(GVariant* properties) {
   const ScriptableApps::FileManager fileManager{.connection = ":1.1"};
-  const auto windows = ScriptableApps::shownWindows(
+  const auto windows = ScriptableApps::reportedWindows(
       fileManager, properties, std::unexpected(DesktopSupport::DesktopError{"There is no X display."}));
   if (!windows)
     return;
   for (const auto& [name, locations] : *windows) {
-    require(name.connection == fileManager.connection, "A window is of who tells it.");
+    require(name.connection == fileManager.connection, "A window belongs to the connection that answered.");
     Fuzz::requireUTF8(name.path);
     for (const std::string& location : locations) {
       Fuzz::requireUTF8(location);
@@ -58,7 +56,7 @@ void readFileManager(GVariant* properties) {
   }
 }
 
-// Nobody outside is asked where a location is.
+// Looks up locations without asking another process.
 void leaveBus() {
   unsetenv("DBUS_SESSION_BUS_ADDRESS");
   unsetenv("XDG_RUNTIME_DIR");
@@ -69,7 +67,7 @@ void read(GVariant* reply) {
     const auto value = ScriptableApps::textOf(reply);
     Fuzz::requireUTF8(value.stringValue().value_or(""));
   } else if (isOfType(reply, "(b)")) {
-    require(ScriptableApps::truthOf(reply).is<bool>(), "A truth value is one.");
+    require(ScriptableApps::truthOf(reply).is<bool>(), "A truth value is true or false.");
   } else if (isOfType(reply, "(a{sv})")) {
     const VariantHandle properties(g_variant_get_child_value(reply, 0));
     readFileManager(properties.get());
@@ -78,7 +76,7 @@ void read(GVariant* reply) {
 
 void readError(GDBusMessage& message) {
   ErrorHandle failure;
-  require(g_dbus_message_to_gerror(&message, Out(failure)) != FALSE, "An error message is a failure.");
+  require(g_dbus_message_to_gerror(&message, Out(failure)) != FALSE, "An error message becomes an error.");
   const auto error = DesktopSupport::busErrorFrom(*failure);
   Fuzz::requireUTF8(error.name);
   Fuzz::requireUTF8(error.message);
@@ -104,8 +102,8 @@ void readValue(const char* type, std::string_view bytes) {
 
 }  // namespace
 
-// The input is what a program on the bus answers: a whole D-Bus message, or a value behind a letter for its type.
-// Values are damaged in more ways than those of messages, which GLib looks through.
+// The input is an answer from a program on the bus: a whole D-Bus message, or a letter for a type and a value. GLib
+// validates messages, so values that come without one can be damaged in more ways.
 void Fuzz::run(std::string_view input) {
   leaveBus();
   if (input.empty())

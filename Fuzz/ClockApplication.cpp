@@ -2,21 +2,21 @@
 
 #include <ranges>
 
-#include "AppleScript/Arguments.h"
 #include "AppleScript/Syntax/Lexer.h"
+#include "AppleScript/Values/Application.h"
 #include "Fuzz/AllocationCount.h"
 
 namespace Fuzz {
 
 namespace {
 
-// A line may double a text, or put the same list twice into another: few lines, so that what they make stays small.
+// A line may double a text, or put a list twice into another, so few lines already make large values.
 constexpr std::size_t mostTicks = 48;
 constexpr std::size_t mostBytes = 512 << 10;
 
 constexpr std::string_view tickLine = "tell application \"Clock\" to tick\n";
 
-/// The bytes that so many characters at the beginning of the text take up.
+/// The size of the first characters of the text, in bytes.
 std::size_t bytesOf(std::string_view text, std::size_t characters) {
   std::size_t offset = 0;
   for (; offset < text.size(); ++offset)
@@ -31,7 +31,7 @@ std::string ClockApplication::withTicks(std::string_view source) {
   std::string ticked(source);
   ticked += '\n';
   const auto tokens = AppleScript::Lexer(source).tokens();
-  // From behind, so that the places of the tokens stay what they are.
+  // From the end, so that the offsets of the remaining tokens stay valid.
   for (const auto& token : std::views::reverse(tokens))
     if (token.kind == AppleScript::TokenKind::endOfLine)
       ticked.insert(bytesOf(source, token.range.start + token.range.length), tickLine);

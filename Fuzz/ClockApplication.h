@@ -4,22 +4,22 @@
 #include <string>
 #include <string_view>
 
-#include "AppleScript/Application.h"
+#include "AppleScript/Values/Application.h"
 
 namespace Fuzz {
 
-/// Passes through a script that is stopped; no `try` of the language catches it.
+/// Thrown to stop a script. The language's `try` does not catch it.
 struct Stopped {};
 
-/// Bounds what a script does: the language itself has no limits, and a script may go on for ever. Scripts are run with
-/// a command of this application behind each of their lines; it counts, and throws `Stopped` once it is enough.
+/// Limits how long a script runs: the language has no limits, and a script may run forever. Scripts run with a command
+/// of this application after each line. The command counts its calls and throws `Stopped` at the limit.
 class ClockApplication : public AppleScript::Application {
  public:
-  /// The source with the command behind each line end, where a statement can begin, and with it at the beginning of
-  /// every loop's body. The source must consist of tokens of the language.
+  /// The source with the command after each line end, so also at the beginning of every loop's body. The source must
+  /// consist of tokens of the language.
   static std::string withTicks(std::string_view source);
 
-  /// Begins to count anew.
+  /// Counts from zero again.
   void restart();
 
   [[nodiscard]] std::string_view name() const override { return "Clock"; }

@@ -15,7 +15,7 @@ namespace {
 using DesktopSupport::DesktopEntry;
 using Fuzz::require;
 
-/// The folders of a user who has one application, and nothing else is installed.
+/// A user's folders with one application; no other is installed.
 class Folders {
  public:
   Folders() {
@@ -40,7 +40,7 @@ class Folders {
 };
 
 void requireSound(const DesktopEntry& entry) {
-  require(!entry.isHidden && entry.id == "a", "An entry that is there is the one that was written.");
+  require(!entry.isHidden && entry.id == "a", "The entry found is the one that was written.");
   require(!entry.name.empty() && DesktopSupport::isDisplayable(entry.name), "An application has a name in one line.");
   for (const std::string& text : {entry.exec, entry.tryExec, entry.startupClass})
     Fuzz::requireUTF8(text);
@@ -54,14 +54,14 @@ void requireFound(DesktopSupport::DesktopEntries& entries, const DesktopEntry& e
             "An entry is found by its class in lower case.");
   }
   if (const auto command = DesktopSupport::CommandLine::fromExec(entry.exec)) {
-    require(!command->program.contains('/'), "A program is told by its base name.");
-    require(index.starting(*command) == &entry, "An entry is found by what it starts.");
+    require(!command->program.contains('/'), "A program is known by its base name.");
+    require(index.starting(*command) == &entry, "An entry is found by its command.");
   }
 }
 
 }  // namespace
 
-// The input is a desktop entry and, behind a line "%%", a list of applications and what they open.
+// The input is a desktop entry and, after a line "%%", a list of applications and what they open.
 void Fuzz::run(std::string_view input) {
   constexpr std::string_view separator = "\n%%\n";
   static const Folders folders;
@@ -71,8 +71,8 @@ void Fuzz::run(std::string_view input) {
   DesktopSupport::DesktopEntries entries(DesktopSupport::applicationFolders());
   const DesktopEntry* entry = entries.find("a");
   const DesktopEntry* handler = DesktopSupport::handlerOfScheme("test", entries);
-  require(handler == nullptr || handler == entry, "What opens a URL is installed.");
-  require(entry != nullptr || entries.index().withStartupClass("") == nullptr, "What isn't there isn't found.");
+  require(handler == nullptr || handler == entry, "The handler of a URL is installed.");
+  require(entry != nullptr || entries.index().withStartupClass("") == nullptr, "A missing entry isn't found.");
   if (entry != nullptr) {
     requireSound(*entry);
     requireFound(entries, *entry);

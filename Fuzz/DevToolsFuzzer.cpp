@@ -15,7 +15,7 @@ namespace {
 using BrowserSessions::FakeWebSocket;
 using Fuzz::require;
 
-// A tab has a place, and there is an answer with its window.
+// The least that is received for a tab: its place and an answer with its window.
 constexpr std::string_view place = R"({"embedderData":{"tabStripIndex":0}})";
 constexpr std::string_view window = R"({"id":0,"result":{"windowId":0}})";
 
@@ -33,7 +33,7 @@ void readAnswer(std::string_view answer) {
 }
 
 void requireSoundTabs(const BrowserSessions::LiveSession& session, std::size_t inputSize) {
-  require(session.tabs.size() <= inputSize / (place.size() + window.size()), "Each tab was told with its window.");
+  require(session.tabs.size() <= inputSize / (place.size() + window.size()), "Each tab was received with its window.");
   Fuzz::requireUTF8(session.mainProfile);
   for (const auto& tab : session.tabs)
     Fuzz::requireUTF8(tab.profile);
@@ -54,8 +54,8 @@ void readMessages(std::string_view input) {
 
 }  // namespace
 
-// The input is what a browser's DevTools answer: over HTTP if it begins like that, otherwise each line is a message of
-// their WebSocket.
+// The input is what a browser's DevTools answer: an HTTP response if it begins like one, otherwise a message over the
+// WebSocket on each line.
 void Fuzz::run(std::string_view input) {
   if (input.starts_with("HTTP/"))
     readAnswer(input);

@@ -29,12 +29,12 @@ void readFile(std::string_view file) {
 
 void requireSameContents(std::string_view contents) {
   const auto unpacked = BrowserSessions::mozillaLZ4Contents(BrowserSessions::Testing::mozillaLZ4File(contents));
-  Fuzz::require(unpacked && *unpacked == contents, "What was compressed comes back.");
+  Fuzz::require(unpacked && *unpacked == contents, "Unpacking returns what was compressed.");
 }
 
 }  // namespace
 
-// The input is a file as Firefox leaves it or, where it does not begin like one, the JSON text that would be in it.
+// The input is a file in Firefox's format or, if it does not begin like one, the JSON text that such a file contains.
 void Fuzz::run(std::string_view input) {
   if (input.starts_with("mozLz4")) {
     readFile(input);

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::array pages = {"https://a.example/", "https://b.example/", ""};
 
-// A megabyte, of which each byte may be no UTF-8 and become U+FFFD.
+// A megabyte of which each byte is invalid UTF-8 and becomes U+FFFD.
 constexpr std::size_t longestTitle = 3 << 20;
 
 void requireTitles(const std::filesystem::path& profile) {
@@ -28,8 +28,8 @@ void requireTitles(const std::filesystem::path& profile) {
 
 void requireUntouched(const std::filesystem::path& profile, std::string_view database) {
   Fuzz::require(DesktopSupport::fileContents(profile / "History", database.size()) == database,
-                "The database stays as it is.");
-  Fuzz::require(std::distance(std::filesystem::directory_iterator(profile), {}) == 1, "Nothing is put beside it.");
+                "The database is not changed.");
+  Fuzz::require(std::distance(std::filesystem::directory_iterator(profile), {}) == 1, "No file is made beside it.");
 }
 
 }  // namespace

@@ -31,11 +31,11 @@ void requireWellWritten(std::string_view text) {
 
 void requireRoundTrip(const nlohmann::json& value) {
   const auto text = DeskloomSDK::encodeJSON(value);
-  Fuzz::require(text.has_value(), "What was read can be written.");
+  Fuzz::require(text.has_value(), "A value that was read can be written.");
   requireWellWritten(*text);
   const auto again = DeskloomSDK::decodeJSON(*text);
-  Fuzz::require(again && *again == value, "What was written can be read, and is the same.");
-  Fuzz::require(DeskloomSDK::encodeJSON(*again).value_or("") == *text, "It is written the same each time.");
+  Fuzz::require(again && *again == value, "The written text can be read and yields the same value.");
+  Fuzz::require(DeskloomSDK::encodeJSON(*again).value_or("") == *text, "Writing it again yields the same text.");
 }
 
 void requireRoundTrip(const std::vector<DeskloomSDK::Resource>& resources) {
@@ -45,22 +45,22 @@ void requireRoundTrip(const std::vector<DeskloomSDK::Resource>& resources) {
   const auto again = DeskloomSDK::decodeResources(*text);
   Fuzz::require(again && again->size() == resources.size(), "Resources that were written can be read.");
   Fuzz::require(DeskloomSDK::encodeResources(*again).value_or("") == *text,
-                "Resources are written the same each time.");
+                "Writing resources again yields the same text.");
 }
 
-// A configuration goes to the host inside a script.
+// A configuration is sent to the host in a script.
 void requireSameInScript(std::string_view text) {
   NoApplications applications;
   const std::string source = "return \"" + DeskloomSDK::escapeForScript(text) + "\"";
   const auto script = AppleScript::Script::compile(source, applications);
   Fuzz::require(script.has_value(), "An escaped text does not end a script's literal.");
   const std::optional<AppleScript::Value> value = script->run().value_or(std::nullopt);
-  Fuzz::require(value && value->stringValue() == text, "An escaped text is the same in a script.");
+  Fuzz::require(value && value->stringValue() == text, "An escaped text has the same value in a script.");
 }
 
 }  // namespace
 
-// The input is JSON text: what the host keeps for a plug-in, and what is sent to it.
+// The input is JSON text: a plug-in's settings as the host keeps them, or resources as they are sent to it.
 void Fuzz::run(std::string_view input) {
   if (const auto value = DeskloomSDK::decodeJSON(input))
     requireRoundTrip(*value);

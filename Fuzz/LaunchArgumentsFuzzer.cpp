@@ -11,7 +11,7 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 using Fuzz::require;
-using Platform::Linux::LaunchArguments;
+using Linux::LaunchArguments;
 
 Arguments argumentsOf(std::string_view input) {
   Arguments arguments;
@@ -36,19 +36,19 @@ void requireRefused(const Arguments& arguments, const std::string& message) {
   const auto isNamed = [&](const std::string& argument) {
     return argument.starts_with('-') && !isOption(argument) && message.ends_with(argument);
   };
-  require(std::ranges::any_of(arguments, isNamed), "A failure names the option that there isn't.");
+  require(std::ranges::any_of(arguments, isNamed), "An error names the unknown option.");
 }
 
 void requireAllTaken(const Arguments& arguments, const LaunchArguments& parsed) {
   const auto rest = std::ranges::find(arguments, "--");
   Arguments urls(arguments.begin(), rest);
-  require(contains(urls, "--help") == parsed.help, "It is known whether help was asked for.");
-  require(contains(urls, "--version") == parsed.version, "It is known whether the version was asked for.");
-  require(contains(urls, "--dbus-activated") == parsed.activatedByBus, "It is known who starts.");
-  require(contains(urls, "--read-launch-urls") == parsed.readsLaunchURLs, "It is known whether more is to be read.");
+  require(contains(urls, "--help") == parsed.help, "--help is recognised.");
+  require(contains(urls, "--version") == parsed.version, "--version is recognised.");
+  require(contains(urls, "--dbus-activated") == parsed.activatedByBus, "--dbus-activated is recognised.");
+  require(contains(urls, "--read-launch-urls") == parsed.readsLaunchURLs, "--read-launch-urls is recognised.");
   std::erase_if(urls, isOption);
   urls.insert(urls.end(), rest == arguments.end() ? rest : rest + 1, arguments.end());
-  require(urls == parsed.launchURLs, "All else are launch URLs, in their order.");
+  require(urls == parsed.launchURLs, "All other arguments are launch URLs, in their order.");
 }
 
 void requireHandedOver(const Arguments& urls) {
@@ -58,15 +58,14 @@ void requireHandedOver(const Arguments& urls) {
     const char* sent = nullptr;
     if (g_variant_n_children(texts.get()) > 0)
       g_variant_get_child(texts.get(), 0, "&s", &sent);
-    require((sent != nullptr) == Platform::stringFromUTF8(url).has_value(), "A URL travels if it is UTF-8.");
-    require(sent == nullptr || url == sent, "It travels as it is.");
+    require((sent != nullptr) == Platform::stringFromUTF8(url).has_value(), "A URL is sent if it is UTF-8.");
+    require(sent == nullptr || url == sent, "It is sent unchanged.");
   }
 }
 
 }  // namespace
 
-// The input is the command line of a plug-in, behind the program's name, as a process gets it: with a NUL between the
-// arguments.
+// The input is the command line of a plug-in without the program's name: arguments with a NUL between them.
 void Fuzz::run(std::string_view input) {
   const Arguments arguments = argumentsOf(input);
   const auto parsed = LaunchArguments::parse(arguments);

@@ -27,10 +27,10 @@ void requirePrintable(std::string_view text) {
 }
 
 void requireKept(const URL& url, std::string_view text) {
-  require(url.absoluteString() == text, "The text is kept as written.");
+  require(url.absoluteString() == text, "The text is kept unchanged.");
   requirePrintable(text);
   if (const auto scheme = url.scheme())
-    require(text.starts_with(std::string(*scheme) + ":"), "The scheme is what the text begins with.");
+    require(text.starts_with(std::string(*scheme) + ":"), "The text begins with the scheme.");
   std::size_t size = url.host().value_or("").size();
   for (const std::string& component : url.pathComponents()) {
     require(!component.empty(), "No component is empty.");
@@ -42,7 +42,7 @@ void requireKept(const URL& url, std::string_view text) {
 void requireRoundTrip(std::string_view text) {
   const std::string encoded = Platform::percentEncodedPath(text);
   requirePrintable(encoded);
-  require(Platform::percentDecoded(encoded) == text, "What was percent-encoded comes back.");
+  require(Platform::percentDecoded(encoded) == text, "Decoding returns what was percent-encoded.");
   require(Platform::percentDecoded(text).size() <= text.size(), "Decoding makes no text longer.");
 }
 
@@ -55,16 +55,16 @@ void parse(std::string_view text) {
   requireKept(file, file.absoluteString());
   const auto again = URL::parse(file.absoluteString());
   require(again && again->pathComponents() == file.pathComponents(), "A file URL is a URL.");
-  require(file.scheme() == "file" && !file.host(), "A file URL is of this computer.");
+  require(file.scheme() == "file" && !file.host(), "A file URL names this computer.");
   const std::string path = Platform::percentDecoded(file.absoluteString());
   require(!text.starts_with('/') || path.substr(std::string_view("file://").size()).starts_with(text),
           "A file URL has the path byte by byte.");
 }
 
-/// A plug-in on a desktop of fakes: its commands run as the application's do, its other actions are noted.
+/// A plug-in on a fake desktop. Its commands run as in the application; other actions are only recorded.
 class LaunchedPlugin {
  public:
-  /// What scripts answer; without it they fail.
+  /// The result of every script; if it is absent, scripts fail.
   explicit LaunchedPlugin(std::optional<std::string_view> reply) : reply_(reply) {
     desktop_.scripts.answer = [this](std::string_view source) { return answer(source); };
     plugin_.actionController.onRun = [this](const std::string& id) { note("run", id); };
@@ -86,7 +86,8 @@ class LaunchedPlugin {
     requireResourcesOnly();
     desktop_.application.finishLaunching();
     const bool goesOn = action_ && *action_ != "runCommand";
-    require(desktop_.application.terminations == (goesOn ? 0 : 1), "What has nothing to do terminates, once.");
+    require(desktop_.application.terminations == (goesOn ? 0 : 1),
+            "An application with nothing to do terminates, once.");
   }
 
  private:
@@ -104,7 +105,7 @@ class LaunchedPlugin {
         .result = Platform::ScriptOutcome::Result{isBrowser ? withAddresses(*reply_) : std::string(*reply_)}};
   }
 
-  /// Browsers answer with a URL for each tab: a page that has none is about:blank.
+  /// Browsers return a URL for each tab; a page without one is about:blank.
   static std::string withAddresses(std::string_view reply) {
     std::string text;
     bool isAddress = false;
@@ -116,14 +117,15 @@ class LaunchedPlugin {
   }
 
   void requireActionOf(std::string_view text) const {
-    require(plugin_.actionController.didPerformAction == action_.has_value(), "It is known what was performed.");
+    require(plugin_.actionController.didPerformAction == action_.has_value(),
+            "didPerformAction says whether an action was performed.");
     if (!action_)
       return;
     const auto url = URL::parse(std::string(text));
     require(url && url->scheme() == "deskloomplugin" && url->host() == action_, "The action is the URL's host.");
     const auto components = url ? url->pathComponents() : std::vector<std::string>();
     const bool hasID = components.size() == 2 && *action_ != "configure";
-    require(hasID ? id_ == components[1] : !id_.has_value(), "The identifier is the one segment behind the host.");
+    require(hasID ? id_ == components[1] : !id_.has_value(), "The identifier is the only segment after the host.");
   }
 
   void requireResourcesOnly() const {
@@ -160,7 +162,7 @@ class LaunchedPlugin {
   std::optional<std::string> id_;
 };
 
-// Each pair of lines becomes a resource, which is by far what takes most time, and more of them show nothing new.
+// Each pair of lines becomes a resource. That takes most of the time, and more of them show nothing new.
 std::string_view shortened(std::string_view reply) {
   constexpr int mostLines = 16;
   std::size_t end = 0;
@@ -171,8 +173,8 @@ std::string_view shortened(std::string_view reply) {
 
 }  // namespace
 
-// The input's first line is a launch URL. What is behind it is the answer to all scripts; where there is no second
-// line, scripts fail.
+// The input's first line is a launch URL, the text after it the result of every script. Without a second line scripts
+// fail.
 void Fuzz::run(std::string_view input) {
   const std::size_t end = std::min(input.find('\n'), input.size());
   const std::string_view text = input.substr(0, end);

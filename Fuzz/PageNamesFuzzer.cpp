@@ -17,7 +17,7 @@ using BrowserSessions::ChromiumWindow;
 using DesktopSupport::shortened;
 using Fuzz::require;
 
-/// Windows of Chromium, and what the titles of windows on the screen are.
+/// Windows of Chromium, and the titles of the windows on screen.
 struct Screen {
   std::vector<ChromiumWindow> windows = {};
   std::vector<std::string> titles = {};
@@ -42,14 +42,13 @@ void addTab(Screen& screen, std::string_view line) {
 
 Screen screenOf(std::string_view text) {
   Screen screen;
-  for (const std::string_view line : BrimlaceTextView::lines(text)) {
+  for (const std::string_view line : BrimlaceTextView::lines(text))
     if (line.empty())
       addWindow(screen);
     else if (line.starts_with('#'))
       screen.titles.emplace_back(line.substr(1));
     else
       addTab(screen, line);
-  }
   return screen;
 }
 
@@ -102,8 +101,8 @@ void requireFirefoxNames(const std::vector<ChromiumWindow>& windows) {
 
 }  // namespace
 
-// The input is what browsers have open: each line is a tab's title and address with a tab between them, behind a '*' if
-// its window shows it. An empty line begins a window, and a line behind a '#' is the title of a window on the screen.
+// The input is what browsers have open. Each line is a tab's title and address with a tab character between them, after
+// a '*' if its window shows it. An empty line begins a window; after a '#', a line is the title of a window on screen.
 void Fuzz::run(std::string_view input) {
   const Screen screen = screenOf(input);
   for (const ChromiumWindow& window : screen.windows)

@@ -8,7 +8,7 @@
 #include <system_error>
 #include <vector>
 
-// Runs each file of the folders given through a fuzz target: what was once found stays found, with any compiler.
+// Runs a fuzz target with each file of the folders given, so that old findings are tested with any compiler.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);  // NOLINT(*-identifier-naming)
 
@@ -25,7 +25,7 @@ std::vector<std::filesystem::path> filesIn(const std::filesystem::path& folder) 
 }
 
 bool replay(const std::filesystem::path& file) {
-  // Without buffering, what is printed last names the input that stops the process.
+  // Without buffering: if an input stops the process, its name is the last line.
   std::fprintf(stderr, "%s\n", file.c_str());
   std::ifstream stream(file, std::ios::binary);
   const std::vector<char> bytes(std::istreambuf_iterator<char>(stream), {});

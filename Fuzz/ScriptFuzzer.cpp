@@ -2,10 +2,10 @@
 #include <optional>
 #include <string>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/SourceForm.h"
-#include "AppleScript/Values/Names.h"
-#include "AppleScript/Values/Utf8.h"
+#include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Text/UTF8.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 #include "Fuzz/ClockApplication.h"
 #include "Fuzz/Target.h"
 #include "Tests/AppleScript/TestApplications.h"
@@ -16,7 +16,7 @@ using AppleScript::Result;
 using AppleScript::Script;
 using AppleScript::Value;
 
-/// The made-up applications of the interpreter's own tests, and the clock.
+/// The applications of the interpreter's own tests, and the clock.
 class Applications : public AppleScript::ApplicationDirectory {
  public:
   [[nodiscard]] AppleScript::Application* find(std::string_view name) override {
@@ -32,14 +32,14 @@ class Applications : public AppleScript::ApplicationDirectory {
 void requireSound(const AppleScript::ScriptError& error, std::string_view source) {
   Fuzz::requireUTF8(error.message);
   Fuzz::requireUTF8(error.applicationName);
-  if (AppleScript::Utf8::firstMalformed(source))
+  if (AppleScript::UTF8::firstMalformed(source))
     return;
-  const std::size_t characters = AppleScript::Utf8::count(source);
+  const std::size_t characters = AppleScript::UTF8::count(source);
   Fuzz::require(error.range.start <= characters && error.range.length <= characters - error.range.start,
                 "An error's range lies in the source.");
 }
 
-/// Whether the source form of a value makes the same value again.
+/// Whether evaluating the source form of a value yields the same value.
 bool isPlain(const Value& value) {
   if (const auto* list = value.getIf<AppleScript::List>())
     return std::ranges::all_of(list->items(), isPlain);
@@ -55,7 +55,7 @@ void requireSameFromSourceForm(const std::string& form) {
   Fuzz::require(value && AppleScript::sourceForm(*value) == form, "A source form means its value.");
 }
 
-/// What has become of a run, in words; none where it was stopped.
+/// The outcome of a run in words, or `nullopt` if it was stopped.
 std::optional<std::string> outcome(const Script& script, Fuzz::ClockApplication& clock, std::string_view source) {
   try {
     clock.restart();
@@ -96,7 +96,7 @@ void runTwice(const std::string& source) {
 
 }  // namespace
 
-// The input is a script. It is compiled as it is, and run with the ticks of the clock in it.
+// The input is a script. It is compiled unchanged, and run with the clock's command in it.
 void Fuzz::run(std::string_view input) {
   Applications applications;
   if (const auto script = Script::compile(input, applications); !script)

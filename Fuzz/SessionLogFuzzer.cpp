@@ -8,8 +8,8 @@
 
 namespace {
 
-// A size and an id are in front of each record. A tab has one record that puts it into a window, and one for a page; a
-// window has one with its type.
+// Each record begins with a size and an id. A tab has a record that puts it into a window and one for a page; a window
+// has one with its type.
 constexpr std::size_t recordHead = 3;
 constexpr std::size_t pairSize = recordHead + 8;
 constexpr std::size_t pageSize = recordHead + 20;

@@ -30,8 +30,8 @@ void requireSound(const BrowserSessions::BrowserSession& session, std::size_t in
       textSize += title.size() + url.size();
     }
   }
-  require(needed <= inputSize, "There are no more windows and tabs than the input can tell of.");
-  require(textSize <= highestGrowth * inputSize, "There is no more text than the input can have.");
+  require(needed <= inputSize, "The input has room for all windows and tabs.");
+  require(textSize <= highestGrowth * inputSize, "The input has room for all texts.");
 }
 
 }  // namespace Fuzz

@@ -6,14 +6,14 @@
 
 namespace Fuzz {
 
-/// What an input must have at least for each tab and each window that is read from it, in bytes.
+/// The least number of bytes that an input needs for a tab and for a window.
 struct SmallestSizes {
   std::size_t tab;
   std::size_t window;
 };
 
-/// Stops the process where the layers above could not rely on the session, or more is in it than fits into an input of
-/// this size.
+/// Stops the process if the layers above cannot rely on the session, or if it holds more than an input of this size
+/// can.
 void requireSound(const BrowserSessions::BrowserSession& session, std::size_t inputSize, SmallestSizes smallest);
 
 }  // namespace Fuzz

@@ -20,7 +20,7 @@ void requireUTF8(std::string_view text, std::source_location where) {
 
 }  // namespace Fuzz
 
-/// libFuzzer calls it with each input.
+/// libFuzzer calls this with each input.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);  // NOLINT(*-identifier-naming)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -3,16 +3,16 @@
 #include <source_location>
 #include <string_view>
 
-/// The fuzz targets. Each looks at one thing that comes from outside, and holds what is made of it against promises.
+/// The fuzz targets. Each feeds one kind of outside input to the code and checks promises about the result.
 namespace Fuzz {
 
-/// What a target does with an input: *Fuzzer.cpp defines it, one for each program.
+/// Runs the target with an input. Each *Fuzzer.cpp, and so each program, defines it.
 void run(std::string_view input);
 
-/// Stops the process, which makes the input a finding, where a promise is not kept.
+/// Stops the process if a promise is not kept, which makes the input a finding.
 void require(bool isKept, std::string_view promise, std::source_location where = std::source_location::current());
 
-/// Stops the process where the text is not UTF-8.
+/// Stops the process if the text is not UTF-8.
 void requireUTF8(std::string_view text, std::source_location where = std::source_location::current());
 
 }  // namespace Fuzz

@@ -7,19 +7,19 @@
 
 namespace Fuzz {
 
-/// A connection to a server that says all it has to say at once, whatever it is asked: nobody waits for anything.
+/// A connection to a server that sends everything at once, whatever the client asks, so that neither side waits.
 class ToldConnection {
  public:
-  /// `told`, and all that the client will say, must fit into a socket's buffer.
+  /// `told` is what the server sends. It must fit into a socket's buffer, and so must all that the client sends.
   explicit ToldConnection(std::string_view told);
   ToldConnection(const ToldConnection&) = delete;
   ToldConnection& operator=(const ToldConnection&) = delete;
   ~ToldConnection();
 
-  /// The client's end, which can be taken once.
+  /// The client's end. It can be taken once.
   [[nodiscard]] BrowserSessions::LocalConnection takeClient();
 
-  /// What the client has said. The client must have gone, or there would be more to come.
+  /// What the client has sent. The client must have closed its end.
   [[nodiscard]] std::string heard() const;
 
  private:

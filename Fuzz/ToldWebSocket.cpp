@@ -10,7 +10,7 @@ namespace {
 constexpr std::uint16_t port = 1;
 constexpr std::string_view mark = "{accept}";
 
-// The answer to the key that is the same each time, found by letting a client ask.
+// The answer to the key, computed from a client's request.
 std::string acceptance() {
   ToldConnection connection("");
   openToldWebSocket(connection);

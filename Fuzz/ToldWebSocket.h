@@ -9,14 +9,13 @@
 
 namespace Fuzz {
 
-/// Opens a WebSocket over the connection. Its key is the same each time, so that the server's answer to it can be told
-/// before it is asked for.
+/// Opens a WebSocket over the connection. Its key is always the same, so that the server can answer it in advance.
 std::optional<BrowserSessions::WebSocket> openToldWebSocket(ToldConnection& connection);
 
-/// The text with the right answer to the key in place of the first mark "{accept}".
+/// The text with the right answer to the key in place of the first "{accept}".
 std::string withAcceptance(std::string_view text);
 
-/// A server's answer by which the WebSocket is opened.
+/// The server's answer that opens the WebSocket.
 std::string webSocketHead();
 
 }  // namespace Fuzz

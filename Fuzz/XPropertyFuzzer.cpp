@@ -22,7 +22,7 @@ using Fuzz::require;
 
 constexpr xcb_atom_t utf8String = 300;
 
-/// A property as a client may set it: of any type, in units of any size, with any bytes.
+/// A property as a client may set it: any type, any unit size, any bytes.
 struct Property {
   xcb_atom_t type = XCB_ATOM_NONE;
   std::uint8_t format = 0;
@@ -32,7 +32,7 @@ struct Property {
   [[nodiscard]] std::size_t units() const { return format == 0 ? 0 : value.size() / unitSize(); }
 };
 
-// The first letter tells the kind.
+// The first letter of the input is the kind.
 Property propertyOf(std::string_view input) {
   const std::string_view value = input.substr(std::min<std::size_t>(1, input.size()));
   switch (input.empty() ? '\0' : input.front()) {
@@ -88,7 +88,7 @@ void requireTexts(const Property& property, const X11Property& answer) {
   require(answer.text(utf8String) == (texts.empty() ? "" : texts.front()), "A text is the first one.");
 }
 
-// Every text of the window is the same one, as it comes from somebody who wants to be taken for another.
+// All texts of the window are the same, as from a program that poses as another.
 void requireMatch(const X11Property& answer) {
   static const TestSupport::TemporaryFolder folder;
   static const auto file = folder.write(
@@ -118,7 +118,7 @@ void requireProcess(const X11Property& answer) {
 
 }  // namespace
 
-// The input is a property that a window has: a letter for its kind, and the bytes of its value.
+// The input is a property of a window: a letter for its kind, and the bytes of its value.
 void Fuzz::run(std::string_view input) {
   const Property property = propertyOf(input);
   const X11Property answer = answerWith(property);

@@ -15,10 +15,9 @@ ResourceProviderController::ResourceProviderController() {
 }
 
 const ResourceProvider* ResourceProviderController::provider(std::string_view identifier) const {
-  for (const auto& provider : providers_) {
+  for (const auto& provider : providers_)
     if (provider->identifier() == identifier)
       return provider.get();
-  }
   return nullptr;
 }
 

@@ -21,7 +21,7 @@
 #include "Linux/Launching/LaunchService.h"
 #include "Linux/Launching/LaunchURLStream.h"
 #include "Linux/Launching/TerminationSignals.h"
-#include "Linux/LinuxServices.h"
+#include "Linux/Services.h"
 
 namespace Platform {
 
@@ -30,7 +30,6 @@ namespace {
 using Linux::LaunchArguments;
 using Linux::LaunchQueue;
 using Linux::LaunchService;
-using Linux::LinuxServices;
 
 constexpr const char* usage =
     "Usage: %s [OPTION]… [LAUNCH-URL]…\n"
@@ -68,7 +67,7 @@ void readLaunchURLsOrExit(LaunchArguments& launch, const char* program) {
 }
 
 /// The name that the application has on the bus, if it can have one.
-std::optional<std::string> nameOnBus(LinuxServices& desktop) {
+std::optional<std::string> nameOnBus(Linux::Services& desktop) {
   auto identifier = desktop.bundle.identifier();
   if (identifier && !DesktopSupport::isApplicationName(*identifier)) {
     desktop.log.write("the bundle identifier " + *identifier + " cannot be a name on the bus");
@@ -99,7 +98,7 @@ void onMainThread(std::function<void()> work) {
       new Work(std::move(work)), [](gpointer given) { delete static_cast<Work*>(given); });
 }
 
-void runApplication(LinuxServices& desktop, LaunchQueue& launches, LaunchService& service, bool awaitsLaunch) {
+void runApplication(Linux::Services& desktop, LaunchQueue& launches, LaunchService& service, bool awaitsLaunch) {
   desktop.application.deliver(launches);
   if (awaitsLaunch)
     desktop.application.awaitLaunch();
@@ -115,7 +114,7 @@ void runApplication(LinuxServices& desktop, LaunchQueue& launches, LaunchService
 
 int applicationMain(int argumentCount, char** arguments, const MakeApplicationDelegate& makeDelegate) {
   LaunchArguments launch = parseOrExit(argumentCount, arguments);
-  LinuxServices desktop;
+  Linux::Services desktop;
   if (launch.version) {
     const std::string version = desktop.bundle.information("Version").value_or("unknown");
     std::printf("%s\n", DesktopSupport::printable(version).c_str());

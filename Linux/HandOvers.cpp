@@ -7,7 +7,7 @@
 #include "DesktopSupport/Bus/ApplicationBus.h"
 #include "Linux/Launching/Ticks.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -100,4 +100,4 @@ bool HandOvers::isDone() const {
   return underWay_.empty() || std::chrono::steady_clock::now() - lastBegun_ > patience_ + longestDelay;
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

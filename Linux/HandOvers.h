@@ -11,7 +11,7 @@
 #include "DesktopSupport/System/GLibHandles.h"
 #include "Platform/Log.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// The calls by which URLs go to their handlers on the bus: some at a time, since a bus takes a limited number of calls
 /// that wait for an answer; the others wait. `add` may be called on any thread.
@@ -23,7 +23,8 @@ class HandOvers {
   static constexpr std::chrono::seconds usualPatience{25};
 
   /// Waits for each handler as long as `patience`.
-  explicit HandOvers(Log& log, std::chrono::milliseconds patience = usualPatience) : log_(log), patience_(patience) {}
+  explicit HandOvers(Platform::Log& log, std::chrono::milliseconds patience = usualPatience)
+      : log_(log), patience_(patience) {}
   HandOvers(const HandOvers&) = delete;
   HandOvers& operator=(const HandOvers&) = delete;
   ~HandOvers() = default;
@@ -56,7 +57,7 @@ class HandOvers {
   /// Guards the hand-overs of all objects: they begin on any thread and complete on the main one.
   static inline std::mutex mutex;
 
-  Log& log_;
+  Platform::Log& log_;
   std::chrono::milliseconds patience_;
   std::uint64_t count_ = 0;
   std::size_t mostAtOnce_ = mostAtOnce;
@@ -65,4 +66,4 @@ class HandOvers {
   std::chrono::steady_clock::time_point lastBegun_;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace Platform::Linux {
+namespace Linux {
 
 MainQueue::~MainQueue() {
   const std::lock_guard lock(mutex_);
@@ -36,4 +36,4 @@ MainQueue::Work MainQueue::next() {
   return work;
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -6,7 +6,7 @@
 
 #include <glib.h>
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Work for the thread that runs GLib's main context, one at a time and in its order.
 class MainQueue {
@@ -33,4 +33,4 @@ class MainQueue {
   guint source_ = 0;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

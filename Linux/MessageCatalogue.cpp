@@ -7,7 +7,7 @@
 #include "DesktopSupport/System/FileContents.h"
 #include "Platform/Text/UTF8.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -38,7 +38,7 @@ std::optional<std::string> textAt(std::string_view file, std::size_t place) {
   const auto start = number(file, place + 4);
   if (!length || !start || *start >= file.size() || *length >= file.size() - *start || file[*start + *length] != '\0')
     return std::nullopt;
-  return stringFromUTF8(std::string(file.substr(*start, *length)));
+  return Platform::stringFromUTF8(std::string(file.substr(*start, *length)));
 }
 
 bool hasKnownFormat(std::string_view file) {
@@ -76,4 +76,4 @@ std::optional<std::string> MessageCatalogue::translation(std::string_view key) c
   return key.empty() || found == translations_.end() ? std::nullopt : std::optional(found->second);
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// The translations into one language, from a catalogue as msgfmt makes them (little-endian, UTF-8).
 ///
@@ -28,4 +28,4 @@ class MessageCatalogue {
   std::map<std::string, std::string, std::less<>> translations_;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -2,7 +2,7 @@
 
 #include <dlfcn.h>
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -41,4 +41,4 @@ WindowModule::Toolkit WindowModule::load() const {
   return toolkit;
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -8,13 +8,13 @@
 #include "Linux/WindowToolkit.h"
 #include "Platform/Bundle.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// The module `deskloom-windows.so` in the bundle, which brings the user interface's libraries along. It is loaded the
 /// first time that something is to be shown, so a launch that shows nothing does without them.
 class WindowModule {
  public:
-  explicit WindowModule(const Bundle& bundle) : bundle_(bundle) {}
+  explicit WindowModule(const Platform::Bundle& bundle) : bundle_(bundle) {}
 
   /// The toolkit, or why nothing can be shown: the module cannot be loaded, or there is no display. What was found the
   /// first time holds.
@@ -25,8 +25,8 @@ class WindowModule {
 
   [[nodiscard]] Toolkit load() const;
 
-  const Bundle& bundle_;
+  const Platform::Bundle& bundle_;
   std::optional<Toolkit> toolkit_;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

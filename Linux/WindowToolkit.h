@@ -7,7 +7,7 @@
 #include "Platform/Alerts.h"
 #include "Platform/Windows.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// An alert on the screen; it goes with its end.
 class AlertPanel {
@@ -25,10 +25,10 @@ class WindowToolkit {
   virtual ~WindowToolkit() = default;
 
   /// Shows the alert in front of all else and returns. There must be a button.
-  virtual std::unique_ptr<AlertPanel> showAlert(const Alert& alert) = 0;
+  virtual std::unique_ptr<AlertPanel> showAlert(const Platform::Alert& alert) = 0;
 
   /// A window with this content, not shown yet.
-  virtual std::unique_ptr<Window> makeWindow(const WindowContent& content) = 0;
+  virtual std::unique_ptr<Platform::Window> makeWindow(const Platform::WindowContent& content) = 0;
 };
 
 /// What the application tells the module of itself.
@@ -46,4 +46,4 @@ struct WindowToolkitOptions {
 using OpenWindowToolkit = WindowToolkit*(const WindowToolkitOptions& options);
 inline constexpr const char* openWindowToolkitSymbol = "deskloomOpenWindowToolkit";
 
-}  // namespace Platform::Linux
+}  // namespace Linux

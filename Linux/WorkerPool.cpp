@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -55,4 +55,4 @@ void WorkerPool::serve() {
   }
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Threads that run what they are given: none at first, one more whenever all are busy, up to a limit beyond which work
 /// waits for its turn.
@@ -40,4 +40,4 @@ class WorkerPool {
   std::vector<std::thread> threads_;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

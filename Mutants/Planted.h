@@ -1,8 +1,8 @@
 #pragma once
 
-// What script/mutants adds to the sources that it compiles. Each planted bug has a number. PLANTED_MUTANT in the
-// environment is the number of the one that is in effect; without it the program behaves as written. PLANTED_REACHED is
-// a file to which each process appends the numbers of the bugs that it comes by, a line each.
+// script/mutants includes this in each source that it compiles. Each planted bug has a number. The environment variable
+// PLANTED_MUTANT switches on the bug with that number; without it the program behaves as written. PLANTED_REACHED names
+// a file to which each process appends the numbers of the bugs that it reaches, one per line.
 
 #include <atomic>
 #include <cstdio>
@@ -18,9 +18,8 @@ inline constexpr int maximum = 100'000;
 inline void noteReached(int number) {
   static const char* const path = std::getenv("PLANTED_REACHED");
   static std::atomic<bool> noted[maximum];
-  if (path == nullptr || noted[number].exchange(true)) {
+  if (path == nullptr || noted[number].exchange(true))
     return;
-  }
   char line[16];
   const int size = std::snprintf(line, sizeof(line), "%d\n", number);
   // Appending so little is atomic, so processes can share the file.
@@ -31,7 +30,7 @@ inline void noteReached(int number) {
   }
 }
 
-/// Whether the bug is in effect.
+/// Whether the bug is switched on.
 inline bool in(int number) {
   static const char* const chosen = std::getenv("PLANTED_MUTANT");
   static const int inEffect = chosen == nullptr ? -1 : std::atoi(chosen);

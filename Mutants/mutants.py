@@ -1,7 +1,7 @@
-"""Plants bugs into a copy of the tree, runs the tests that reach each of them, and tells which bugs no test noticed.
+"""Plants bugs in a copy of the tree, runs the tests that reach each bug, and prints the bugs that no test noticed.
 
-See script/mutants --help. All bugs are compiled in at once and chosen by the environment (Planted.h), so the tree is built
-once. A first run of each test, with no bug in effect, tells which bugs it reaches.
+See script/mutants --help. All bugs are compiled in together and switched on by the environment (Planted.h), so the tree is
+built once. A first run of each test, with no bug switched on, records which bugs it reaches.
 """
 
 import argparse
@@ -32,21 +32,21 @@ TREE = PLACE / "tree"
 BUILD = PLACE / "build"
 HEADER = TOP / "Mutants" / "Planted.h"
 
-# The delivery of what a launch gathers with the configuration; what reads browsers' sessions; the language. Bugs are taken from
-# them in turn, so half of them are in the first.
-DELIVERY = ["Platform/*.cpp", "DeskloomSDK/*.cpp", "Gleanery/*.cpp"]
+# Launches and settings, browsers' sessions, and the language. Bugs are taken from these areas in turn, so half of them are in
+# the first.
+DELIVERY = ["Platform/*.cpp", "Linux/*.cpp", "DeskloomSDK/*.cpp", "Gleanery/*.cpp"]
 AREAS = [DELIVERY, ["BrowserSessions/*.cpp"], DELIVERY, ["AppleScript/*.cpp"]]
 # What shows windows has tests that take long, and the fakes are themselves for tests.
-EXCLUDED_SOURCES = ["Linux/GTK/*", "Platform/Fake/*", "Linux/*Window*", "Linux/*Alert*"]
+EXCLUDED_SOURCES = ["Linux/GTK/*", "Platform/Fake/*", "Linux/Windows*"]
 
-# The tests that take no part: those that start real browsers, file managers or many windows take minutes, those of scripts build
-# and install, and those under the thread sanitizer have their sources compiled once more.
+# Tests that are left out: those with real browsers, file managers or many windows take minutes, those of scripts build and
+# install, and those with the thread sanitizer compile their sources once more.
 EXCLUDED_TESTS = re.compile(
     r"^(script|Threads|TestSupport|Benchmarks|UpdateCheck|BrimlaceTextView|HostStandIn|DesktopSupport)/|"
     r"^(ScriptableApps|AppleScriptTool)/.*DesktopTests$|"
     r"(Browser|Tabs|Chromium|Firefox|Web|Finder|Window|Alert|Update|Fuzz).*DesktopTests$")
 
-# The part of the bugs that may go unnoticed.
+# The proportion of bugs that may go unnoticed.
 TOLERATED = 0.1
 
 Test = collections.namedtuple("Test", "name command seconds reached")
@@ -64,7 +64,7 @@ def run(command, **options):
 
 
 def copy_tree():
-  """Brings the copy up to date; what has not changed keeps its time."""
+  """Brings the copy up to date. Unchanged files keep their time of modification."""
   listed = subprocess.run(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"], cwd=TOP, check=True,
                           capture_output=True).stdout.decode()
   names = {name for name in listed.split("\0") if name and (TOP / name).is_file()}
@@ -92,7 +92,7 @@ def configure():
 
 
 def build(wanted):
-  """Builds the programs and the tests that take part."""
+  """Builds the tests that are run, with the programs that they need."""
   listed = subprocess.run(["ninja", "-C", BUILD, "-t", "targets", "all"], check=True, capture_output=True, text=True).stdout
   targets = re.findall(r"^(\S+): \S+_(?:EXECUTABLE|MODULE_LIBRARY)_LINKER__", listed, re.MULTILINE)
   chosen = [target for target in targets if target.startswith("tests/") and takes_part(target.removeprefix("tests/"), wanted)]
@@ -100,7 +100,7 @@ def build(wanted):
 
 
 def takes_part(program, wanted):
-  """Whether a test program has tests that take part: it is called after its module and file, or after its module alone."""
+  """Whether tests of a test program are run. It is named after its module and file, or after its module alone."""
   for module in (folder.name for folder in (TREE / "Tests").iterdir() if folder.is_dir()):
     if program == f"{module}Tests":
       return is_chosen(f"{module}/", wanted)
@@ -117,7 +117,7 @@ def is_chosen(test, wanted):
 
 
 def arguments_by_source():
-  """How each source is compiled, as far as that matters to whoever reads it."""
+  """The compiler's arguments for each source, as far as they matter for parsing it."""
   result = {}
   for entry in json.loads((BUILD / "compile_commands.json").read_text()):
     arguments = shlex.split(entry["command"])
@@ -128,7 +128,7 @@ def arguments_by_source():
 
 
 def find_in(name, arguments):
-  """The sites of a file; they are kept, as looking for them takes as long as compiling."""
+  """The sites of a file. They are cached, as finding them takes as long as compiling."""
   key = hashlib.sha256(repr((name, arguments)).encode() + (TOP / name).read_bytes() + pathlib.Path(sites.__file__).read_bytes())
   kept = PLACE / "sites" / key.hexdigest()
   if not kept.exists():
@@ -155,12 +155,12 @@ def lines_of(name):
 
 
 def draw(site, seed):
-  """What the seed and the site's own line tell, so that a change elsewhere leaves the choice as it is."""
+  """A site's place in the order. It depends only on the seed and the site's line, so changes elsewhere don't move it."""
   return hashlib.sha256(repr((seed, site.file, site.change, lines_of(site.file)[site.line - 1].strip())).encode()).digest()
 
 
 def choose(areas, seed):
-  """All sites in an order that the seed tells, from the areas in turn."""
+  """All sites in the order that the seed gives them, from the areas in turn."""
   queues = [sorted(area, key=lambda site: draw(site, seed)) for area in areas]
   order, taken = [], set()
   while any(queues):
@@ -179,7 +179,7 @@ def compiling_in(name, arguments, planted):
 
 
 def plant(names, order, count, arguments):
-  """Plants as many bugs as asked for and yields them by number. Those with which nothing compiles give way to further ones."""
+  """Plants `count` bugs and returns them by number. Bugs that don't compile are replaced by others."""
   planted, rest = {}, list(enumerate(order, 1))
   while rest and len(planted) < count:
     batch, rest = rest[:count - len(planted)], rest[count - len(planted):]
@@ -208,7 +208,7 @@ def sort_by_file(planted):
 
 
 def run_test(command, seconds, **environment):
-  """Whether the command succeeds in time; what it started is ended with it."""
+  """Whether the command succeeds in time. Ends all processes that it started."""
   process = subprocess.Popen(command, env=os.environ | environment, cwd=BUILD, stdin=subprocess.DEVNULL,
                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True)
   try:
@@ -220,7 +220,7 @@ def run_test(command, seconds, **environment):
 
 
 def end(process):
-  # A private desktop takes itself down when it is asked to.
+  # A private desktop ends its own processes on SIGTERM.
   for sent, patience in ((signal.SIGTERM, 30), (signal.SIGKILL, None)):
     try:
       if process.poll() is None:
@@ -235,7 +235,7 @@ def end(process):
 
 
 def observe(test):
-  """Runs a test with no bug in effect, for its time and the bugs that it reaches; None if it fails."""
+  """Runs a test with no bug switched on and returns it with its duration and the bugs that it reaches, or None if it fails."""
   name, command = test
   with tempfile.NamedTemporaryFile() as reached:
     start = time.monotonic()
@@ -247,26 +247,26 @@ def observe(test):
 
 def observe_all(wanted):
   listed = subprocess.run(["ctest", "--test-dir", BUILD, "--show-only=json-v1"], check=True, capture_output=True).stdout
-  # A program that is not built stands for its tests as one that has no command.
+  # The tests of a program that is not built are listed as one test without a command.
   tests = [(test["name"], test["command"]) for test in json.loads(listed)["tests"]
            if "command" in test and is_chosen(test["name"], wanted)]
-  say(f"{len(tests)} tests take part")
+  say(f"{len(tests)} tests to run")
   with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
     observed = list(pool.map(observe, tests))
   for (name, _), result in zip(tests, observed):
     if result is None:
-      say(f"left out, as it fails without a bug: {name}")
+      say(f"left out, because it fails without a bug: {name}")
   tests = [result for result in observed if result is not None and result.reached]
   apart = set()
   for _, command in commands([test for test in tests if "DesktopTests" not in test.name], apart):
     if not run_test(command, 1200):
-      say(f"run one by one, as they do not pass together: the tests of {command[0]}")
+      say(f"run one by one, because they fail together: the tests of {command[0]}")
       apart.add(command[0])
   return tests, apart
 
 
 def commands(tests, apart):
-  """What runs the tests, the quickest first: those of one program together, unless they need a desktop or it is `apart`."""
+  """Commands that run the tests, quickest first: tests of one program together, unless they need a desktop or it is `apart`."""
   together = collections.defaultdict(list)
   for test in tests:
     program = test.command[0]
@@ -286,12 +286,12 @@ def commands(tests, apart):
 
 
 def outcome(number, tests, apart):
-  """What became of a bug: found, survived, or that no test reaches it."""
+  """The fate of a bug: "found", "survived" or "no test reaches it"."""
   reaching = [test for test in tests if number in test.reached]
   if not reaching:
     return "no test reaches it"
   for seconds, command in commands(reaching, apart):
-    # A hang counts as found, so what only takes long on a busy machine must not look like one.
+    # A hang counts as found, so the time is generous: a test that is slow on a busy machine must not count.
     if not run_test(command, 60 + 20 * seconds, PLANTED_MUTANT=str(number)):
       return "found"
   return "survived"
@@ -323,7 +323,7 @@ def main():
   parser.add_argument("--tests", type=re.compile, default=re.compile(""))
   options = parser.parse_args()
   if options.count < 1:
-    parser.error("--count takes a number above zero")
+    parser.error("--count must be at least 1")
 
   TREE.mkdir(parents=True, exist_ok=True)
   names = copy_tree()
@@ -332,7 +332,7 @@ def main():
   areas = find_sites(names, options.only, arguments)
   order = choose(areas, options.seed)
   if not order:
-    sys.exit("script/mutants: there is no place for a bug there")
+    sys.exit("script/mutants: no file matches, or none has a place for a bug")
   planted = plant(names, order, options.count, arguments)
   say(f"{len(order)} places for a bug, {len(planted)} of them planted")
   build(options.tests)

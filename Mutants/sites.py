@@ -1,7 +1,7 @@
-"""Finds the places in a C++ source where a small bug can be planted, and plants those that are chosen.
+"""Finds the places in a C++ source where a small bug can be planted, and plants bugs there.
 
-A place is a site. It knows the edits that make the bug a choice at run time (see Planted.h), so that one build has all bugs.
-What is evaluated at compile time cannot be chosen at run time and is no site.
+Such a place is called a site. It has the edits that let the environment switch its bug on at run time (see Planted.h), so one
+build has all bugs. Code that is evaluated at compile time has no sites.
 """
 
 import collections
@@ -9,14 +9,14 @@ import re
 
 from clang.cindex import CursorKind, Index, TranslationUnit, TypeKind
 
-# What is put before and after a part of the text. NUMBER stands for the number of the bug.
+# Texts to insert before and after a part of the source. NUMBER stands for the number of the bug.
 Frame = collections.namedtuple("Frame", "begin end before after")
-# The change is told in words; the offsets in operator are those of a text that becomes a comma, or it is None.
+# The change is a description in words. operator is None, or the offsets of a text that a comma replaces.
 Site = collections.namedtuple("Site", "file line begin end change frames operator")
 
 FUNCTIONS = {CursorKind.FUNCTION_DECL, CursorKind.CXX_METHOD, CursorKind.CONSTRUCTOR, CursorKind.DESTRUCTOR,
              CursorKind.CONVERSION_FUNCTION, CursorKind.FUNCTION_TEMPLATE, CursorKind.LAMBDA_EXPR}
-# What the compiler evaluates, or must be able to.
+# What is evaluated at compile time.
 COMPILE_TIME = {CursorKind.STATIC_ASSERT, CursorKind.ENUM_CONSTANT_DECL, CursorKind.TEMPLATE_NON_TYPE_PARAMETER,
                 CursorKind.CONCEPT_DECL, CursorKind.TYPE_REF, CursorKind.TEMPLATE_REF}
 INTEGERS = {TypeKind.INT, TypeKind.UINT, TypeKind.LONG, TypeKind.ULONG, TypeKind.LONGLONG, TypeKind.ULONGLONG, TypeKind.SHORT,
@@ -28,7 +28,7 @@ CONDITIONS = {CursorKind.IF_STMT, CursorKind.WHILE_STMT, CursorKind.CONDITIONAL_
 STATEMENTS = {CursorKind.CALL_EXPR, CursorKind.BINARY_OPERATOR, CursorKind.COMPOUND_ASSIGNMENT_OPERATOR,
               CursorKind.UNARY_OPERATOR, CursorKind.UNEXPOSED_EXPR, CursorKind.BREAK_STMT, CursorKind.CONTINUE_STMT}
 NOTHING = ("{}", "false", "nullptr", "std::nullopt", "0", "FALSE", "G_SOURCE_REMOVE", "")
-# So are the values that these make, and this call changes nothing that anybody sees.
+# These make such values too. A call of reserve changes nothing that can be observed.
 MAKES_NOTHING = re.compile(r"std::(string|vector|map|set)(<.*>)?(\(\)|\{\})")
 CHANGES_NOTHING = re.compile(r"[\w.>-]+[.>]reserve\(")
 
@@ -70,7 +70,7 @@ class Finder:
     return Frame(cursor.extent.start.offset, cursor.extent.end.offset, before, after)
 
   def _is_constant(self, cursor):
-    """Whether what is declared is a constant of the compiler's, whose tokens up to its body or value say so."""
+    """Whether a declaration is a compile-time constant, by its tokens before the body or value."""
     for token in cursor.get_tokens():
       if token.spelling in ("constexpr", "consteval", "constinit"):
         return True
@@ -113,7 +113,7 @@ class Finder:
         self._negate(cursor, f"{operator} to {OPPOSITES[operator]}")
     elif kind in CONDITIONS and children:
       self._look_at_condition(cursor, children)
-    # A number by a name, such as TRUE, is one that somebody else has chosen.
+    # Not numbers that a macro names, such as TRUE.
     elif kind == CursorKind.INTEGER_LITERAL and cursor.type.kind in INTEGERS and self._slice(cursor)[:1].isdigit():
       self._add(cursor, f"{self._slice(cursor)} plus 1", [self._frame(cursor, "Planted::offByOne(NUMBER, ", ")")])
     elif kind == CursorKind.RETURN_STMT:
@@ -134,13 +134,13 @@ class Finder:
     elif operator in ORDERS:
       function, change = ORDERS[operator]
       self._replace_operator(cursor, left, right, f"{operator} to {change}", function)
-      self._negate(cursor, f"{operator} turned round")
+      self._negate(cursor, f"{operator} reversed")
     elif operator in SUMS and all(child.type.get_canonical().kind in INTEGERS for child in children):
       function, change = SUMS[operator]
       self._replace_operator(cursor, left, right, f"{operator} to {change}", function)
 
   def _look_at_logic(self, cursor, left, right, operator):
-    """By De Morgan: with the bug, a && b is !(!a && !b), which is a || b and leaves b alone in the same cases."""
+    """By De Morgan: with the bug, a && b is !(!a && !b). That is a || b, and it evaluates b in the same cases."""
     self._add(cursor, f"{operator} to {'||' if operator == '&&' else '&&'}",
               [self._negated(part) for part in (cursor, left, right)])
 
@@ -149,7 +149,7 @@ class Finder:
               (left.extent.end.offset, right.extent.start.offset))
 
   def _look_at_condition(self, cursor, children):
-    """A condition that is an expression, and not a declaration."""
+    """Only for a condition that is an expression, not for a declaration."""
     condition = children[1] if children[0].kind == CursorKind.DECL_STMT and len(children) > 1 else children[0]
     before = self.text[:condition.extent.start.offset].rstrip()
     after = self.text[condition.extent.end.offset:].lstrip()
@@ -189,7 +189,7 @@ class Finder:
 
 
 def parse(path, arguments, text=None):
-  """The translation unit of a file, or of another text in its place."""
+  """The translation unit of a file, with `text` as its contents if that is given."""
   return Index.create().parse(
       path, args=arguments, unsaved_files=[(path, text)] if text is not None else None,
       options=TranslationUnit.PARSE_DETAILED_PROCESSING_RECORD)
@@ -200,30 +200,30 @@ def _errors(unit):
 
 
 def find(path, name, arguments):
-  """The sites of a file that is called name in the report, in the order of the text; the same place has each change once."""
+  """The sites of a file, called `name` in reports, in the order of the text. No place has the same change twice."""
   unit = parse(path, arguments)
   errors = _errors(unit)
   if errors:
-    raise RuntimeError(f"{name} cannot be read: {errors[0].spelling}")
+    raise RuntimeError(f"{name} cannot be parsed: {errors[0].spelling}")
   unique = {(site.begin, site.end, site.change): site for site in Finder(unit, name).sites}
-  # A comparison that is a condition, or is returned, is negated as such already.
+  # A comparison that is a condition or is returned is negated once, as a comparison.
   return sorted((site for site in unique.values() if not _is_repeated(site, unique)), key=lambda site: (site.begin, site.end))
 
 
 def _is_repeated(site, unique):
   same = [change for begin, end, change in unique if (begin, end) == (site.begin, site.end)]
   return site.change in ("condition negated", "returns the opposite") and any(
-      change.endswith("turned round") or change in ("== to !=", "!= to ==") for change in same)
+      change.endswith("reversed") or change in ("== to !=", "!= to ==") for change in same)
 
 
 def plant(text, sites):
-  """The text with each of the sites, given by number, planted."""
+  """The text with the bugs of the sites, given by number."""
   pieces = []
   for number, site in sites.items():
     for frame in site.frames:
       size = frame.end - frame.begin
-      # At one place, what ends comes before what begins, and of that the larger is begun first and ended last. Of two that
-      # frame the same, the one that takes the operator's place is the inner one.
+      # The order at one offset: ends before beginnings, larger frames outside smaller ones. Of two frames around the same
+      # text, the one that replaces the operator is the inner one.
       inner = site.operator is not None
       pieces.append((frame.begin, 2, -size, inner, number, frame.begin, frame.before.replace("NUMBER", str(number))))
       pieces.append((frame.end, 0, size, -inner, -number, frame.end, frame.after))
@@ -238,7 +238,7 @@ def plant(text, sites):
 
 
 def compiling(path, arguments, text, sites):
-  """Those of the sites, given by number, with which the file compiles: a number may have to be one at compile time."""
+  """The sites, by number, without those whose bugs don't compile because a constant is needed there."""
   while True:
     unit = parse(path, arguments, plant(text, sites))
     errors = _errors(unit)
@@ -247,12 +247,12 @@ def compiling(path, arguments, text, sites):
     if not errors:
       return sites
     if len(left) == len(sites):
-      raise RuntimeError(f"{path} does not compile with what is planted: {errors[0].spelling}")
+      raise RuntimeError(f"{path} does not compile with its bugs: {errors[0].spelling}")
     sites = left
 
 
 def _line_here(diagnostic, path):
-  """Planting adds no lines. An error in a template of Planted.h is told with the place that uses it."""
+  """The line of an error in the file: planting adds no lines. For a template of Planted.h it is the line that uses it."""
   for location in [diagnostic.location, *(child.location for child in diagnostic.children)]:
     if location.file is not None and location.file.name == path:
       return location.line

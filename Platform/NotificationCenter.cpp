@@ -19,19 +19,17 @@ void NotificationCenter::removeObserver(Token token) {
 }
 
 void NotificationCenter::post(const Notification& notification) {
-  for (const Token token : interested(notification)) {
+  for (const Token token : interested(notification))
     if (const Observer observer = find(token))
       observer(notification);
-  }
 }
 
 std::vector<NotificationCenter::Token> NotificationCenter::interested(const Notification& notification) const {
   const std::lock_guard lock(mutex_);
   std::vector<Token> tokens;
-  for (const Entry& entry : entries_) {
+  for (const Entry& entry : entries_)
     if (entry.name == notification.name && (entry.object == nullptr || entry.object == notification.object))
       tokens.push_back(entry.token);
-  }
   return tokens;
 }
 

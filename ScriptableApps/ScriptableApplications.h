@@ -3,12 +3,11 @@
 #include <memory>
 #include <vector>
 
-#include "AppleScript/Application.h"
+#include "AppleScript/Values/Application.h"
 
 namespace ScriptableApps {
 
-/// The applications that `tell application "…"` reaches on this system. Nothing is asked and nothing started before a
-/// script does so.
+/// The applications that `tell application "…"` reaches on this system. Making them asks and starts no program.
 class ScriptableApplications : public AppleScript::ApplicationDirectory {
  public:
   ScriptableApplications();

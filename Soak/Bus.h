@@ -11,17 +11,17 @@
 
 namespace Soak {
 
-/// A connection to the session bus that nobody shares. Throws if there is no bus.
+/// A private connection to the session bus. Throws if there is no bus.
 class Bus {
  public:
   Bus();
 
-  /// Has the application with this bus name open a URL, and waits for its answer. The error is null if it answers
-  /// within `time`.
+  /// Asks the application with this bus name to open a URL, and waits for its answer. Null if it succeeds within
+  /// `time`.
   [[nodiscard]] std::optional<DesktopSupport::BusError> open(const std::string& busName, const std::string& url,
                                                              std::chrono::milliseconds time) const;
 
-  /// The process that owns a name; null if nobody does.
+  /// The process that owns a name, or `nullopt` if there is none.
   [[nodiscard]] std::optional<pid_t> ownerOf(const std::string& busName) const;
 
   [[nodiscard]] GDBusConnection* connection() const { return connection_.get(); }

@@ -33,7 +33,7 @@ std::filesystem::path recordFile() {
   return std::filesystem::path(std::getenv("XDG_RUNTIME_DIR")) / "soak-received";
 }
 
-/// Whether it is the alphabet over and over.
+/// Whether the payload is the alphabet, repeated.
 bool isWhole(std::string_view payload) {
   for (std::size_t index = 0; index < payload.size(); ++index)
     if (payload[index] != static_cast<char>('a' + index % 26))
@@ -75,9 +75,9 @@ void awaitTermination() {
     g_main_context_iteration(nullptr, /*may_block=*/TRUE);
 }
 
-/// Receives all that was sent to the name, which has just been given up.
+/// Receives everything sent to the name, which has just been given up.
 void receiveTheRest(const SessionBus& bus) {
-  // What the bus answers now comes after everything that it has sent here before.
+  // The bus's answer to this call arrives after everything that it sent earlier.
   static_cast<void>(bus.call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId"},
                              nullptr, nullptr, answerTime));
   while (g_main_context_iteration(nullptr, /*may_block=*/FALSE)) {

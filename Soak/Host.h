@@ -13,27 +13,27 @@ namespace Soak {
 
 inline constexpr std::string_view payloadURL = "deskloom://payload/";
 
-/// The command line's word for a process that is the host.
+/// The argument that makes this program run as the host.
 inline constexpr const char* hostOption = "--host";
 
-/// Is the host, until SIGTERM: notes each URL that it receives, as one line, in a file that all hosts of the desktop
-/// append to. Of a payload it notes only whether it is whole (`payloadLine`). Ends as an application should: it gives
-/// up its name, and then notes what had been sent to it before. Yields the exit status.
+/// Runs as the host until SIGTERM, and returns the exit status. Appends each URL that it receives, as a line, to a file
+/// that all hosts of the desktop share; for a payload the line says only whether it is whole (`payloadLine`). Ends as
+/// an application should: it gives up its name, and then records what was sent to it before that.
 int beHost();
 
-/// The line that notes a payload of so many bytes which has arrived as it was sent.
+/// The line for a payload of this many bytes that arrived whole.
 std::string payloadLine(std::size_t bytes);
 
-/// The hosts of this desktop: one at a time, which the bus starts when it is needed.
+/// The hosts of this desktop, one at a time. The bus starts one when it is needed.
 class Hosts {
  public:
-  /// Starts a host, as somebody does who doesn't leave it to the bus.
+  /// Starts a host without the bus.
   void start();
 
-  /// Ends the host that runs, if there is one, and waits for its end.
+  /// Ends the running host, if there is one, and waits for its end.
   void end();
 
-  /// The lines that all hosts so far have noted. Ends the one that runs.
+  /// The lines of all hosts so far. Ends the running one.
   [[nodiscard]] std::vector<std::string> received();
 
  private:

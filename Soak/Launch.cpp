@@ -22,19 +22,19 @@ namespace {
 
 using std::chrono::milliseconds;
 
-/// How long a launch may take before it counts as one that never ends.
+/// After this time a launch counts as one that never ends.
 constexpr std::chrono::seconds longestLaunch{30};
 
 milliseconds since(Clock::time_point begin) {
   return std::chrono::duration_cast<milliseconds>(Clock::now() - begin);
 }
 
-/// Deals out the signals, so that the planned share of the launches brings one.
+/// Chooses the launches that come with a signal, so that their share is as planned, and sends the signals.
 class Strikes {
  public:
   explicit Strikes(const Plan& plan) : killed_{SIGKILL, plan.percentKilled}, ended_{SIGTERM, plan.percentEnded} {}
 
-  /// The signal that the launch of this number brings, if any.
+  /// The signal that comes with the launch of this number, if any.
   std::optional<int> next(int number) {
     const std::scoped_lock lock(mutex_);
     for (Share* share : {&killed_, &ended_})
@@ -45,20 +45,20 @@ class Strikes {
     return std::nullopt;
   }
 
-  /// A moment at which the process of a launch is probably still there, after its start.
+  /// A time after the start of a launch at which its process probably still runs.
   milliseconds delay() {
     const std::scoped_lock lock(mutex_);
     return milliseconds(std::uniform_int_distribution<milliseconds::rep>(0, usual_.count())(random_));
   }
 
-  /// Notes how long the process of a launch takes.
+  /// Records how long the process of a launch took.
   void note(milliseconds duration) {
     const std::scoped_lock lock(mutex_);
     usual_ += (duration - usual_) / 8;
   }
 
-  /// Sends the process the signal; another launch brings it if the process has ended, or is ending since it was sent
-  /// SIGTERM: a second one would end it at once.
+  /// Sends the process the signal. If it has ended, or is already terminating (a second SIGTERM would end it at once),
+  /// another launch will come with the signal.
   void hit(std::optional<pid_t> process, const std::string& program, int signal, bool hasName) {
     const auto now = Clock::now();
     const bool isHit = process && !(signal == SIGTERM && isEnding(*process)) && sendTo(*process, program, signal);
@@ -121,7 +121,7 @@ class Launches {
     return begun_ < plan_.count && Clock::now() < deadline_ ? ++begun_ : 0;
   }
 
-  /// At random, as those that bring a signal are evenly spaced.
+  /// At random, because launches with a signal are evenly spaced.
   Door nextDoor() {
     const std::scoped_lock lock(mutex_);
     return random_() % 2 == 0 ? Door::commandLine : Door::bus;

@@ -12,7 +12,7 @@ namespace Soak {
 
 using Clock = std::chrono::steady_clock;
 
-/// A plug-in, by what it is launched with.
+/// A plug-in to launch.
 struct Plugin {
   std::string program;
   std::string busName;
@@ -22,33 +22,33 @@ struct Plugin {
 extern const Plugin soakPlugin;
 extern const Plugin gleanery;
 
-/// The launch URL that has the soak plug-in send "deskloom://sent/NUMBER" and quit.
+/// The launch URL that makes the soak plug-in send "deskloom://sent/NUMBER" and quit.
 std::string numberedCommand(int number);
 
-/// Many launches of a plug-in, about one half by its command line and the other half by the bus.
+/// Many launches of a plug-in: about half from the command line, the others over the bus.
 struct Plan {
   const Plugin& plugin;
   int count;
-  /// How many are under way at a time.
+  /// How many run at a time.
   int atATime;
-  /// What the launch of this number is launched with. The first is number 1.
+  /// The launch URL with this number. The first number is 1.
   std::function<std::string(int number)> url;
-  /// No launch begins after that.
+  /// No launch begins after this time.
   std::chrono::seconds time;
-  /// How many processes are killed, and how many ended with SIGTERM, in percent of the launches: of those by the
-  /// command line their own, at random moments, and of those by the bus the one that has the plug-in's name when they
-  /// begin.
+  /// How many processes are killed, and how many are sent SIGTERM, in percent of the launches. From the command line it
+  /// is the launch's own process, at a random moment; over the bus, the process that owns the plug-in's name when the
+  /// launch begins.
   int percentKilled = 0;
   int percentEnded = 0;
-  /// Whether the bus may refuse some, for its limits.
+  /// Whether the bus may refuse launches because of its limits.
   bool mayBeRefused = false;
-  /// Called when the first half has begun, by who begins the others.
+  /// Called when the first half has begun, on the thread that begins the others.
   std::function<void()> halfway = [] {};
 };
 
 enum class Door { commandLine, bus };
 
-/// What came of a launch.
+/// The outcome of a launch.
 struct Launch {
   int number;
   Door door;
@@ -56,13 +56,13 @@ struct Launch {
   Clock::time_point end = {};
   /// Its process exited with status 0, or its method call was answered.
   bool isAcknowledged = false;
-  /// Its process; -1 for a method call.
+  /// Its process, or -1 for a method call.
   pid_t process = -1;
   /// Why it was not acknowledged.
   std::string error = {};
-  /// Whether that is that the process which the bus gave it to ended without an answer.
+  /// Whether the error is that the process to which the bus sent it ended without an answer.
   bool isUnanswered = false;
-  /// Whether that is that it was beyond a limit of the bus, which gave it to nobody.
+  /// Whether the error is that it exceeded a limit of the bus, which sent it to no process.
   bool isRefused = false;
 };
 
@@ -71,12 +71,12 @@ struct Strike {
   pid_t process;
   int signal;
   Clock::time_point time;
-  /// Whether it had the plug-in's name, as far as the bus could tell right before.
+  /// Whether it owned the plug-in's name right before, according to the bus.
   bool hadName;
 };
 
 struct Outcome {
-  /// All launches that have begun, each of which has ended.
+  /// All launches that have begun. All of them have ended.
   std::vector<Launch> launches;
   std::vector<Strike> strikes;
 
@@ -84,7 +84,7 @@ struct Outcome {
   [[nodiscard]] std::size_t acknowledged() const;
 };
 
-/// Launches as planned.
+/// Makes the launches of the plan.
 Outcome carryOut(const Plan& plan);
 
 }  // namespace Soak

@@ -10,7 +10,7 @@ namespace Soak {
 
 namespace {
 
-/// Whether a process ends by itself, with status 0.
+/// Whether a process exits with status 0.
 bool endsWell(Process& process) {
   if (!process.endsWithin(timeToEnd))
     process.send(SIGKILL);

@@ -43,17 +43,17 @@ Report mount(const Settings& settings) {
   const FileManager fileManager(folder.path() / "documents");
   Process waiting({gleanery.program, "deskloomplugin://runCommand/finder"});
   const bool waits = mount->awaitRequest(timeToAsk);
-  report.demand(waits || waiting.endsWithin(timeToAsk), "nobody has asked for the folder");
+  report.demand(waits || waiting.endsWithin(timeToAsk), "no process read the folder");
 
   const auto made = carryOut(plan);
   static_cast<void>(awaitEndOf(gleanery.program, timeToEnd, waiting.pid()));
   const std::size_t received = Hosts().received().size();
   reportLaunches(report, plan, made);
-  report.figures() << " while one " << (waits ? "waits" : "does not ask") << " for a folder";
+  report.figures() << " while one " << (waits ? "waits" : "does not wait") << " for a folder";
   report.demand(received >= made.acknowledged(), std::to_string(made.acknowledged() - received) + " lost");
   report.demand(received <= made.acknowledged() + 1, std::to_string(received - made.acknowledged()) + " too many");
   mount.reset();
-  report.demand(waiting.endsWithin(timeToEnd), "the one that waits never ends");
+  report.demand(waiting.endsWithin(timeToEnd), "the waiting launch never ends");
   return report;
 }
 

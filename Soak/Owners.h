@@ -14,7 +14,7 @@
 
 namespace Soak {
 
-/// Notes the processes that own a name on the bus, one after the other.
+/// Records the processes that own a name on the bus.
 class Owners {
  public:
   explicit Owners(const std::string& busName);
@@ -22,8 +22,8 @@ class Owners {
   Owners& operator=(const Owners&) = delete;
   ~Owners();
 
-  /// Whether the process, which was killed at this time, has had the name since this was made. If an owner was gone
-  /// before the bus could be asked which process it was, it is taken for one that was killed in the second before.
+  /// Whether the process, which was killed at this time, has owned the name since the recording began. An owner that
+  /// ended before the bus could say which process it was counts as every process that was killed in the second before.
   [[nodiscard]] bool include(pid_t process, Clock::time_point killed) const;
 
  private:

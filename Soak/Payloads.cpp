@@ -14,10 +14,10 @@ namespace {
 constexpr std::size_t mebibyte = 1UL << 20;
 constexpr std::size_t longestPayload = DesktopSupport::longestOpenURL - payloadURL.size();
 constexpr double mostMemory = 3;
-/// What else a launch with a payload takes, in bytes: the same for each.
+/// The size of everything else in a launch with a payload, in bytes.
 constexpr double mostBeside = 128 << 10;
 
-/// Has the plug-in send a payload. Yields its peak memory in bytes.
+/// Has the plug-in send a payload, and returns its peak memory in bytes.
 double send(std::size_t bytes, Report& report) {
   Process process({soakPlugin.program, "deskloomplugin://run/payload=" + std::to_string(bytes) + "+quit"});
   report.demand(process.endsWithin(timeToEnd), "the launch with " + std::to_string(bytes) + " bytes never ends");

@@ -99,7 +99,7 @@ std::vector<pid_t> processesOf(const std::filesystem::path& program) {
   return processes;
 }
 
-// One that ends may have left its work to one that is not in the list yet, so several looks in a row must find none.
+// A process that ends may have started another that is not in the list yet, so several looks in a row must find none.
 std::size_t awaitEndOf(const std::filesystem::path& program, std::chrono::milliseconds time, pid_t exception) {
   constexpr int looks = 5;
   const auto deadline = Clock::now() + time;

@@ -12,34 +12,34 @@
 
 namespace Soak {
 
-/// How long processes get to end when there is nothing left for them to do.
+/// How long processes may take to end when they have nothing left to do.
 inline constexpr std::chrono::seconds timeToEnd{30};
 
-/// Any process, to wait for its end.
+/// Waits for the end of any process.
 class ProcessEnd {
  public:
   explicit ProcessEnd(pid_t process);
 
-  /// Whether the process ends within `time`, or has ended.
+  /// Whether the process ends within `time` or has ended already.
   [[nodiscard]] bool isWithin(std::chrono::milliseconds time) const;
 
  private:
   DesktopSupport::FileDescriptor descriptor_;
 };
 
-/// A program that this one has started. Killed at the end of its scope if it still runs.
+/// A program that this one has started. The destructor kills it if it still runs.
 class Process {
  public:
-  /// How it has ended: what `waitpid` tells, and its peak memory in bytes.
+  /// How a process ended: its status from `waitpid`, and its peak memory in bytes.
   struct End {
     int status;
     long peakMemory;
   };
 
-  /// The file that the standard error of all of them is appended to.
+  /// The file to which the standard error of all of them is appended.
   static std::filesystem::path log();
 
-  /// Starts `arguments[0]`, without input and output. Throws if that fails.
+  /// Starts `arguments[0]` without input and output. Throws if that fails.
   explicit Process(std::vector<std::string> arguments);
   Process(const Process&) = delete;
   Process& operator=(const Process&) = delete;
@@ -55,13 +55,13 @@ class Process {
   bool isOver_ = false;
 };
 
-/// Sends a signal to the process of this number, unless it has ended or doesn't run the program. Yields whether it did.
+/// Sends a signal to a process, unless it has ended or doesn't run the program. Returns whether it sent it.
 bool sendTo(pid_t process, const std::filesystem::path& program, int signal);
 
 /// The processes of this desktop that run a program.
 std::vector<pid_t> processesOf(const std::filesystem::path& program);
 
-/// Waits until no process of this desktop runs the program, but for `exception`. Yields how many still do after `time`.
+/// Waits until no process of this desktop except `exception` runs the program. Returns how many still do after `time`.
 std::size_t awaitEndOf(const std::filesystem::path& program, std::chrono::milliseconds time, pid_t exception = -1);
 
 }  // namespace Soak

@@ -17,7 +17,7 @@ double milliseconds(const Launch& launch) {
   return std::chrono::duration<double, std::milli>(launch.end - launch.begin).count();
 }
 
-/// The values in order, of which shares can be asked.
+/// The durations of the acknowledged launches, in milliseconds.
 class Times {
  public:
   explicit Times(const std::vector<Launch>& launches) {
@@ -27,7 +27,7 @@ class Times {
     std::ranges::sort(times_);
   }
 
-  /// The time in which this share of the launches was acknowledged; 0 if none was.
+  /// The duration within which this share of them was acknowledged, or 0 if there are none.
   [[nodiscard]] double of(double share) const {
     if (times_.empty())
       return 0;
@@ -43,14 +43,14 @@ std::ptrdiff_t countOf(int signal, const Outcome& outcome) {
   return std::ranges::count(outcome.strikes, signal, &Strike::signal);
 }
 
-/// Whether its own process was sent a signal.
+/// Whether the launch's own process was sent a signal.
 bool wasHit(const Launch& launch, const Outcome& outcome) {
   return std::ranges::any_of(outcome.strikes, [&](const Strike& strike) {
     return strike.process == launch.process && strike.time >= launch.begin && strike.time <= launch.end;
   });
 }
 
-/// Whether it failed right after a process was killed that the bus may have given it to.
+/// Whether the launch failed right after a process was killed to which the bus may have sent it.
 bool wasGivenToAKilled(const Launch& launch, const Outcome& outcome, const Owners* owners) {
   constexpr std::chrono::seconds rightAfter{1};
   return launch.isUnanswered && owners != nullptr && std::ranges::any_of(outcome.strikes, [&](const Strike& strike) {
@@ -111,7 +111,7 @@ double reportLaunches(Report& report, const Plan& plan, const Outcome& outcome, 
   figures << outcome.launches.size() << " launches";
   if (!outcome.strikes.empty())
     figures << " (" << countOf(SIGKILL, outcome) << " processes killed, with " << givenToKilled
-            << " calls in their hands, " << countOf(SIGTERM, outcome) << " ended)";
+            << " calls sent to them, " << countOf(SIGTERM, outcome) << " terminated)";
   if (refused > 0)
     figures << " (" << refused << " refused by the bus)";
   figures << std::fixed << std::setprecision(0) << ", p50 " << times.of(0.5) << " ms, p99 " << times.of(0.99)

@@ -10,13 +10,13 @@ namespace Soak {
 
 namespace {
 
-/// Ends the host every second for as long as this lives. Every other time it starts the next one at once; otherwise the
-/// bus does as soon as one is needed.
+/// Ends the host every second during its lifetime. Every other time it starts the next host itself; otherwise the bus
+/// does so when one is needed.
 class Restarts {
  public:
   explicit Restarts(Hosts& hosts) : hosts_(hosts), thread_([this](const std::stop_token& stop) { run(stop); }) {}
 
-  /// Ends no host any more. Yields how many it has ended.
+  /// Stops ending hosts, and returns how many it has ended.
   int stop() {
     thread_.request_stop();
     thread_.join();

@@ -6,28 +6,28 @@
 
 namespace Soak {
 
-/// What the command line asks for.
+/// Options of the command line.
 struct Settings {
-  /// How many launches a scenario makes, if not its own number.
+  /// How many launches a scenario makes instead of its own number.
   std::optional<int> launches;
 };
 
-/// Launches from a hundred processes at a time, some of which are killed or ended on their way.
+/// A hundred launches at a time, of which some are killed or terminated.
 Report launches(const Settings& settings);
 
-/// Launches while the host is restarted every second, by hand and by the bus in turn.
+/// Launches while the host is restarted every second, by the scenario and by the bus in turn.
 Report restarts(const Settings& settings);
 
 /// Launches, and one with many commands, on a bus with low limits.
 Report limits(const Settings& settings);
 
-/// Launches while another one waits for a folder on a dead network mount.
+/// Launches while another launch waits for a folder on a dead network mount.
 Report mount(const Settings& settings);
 
 /// Launches that list windows while the X server is stopped for some seconds.
 Report stopped(const Settings& settings);
 
-/// Payloads from 1 MiB to the longest that arrives, and one more: whether they arrive, and the memory that they take.
+/// Payloads from 1 MiB to the longest that can be sent, and one byte more: whether they arrive, and their memory.
 Report payloads(const Settings& settings);
 
 }  // namespace Soak

@@ -19,7 +19,7 @@ namespace {
 
 constexpr const char* launchURL = "deskloomplugin://runCommand/apps";
 
-/// The X server of the scenario, with one application on it, and who is launched from now on finds it.
+/// The X server of the scenario, with one application on it. Every process launched from now on uses it.
 class Screen {
  public:
   Screen() {
@@ -29,7 +29,7 @@ class Screen {
     manager_.list({window_});
   }
 
-  /// Keeps the server from doing anything for this time.
+  /// Stops the server for this time.
   void stopFor(std::chrono::seconds time) const {
     kill(server_.pid(), SIGSTOP);
     std::this_thread::sleep_for(time);

@@ -1,5 +1,4 @@
-// Runs one scenario on the desktop at hand and prints what it has measured: script/soak gives each a desktop of its
-// own.
+// Runs one scenario on the current desktop and prints what it measured. script/soak gives each a private desktop.
 
 #include <charconv>
 #include <cstdio>

@@ -3,10 +3,10 @@
 #include <optional>
 #include <utility>
 
+#include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/DisplayableText.h"
-#include "UpdateCheck/LinkOpener.h"
+#include "UpdateCheck/UpdateFeed.h"
 #include "UpdateCheck/UpdateNotification.h"
-#include "UpdateCheck/UpdateTexts.h"
 
 namespace UpdateCheck {
 
@@ -17,9 +17,6 @@ std::string shownVersion(const AppcastItem& item) {
 }
 
 }  // namespace
-
-UpdateChecker::UpdateChecker(const UpdateSettings& settings, const Surroundings& surroundings)
-    : settings_(settings), surroundings_(surroundings), feed_(settings, surroundings.kernelRelease) {}
 
 void UpdateChecker::run() const {
   if (const Result checked = check(); !checked)
@@ -41,7 +38,7 @@ UpdateChecker::Result UpdateChecker::checkWith(const UpdateStateFile& file) cons
   state.lastAttempt = surroundings_.now;
   if (const Result noted = file.write(state); !noted)
     return noted;
-  const auto feed = feed_.load();
+  const auto feed = loadFeed(settings_);
   if (!feed)
     return std::unexpected(feed.error());
   state.lastCheck = surroundings_.now;
@@ -52,18 +49,16 @@ UpdateChecker::Result UpdateChecker::checkWith(const UpdateStateFile& file) cons
 
 UpdateChecker::Result UpdateChecker::compareWith(std::string_view feed, const UpdateStateFile& file,
                                                  UpdateState state) const {
-  const auto found = feed_.newerItem(feed);
-  if (!found)
-    return std::unexpected(found.error());
-  const std::optional<AppcastItem>& item = *found;
+  const auto appcast = Appcast::parse(feed);
+  if (!appcast)
+    return std::unexpected("the feed cannot be read: " + appcast.error());
+  const auto item = appcast->newestAfter(settings_.version, surroundings_.kernelRelease);
   if (!item) {
     log("there is no update of " + settings_.name + ' ' + settings_.version);
     return {};
   }
   if (state.hasAnnounced(item->version.value_or("")))
     return {};
-  if (const Result verified = feed_.verify(*item); !verified)
-    return verified;
   return announce(*item, file, std::move(state));
 }
 
@@ -72,24 +67,24 @@ UpdateChecker::Result UpdateChecker::announce(const AppcastItem& item, const Upd
   auto bus = DesktopSupport::SessionBus::connect();
   if (!bus)
     return std::unexpected("the user cannot be told: " + bus.error().message);
-  const auto link = feed_.link(item);
+  const auto page = item.page();
   const UpdateTexts texts(surroundings_.strings);
   UpdateNotification notification(std::move(*bus));
   const auto shown = notification.show({.identifier = settings_.identifier,
                                         .applicationName = settings_.name,
                                         .summary = texts.summary(settings_.name),
                                         .body = texts.body(shownVersion(item)),
-                                        .button = link ? std::optional(texts.button()) : std::nullopt});
+                                        .button = page ? std::optional(texts.button()) : std::nullopt});
   if (!shown)
     return std::unexpected("the user cannot be told: " + shown.error().message);
   state.announcedVersion = item.version;
   if (const Result noted = file.write(state); !noted)
     return noted;
-  log("told the user of " + settings_.name + ' ' + shownVersion(item));
-  // Even without a link: some desktops take a notification away with the process that it came from.
-  if (!notification.awaitAnswer(patience) || !link)
+  log("told the user about " + settings_.name + ' ' + shownVersion(item));
+  // It waits even if there is no page: some desktops remove a notification when its process ends.
+  if (!notification.awaitAnswer(patience) || !page)
     return {};
-  if (const Result opened = LinkOpener::open(*link); !opened)
+  if (const Result opened = openPage(*page); !opened)
     log("could not open the page about " + settings_.name + ' ' + shownVersion(item) + ": " + opened.error());
   return {};
 }

@@ -6,40 +6,39 @@
 #include <string>
 #include <string_view>
 
-#include "DesktopSupport/Bus/SessionBus.h"
 #include "Platform/Log.h"
 #include "Platform/Strings.h"
-#include "UpdateCheck/AppcastItem.h"
-#include "UpdateCheck/UpdateFeed.h"
+#include "UpdateCheck/Appcast.h"
 #include "UpdateCheck/UpdateSettings.h"
-#include "UpdateCheck/UpdateStateFile.h"
+#include "UpdateCheck/UpdateState.h"
 
 namespace UpdateCheck {
 
-/// One check for an update, from the question whether it is time for it to the user's answer. The user is told of each
-/// version once; nothing is ever installed.
+/// One check for an update: from whether it is time for one to the user's answer. The user is told about each version
+/// once. Nothing is downloaded but the feed and its signature, and nothing is installed.
 class UpdateChecker {
  public:
-  /// How long the user has for an answer.
+  /// How long to wait for the user's answer.
   static constexpr std::chrono::seconds patience = std::chrono::hours(1);
 
-  /// What the check is given by its surroundings.
+  /// What the check needs from the system.
   struct Surroundings {
-    /// Where the states of all plug-ins lie.
+    /// The folder with the states of all plug-ins.
     std::filesystem::path stateFolder;
     std::chrono::sys_seconds now;
-    /// That of the running kernel, as uname has it.
+    /// The running kernel's release, as `uname -r` prints it.
     std::string kernelRelease;
     const Platform::Strings& strings;
     Platform::Log& log;
   };
 
-  UpdateChecker(const UpdateSettings& settings, const Surroundings& surroundings);
+  UpdateChecker(const UpdateSettings& settings, const Surroundings& surroundings)
+      : settings_(settings), surroundings_(surroundings) {}
 
-  /// Checks, and logs one line about what came of it. Nothing is logged where it isn't time yet, another check is under
-  /// way, or there is nothing that the user doesn't know. The attempt is noted before the feed is loaded, so that a
-  /// feed that can't be loaded is not asked for again at once; the check, for which the interval counts, is noted when
-  /// the feed is loaded, and a version when a notification service has taken it.
+  /// Checks, and logs the outcome in one line. Logs nothing if it is not time yet, another check is under way, or the
+  /// user already knows the newest version. Three things are noted in the state: the attempt before the feed is loaded,
+  /// so that a broken feed is not loaded again at once; the check, from which the interval counts, when the feed has
+  /// been loaded and verified; and the version when a notification service has taken the announcement.
   void run() const;
 
  private:
@@ -53,7 +52,6 @@ class UpdateChecker {
 
   const UpdateSettings& settings_;
   const Surroundings& surroundings_;
-  UpdateFeed feed_;
 };
 
 }  // namespace UpdateCheck

@@ -1,78 +1,80 @@
 #include "UpdateCheck/UpdateFeed.h"
 
-#include <utility>
+#include <cstddef>
+#include <optional>
 
-#include "UpdateCheck/Appcast.h"
-#include "UpdateCheck/PublicKey.h"
-#include "UpdateCheck/ScratchFile.h"
+#include <sodium.h>
 
 namespace UpdateCheck {
 
 namespace {
 
-using Platform::URL;
+/// The bytes, if there are exactly `size` of them. Characters in `ignored` are skipped.
+template <std::size_t size>
+std::optional<std::array<unsigned char, size>> decoded(std::string_view base64, const char* ignored) {
+  std::array<unsigned char, size> bytes = {};
+  std::size_t count = 0;
+  if (sodium_base642bin(bytes.data(), size, base64.data(), base64.size(), ignored, &count, nullptr,
+                        sodium_base64_VARIANT_ORIGINAL) != 0 ||
+      count != size)
+    return std::nullopt;
+  return bytes;
+}
 
 std::unexpected<std::string> failure(const char* subject, const std::string& reason) {
   return std::unexpected(subject + (": " + reason));
 }
 
+/// Loads the signature beside the feed, and verifies the feed's text with it.
+std::expected<void, std::string> verify(const std::string& feed, const PublicKey& key, const UpdateSettings& settings) {
+  const auto url = Platform::URL::parse(settings.feed.absoluteString() + ".sig");
+  if (!url)
+    return std::unexpected("its signature has no URL");
+  const auto signature = fetch(*url, signatureLimits, settings.userAgent());
+  if (!signature)
+    return failure("its signature cannot be loaded", signature.error());
+  return key.verify(feed, *signature);
+}
+
 }  // namespace
 
-UpdateFeed::UpdateFeed(UpdateSettings settings, std::string kernelRelease)
-    : settings_(std::move(settings)), kernelRelease_(std::move(kernelRelease)), fetcher_(settings_.userAgent()) {}
-
-std::expected<std::string, std::string> UpdateFeed::load() const {
-  auto feed = fetcher_.fetch(settings_.feed, feedLimits);
-  if (!feed)
-    return failure("the feed cannot be loaded", feed.error());
-  return feed;
+std::expected<PublicKey, std::string> PublicKey::parse(std::string_view base64) {
+  static_assert(std::tuple_size_v<Bytes> == crypto_sign_PUBLICKEYBYTES);
+  if (sodium_init() < 0)
+    return std::unexpected("libsodium does not start");
+  const auto bytes = decoded<crypto_sign_PUBLICKEYBYTES>(base64, nullptr);
+  if (!bytes)
+    return std::unexpected("PublicKey is not a key of 32 bytes in base64");
+  return PublicKey(*bytes);
 }
 
-std::expected<std::optional<AppcastItem>, std::string> UpdateFeed::newerItem(std::string_view feed) const {
-  const auto appcast = Appcast::parse(feed);
-  if (!appcast)
-    return failure("the feed cannot be read", appcast.error());
-  return appcast->newestAfter(settings_.version, kernelRelease_);
-}
-
-std::expected<void, std::string> UpdateFeed::verify(const AppcastItem& item) const {
-  if (!settings_.publicKey)
-    return {};
-  const auto verified = verifyWith(*settings_.publicKey, item);
-  if (!verified)
-    return failure("the update cannot be verified", verified.error());
+std::expected<void, std::string> PublicKey::verify(std::string_view bytes, std::string_view signature) const {
+  const auto signatureBytes = decoded<crypto_sign_BYTES>(signature, "\r\n");
+  if (!signatureBytes)
+    return std::unexpected("its signature is not one of 64 bytes in base64");
+  if (crypto_sign_verify_detached(signatureBytes->data(), reinterpret_cast<const unsigned char*>(bytes.data()),
+                                  bytes.size(), bytes_.data()) != 0)
+    return std::unexpected("its signature does not match");
   return {};
 }
 
-std::expected<void, std::string> UpdateFeed::verifyWith(const std::string& key, const AppcastItem& item) const {
-  const auto publicKey = PublicKey::parse(key);
-  if (!publicKey)
-    return std::unexpected(publicKey.error());
-  if (!item.enclosure || !item.enclosure->signature)
-    return std::unexpected("it has no signature");
-  const auto url = permittedURL(item.enclosure->url);
-  if (!url)
-    return std::unexpected("it is not at an https: URL");
-  auto file = ScratchFile::create();
-  if (!file)
-    return std::unexpected(file.error());
-  if (const auto fetched =
-          fetcher_.fetch(*url, updateLimits, [&](std::string_view piece) { return file->append(piece); });
-      !fetched)
-    return std::unexpected(fetched.error());
-  const auto contents = file->contents();
-  if (!contents)
-    return std::unexpected(contents.error());
-  return publicKey->verify(contents->bytes(), *item.enclosure->signature);
-}
-
-std::optional<URL> UpdateFeed::link(const AppcastItem& item) const {
-  return item.link ? permittedURL(*item.link) : std::nullopt;
-}
-
-std::optional<URL> UpdateFeed::permittedURL(const std::string& text) const {
-  auto url = URL::parse(text);
-  return url && settings_.permits(*url) ? url : std::nullopt;
+std::expected<std::string, std::string> loadFeed(const UpdateSettings& settings) {
+  constexpr const char* unverified = "the feed cannot be verified";
+  std::optional<PublicKey> key;
+  if (settings.publicKey) {
+    const auto parsed = PublicKey::parse(*settings.publicKey);
+    if (!parsed)
+      return failure(unverified, parsed.error());
+    key = *parsed;
+  }
+  auto feed = fetch(settings.feed, feedLimits, settings.userAgent());
+  if (!feed)
+    return failure("the feed cannot be loaded", feed.error());
+  if (!key)
+    return feed;
+  if (const auto verified = verify(*feed, *key, settings); !verified)
+    return failure(unverified, verified.error());
+  return feed;
 }
 
 }  // namespace UpdateCheck

@@ -1,48 +1,38 @@
 #pragma once
 
+#include <array>
 #include <expected>
-#include <optional>
 #include <string>
 #include <string_view>
 
-#include "Platform/Text/URL.h"
-#include "UpdateCheck/AppcastItem.h"
-#include "UpdateCheck/Fetcher.h"
+#include "UpdateCheck/Fetch.h"
 #include "UpdateCheck/UpdateSettings.h"
 
 namespace UpdateCheck {
 
-/// A plug-in's feed, and what follows from it for the version at hand.
-class UpdateFeed {
+/// The Ed25519 key that verifies a publisher's signatures.
+class PublicKey {
  public:
-  /// What the feed itself may be, and what an update.
-  static constexpr FetchLimits feedLimits = {.bytes = 1UL << 20, .total = std::chrono::seconds(30)};
-  static constexpr FetchLimits updateLimits = {.bytes = 256UL << 20, .total = std::chrono::minutes(10)};
+  /// Reads a key of 32 bytes in base64. Fails with a clause for the log if the text is anything else.
+  static std::expected<PublicKey, std::string> parse(std::string_view base64);
 
-  /// `kernelRelease` is that of the running kernel, as uname has it.
-  UpdateFeed(UpdateSettings settings, std::string kernelRelease);
-
-  /// Loads the feed's text. Fails with a clause for the log.
-  [[nodiscard]] std::expected<std::string, std::string> load() const;
-
-  /// The newest update in the text of the feed, if there is one after the version at hand. Fails with a clause for the
-  /// log if the text is no appcast.
-  [[nodiscard]] std::expected<std::optional<AppcastItem>, std::string> newerItem(std::string_view feed) const;
-
-  /// Where the settings have a key, loads what the item offers and verifies its signature; without one, does nothing.
-  /// Fails with a clause for the log.
-  [[nodiscard]] std::expected<void, std::string> verify(const AppcastItem& item) const;
-
-  /// The page about the update; none where the item has none, or one that the feed may not send the user to.
-  [[nodiscard]] std::optional<Platform::URL> link(const AppcastItem& item) const;
+  /// Verifies that `signature`, 64 bytes in base64, with or without line breaks, is the key's owner's for these bytes.
+  /// Fails with a clause for the log if it is not, or is not a signature at all.
+  [[nodiscard]] std::expected<void, std::string> verify(std::string_view bytes, std::string_view signature) const;
 
  private:
-  [[nodiscard]] std::optional<Platform::URL> permittedURL(const std::string& text) const;
-  [[nodiscard]] std::expected<void, std::string> verifyWith(const std::string& key, const AppcastItem& item) const;
+  using Bytes = std::array<unsigned char, 32>;
 
-  UpdateSettings settings_;
-  std::string kernelRelease_;
-  Fetcher fetcher_;
+  explicit PublicKey(const Bytes& bytes) : bytes_(bytes) {}
+
+  Bytes bytes_;
 };
+
+inline constexpr FetchLimits feedLimits = {.bytes = 1UL << 20, .total = std::chrono::seconds(30)};
+inline constexpr FetchLimits signatureLimits = {.bytes = 1024, .total = std::chrono::seconds(30)};
+
+/// Loads the text of the feed. If the settings have a public key, the text is verified with it: its signature is in a
+/// file beside the feed, whose URL is the feed's with ".sig" at its end. Fails with a clause for the log.
+std::expected<std::string, std::string> loadFeed(const UpdateSettings& settings);
 
 }  // namespace UpdateCheck

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
 
 namespace UpdateCheck {
@@ -16,8 +17,9 @@ using DesktopSupport::VariantHandle;
 
 constexpr const char* service = "org.freedesktop.Notifications";
 constexpr const char* objectPath = "/org/freedesktop/Notifications";
+constexpr std::chrono::seconds callTimeout{25};
 
-/// The names of the two actions come from the service's specification and from us.
+/// The service knows the action "default", a click on the notification; the other is the button's.
 GVariant* actionsFor(const std::optional<std::string>& button) {
   GVariantBuilder actions;
   g_variant_builder_init(&actions, G_VARIANT_TYPE("as"));
@@ -39,7 +41,7 @@ std::string escaped(const std::string& text) {
   return markup.get();
 }
 
-/// Sets a flag once the time is up.
+/// Sets a flag when the time is up.
 class Timer {
  public:
   Timer(std::chrono::seconds duration, bool& isUp)
@@ -60,7 +62,7 @@ class Timer {
   std::unique_ptr<GSource, DesktopSupport::ReleasedBy<g_source_unref>> source_;
 };
 
-/// Sets a flag once nobody has the service's name, or the bus is gone.
+/// Sets a flag when nobody owns the service's name, or the bus is gone.
 class OwnerWatch {
  public:
   OwnerWatch(GDBusConnection* connection, bool& isGone)
@@ -78,7 +80,35 @@ class OwnerWatch {
   guint watch_;
 };
 
+/// Null until the application has been launched, or could not be.
+using LaunchOutcome = std::optional<std::expected<void, std::string>>;
+
+void launched(GObject* /*source*/, GAsyncResult* result, gpointer data) {
+  DesktopSupport::ErrorHandle error;
+  const bool isLaunched = g_app_info_launch_default_for_uri_finish(result, Out(error)) != FALSE;
+  auto& outcome = *static_cast<LaunchOutcome*>(data);
+  outcome.emplace();
+  if (!isLaunched)
+    outcome = std::unexpected(std::string(error->message));
+}
+
 }  // namespace
+
+std::string UpdateTexts::summary(std::string_view name) const {
+  return Platform::formatted(
+      strings_.localized("An update for %@ is available", "Title of a notification; %@ is the plug-in's name"),
+      DesktopSupport::printable(name));
+}
+
+std::string UpdateTexts::body(std::string_view version) const {
+  return Platform::formatted(
+      strings_.localized("Version %@ can be downloaded.", "Text of a notification; %@ is the new version"),
+      DesktopSupport::printable(version));
+}
+
+std::string UpdateTexts::button() const {
+  return strings_.localized("Learn More", "Button of a notification; opens the web page about the update");
+}
 
 UpdateNotification::UpdateNotification(DesktopSupport::SessionBus bus)
     : bus_(std::move(bus)),
@@ -91,14 +121,8 @@ UpdateNotification::~UpdateNotification() {
 
 std::expected<VariantHandle, BusError> UpdateNotification::call(const char* method, GVariant* arguments,
                                                                 const char* replyType) const {
-  constexpr int usualTimeout = -1;
-  DesktopSupport::ErrorHandle error;
-  VariantHandle reply(g_dbus_connection_call_sync(bus_.connection(), service, objectPath, service, method, arguments,
-                                                  G_VARIANT_TYPE(replyType), G_DBUS_CALL_FLAGS_NONE, usualTimeout,
-                                                  nullptr, Out(error)));
-  if (!reply)
-    return std::unexpected(DesktopSupport::busErrorFrom(*error));
-  return reply;
+  return bus_.call({.destination = service, .path = objectPath, .interface = service, .name = method}, arguments,
+                   G_VARIANT_TYPE(replyType), callTimeout, DesktopSupport::Activation::ifNeeded);
 }
 
 bool UpdateNotification::readsMarkup() const {
@@ -125,7 +149,7 @@ std::expected<void, BusError> UpdateNotification::show(const Contents& contents)
   return {};
 }
 
-// What the service said since `show` is still waiting in the main context.
+// Signals that have come since `show` are still pending in the main context.
 bool UpdateNotification::awaitAnswer(std::chrono::seconds atMost) {
   const Timer timer(atMost, isOver_);
   const OwnerWatch watch(bus_.connection(), isOver_);
@@ -151,6 +175,14 @@ void UpdateNotification::signalled(GDBusConnection* /*connection*/, const gchar*
                                    const gchar* /*interface*/, const gchar* signal, GVariant* arguments,
                                    gpointer notification) {
   static_cast<UpdateNotification*>(notification)->handleSignal(signal, arguments);
+}
+
+std::expected<void, std::string> openPage(const Platform::URL& url) {
+  LaunchOutcome outcome;
+  g_app_info_launch_default_for_uri_async(url.absoluteString().c_str(), nullptr, nullptr, &launched, &outcome);
+  while (!outcome)
+    g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+  return *outcome;
 }
 
 }  // namespace UpdateCheck

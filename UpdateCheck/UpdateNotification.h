@@ -5,25 +5,41 @@
 #include <expected>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include <gio/gio.h>
 
 #include "DesktopSupport/Bus/SessionBus.h"
+#include "Platform/Strings.h"
+#include "Platform/Text/URL.h"
 
 namespace UpdateCheck {
 
-/// A notification on the user's desktop (org.freedesktop.Notifications) that can be answered with a click: on itself or
-/// on its one button. For the main thread alone.
+/// What the user reads about an update, in the user's language.
+class UpdateTexts {
+ public:
+  explicit UpdateTexts(const Platform::Strings& strings) : strings_(strings) {}
+
+  [[nodiscard]] std::string summary(std::string_view name) const;
+  [[nodiscard]] std::string body(std::string_view version) const;
+  [[nodiscard]] std::string button() const;
+
+ private:
+  const Platform::Strings& strings_;
+};
+
+/// A notification on the user's desktop (org.freedesktop.Notifications). The user answers it with a click on it or on
+/// its only button. For the main thread only.
 class UpdateNotification {
  public:
-  /// What it shows; plain text throughout.
+  /// What it shows. All of it is plain text.
   struct Contents {
     /// The desktop entry of the application that it comes from, and the name of its icon.
     std::string identifier;
     std::string applicationName;
     std::string summary;
     std::string body;
-    /// The button's label; without one, a click means nothing either.
+    /// The button's label. Without a button, a click on the notification is not an answer either.
     std::optional<std::string> button;
   };
 
@@ -32,11 +48,11 @@ class UpdateNotification {
   UpdateNotification& operator=(const UpdateNotification&) = delete;
   ~UpdateNotification();
 
-  /// Shows it, once. Starts the desktop's notification service if needed. Fails where there is none, or it refuses.
+  /// Shows it, once. Starts the desktop's notification service if needed. Fails if there is none, or it refuses.
   [[nodiscard]] std::expected<void, DesktopSupport::BusError> show(const Contents& contents);
 
   /// Runs the main context until the notification is answered or closed, its service is gone, or the time is up. True
-  /// where it was answered.
+  /// if it was answered.
   [[nodiscard]] bool awaitAnswer(std::chrono::seconds atMost);
 
  private:
@@ -53,5 +69,9 @@ class UpdateNotification {
   bool isAnswered_ = false;
   bool isOver_ = false;
 };
+
+/// Shows a web page to the user, in the browser. Runs the main context until the URL has been handed over. Fails with a
+/// clause for the log if no application takes it.
+std::expected<void, std::string> openPage(const Platform::URL& url);
 
 }  // namespace UpdateCheck

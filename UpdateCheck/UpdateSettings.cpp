@@ -1,9 +1,8 @@
 #include "UpdateCheck/UpdateSettings.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstdint>
-#include <system_error>
+
+#include <glib.h>
 
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/KeyFileGroup.h"
@@ -19,15 +18,10 @@ using Platform::URL;
 constexpr std::chrono::seconds usualInterval = std::chrono::days(1);
 constexpr std::chrono::seconds shortestInterval = std::chrono::hours(1);
 
-bool isLetterOrDigit(char character) {
-  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z') ||
-         (character >= '0' && character <= '9');
-}
-
-/// The identifier becomes part of a file's name.
+/// Whether the text can be part of a file's name.
 bool isIdentifier(std::string_view text) {
   const auto isAllowed = [](char character) {
-    return isLetterOrDigit(character) || std::string_view(".-_").contains(character);
+    return g_ascii_isalnum(character) || std::string_view(".-_").contains(character);
   };
   return !text.empty() && text.front() != '.' && std::ranges::all_of(text, isAllowed);
 }
@@ -41,21 +35,12 @@ std::optional<std::string> nonEmptyText(const KeyFileGroup& group, std::string_v
   return text && !text->empty() ? text : std::nullopt;
 }
 
-std::expected<bool, std::string> wantsChecks(const KeyFileGroup& updates) {
-  const auto text = updates.text("AutomaticChecks");
-  if (text && text != "true" && text != "false")
-    return std::unexpected("AutomaticChecks is neither true nor false");
-  return text != "false";
-}
-
 std::expected<std::chrono::seconds, std::string> parseInterval(const KeyFileGroup& updates, const URL& feed) {
   const auto text = updates.text("Interval");
   if (!text)
     return usualInterval;
-  std::uint32_t seconds = 0;
-  const char* const last = text->data() + text->size();
-  const auto [end, error] = std::from_chars(text->data(), last, seconds);
-  if (error != std::errc() || end != last)
+  guint64 seconds = 0;
+  if (g_ascii_string_to_unsigned(text->c_str(), 10, 0, G_MAXUINT32, &seconds, nullptr) == FALSE)
     return std::unexpected("Interval is not a number of seconds");
   const std::chrono::seconds interval(seconds);
   return hasScheme(feed, "file") ? interval : std::max(interval, shortestInterval);
@@ -71,19 +56,13 @@ std::expected<URL, std::string> parseFeed(const std::string& text) {
 }  // namespace
 
 std::expected<std::optional<UpdateSettings>, std::string> UpdateSettings::parse(std::string_view information) {
-  // A key that cannot be read would be taken for one that isn't there.
+  // Otherwise a key whose value is not UTF-8 would count as missing.
   if (!Platform::stringFromUTF8(std::string(information)))
     return std::unexpected("Info.ini is not UTF-8");
   const auto updates = KeyFileGroup::parse(information, "Updates");
   const auto feedText = updates ? nonEmptyText(*updates, "FeedURL") : std::nullopt;
   if (!feedText)
     return std::nullopt;
-  const auto isWanted = wantsChecks(*updates);
-  if (!isWanted)
-    return std::unexpected(isWanted.error());
-  if (!*isWanted)
-    return std::nullopt;
-
   const auto feed = parseFeed(*feedText);
   if (!feed)
     return std::unexpected(feed.error());
@@ -105,15 +84,11 @@ std::expected<std::optional<UpdateSettings>, std::string> UpdateSettings::parse(
                         .publicKey = updates->text("PublicKey")};
 }
 
-bool UpdateSettings::permits(const URL& url) const {
-  return hasScheme(url, "https") || (hasScheme(url, "file") && hasScheme(feed, "file"));
-}
-
 std::string UpdateSettings::userAgent() const {
   std::string text = name + '/' + version;
   std::ranges::replace_if(
       text,
-      [](char character) { return !isLetterOrDigit(character) && !std::string_view("/.-_+").contains(character); },
+      [](char character) { return !g_ascii_isalnum(character) && !std::string_view("/.-_+").contains(character); },
       '-');
   return text;
 }

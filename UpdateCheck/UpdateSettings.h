@@ -10,39 +10,36 @@
 
 namespace UpdateCheck {
 
-/// What a plug-in's bundle says about itself and its updates, in its `Info.ini`:
+/// What a plug-in's bundle says about itself and its updates, in `Info.ini`:
 ///
 ///     [Bundle]
 ///     Identifier=com.example.Plugin
-///     Name=Plugin                     (missing: the identifier)
+///     Name=Plugin                     (default: the identifier)
 ///     Version=1.0
 ///
 ///     [Updates]
 ///     FeedURL=https://example.com/appcast.xml
-///     AutomaticChecks=true            (missing: true)
-///     Interval=86400                  (seconds; missing: a day)
-///     PublicKey=<base64>              (missing: updates are announced unverified)
+///     Interval=86400                  (in seconds; default: a day)
+///     PublicKey=<base64>              (default: the feed needs no signature)
+///
+/// The group's key AutomaticChecks is read by LinuxUpdater, which starts the check.
 struct UpdateSettings {
   std::string identifier;
   std::string name;
   std::string version;
   Platform::URL feed;
-  /// The time from one check to the next. Servers are asked once an hour at most, whatever the file says; a feed on
-  /// disk as often as it says.
+  /// The time between two checks. At least an hour for a feed on a server; a feed on disk is read as often as the file
+  /// says.
   std::chrono::seconds interval;
-  /// The Ed25519 key that signs the updates, in base64, as written.
+  /// The Ed25519 key that signs the feed, in base64, as it is in the file.
   std::optional<std::string> publicKey;
 
-  /// Reads the text of an `Info.ini`. None where the bundle has no feed or doesn't want to be checked. Fails with a
-  /// clause for the log over a feed that is neither https: nor file:, a value that is none, and a bundle without a
-  /// version or an identifier of letters, digits, '.', '-' and '_'.
+  /// Reads the text of an `Info.ini`. Null if the bundle has no feed. Fails with a clause for the log if the feed is
+  /// neither https: nor file:, if the interval is not a number, or if the bundle has no version or no identifier of
+  /// letters, digits, '.', '-' and '_'.
   static std::expected<std::optional<UpdateSettings>, std::string> parse(std::string_view information);
 
-  /// Whether the feed may send the user or this program to the URL: by https always, by file: where the feed is a file
-  /// itself.
-  [[nodiscard]] bool permits(const Platform::URL& url) const;
-
-  /// "Name/Version", in the characters that may stand in a User-Agent header.
+  /// "Name/Version", in characters that are allowed in a User-Agent header.
   [[nodiscard]] std::string userAgent() const;
 };
 

@@ -1,11 +1,17 @@
 #include "UpdateCheck/UpdateState.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstddef>
 #include <cstdint>
-#include <memory>
+#include <system_error>
+#include <utility>
 
+#include <fcntl.h>
 #include <glib.h>
+#include <sys/file.h>
 
+#include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "UpdateCheck/Version.h"
 
@@ -15,8 +21,11 @@ namespace {
 
 using DesktopSupport::CharsHandle;
 using DesktopSupport::ErrorHandle;
+using DesktopSupport::FileDescriptor;
 using DesktopSupport::Out;
 using KeyFileHandle = std::unique_ptr<GKeyFile, DesktopSupport::ReleasedBy<g_key_file_unref>>;
+
+constexpr std::size_t maximumSize = 64UL * 1024;
 
 constexpr const char* group = "Updates";
 constexpr const char* lastCheckKey = "LastCheck";
@@ -38,8 +47,12 @@ void setTime(GKeyFile* file, const char* key, const Time& time) {
     g_key_file_set_int64(file, group, key, time->time_since_epoch().count());
 }
 
-bool hasGoneBy(std::chrono::seconds interval, const Time& since, std::chrono::sys_seconds now) {
+bool hasPassed(std::chrono::seconds interval, const Time& since, std::chrono::sys_seconds now) {
   return !since || *since > now || *since <= now - interval;
+}
+
+std::string problemWith(const std::filesystem::path& path, int error) {
+  return "cannot use " + path.string() + ": " + std::system_category().message(error);
 }
 
 }  // namespace
@@ -68,11 +81,41 @@ std::string UpdateState::text() const {
 }
 
 bool UpdateState::isDue(std::chrono::sys_seconds now, std::chrono::seconds interval) const {
-  return hasGoneBy(interval, lastCheck, now) && hasGoneBy(std::min(interval, retryInterval), lastAttempt, now);
+  return hasPassed(interval, lastCheck, now) && hasPassed(std::min(interval, retryInterval), lastAttempt, now);
 }
 
 bool UpdateState::hasAnnounced(std::string_view version) const {
   return announcedVersion && Version(*announcedVersion) == Version(version);
+}
+
+UpdateStateFile::UpdateStateFile(std::filesystem::path path, std::unique_ptr<FileDescriptor> lock)
+    : path_(std::move(path)), lock_(std::move(lock)) {}
+
+std::expected<std::optional<UpdateStateFile>, std::string> UpdateStateFile::lock(const std::filesystem::path& folder,
+                                                                                 const std::string& identifier) {
+  if (g_mkdir_with_parents(folder.c_str(), 0700) != 0)
+    return std::unexpected(problemWith(folder, errno));
+  const auto lockPath = folder / (identifier + ".updates.lock");
+  auto lock = std::make_unique<FileDescriptor>(open(lockPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+  if (!lock->isOpen())
+    return std::unexpected(problemWith(lockPath, errno));
+  if (flock(lock->number(), LOCK_EX | LOCK_NB) == 0)
+    return UpdateStateFile(folder / (identifier + ".updates"), std::move(lock));
+  if (errno == EWOULDBLOCK)
+    return std::nullopt;
+  return std::unexpected(problemWith(lockPath, errno));
+}
+
+UpdateState UpdateStateFile::read() const {
+  return UpdateState::parse(DesktopSupport::fileContents(path_, maximumSize).value_or(""));
+}
+
+std::expected<void, std::string> UpdateStateFile::write(const UpdateState& state) const {
+  const std::string text = state.text();
+  ErrorHandle error;
+  if (g_file_set_contents(path_.c_str(), text.data(), static_cast<gssize>(text.size()), Out(error)) == FALSE)
+    return std::unexpected(std::string(error->message));
+  return {};
 }
 
 }  // namespace UpdateCheck

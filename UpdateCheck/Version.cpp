@@ -18,7 +18,7 @@ Kind kindOf(char character) {
   return isLetter || isBeyondASCII ? Kind::letter : Kind::separator;
 }
 
-/// Takes the characters of one kind from the front of the text.
+/// Cuts off the characters at the beginning that are of one kind.
 std::string_view takeRun(std::string_view& text) {
   const Kind kind = kindOf(text.front());
   const auto end = std::ranges::find_if(text, [kind](char character) { return kindOf(character) != kind; });
@@ -55,7 +55,7 @@ Version::Version(std::string_view text) {
   }
 }
 
-// 2.0.0b1 is a pre-release of 2 as much as 2b1 is.
+// Zeros before a word are dropped, so that 2.0.0b1 and 2b1 are equivalent.
 void Version::append(Part part) {
   if (!part.isNumber)
     while (!parts_.empty() && parts_.back().isNumber && parts_.back().text.empty())

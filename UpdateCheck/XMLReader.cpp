@@ -15,7 +15,7 @@ namespace {
 
 using ParserHandle = std::unique_ptr<std::remove_pointer_t<XML_Parser>, DesktopSupport::ReleasedBy<XML_ParserFree>>;
 
-/// One document on its way from the parser to the handler.
+/// Passes on what the parser finds in one document.
 class Reading {
  public:
   explicit Reading(XMLHandler& handler) : parser_(XML_ParserCreateNS(nullptr, ' ')), handler_(handler) {
@@ -39,7 +39,7 @@ class Reading {
 
   static void started(void* data, const char* name, const char** attributes) {
     Reading& reading = from(data);
-    if (++reading.depth_ > XMLReader::maximumDepth)
+    if (++reading.depth_ > maximumXMLDepth)
       return reading.stop("it is nested too deeply");
     XMLHandler::Attributes values;
     for (const char** attribute = attributes; *attribute != nullptr; attribute += 2)
@@ -47,7 +47,7 @@ class Reading {
     reading.handler_.startElement(name, values);
   }
 
-  // The parser still ends an empty element at which it was stopped.
+  // The parser still ends an empty element that it was stopped at.
   static void ended(void* data, const char* /*name*/) {
     Reading& reading = from(data);
     --reading.depth_;
@@ -60,7 +60,7 @@ class Reading {
   }
 
   static void entityDeclared(void* data, const char* /*name*/, int /*isParameter*/, const char* /*value*/,
-                             int /*length*/, const char* /*base*/, const char* /*systemId*/, const char* /*publicId*/,
+                             int /*length*/, const char* /*base*/, const char* /*systemID*/, const char* /*publicID*/,
                              const char* /*notation*/) {
     from(data).stop("it declares entities");
   }
@@ -78,7 +78,7 @@ class Reading {
 
 }  // namespace
 
-std::expected<void, std::string> XMLReader::read(std::string_view document, XMLHandler& handler) {
+std::expected<void, std::string> readXML(std::string_view document, XMLHandler& handler) {
   if (document.size() > INT_MAX)
     return std::unexpected("it is too long");
   return Reading(handler).read(document);

@@ -1,31 +1,71 @@
 #include <chrono>
+#include <clocale>
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
+#include <utility>
 
 #include <glib.h>
+#include <libintl.h>
 #include <sys/utsname.h>
 
 #include "DesktopSupport/System/FileContents.h"
-#include "Linux/LinuxBundle.h"
-#include "Linux/LinuxLog.h"
-#include "Linux/LinuxStrings.h"
+#include "DesktopSupport/System/SystemLog.h"
+#include "Platform/Log.h"
+#include "Platform/Strings.h"
 #include "UpdateCheck/UpdateChecker.h"
 #include "UpdateCheck/UpdateSettings.h"
 
 namespace {
 
+using std::filesystem::path;
+
 constexpr const char* help =
     "Usage: update-check\n"
     "\n"
-    "Looks for an update of the plug-in in whose bundle it lies, as the bundle's Info.ini says, and tells the user.\n"
-    "Whatever goes wrong is in the log.\n"
+    "Looks for an update of the plug-in whose bundle this program is in, and tells the user if there is one. The feed is\n"
+    "named in the bundle's Info.ini. Errors are in the log.\n"
     "\n"
     "  --help     show this text\n"
     "  --version  show the version\n";
+
+class SystemLog : public Platform::Log {
+ public:
+  void write(std::string_view message) override { DesktopSupport::writeToSystemLog(message); }
+};
+
+/// The catalogues in the bundle, as the C library's gettext finds them:
+/// `locale/<language>/LC_MESSAGES/<identifier>.mo`.
+class BundleStrings : public Platform::Strings {
+ public:
+  BundleStrings(const path& bundle, std::string identifier) : domain_(std::move(identifier)) {
+    bindtextdomain(domain_.c_str(), (bundle / "locale").c_str());
+    bind_textdomain_codeset(domain_.c_str(), "UTF-8");
+  }
+
+  [[nodiscard]] std::string localized(std::string_view key, std::string_view /*comment*/) const override {
+    // The user's locale is for this text only: other messages of the libraries go into the log, which is in English.
+    const locale_t users = newlocale(LC_CTYPE_MASK | LC_MESSAGES_MASK, "", nullptr);
+    const locale_t before = uselocale(users);
+    std::string text = dgettext(domain_.c_str(), std::string(key).c_str());
+    uselocale(before);
+    if (users != nullptr)
+      freelocale(users);
+    return text;
+  }
+
+ private:
+  std::string domain_;
+};
+
+path bundleOfThisProgram() {
+  std::error_code ignored;
+  return std::filesystem::read_symlink("/proc/self/exe", ignored).parent_path();
+}
 
 std::string kernelRelease() {
   utsname facts = {};
@@ -33,19 +73,19 @@ std::string kernelRelease() {
 }
 
 void checkForUpdate() {
-  constexpr std::size_t longestInformation = 64UL * 1024;
-  Platform::Linux::LinuxLog log;
-  const Platform::Linux::LinuxBundle bundle;
-  const auto information = DesktopSupport::fileContents(bundle.path() / "Info.ini", longestInformation);
+  constexpr std::size_t maximumSize = 1UL << 20;
+  SystemLog log;
+  const path bundle = bundleOfThisProgram();
+  const auto information = DesktopSupport::fileContents(bundle / "Info.ini", maximumSize);
   const auto parsed = UpdateCheck::UpdateSettings::parse(information.value_or(""));
   if (!parsed)
     return log.write("could not check for an update: " + parsed.error());
   const std::optional<UpdateCheck::UpdateSettings>& settings = *parsed;
   if (!settings)
     return;
-  const Platform::Linux::LinuxStrings strings(bundle);
+  const BundleStrings strings(bundle, settings->identifier);
   const UpdateCheck::UpdateChecker::Surroundings surroundings = {
-      .stateFolder = std::filesystem::path(g_get_user_state_dir()) / "deskloom",
+      .stateFolder = path(g_get_user_state_dir()) / "deskloom",
       .now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()),
       .kernelRelease = kernelRelease(),
       .strings = strings,
@@ -72,6 +112,6 @@ int main(int argumentCount, char** arguments) {
   }
   const int status = argumentCount == 2 ? answer(arguments[1]) : 2;
   if (status != 0)
-    std::fputs("update-check: it takes no such arguments (see --help)\n", stderr);
+    std::fputs("update-check: unexpected arguments (see --help)\n", stderr);
   return status;
 }

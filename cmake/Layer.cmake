@@ -1,15 +1,15 @@
-# Static libraries are installed for compilers that may optimise nothing at link time, so they have the machine code as well.
+# The static libraries are installed for other projects, which may link without link-time optimisation. So they contain machine
+# code too.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   set(CMAKE_CXX_COMPILE_OPTIONS_IPO -flto=auto -ffat-lto-objects)
 endif()
 
 # deskloom_layer(NAME [FOLDERS folder...] [USES layer...] [LIBRARIES target...])
 #
-# Makes the static library NAME from all sources of the current folder and of those of its folders that FOLDERS names. USES
-# names the project's own layers that it may include, LIBRARIES the outside ones; both belong to the layer's interface. Of an
-# installed layer's interface, what pkg-config finds is linked and not included; there it is called PkgConfig::Deskloom_NAME.
-# Includes are written from the top of the tree ("Platform/Text/URL.h"), and script/check-layers holds every include against these
-# lists.
+# Makes the static library NAME from all sources in the current folder and in the subfolders after FOLDERS. The layer may include
+# the project's layers after USES and the outside libraries after LIBRARIES; both are part of its interface. An installed layer's
+# headers include no library found by pkg-config, so there these are only linked, as PkgConfig::Deskloom_NAME. Includes are written
+# from the top of the tree ("Platform/Text/URL.h"), and script/check-layers checks each include against these lists.
 function(deskloom_layer name)
   cmake_parse_arguments(LAYER "" "" "FOLDERS;USES;LIBRARIES" ${ARGN})
   set(patterns *.cpp *.h)
@@ -42,15 +42,15 @@ function(deskloom_program name)
   target_compile_definitions(${name} PRIVATE DESKLOOM_VERSION="${PROJECT_VERSION}")
   target_link_libraries(${name} PRIVATE ${PROGRAM_USES} ${PROGRAM_LIBRARIES} DeskloomWarnings)
   if(CMAKE_BUILD_TYPE STREQUAL "Release")
-    # A launch is a few milliseconds long; loading the C++ library and binding its symbols would be one of them.
+    # A launch takes a few milliseconds. Loading the C++ library and binding its symbols would take one of them.
     target_link_options(${name} PRIVATE -static-libstdc++ -static-libgcc)
   endif()
 endfunction()
 
 # deskloom_module(NAME [USES layer...])
 #
-# Makes the module NAME.so, which is loaded at run time, from the current folder's module.cpp. Only what says so is visible
-# from outside.
+# Makes the module NAME.so, which is loaded at run time, from the current folder's module.cpp. Its symbols are hidden unless they
+# are marked as visible.
 function(deskloom_module name)
   cmake_parse_arguments(MODULE "" "" "USES" ${ARGN})
   add_library(${name} MODULE module.cpp)

@@ -3,11 +3,11 @@
 #include <memory>
 #include <optional>
 
-#include "AppleScript/Application.h"
-#include "AppleScript/Running/Failure.h"
 #include "AppleScript/Running/Run.h"
-#include "AppleScript/ScriptError.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Application.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/ScriptError.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 
@@ -60,9 +60,8 @@ class Expression {
     try {
       return work();
     } catch (Failure& failure) {
-      if (failure.error.range.length == 0) {
+      if (failure.error.range.length == 0)
         failure.error.range = range_;
-      }
       throw;
     }
   }

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "AppleScript/Running/Run.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "AppleScript/Dictionary.h"
 #include "AppleScript/Expressions/Expression.h"
-#include "AppleScript/References/ElementSelector.h"
-#include "AppleScript/References/ReferenceForm.h"
+#include "AppleScript/References/ReferenceForms.h"
+#include "AppleScript/References/Selectors.h"
+#include "AppleScript/Values/Dictionary.h"
 
 namespace AppleScript {
 

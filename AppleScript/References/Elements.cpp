@@ -5,9 +5,9 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Values/BuiltInClasses.h"
-#include "AppleScript/Values/Dereference.h"
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Values/BuiltIns.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 
@@ -44,19 +44,15 @@ std::optional<Elements> Elements::in(Run& run, const Value& container, const Cla
 }
 
 std::optional<Elements::Source> Elements::sourceIn(Run& run, const Value& container, const ClassDescription& wanted) {
-  if (const auto* object = container.getIf<ObjectReference>()) {
+  if (const auto* object = container.getIf<ObjectReference>())
     return sourceInObject(run, *object, wanted);
-  }
-  if (const auto* list = container.getIf<List>()) {
+  if (const auto* list = container.getIf<List>())
     return &wanted == &BuiltInClasses::item ? *list : itemsOfClass(*list, wanted);
-  }
   const auto* text = container.getIf<Text>();
-  if (text != nullptr && isCharacters(wanted)) {
+  if (text != nullptr && isCharacters(wanted))
     return *text;
-  }
-  if (text != nullptr && isPartOfText(wanted)) {
+  if (text != nullptr && isPartOfText(wanted))
     return run.textParts().of(*text, wanted);
-  }
   return std::nullopt;
 }
 
@@ -64,32 +60,26 @@ std::optional<Elements::Source> Elements::sourceInObject(Run& run, const ObjectR
                                                          const ClassDescription& wanted) {
   const ObjectReference object{container.object == nullptr ? run.root(*container.application) : container.object,
                                container.application};
-  for (const ElementsDescription& elements : object.object->classDescription().elements) {
-    if (elements.elementClass == &wanted || sameName(elements.elementClass->name, wanted.name)) {
+  for (const ElementsDescription& elements : object.object->classDescription().elements)
+    if (elements.elementClass == &wanted || sameName(elements.elementClass->name, wanted.name))
       return OfObject{object, &elements};
-    }
-  }
   return std::nullopt;
 }
 
 std::size_t Elements::size() const {
-  if (const auto* list = std::get_if<List>(&source_)) {
+  if (const auto* list = std::get_if<List>(&source_))
     return list->size();
-  }
-  if (const auto* text = std::get_if<Text>(&source_)) {
+  if (const auto* text = std::get_if<Text>(&source_))
     return text->characterCount();
-  }
   const OfObject& elements = std::get<OfObject>(source_);
   return elements.description->count(*elements.container.object);
 }
 
 Value Elements::at(std::size_t index) const {
-  if (const auto* list = std::get_if<List>(&source_)) {
+  if (const auto* list = std::get_if<List>(&source_))
     return list->at(index);
-  }
-  if (const auto* text = std::get_if<Text>(&source_)) {
+  if (const auto* text = std::get_if<Text>(&source_))
     return text->characters(index, 1);
-  }
   const auto& [container, description] = std::get<OfObject>(source_);
   const Object& element = description->at(*container.object, index);
   return ObjectReference{ObjectPointer(container.object, &element), container.application};
@@ -101,14 +91,12 @@ Value Elements::all() const {
 
 Value Elements::range(std::size_t first, std::size_t count) const {
   const auto* text = std::get_if<Text>(&source_);
-  if (text != nullptr && class_ == &BuiltInClasses::text) {
+  if (text != nullptr && class_ == &BuiltInClasses::text)
     return text->characters(first, count);
-  }
   std::vector<Value> values;
   values.reserve(count);
-  for (std::size_t i = first; i < first + count; ++i) {
+  for (std::size_t i = first; i < first + count; ++i)
     values.push_back(at(i));
-  }
   return List(std::move(values));
 }
 

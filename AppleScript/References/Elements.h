@@ -4,9 +4,9 @@
 #include <optional>
 #include <variant>
 
-#include "AppleScript/Dictionary.h"
 #include "AppleScript/Running/Run.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

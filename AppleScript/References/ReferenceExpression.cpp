@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/SourceForm.h"
-#include "AppleScript/Values/Dereference.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 
@@ -44,29 +44,25 @@ Value ReferenceExpression::findIn(Run& run, Place place, const Value& container)
   const ReferenceForm& form = *forms_[place.form];
   const Value& within = form.looksAtReferences() ? container : dereferenced(container);
   Found found = form.find(run, within);
-  if (!found) {
+  if (!found)
     failToFind(run, place, std::move(found.error()), within);
-  }
   return *std::move(found);
 }
 
 void ReferenceExpression::failToFind(Run& run, Place place, std::string what, const Value& container) const {
-  for (std::size_t i = place.form; i > 0; --i) {
+  for (std::size_t i = place.form; i > 0; --i)
     what += " of " + forms_[i - 1]->describe(run);
-  }
   ScriptError error{.number = ErrorNumber::noSuchObject,
                     .message = "Can’t get " + what + describeOrigin(place.origin) + "."};
   const auto* object = container.getIf<ObjectReference>();
-  if (object != nullptr && object->application != nullptr) {
+  if (object != nullptr && object->application != nullptr)
     error.applicationName = object->application->name();
-  }
   throw Failure{std::move(error)};
 }
 
 std::string ReferenceExpression::describeOrigin(const Value& origin) const {
-  if (base_ != nullptr) {
+  if (base_ != nullptr)
     return " of " + shortSourceForm(origin);
-  }
   const auto* object = origin.getIf<ObjectReference>();
   const bool isObject = object != nullptr && object->object != nullptr;
   return isObject ? " of " + shortSourceForm(ObjectReference{object->object}) : "";

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "AppleScript/Expressions/Expression.h"
-#include "AppleScript/References/ReferenceForm.h"
+#include "AppleScript/References/ReferenceForms.h"
 
 namespace AppleScript {
 

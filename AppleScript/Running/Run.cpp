@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "AppleScript/Values/Coercions.h"
-#include "AppleScript/Values/DeepCopy.h"
+#include "AppleScript/Values/SharedContents.h"
 
 namespace AppleScript {
 
@@ -16,9 +16,8 @@ void Run::noteStatement(Value value) {
 }
 
 std::optional<Value> Run::takeValue() {
-  if (!lastHadValue_ || !result_) {
+  if (!lastHadValue_ || !result_)
     return std::nullopt;
-  }
   return cycles_.isNeeded() ? deepCopy(*result_) : *std::move(result_);
 }
 
@@ -44,9 +43,8 @@ void Run::setTextItemDelimiters(Value delimiters) {
 }
 
 std::size_t Run::randomIndex(std::size_t count) {
-  if (!random_) {
+  if (!random_)
     random_.emplace(std::random_device()());
-  }
   return std::uniform_int_distribution<std::size_t>(0, count - 1)(*random_);
 }
 

@@ -7,11 +7,11 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Application.h"
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Value.h"
-#include "AppleScript/Values/CycleBreaker.h"
-#include "AppleScript/Values/TextParts.h"
+#include "AppleScript/Running/TextParts.h"
+#include "AppleScript/Values/Application.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SharedContents.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Values/Utf8.h"
+#include "AppleScript/Text/UTF8.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
@@ -37,7 +37,7 @@ std::string expected(std::string_view wanted, std::string_view found) {
 }  // namespace
 
 std::vector<Token> Lexer::tokens() {
-  requireUtf8();
+  requireUTF8();
   accept(byteOrderMark);
   std::vector<Token> result;
   do {
@@ -46,9 +46,9 @@ std::vector<Token> Lexer::tokens() {
   return result;
 }
 
-void Lexer::requireUtf8() const {
-  if (const auto malformed = Utf8::firstMalformed(source_)) {
-    const std::size_t character = Utf8::count(source_.substr(0, *malformed));
+void Lexer::requireUTF8() const {
+  if (const auto malformed = UTF8::firstMalformed(source_)) {
+    const std::size_t character = UTF8::count(source_.substr(0, *malformed));
     fail(ErrorNumber::syntaxError, "The script is not UTF-8 text.", {character, 1});
   }
 }
@@ -56,25 +56,23 @@ void Lexer::requireUtf8() const {
 Token Lexer::next() {
   skipBlanks();
   const std::size_t start = character_;
-  if (atEnd()) {
+  if (atEnd())
     return {TokenKind::endOfScript, {}, rangeFrom(start)};
-  }
   const TokenKind kind = acceptLineEnd() ? TokenKind::endOfLine : scan();
-  return {kind, lexeme_, rangeFrom(start)};
+  const Keyword keyword = kind == TokenKind::word ? keywordFrom(lexeme_) : Keyword::none;
+  return {kind, lexeme_, rangeFrom(start), keyword};
 }
 
 bool Lexer::accept(std::string_view text) {
   const bool found = startsWith(text);
-  if (found) {
+  if (found)
     advance(text.size());
-  }
   return found;
 }
 
 void Lexer::advance(std::size_t bytes) {
-  for (const std::size_t end = offset_ + bytes; offset_ < end; ++offset_) {
-    character_ += Utf8::isContinuation(source_[offset_]) ? 0 : 1;
-  }
+  for (const std::size_t end = offset_ + bytes; offset_ < end; ++offset_)
+    character_ += UTF8::isContinuation(source_[offset_]) ? 0 : 1;
 }
 
 void Lexer::skipBlanks() {
@@ -103,28 +101,25 @@ void Lexer::skipNestedComment() {
   const std::size_t start = character_;
   std::size_t depth = 0;
   do {
-    if (accept("(*")) {
+    if (accept("(*"))
       ++depth;
-    } else if (accept("*)")) {
+    else if (accept("*)"))
       --depth;
-    } else if (atEnd()) {
+    else if (atEnd())
       fail(ErrorNumber::syntaxError, expected("“*)”", "end of script"), rangeFrom(start));
-    } else {
+    else
       advance(1);
-    }
   } while (depth > 0);
 }
 
 /// `¬` and the end of its line.
 bool Lexer::skipContinuation() {
-  if (!accept(continuation)) {
+  if (!accept(continuation))
     return false;
-  }
   while (accept(" ") || accept("\t")) {
   }
-  if (!atEnd() && !acceptLineEnd()) {
+  if (!atEnd() && !acceptLineEnd())
     fail(ErrorNumber::syntaxError, expected("end of line after “¬”", "something else"), {character_, 1});
-  }
   return true;
 }
 
@@ -133,16 +128,13 @@ bool Lexer::acceptLineEnd() {
 }
 
 TokenKind Lexer::scan() {
-  if (current() == '"') {
+  if (current() == '"')
     return scanText();
-  }
-  if (current() == '|') {
+  if (current() == '|')
     return scanBarredIdentifier();
-  }
   const bool startsWithPoint = current() == '.' && offset_ + 1 < source_.size() && isDigit(source_[offset_ + 1]);
-  if (isDigit(current()) || startsWithPoint) {
+  if (isDigit(current()) || startsWithPoint)
     return scanNumber();
-  }
   return isWordStart(current()) ? scanWord() : scanSymbol();
 }
 
@@ -153,16 +145,14 @@ TokenKind Lexer::scanText() {
   while (!atEnd() && current() != '"') {
     if (current() == '\\') {
       advance(1);
-      if (std::string_view("\"\\nrt").find(current()) == std::string_view::npos || atEnd()) {
+      if (std::string_view("\"\\nrt").find(current()) == std::string_view::npos || atEnd())
         fail(ErrorNumber::syntaxError, expected("“\"”", "unknown token"), {character_ - 1, 1});
-      }
     }
     advance(1);
   }
   lexeme_ = source_.substr(first, offset_ - first);
-  if (!accept("\"")) {
+  if (!accept("\""))
     fail(ErrorNumber::syntaxError, expected("“\"”", "end of script"), rangeFrom(start));
-  }
   return TokenKind::text;
 }
 
@@ -170,9 +160,8 @@ TokenKind Lexer::scanBarredIdentifier() {
   const std::size_t start = character_;
   advance(1);
   const std::size_t end = source_.find_first_of("|\r\n", offset_);
-  if (end == std::string_view::npos || source_[end] != '|') {
+  if (end == std::string_view::npos || source_[end] != '|')
     fail(ErrorNumber::syntaxError, expected("“|”", "end of line"), rangeFrom(start));
-  }
   lexeme_ = source_.substr(offset_, end - offset_);
   advance(end + 1 - offset_);
   return TokenKind::barredIdentifier;
@@ -181,9 +170,8 @@ TokenKind Lexer::scanBarredIdentifier() {
 TokenKind Lexer::scanNumber() {
   const std::size_t start = offset_;
   skipDigits();
-  if (accept(".")) {
+  if (accept("."))
     skipDigits();
-  }
   skipExponent();
   lexeme_ = source_.substr(start, offset_ - start);
   const bool isOrdinal = accept("st") || accept("nd") || accept("rd") || accept("th");
@@ -201,21 +189,18 @@ void Lexer::skipExponent() {
 }
 
 void Lexer::skipDigits() {
-  while (isDigit(current())) {
+  while (isDigit(current()))
     advance(1);
-  }
 }
 
 TokenKind Lexer::scanWord() {
   const std::size_t start = offset_;
-  while (isWordPart(current())) {
+  while (isWordPart(current()))
     advance(1);
-  }
   // "isn't" is one word; the apostrophe of "it's" begins a token of its own.
   const bool negated = source_.substr(start, offset_ - start).ends_with('n') && startsWith("'t");
-  if (negated) {
+  if (negated)
     advance(2);
-  }
   lexeme_ = source_.substr(start, offset_ - start);
   return TokenKind::word;
 }
@@ -223,12 +208,10 @@ TokenKind Lexer::scanWord() {
 TokenKind Lexer::scanSymbol() {
   const std::size_t start = offset_;
   bool known = accept(possessive);
-  for (std::size_t i = 0; i < symbols.size() && !known; ++i) {
+  for (std::size_t i = 0; i < symbols.size() && !known; ++i)
     known = accept(symbols[i]);
-  }
-  if (!known) {
+  if (!known)
     fail(ErrorNumber::syntaxError, expected("expression", "unknown token"), {character_, 1});
-  }
   lexeme_ = source_.substr(start, offset_ - start);
   return TokenKind::symbol;
 }

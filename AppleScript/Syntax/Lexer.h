@@ -1,13 +1,39 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "AppleScript/Syntax/Token.h"
+#include "AppleScript/Text/Keywords.h"
+#include "AppleScript/Values/ScriptError.h"
 
 namespace AppleScript {
+
+enum class TokenKind : std::uint8_t {
+  /// A run of letters, digits and underscores: a word of the language, of a dictionary, or an identifier.
+  word,
+  /// An identifier in bars; the lexeme is without them.
+  barredIdentifier,
+  number,
+  /// "1st", "2nd"; the lexeme is without its letters.
+  ordinal,
+  /// A text literal; the lexeme is what stands between the quotes, as written.
+  text,
+  symbol,
+  endOfLine,
+  endOfScript,
+};
+
+/// A piece of a script. The lexeme points into the source.
+struct Token {
+  TokenKind kind = TokenKind::endOfScript;
+  std::string_view lexeme;
+  SourceRange range;
+  /// `none` if this is no word.
+  Keyword keyword = Keyword::none;
+};
 
 /// Cuts a script into tokens.
 class Lexer {
@@ -20,7 +46,7 @@ class Lexer {
   [[nodiscard]] std::vector<Token> tokens();
 
  private:
-  void requireUtf8() const;
+  void requireUTF8() const;
   [[nodiscard]] Token next();
   [[nodiscard]] bool startsWith(std::string_view text) const { return source_.substr(offset_).starts_with(text); }
   [[nodiscard]] bool atEnd() const { return offset_ == source_.size(); }

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Syntax/ReservedWords.h"
+#include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 
@@ -27,6 +27,10 @@ std::string_view nameOf(TermKind kind) {
 
 }  // namespace
 
+std::size_t VariableTable::slot(std::string_view name) {
+  return slots_.try_emplace(lowerCase(name), slots_.size()).first->second;
+}
+
 ParseContext::ParseContext(std::vector<Token> tokens, ApplicationDirectory& applications)
     : tokens_(std::move(tokens)), applications_(applications) {}
 
@@ -34,9 +38,8 @@ std::optional<Term> ParseContext::findTerm(std::initializer_list<TermKind> kinds
   std::optional<Term> best = Terminology::ofLanguage().longest(tokens_, ahead, kinds);
   for (const Terminology* terminology : active_) {
     const auto term = terminology->longest(tokens_, ahead, kinds);
-    if (term && (!best || term->tokenCount >= best->tokenCount)) {
+    if (term && (!best || term->tokenCount >= best->tokenCount))
       best = term;
-    }
   }
   return best;
 }
@@ -77,42 +80,54 @@ std::string ParseContext::describeFound() const {
     default:
       break;
   }
-  if (token.kind == TokenKind::symbol || isReservedWord(token.lexeme)) {
+  if (token.kind == TokenKind::symbol || !isName(token))
     return "“" + std::string(token.lexeme) + "”";
-  }
   const auto term = findTerm(
       {TermKind::className, TermKind::pluralClassName, TermKind::property, TermKind::command, TermKind::constant});
   return term ? std::string(nameOf(term->kind)) : "identifier";
 }
 
-void ParseContext::expectWord(std::string_view word) {
-  if (!tokens_.acceptWord(word)) {
-    failExpecting("“" + std::string(word) + "”");
-  }
+void ParseContext::expectWord(Keyword word) {
+  if (!tokens_.acceptWord(word))
+    failExpecting("“" + std::string(spelling(word)) + "”");
 }
 
 void ParseContext::expectSymbol(std::string_view symbol) {
-  if (!tokens_.acceptSymbol(symbol)) {
+  if (!tokens_.acceptSymbol(symbol))
     failExpecting("“" + std::string(symbol) + "”");
-  }
 }
 
 void ParseContext::expectLineEnd() {
   const Token& found = tokens_.peek();
-  if (found.kind == TokenKind::number && tokens_.previous().kind == TokenKind::number) {
+  if (found.kind == TokenKind::number && tokens_.previous().kind == TokenKind::number)
     fail(ErrorNumber::unexpectedToken, "A number can’t go after this number.", found.range);
-  }
-  if (!tokens_.acceptLineEnd() && !tokens_.atScriptEnd()) {
+  if (!tokens_.acceptLineEnd() && !tokens_.atScriptEnd())
     failExpecting("end of line");
-  }
 }
 
 const Terminology* ParseContext::terminologyOf(Application* application) {
   auto& terminology = terminologies_[application];
-  if (terminology == nullptr) {
+  if (terminology == nullptr)
     terminology = std::make_unique<const Terminology>(*application);
-  }
   return terminology.get();
+}
+
+NestingScope::NestingScope(ParseContext& context) : context_(context) {
+  if (context_.nesting_ == maximumNesting)
+    fail(ErrorNumber::syntaxError, "Expressions and blocks nest too deeply here.", context_.tokens_.peek().range);
+  ++context_.nesting_;
+}
+
+TellScope::TellScope(ParseContext& context, Application* application)
+    : context_(context), outer_(context.active_.size()) {
+  ++context_.targets_;
+  if (application != nullptr)
+    context_.active_.push_back(context_.terminologyOf(application));
+}
+
+TellScope::~TellScope() {
+  --context_.targets_;
+  context_.active_.resize(outer_);
 }
 
 }  // namespace AppleScript

@@ -3,17 +3,28 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Application.h"
 #include "AppleScript/Syntax/Terminology.h"
 #include "AppleScript/Syntax/TokenStream.h"
-#include "AppleScript/Syntax/VariableTable.h"
+#include "AppleScript/Values/Application.h"
 
 namespace AppleScript {
+
+/// Gives each variable of a script its place.
+class VariableTable {
+ public:
+  /// The place of the variable `name`, whose case does not matter.
+  [[nodiscard]] std::size_t slot(std::string_view name);
+  [[nodiscard]] std::size_t size() const { return slots_.size(); }
+
+ private:
+  std::unordered_map<std::string, std::size_t> slots_;
+};
 
 /// What the parsers of statements, expressions and references share: the tokens, the variables, and the words that
 /// apply at the place reached.
@@ -38,7 +49,7 @@ class ParseContext {
 
   /// "Expected … but found …."
   [[noreturn]] void failExpecting(std::string_view wanted) const;
-  void expectWord(std::string_view word);
+  void expectWord(Keyword word);
   void expectSymbol(std::string_view symbol);
   void expectLineEnd();
 
@@ -60,6 +71,59 @@ class ParseContext {
   std::size_t targets_ = 0;
   std::size_t nesting_ = 0;
   const CommandDescription* command_ = nullptr;
+};
+
+/// What changes in a parse context for the time that a parser is inside something.
+
+/// One level of nesting. Throws a syntax error where that is one too many.
+class NestingScope {
+ public:
+  explicit NestingScope(ParseContext& context);
+  ~NestingScope() { --context_.nesting_; }
+  NestingScope(const NestingScope&) = delete;
+  NestingScope& operator=(const NestingScope&) = delete;
+
+ private:
+  ParseContext& context_;
+};
+
+/// The inside of a `tell` block, with the words of `application` where that is not null.
+class TellScope {
+ public:
+  TellScope(ParseContext& context, Application* application);
+  ~TellScope();
+  TellScope(const TellScope&) = delete;
+  TellScope& operator=(const TellScope&) = delete;
+
+ private:
+  ParseContext& context_;
+  std::size_t outer_;
+};
+
+/// The inside of a filter.
+class FilterScope {
+ public:
+  explicit FilterScope(ParseContext& context) : context_(context) { ++context_.targets_; }
+  ~FilterScope() { --context_.targets_; }
+  FilterScope(const FilterScope&) = delete;
+  FilterScope& operator=(const FilterScope&) = delete;
+
+ private:
+  ParseContext& context_;
+};
+
+/// The parameters of `command`, whose labels end an expression; of none, inside parentheses and braces.
+class LabelScope {
+ public:
+  LabelScope(ParseContext& context, const CommandDescription* command)
+      : context_(context), outer_(std::exchange(context.command_, command)) {}
+  ~LabelScope() { context_.command_ = outer_; }
+  LabelScope(const LabelScope&) = delete;
+  LabelScope& operator=(const LabelScope&) = delete;
+
+ private:
+  ParseContext& context_;
+  const CommandDescription* outer_;
 };
 
 }  // namespace AppleScript

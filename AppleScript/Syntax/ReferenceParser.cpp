@@ -3,11 +3,11 @@
 #include <ranges>
 #include <utility>
 
-#include "AppleScript/Expressions/ExistsExpression.h"
+#include "AppleScript/Expressions/Operations.h"
 #include "AppleScript/References/ReferenceExpression.h"
 #include "AppleScript/Syntax/ExpressionParser.h"
 #include "AppleScript/Syntax/HeadParser.h"
-#include "AppleScript/Syntax/ParseScopes.h"
+#include "AppleScript/Syntax/ParseContext.h"
 
 namespace AppleScript {
 
@@ -15,9 +15,8 @@ ExpressionPointer ReferenceParser::parse() {
   TokenStream& tokens = context_.tokens();
   const std::size_t start = tokens.position();
   ExpressionPointer reference = parseReference();
-  if (!tokens.acceptWord("exists")) {
+  if (!tokens.acceptWord(Keyword::exists))
     return reference;
-  }
   return std::make_unique<ExistsExpression>(std::move(reference), tokens.rangeSince(start));
 }
 
@@ -25,7 +24,7 @@ ExpressionPointer ReferenceParser::parseReference() {
   TokenStream& tokens = context_.tokens();
   const std::size_t start = tokens.position();
   std::vector<Part> parts;
-  if (tokens.atWord("count") && !tokens.atWord("of", 1)) {
+  if (tokens.atWord(Keyword::count) && !tokens.atWord(Keyword::of, 1)) {
     tokens.skip(1);
     parts.emplace_back().links.push_back(ReferenceHead::ofCount().link);
   }
@@ -35,9 +34,8 @@ ExpressionPointer ReferenceParser::parseReference() {
   parseFilter(parts);
   ExpressionPointer base = std::move(parts.back().base);
   std::vector<ReferenceFormPointer> forms = joined(parts);
-  if (forms.empty()) {
+  if (forms.empty())
     return base;
-  }
   return std::make_unique<ReferenceExpression>(std::move(base), std::move(forms), tokens.rangeSince(start));
 }
 
@@ -45,28 +43,24 @@ ReferenceParser::Part ReferenceParser::parsePart() {
   HeadParser heads(context_);
   ReferenceHead head = heads.parse();
   Part part{std::move(head.expression), {}};
-  if (part.base == nullptr) {
+  if (part.base == nullptr)
     part.links.push_back(std::move(head.link));
-  }
-  while (context_.tokens().acceptSymbol("'s")) {
+  while (context_.tokens().acceptSymbol("'s"))
     part.links.push_back(heads.parseMember());
-  }
   return part;
 }
 
 bool ReferenceParser::acceptOf() {
   TokenStream& tokens = context_.tokens();
-  return !context_.findLabel() && (tokens.acceptWord("of") || tokens.acceptWord("in"));
+  return !context_.findLabel() && (tokens.acceptWord(Keyword::of) || tokens.acceptWord(Keyword::in));
 }
 
 /// The elements that a filter behind these parts is meant for: those that stand next to it. Null where there are none.
 ElementForm* ReferenceParser::findFilterable(std::vector<Part>& parts) {
   for (Part& part : std::views::reverse(parts)) {
-    for (ReferenceLink& link : part.links) {
-      if (link.elements != nullptr && link.elements->invitesFilter()) {
+    for (ReferenceLink& link : part.links)
+      if (link.elements != nullptr && link.elements->invitesFilter())
         return link.elements;
-      }
-    }
   }
   return nullptr;
 }
@@ -74,7 +68,7 @@ ElementForm* ReferenceParser::findFilterable(std::vector<Part>& parts) {
 void ReferenceParser::parseFilter(std::vector<Part>& parts) {
   TokenStream& tokens = context_.tokens();
   ElementForm* elements = findFilterable(parts);
-  if (elements != nullptr && (tokens.acceptWord("whose") || tokens.acceptWord("where"))) {
+  if (elements != nullptr && (tokens.acceptWord(Keyword::whose) || tokens.acceptWord(Keyword::where))) {
     const FilterScope scope(context_);
     elements->setFilter(ExpressionParser(context_).parse());
   }

@@ -3,9 +3,9 @@
 #include <vector>
 
 #include "AppleScript/Expressions/Expression.h"
-#include "AppleScript/References/ReferenceForm.h"
+#include "AppleScript/References/ReferenceForms.h"
+#include "AppleScript/Syntax/HeadParser.h"
 #include "AppleScript/Syntax/ParseContext.h"
-#include "AppleScript/Syntax/ReferenceHead.h"
 
 namespace AppleScript {
 

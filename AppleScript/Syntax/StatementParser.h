@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "AppleScript/Expressions/Expression.h"
-#include "AppleScript/Statements/Statement.h"
+#include "AppleScript/Statements/Statements.h"
 #include "AppleScript/Syntax/ParseContext.h"
 
 namespace AppleScript {
@@ -18,7 +18,7 @@ class StatementParser {
   /// The statements up to the `end`, `else` or `on error` of the block around.
   [[nodiscard]] StatementPointer parseBlock();
   /// `end`, with `word` behind it or nothing.
-  void expectEnd(std::string_view word);
+  void expectEnd(Keyword word);
 
  private:
   [[nodiscard]] StatementPointer parseStatement();
@@ -35,6 +35,24 @@ class StatementParser {
 
   [[nodiscard]] ExpressionPointer parseTarget();
   [[nodiscard]] bool atBlockEnd();
+
+  ParseContext& context_;
+};
+
+/// Reads loops.
+class RepeatParser {
+ public:
+  explicit RepeatParser(ParseContext& context) : context_(context) {}
+
+  /// What stands behind `repeat`, up to the loop's `end`.
+  [[nodiscard]] StatementPointer parse();
+
+ private:
+  [[nodiscard]] StatementPointer parseWhile(bool expected);
+  [[nodiscard]] StatementPointer parseTimes();
+  [[nodiscard]] StatementPointer parseWith();
+  [[nodiscard]] StatementPointer parseRange(ExpressionPointer variable);
+  [[nodiscard]] StatementPointer parseBody();
 
   ParseContext& context_;
 };

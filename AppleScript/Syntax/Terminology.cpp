@@ -4,8 +4,8 @@
 #include <array>
 
 #include "AppleScript/References/BuiltInProperties.h"
-#include "AppleScript/Values/BuiltInClasses.h"
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Values/BuiltIns.h"
 
 namespace AppleScript {
 
@@ -37,18 +37,14 @@ const Terminology& Terminology::ofLanguage() {
 }
 
 Terminology::Terminology() {
-  for (const ClassDescription* description : allClasses) {
+  for (const ClassDescription* description : allClasses)
     addClass(*description, nullptr);
-  }
-  for (const auto& [phrase, meaning] : synonyms) {
+  for (const auto& [phrase, meaning] : synonyms)
     add({.kind = TermKind::className, .phrase = phrase, .classDescription = meaning});
-  }
-  for (const BuiltInProperty& property : builtInProperties()) {
+  for (const BuiltInProperty& property : builtInProperties())
     add({.kind = TermKind::property, .phrase = property.name});
-  }
-  for (const ConstantPhrase& constantPhrase : constantPhrases()) {
+  for (const ConstantPhrase& constantPhrase : constantPhrases())
     add({.kind = TermKind::constant, .phrase = constantPhrase.phrase, .constant = &constantPhrase.value});
-  }
 }
 
 Terminology::Terminology(Application& application) {
@@ -61,9 +57,8 @@ Terminology::Terminology(Application& application) {
       addProperties(*description, application);
     }
   }
-  for (const CommandDescription& command : dictionary.commands) {
+  for (const CommandDescription& command : dictionary.commands)
     add({.kind = TermKind::command, .phrase = command.name, .application = &application, .command = &command});
-  }
 }
 
 void Terminology::addClass(const ClassDescription& description, Application* application) {
@@ -78,18 +73,16 @@ void Terminology::addClass(const ClassDescription& description, Application* app
 }
 
 void Terminology::addProperties(const ClassDescription& description, Application& application) {
-  for (const PropertyDescription& property : description.properties) {
+  for (const PropertyDescription& property : description.properties)
     add({.kind = TermKind::property, .phrase = property.name, .application = &application});
-  }
 }
 
 void Terminology::add(const Term& term) {
   auto& terms = terms_[lowerCase(term.phrase.substr(0, term.phrase.find(' ')))];
   const bool known = std::ranges::any_of(
       terms, [&term](const Term& one) { return one.kind == term.kind && sameName(one.phrase, term.phrase); });
-  if (!known) {
+  if (!known)
     terms.push_back(term);
-  }
 }
 
 std::optional<Term> Terminology::longest(const TokenStream& tokens, std::size_t ahead,
@@ -97,9 +90,8 @@ std::optional<Term> Terminology::longest(const TokenStream& tokens, std::size_t 
   std::optional<Term> best;
   const Token& first = tokens.peek(ahead);
   const auto candidates = first.kind == TokenKind::word ? terms_.find(lowerCase(first.lexeme)) : terms_.end();
-  if (candidates == terms_.end()) {
+  if (candidates == terms_.end())
     return best;
-  }
   for (const Term& term : candidates->second) {
     const bool isWanted = std::ranges::find(kinds, term.kind) != kinds.end();
     const std::size_t count = isWanted ? tokens.matchPhrase(term.phrase, ahead) : 0;

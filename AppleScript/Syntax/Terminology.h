@@ -9,9 +9,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "AppleScript/Application.h"
 #include "AppleScript/Syntax/TokenStream.h"
-#include "AppleScript/Values/Constants.h"
+#include "AppleScript/Values/Application.h"
+#include "AppleScript/Values/BuiltIns.h"
 
 namespace AppleScript {
 

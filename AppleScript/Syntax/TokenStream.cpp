@@ -3,9 +3,24 @@
 #include <algorithm>
 #include <utility>
 
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Syntax/OperatorPhrases.h"
+#include "AppleScript/Text/CaseFolding.h"
 
 namespace AppleScript {
+
+namespace {
+
+bool spells(const Token& token, std::string_view part) {
+  return (token.kind == TokenKind::word || token.kind == TokenKind::symbol) && sameName(token.lexeme, part);
+}
+
+}  // namespace
+
+bool isName(const Token& token) {
+  const bool isWord =
+      token.kind == TokenKind::word && !isReserved(token.keyword) && !isReservedForOperators(token.lexeme);
+  return isWord || token.kind == TokenKind::barredIdentifier;
+}
 
 TokenStream::TokenStream(std::vector<Token> tokens) : tokens_(std::move(tokens)) {}
 
@@ -23,17 +38,12 @@ void TokenStream::skip(std::size_t count) {
   position_ = std::min(position_ + count, tokens_.size() - 1);
 }
 
-bool TokenStream::atWord(std::string_view word, std::size_t ahead) const {
-  const Token& token = peek(ahead);
-  return token.kind == TokenKind::word && sameName(token.lexeme, word);
-}
-
 bool TokenStream::atSymbol(std::string_view symbol, std::size_t ahead) const {
   const Token& token = peek(ahead);
   return token.kind == TokenKind::symbol && token.lexeme == symbol;
 }
 
-bool TokenStream::acceptWord(std::string_view word) {
+bool TokenStream::acceptWord(Keyword word) {
   const bool found = atWord(word);
   skip(found ? 1 : 0);
   return found;
@@ -54,19 +64,17 @@ bool TokenStream::acceptLineEnd() {
 std::size_t TokenStream::matchPhrase(std::string_view phrase, std::size_t ahead) const {
   std::size_t count = 0;
   while (!phrase.empty()) {
-    const std::string_view word = phrase.substr(0, phrase.find(' '));
-    if (!atWord(word, ahead + count) && !atSymbol(word, ahead + count)) {
+    const std::string_view part = phrase.substr(0, phrase.find(' '));
+    if (!spells(peek(ahead + count), part))
       return 0;
-    }
-    phrase.remove_prefix(std::min(phrase.size(), word.size() + 1));
+    phrase.remove_prefix(std::min(phrase.size(), part.size() + 1));
     ++count;
   }
   return count;
 }
 
-bool TokenStream::atLineEnd(std::size_t ahead) const {
-  const TokenKind kind = peek(ahead).kind;
-  return kind == TokenKind::endOfLine || kind == TokenKind::endOfScript;
+bool TokenStream::atLineEnd() const {
+  return peek().kind == TokenKind::endOfLine || atScriptEnd();
 }
 
 SourceRange TokenStream::rangeSince(std::size_t position) const {

@@ -5,13 +5,11 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Running/Failure.h"
-#include "AppleScript/Running/Limits.h"
-#include "AppleScript/Values/BuiltInClasses.h"
-#include "AppleScript/Values/Constants.h"
-#include "AppleScript/Values/Dereference.h"
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Values/BuiltIns.h"
+#include "AppleScript/Values/Failure.h"
 #include "AppleScript/Values/NumberText.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 
@@ -23,9 +21,8 @@ class TextJoiner {
   explicit TextJoiner(std::string_view delimiter) : delimiter_(delimiter) {}
 
   Text text(const Value& value) {
-    if (const auto* text = value.getIf<Text>()) {
+    if (const auto* text = value.getIf<Text>())
       return *text;
-    }
     add(value);
     return Text(std::move(joined_));
   }
@@ -40,29 +37,28 @@ class TextJoiner {
 };
 
 void TextJoiner::add(const Value& value) {
-  if (const auto* text = value.getIf<Text>()) {
+  if (const auto* text = value.getIf<Text>())
     joined_ += text->view();
-  } else if (const auto* integer = value.getIf<std::int64_t>()) {
+  else if (const auto* integer = value.getIf<std::int64_t>())
     joined_ += numberText(*integer);
-  } else if (const auto* real = value.getIf<double>()) {
+  else if (const auto* real = value.getIf<double>())
     joined_ += numberText(*real);
-  } else if (const auto* boolean = value.getIf<bool>()) {
+  else if (const auto* boolean = value.getIf<bool>())
     joined_ += *boolean ? "true" : "false";
-  } else if (const auto* file = value.getIf<File>()) {
+  else if (const auto* file = value.getIf<File>())
     joined_ += file->path().view();
-  } else if (const auto* list = value.getIf<List>()) {
+  else if (const auto* list = value.getIf<List>())
     add(*list);
-  } else if (const auto* name = value.getIf<ClassName>()) {
+  else if (const auto* name = value.getIf<ClassName>())
     joined_ += name->description->name;
-  } else if (const auto* constant = value.getIf<Constant>()) {
+  else if (const auto* constant = value.getIf<Constant>())
     joined_ += nameOf(*constant);
-  } else if (value.isMissing()) {
+  else if (value.isMissing())
     joined_ += "missing value";
-  } else if (value.is<ItemReference>()) {
+  else if (value.is<ItemReference>())
     add(dereferenced(value));
-  } else {
+  else
     failToCoerce(value, BuiltInClasses::text.name);
-  }
 }
 
 void TextJoiner::add(const List& list) {
@@ -79,12 +75,10 @@ const Value& onlyItem(const Value& value) {
   const Value* current = &dereferenced(value);
   std::size_t depth = 0;
   while (const auto* list = current->getIf<List>()) {
-    if (list->size() != 1) {
+    if (list->size() != 1)
       break;
-    }
-    if (++depth > maximumNesting) {
+    if (++depth > maximumNesting)
       failOfDepth();
-    }
     current = &dereferenced(list->at(0));
   }
   return *current;
@@ -92,25 +86,21 @@ const Value& onlyItem(const Value& value) {
 
 Value numberOr(const Value& value, const ClassDescription& target) {
   const Value& one = onlyItem(value);
-  if (one.is<std::int64_t>() || one.is<double>()) {
+  if (one.is<std::int64_t>() || one.is<double>())
     return one;
-  }
-  if (const auto* boolean = one.getIf<bool>()) {
+  if (const auto* boolean = one.getIf<bool>())
     return *boolean ? 1 : 0;
-  }
   const auto* text = one.getIf<Text>();
   const auto number = text == nullptr ? std::nullopt : numberFromText(text->view());
-  if (!number) {
+  if (!number)
     failToCoerce(value, target.name);
-  }
   return *number;
 }
 
 List valuesOf(const Record& record) {
   std::vector<Value> values;
-  for (std::size_t i = 0; i < record.size(); ++i) {
+  for (std::size_t i = 0; i < record.size(); ++i)
     values.push_back(record.value(i));
-  }
   return List(std::move(values));
 }
 
@@ -132,83 +122,67 @@ double toReal(const Value& value) {
 
 std::int64_t toInteger(const Value& value) {
   const Value number = numberOr(value, BuiltInClasses::integer);
-  if (const auto* integer = number.getIf<std::int64_t>()) {
+  if (const auto* integer = number.getIf<std::int64_t>())
     return *integer;
-  }
   const double rounded = std::nearbyint(*number.getIf<double>());
   // The bound itself is a power of two, so it is exact as a real; the greatest integer is not.
   constexpr double upperBound = -static_cast<double>(std::numeric_limits<std::int64_t>::min());
-  if (!(rounded >= -upperBound && rounded < upperBound)) {
+  if (!(rounded >= -upperBound && rounded < upperBound))
     failToCoerce(value, BuiltInClasses::integer.name);
-  }
   return static_cast<std::int64_t>(rounded);
 }
 
 bool toBoolean(const Value& value) {
   const Value& one = onlyItem(value);
-  if (const auto* boolean = one.getIf<bool>()) {
+  if (const auto* boolean = one.getIf<bool>())
     return *boolean;
-  }
-  if (const auto* integer = one.getIf<std::int64_t>(); integer != nullptr && (*integer == 0 || *integer == 1)) {
+  if (const auto* integer = one.getIf<std::int64_t>(); integer != nullptr && (*integer == 0 || *integer == 1))
     return *integer == 1;
-  }
   const auto* text = one.getIf<Text>();
   const bool isTrue = text != nullptr && sameName(text->view(), "true");
-  if (!isTrue && (text == nullptr || !sameName(text->view(), "false"))) {
+  if (!isTrue && (text == nullptr || !sameName(text->view(), "false")))
     failToCoerce(value, BuiltInClasses::boolean.name);
-  }
   return isTrue;
 }
 
 List toList(const Value& value) {
   const Value& whole = dereferenced(value);
-  if (const auto* list = whole.getIf<List>()) {
+  if (const auto* list = whole.getIf<List>())
     return *list;
-  }
   const auto* record = whole.getIf<Record>();
   return record != nullptr ? valuesOf(*record) : List{whole};
 }
 
 File toFile(const Value& value) {
   const Value& one = onlyItem(value);
-  if (const auto* file = one.getIf<File>()) {
+  if (const auto* file = one.getIf<File>())
     return *file;
-  }
   const auto* path = one.getIf<Text>();
-  if (path == nullptr) {
+  if (path == nullptr)
     failToCoerce(value, BuiltInClasses::alias.name);
-  }
   return File(*path);
 }
 
 Value coerce(const Value& value, const ClassDescription& target, std::string_view delimiter) {
   const Value& whole = dereferenced(value);
   const auto is = [&target](const ClassDescription& description) { return sameName(target.name, description.name); };
-  if (is(BuiltInClasses::text)) {
+  if (is(BuiltInClasses::text))
     return toText(whole, delimiter);
-  }
-  if (is(BuiltInClasses::number)) {
+  if (is(BuiltInClasses::number))
     return toNumber(whole);
-  }
-  if (is(BuiltInClasses::integer)) {
+  if (is(BuiltInClasses::integer))
     return toInteger(whole);
-  }
-  if (is(BuiltInClasses::real)) {
+  if (is(BuiltInClasses::real))
     return toReal(whole);
-  }
-  if (is(BuiltInClasses::boolean)) {
+  if (is(BuiltInClasses::boolean))
     return toBoolean(whole);
-  }
-  if (is(BuiltInClasses::list)) {
+  if (is(BuiltInClasses::list))
     return toList(whole);
-  }
-  if (is(BuiltInClasses::file) || is(BuiltInClasses::alias)) {
+  if (is(BuiltInClasses::file) || is(BuiltInClasses::alias))
     return toFile(whole);
-  }
   const Value& one = onlyItem(whole);
-  if (!isOfClass(one, target)) {
+  if (!isOfClass(one, target))
     failToCoerce(whole, target.name);
-  }
   return one;
 }
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "AppleScript/Dictionary.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Value.h"
 
 /// From one class of values to another. All of them read through references to items, and throw -1700 for what cannot
 /// be coerced, -2706 for lists that nest too deep.

@@ -1,41 +1,86 @@
 #pragma once
 
-#include <variant>
+#include <cstddef>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
-#include "AppleScript/Object.h"
-#include "AppleScript/Record.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Dictionary.h"
 
 namespace AppleScript {
 
-/// Lets go of `values`, however deep they nest, without recursion.
-void dispose(std::vector<Value>& values);
+class Value;
+struct ListItems;
 
-/// What stands behind the copies of a list.
-struct ListItems {
-  explicit ListItems(std::vector<Value> items) : values(std::move(items)) {}
-  ~ListItems() { dispose(values); }
-  ListItems(const ListItems&) = delete;
-  ListItems& operator=(const ListItems&) = delete;
+/// A list of values. Copies share their items, as variables that were set to the same list do in a script: what is
+/// changed through one shows in all.
+class List {
+ public:
+  /// A new empty list.
+  List();
+  explicit List(std::vector<Value> items);
+  List(std::initializer_list<Value> items);
 
-  std::vector<Value> values;
-  /// Whether a cycle breaker knows of it already.
-  bool mayHoldItself = false;
+  [[nodiscard]] std::size_t size() const;
+  /// The item at `index`, counted from 0 and below `size()`.
+  [[nodiscard]] const Value& at(std::size_t index) const;
+  /// All items; valid until the list changes.
+  [[nodiscard]] std::span<const Value> items() const;
+
+  /// Puts `value` in the place of the item at `index`, which must be below `size()`.
+  void set(std::size_t index, Value value);
+  void append(Value value);
+  void prepend(Value value);
+
+  /// Whether both are the same list, not merely equal ones.
+  [[nodiscard]] bool isSameAs(const List& other) const { return items_ == other.items_; }
+  /// Equal for copies that share their items, and for no others that live at the same time.
+  [[nodiscard]] const void* identity() const { return items_.get(); }
+
+ private:
+  friend class CycleBreaker;
+  std::shared_ptr<ListItems> items_;
 };
 
-/// What stands behind the copies of a record: the fields, or the object to take them from.
-struct RecordFields {
-  RecordFields(RecordLabels names, std::vector<Value> fields) : labels(std::move(names)), values(std::move(fields)) {}
-  explicit RecordFields(ObjectPointer origin) : object(std::move(origin)) {}
-  ~RecordFields() { dispose(values); }
-  RecordFields(const RecordFields&) = delete;
-  RecordFields& operator=(const RecordFields&) = delete;
+class Value;
+struct RecordFields;
 
-  ObjectPointer object;
-  RecordLabels labels;
-  std::vector<Value> values;
-  bool mayHoldItself = false;
+/// The labels of a record, in order; shared by all records that the same piece of script makes.
+using RecordLabels = std::shared_ptr<const std::vector<std::string>>;
+
+/// A record: labelled values. Labels are compared without regard to case. Copies share their fields, as variables that
+/// were set to the same record do in a script.
+class Record {
+ public:
+  /// A new record of these fields; there must be as many values as labels.
+  Record(RecordLabels labels, std::vector<Value> values);
+  /// All properties of an application's object. A property is asked for when it is first needed; one that fails is left
+  /// out.
+  explicit Record(ObjectPointer object);
+
+  [[nodiscard]] std::size_t size() const;
+  /// The label and the value of the field at `index`, counted from 0 and below `size()`.
+  [[nodiscard]] std::string_view label(std::size_t index) const;
+  [[nodiscard]] const Value& value(std::size_t index) const;
+
+  [[nodiscard]] const RecordLabels& labels() const;
+
+  /// The value of the field `label`; none where there is no such field.
+  [[nodiscard]] std::optional<Value> find(std::string_view label) const;
+  /// Puts `value` into the field `label`; false, and nothing changed, where there is no such field.
+  bool set(std::string_view label, Value value);
+
+  [[nodiscard]] bool isSameAs(const Record& other) const { return fields_ == other.fields_; }
+  /// Equal for copies that share their fields, and for no others that live at the same time.
+  [[nodiscard]] const void* identity() const { return fields_.get(); }
+
+ private:
+  friend class CycleBreaker;
+  std::shared_ptr<RecordFields> fields_;
 };
 
 }  // namespace AppleScript

@@ -56,9 +56,8 @@ std::string numberText(std::int64_t number) {
 }
 
 std::string numberText(double number) {
-  if (!std::isfinite(number)) {
+  if (!std::isfinite(number))
     return std::isnan(number) ? "NaN" : number > 0 ? "INF" : "-INF";
-  }
   return isPlain(number) ? withPoint(shortest(number, std::chars_format::fixed)) : withExponent(number);
 }
 
@@ -67,13 +66,11 @@ std::optional<Value> numberFromText(std::string_view text) {
   const bool isSigned = digits.starts_with('+') || digits.starts_with('-');
   const std::size_t first = isSigned ? 1 : 0;
   // What reads the number also takes "inf", "nan" and further signs.
-  if (first == digits.size() || (digits[first] != '.' && (digits[first] < '0' || digits[first] > '9'))) {
+  if (first == digits.size() || (digits[first] != '.' && (digits[first] < '0' || digits[first] > '9')))
     return std::nullopt;
-  }
   digits.remove_prefix(digits.starts_with('+') ? 1 : 0);
-  if (const auto integer = parsed<std::int64_t>(digits)) {
+  if (const auto integer = parsed<std::int64_t>(digits))
     return *integer;
-  }
   const auto real = parsed<double>(digits);
   return real ? std::optional<Value>(*real) : std::nullopt;
 }

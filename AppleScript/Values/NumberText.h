@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 

@@ -95,11 +95,11 @@ class HostedConfig : public ConfigProvider, public std::enable_shared_from_this<
   // The value's own conversions may throw anything.
   static ConfigValue decoded(std::string_view text, const ConfigValue& fallback) {
     try {
-      if (const auto json = decodeJSON(text))
-        return decodeStrictly<ConfigValue>(*json).value_or(fallback);
+      const auto json = decodeJSON(text);
+      return json ? decodeStrictly<ConfigValue>(*json).value_or(fallback) : fallback;
     } catch (...) {
+      return fallback;
     }
-    return fallback;
   }
 
   [[nodiscard]] std::string encodedConfig() const {

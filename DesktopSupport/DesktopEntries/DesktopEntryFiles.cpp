@@ -24,12 +24,11 @@ class Walk {
     const path real = std::filesystem::canonical(folder, error);
     if (error || !visited_.insert(real).second)
       return;
-    for (const auto& item : sortedItems(folder)) {
+    for (const auto& item : sortedItems(folder))
       if (item.path().extension() == ".desktop" && !item.is_directory(error))
         add(item.path());
       else if (item.is_directory(error))
         visit(item.path());
-    }
   }
 
   static std::vector<std::filesystem::directory_entry> sortedItems(const path& folder) {

@@ -51,12 +51,11 @@ bool isKnownEscape(char escape) {
 std::string withoutEscapes(std::string_view value) {
   std::string text;
   text.reserve(value.size());
-  for (std::size_t index = 0; index < value.size(); ++index) {
+  for (std::size_t index = 0; index < value.size(); ++index)
     if (value[index] == '\\' && index + 1 < value.size() && isKnownEscape(value[index + 1]))
       text += unescaped(value[++index]);
     else
       text += value[index];
-  }
   return text;
 }
 

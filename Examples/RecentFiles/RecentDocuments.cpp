@@ -51,13 +51,12 @@ std::vector<Entry> entries(GBookmarkFile* list) {
   gsize count = 0;
   const Strings addresses(g_bookmark_file_get_uris(list, &count));
   std::vector<Entry> entries;
-  for (const char* address : std::span(addresses.get(), count)) {
+  for (const char* address : std::span(addresses.get(), count))
     if (g_bookmark_file_get_is_private(list, address, nullptr) == FALSE)
       entries.push_back({timeOfUse(list, address),
                          {.address = address,
                           .title = text(g_bookmark_file_get_title(list, address, nullptr)),
                           .mimeType = text(g_bookmark_file_get_mime_type(list, address, nullptr))}});
-  }
   return entries;
 }
 

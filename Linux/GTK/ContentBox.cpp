@@ -2,7 +2,7 @@
 
 #include "Linux/GTK/Controls.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -24,7 +24,7 @@ GtkWidget* makeLabel(const std::string& text) {
 
 /// Makes an element's widget.
 struct MakeWidget {
-  GtkWidget* operator()(const Picture& picture) const {
+  GtkWidget* operator()(const Platform::Picture& picture) const {
     GtkWidget* image = gtk_image_new_from_file(picture.file.c_str());
     gtk_image_set_pixel_size(GTK_IMAGE(image), pictureSize);
     gtk_accessible_update_property(GTK_ACCESSIBLE(image), GTK_ACCESSIBLE_PROPERTY_LABEL, picture.description.c_str(),
@@ -32,32 +32,32 @@ struct MakeWidget {
     return image;
   }
 
-  GtkWidget* operator()(const Heading& heading) const {
+  GtkWidget* operator()(const Platform::Heading& heading) const {
     GtkWidget* label = makeLabel(heading.text);
     gtk_widget_add_css_class(label, "title-3");
     return label;
   }
 
-  GtkWidget* operator()(const Text& text) const { return makeLabel(text.text); }
+  GtkWidget* operator()(const Platform::Text& text) const { return makeLabel(text.text); }
 
-  GtkWidget* operator()(const Link& link) const {
+  GtkWidget* operator()(const Platform::Link& link) const {
     return gtk_link_button_new_with_label(link.url.absoluteString().c_str(), link.text.c_str());
   }
 
-  GtkWidget* operator()(const NumberField& field) const { return makeNumberRow(field); }
-  GtkWidget* operator()(const Choice& choice) const { return makeChoiceRow(choice); }
+  GtkWidget* operator()(const Platform::NumberField& field) const { return makeNumberRow(field); }
+  GtkWidget* operator()(const Platform::Choice& choice) const { return makeChoiceRow(choice); }
 };
 
 }  // namespace
 
-GtkWidget* makeContentBox(const WindowContent& content) {
+GtkWidget* makeContentBox(const Platform::WindowContent& content) {
   GtkWidget* box = gtk_box_new(GTK_ORIENTATION_VERTICAL, spacing);
   gtk_widget_set_size_request(box, narrowest, -1);
   gtk_widget_set_margin_top(box, margin);
   gtk_widget_set_margin_bottom(box, margin);
   gtk_widget_set_margin_start(box, margin);
   gtk_widget_set_margin_end(box, margin);
-  for (const WindowElement& element : content.elements)
+  for (const Platform::WindowElement& element : content.elements)
     gtk_box_append(GTK_BOX(box), std::visit(MakeWidget(), element));
   return box;
 }
@@ -78,4 +78,4 @@ void closeOnEscape(GtkWindow* window) {
   gtk_widget_add_controller(GTK_WIDGET(window), shortcuts);
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -4,10 +4,10 @@
 
 #include "Platform/WindowContent.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Widgets for the elements of a window's content, from top to bottom in one box.
-GtkWidget* makeContentBox(const WindowContent& content);
+GtkWidget* makeContentBox(const Platform::WindowContent& content);
 
 /// Gives the keyboard to the first control in the window's box, or where there is none to the box itself; else its
 /// first text would have it, with a cursor in it.
@@ -16,4 +16,4 @@ void giveInitialFocus(GtkWindow* window, GtkWidget* box);
 /// Makes Escape close the window as the window manager's close button does.
 void closeOnEscape(GtkWindow* window);
 
-}  // namespace Platform::Linux
+}  // namespace Linux

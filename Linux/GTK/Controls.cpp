@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -41,7 +41,7 @@ GtkWidget* makeRow(const std::string& text, GtkWidget* control) {
 
 }  // namespace
 
-GtkWidget* makeNumberRow(const NumberField& field) {
+GtkWidget* makeNumberRow(const Platform::NumberField& field) {
   constexpr double step = 1;
   // A range of one number is none to the toolkit's constructor.
   GtkAdjustment* range = gtk_adjustment_new(field.nearest(field.value), field.minimum,
@@ -53,7 +53,7 @@ GtkWidget* makeNumberRow(const NumberField& field) {
   return makeRow(field.label, button);
 }
 
-GtkWidget* makeChoiceRow(const Choice& choice) {
+GtkWidget* makeChoiceRow(const Platform::Choice& choice) {
   GtkStringList* options = gtk_string_list_new(nullptr);
   for (const std::string& option : choice.options)
     gtk_string_list_append(options, option.c_str());
@@ -64,4 +64,4 @@ GtkWidget* makeChoiceRow(const Choice& choice) {
   return makeRow(choice.label, list);
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -4,12 +4,12 @@
 
 #include "Platform/WindowContent.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// A row with the field's label and, beside it, the number to type or to change step by step.
-GtkWidget* makeNumberRow(const NumberField& field);
+GtkWidget* makeNumberRow(const Platform::NumberField& field);
 
 /// A row with the choice's label and, beside it, a list of its options that drops down.
-GtkWidget* makeChoiceRow(const Choice& choice);
+GtkWidget* makeChoiceRow(const Platform::Choice& choice);
 
-}  // namespace Platform::Linux
+}  // namespace Linux

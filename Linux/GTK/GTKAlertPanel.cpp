@@ -4,18 +4,19 @@
 #include "Linux/GTK/ContentBox.h"
 #include "Linux/GTK/WindowPlacement.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
 // The texts may be of somebody else, such as the host.
-WindowContent contentOf(const Alert& alert, const WindowToolkitOptions& application) {
-  WindowContent content{.title = application.applicationName};
+Platform::WindowContent contentOf(const Platform::Alert& alert, const WindowToolkitOptions& application) {
+  Platform::WindowContent content{.title = application.applicationName};
   if (!application.icon.empty())
-    content.elements.emplace_back(Picture{.file = application.icon, .description = application.applicationName});
-  content.elements.emplace_back(Heading{DesktopSupport::printableLines(alert.messageText)});
+    content.elements.emplace_back(
+        Platform::Picture{.file = application.icon, .description = application.applicationName});
+  content.elements.emplace_back(Platform::Heading{DesktopSupport::printableLines(alert.messageText)});
   if (!alert.informativeText.empty())
-    content.elements.emplace_back(Text{DesktopSupport::printableLines(alert.informativeText)});
+    content.elements.emplace_back(Platform::Text{DesktopSupport::printableLines(alert.informativeText)});
   return content;
 }
 
@@ -26,7 +27,7 @@ GtkWidget* makeAlertWindow() {
 
 }  // namespace
 
-GTKAlertPanel::GTKAlertPanel(const Alert& alert, const WindowToolkitOptions& application)
+GTKAlertPanel::GTKAlertPanel(const Platform::Alert& alert, const WindowToolkitOptions& application)
     : window_(ownedWindow(makeAlertWindow())) {
   gtk_window_set_title(window_.get(), application.applicationName.c_str());
   GtkWidget* box = makeContentBox(contentOf(alert, application));
@@ -41,7 +42,7 @@ GTKAlertPanel::GTKAlertPanel(const Alert& alert, const WindowToolkitOptions& app
   orderFront(window_.get());
 }
 
-GtkWidget* GTKAlertPanel::makeButtons(const Alert& alert) {
+GtkWidget* GTKAlertPanel::makeButtons(const Platform::Alert& alert) {
   constexpr int spacing = 8;
   GtkWidget* row = gtk_box_new(GTK_ORIENTATION_HORIZONTAL, spacing);
   gtk_box_set_homogeneous(GTK_BOX(row), TRUE);
@@ -61,4 +62,4 @@ gboolean GTKAlertPanel::dismiss(gpointer /*sender*/, gpointer panel) {
   return isHandled;
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -4,7 +4,7 @@
 
 #include "DesktopSupport/System/GLibHandles.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Owns a toplevel window: destroys it at the end of its scope. One that the toolkit has destroyed meanwhile is only
 /// let go of.
@@ -24,4 +24,4 @@ inline WindowHandle ownedWindow(GtkWidget* window) {
   return WindowHandle(GTK_WINDOW(g_object_ref(window)));
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -8,7 +8,7 @@
 #include "Linux/GTK/GTKAlertPanel.h"
 #include "Linux/GTK/GTKWindow.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 WindowToolkit* GTKToolkit::open(const WindowToolkitOptions& options) {
   // Only what texts need: the application's numbers are written as they are everywhere.
@@ -27,12 +27,12 @@ WindowToolkit* GTKToolkit::open(const WindowToolkitOptions& options) {
 
 GTKToolkit::GTKToolkit(WindowToolkitOptions application) : application_(std::move(application)) {}
 
-std::unique_ptr<AlertPanel> GTKToolkit::showAlert(const Alert& alert) {
+std::unique_ptr<AlertPanel> GTKToolkit::showAlert(const Platform::Alert& alert) {
   return std::make_unique<GTKAlertPanel>(alert, application_);
 }
 
-std::unique_ptr<Window> GTKToolkit::makeWindow(const WindowContent& content) {
+std::unique_ptr<Platform::Window> GTKToolkit::makeWindow(const Platform::WindowContent& content) {
   return std::make_unique<GTKWindow>(content);
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -2,7 +2,7 @@
 
 #include "Linux/WindowToolkit.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// The toolkit on GTK, in the user's theme and language, on X11 and Wayland.
 class GTKToolkit : public WindowToolkit {
@@ -10,8 +10,8 @@ class GTKToolkit : public WindowToolkit {
   /// The toolkit on the display that the environment names; null where it cannot be opened.
   static WindowToolkit* open(const WindowToolkitOptions& options);
 
-  std::unique_ptr<AlertPanel> showAlert(const Alert& alert) override;
-  std::unique_ptr<Window> makeWindow(const WindowContent& content) override;
+  std::unique_ptr<AlertPanel> showAlert(const Platform::Alert& alert) override;
+  std::unique_ptr<Platform::Window> makeWindow(const Platform::WindowContent& content) override;
 
  private:
   explicit GTKToolkit(WindowToolkitOptions application);
@@ -19,4 +19,4 @@ class GTKToolkit : public WindowToolkit {
   WindowToolkitOptions application_;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -3,9 +3,9 @@
 #include "Linux/GTK/ContentBox.h"
 #include "Linux/GTK/WindowPlacement.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
-GTKWindow::GTKWindow(const WindowContent& content) : window_(ownedWindow(gtk_window_new())) {
+GTKWindow::GTKWindow(const Platform::WindowContent& content) : window_(ownedWindow(gtk_window_new())) {
   gtk_window_set_title(window_.get(), content.title.c_str());
   gtk_window_set_resizable(window_.get(), FALSE);
   GtkWidget* box = makeContentBox(content);
@@ -17,7 +17,7 @@ GTKWindow::GTKWindow(const WindowContent& content) : window_(ownedWindow(gtk_win
 
 void GTKWindow::setLevel(int level) {
   level_ = level;
-  keepAbove(window_.get(), level > normalWindowLevel);
+  keepAbove(window_.get(), level > Platform::normalWindowLevel);
 }
 
 void GTKWindow::makeKeyAndOrderFront() {
@@ -36,4 +36,4 @@ gboolean GTKWindow::closeRequested(GtkWindow* /*window*/, gpointer self) {
   return isHandled;
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -3,12 +3,12 @@
 #include "Linux/GTK/GTKHandles.h"
 #include "Platform/Windows.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// A window of the user's theme. Escape closes it as the window manager's close button does.
-class GTKWindow : public Window {
+class GTKWindow : public Platform::Window {
  public:
-  explicit GTKWindow(const WindowContent& content);
+  explicit GTKWindow(const Platform::WindowContent& content);
 
   void setLevel(int level) override;
   [[nodiscard]] int level() const override { return level_; }
@@ -19,7 +19,7 @@ class GTKWindow : public Window {
   static gboolean closeRequested(GtkWindow* window, gpointer self);
 
   WindowHandle window_;
-  int level_ = normalWindowLevel;
+  int level_ = Platform::normalWindowLevel;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -2,7 +2,7 @@
 
 #include <gdk/x11/gdkx.h>
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -59,4 +59,4 @@ void orderFront(GtkWindow* window) {
   gtk_window_present_with_time(window, isOnX11(window) ? gdk_x11_get_server_time(surfaceOf(window)) : GDK_CURRENT_TIME);
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -1,6 +1,6 @@
 #include "Linux/GTK/GTKToolkit.h"
 
-extern "C" __attribute__((visibility("default"))) Platform::Linux::WindowToolkit* deskloomOpenWindowToolkit(
-    const Platform::Linux::WindowToolkitOptions& options) {
-  return Platform::Linux::GTKToolkit::open(options);
+extern "C" __attribute__((visibility("default"))) Linux::WindowToolkit* deskloomOpenWindowToolkit(
+    const Linux::WindowToolkitOptions& options) {
+  return Linux::GTKToolkit::open(options);
 }

@@ -9,7 +9,7 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -74,4 +74,4 @@ gboolean AbortNotice::abortBegan(gint /*descriptor*/, GIOCondition /*condition*/
   return G_SOURCE_REMOVE;
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -5,7 +5,7 @@
 #include <glib.h>
 #include <pthread.h>
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Lets the thread of a context do something before this process aborts, wherever it does so. There can be one such
 /// object at a time.
@@ -27,4 +27,4 @@ class AbortNotice {
   GSource* source_ = nullptr;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

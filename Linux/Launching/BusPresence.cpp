@@ -6,7 +6,7 @@
 #include "DesktopSupport/System/GLibHandles.h"
 #include "Linux/Launching/LaunchCall.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -104,4 +104,4 @@ void BusPresence::methodCalled(GDBusConnection* /*connection*/, const gchar* /*s
     static_cast<BusPresence*>(self)->takeLaunch_(std::move(launch));
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

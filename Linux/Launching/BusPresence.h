@@ -9,7 +9,7 @@
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "Linux/Launching/Launch.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// The application on the session bus: the owner of its name, and the object at which org.freedesktop.Application
 /// delivers.
@@ -59,4 +59,4 @@ class BusPresence {
   bool mayOwnName_ = false;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

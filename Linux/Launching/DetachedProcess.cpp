@@ -4,7 +4,7 @@
 #include <spawn.h>
 #include <unistd.h>
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -54,4 +54,4 @@ std::expected<pid_t, int> startDetached(std::string program, std::vector<std::st
   return DetachedSpawn(standardInput).start(program.c_str(), texts.data());
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -6,7 +6,7 @@
 
 #include <sys/types.h>
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Starts a program in a session of its own and with its standard streams at /dev/null, so that it outlives this
 /// process and shares nothing with it. `program` is a path; standard input can be another open file. Yields the process
@@ -14,4 +14,4 @@ namespace Platform::Linux {
 std::expected<pid_t, int> startDetached(std::string program, std::vector<std::string> arguments = {},
                                         int standardInput = -1);
 
-}  // namespace Platform::Linux
+}  // namespace Linux

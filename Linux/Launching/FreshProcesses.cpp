@@ -15,7 +15,7 @@
 #include "Linux/Launching/DetachedProcess.h"
 #include "Linux/Launching/LaunchURLStream.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -99,7 +99,7 @@ class FreshProcesses::Process {
   GSource* limit_;
 };
 
-FreshProcesses::FreshProcesses(GMainContext* context, Log& log) : context_(context), log_(log) {}
+FreshProcesses::FreshProcesses(GMainContext* context, Platform::Log& log) : context_(context), log_(log) {}
 
 FreshProcesses::~FreshProcesses() = default;
 
@@ -138,4 +138,4 @@ void FreshProcesses::remove(const Process* process) {
   startWaiting();
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -13,7 +13,7 @@
 #include "Linux/Launching/Launch.h"
 #include "Platform/Log.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Processes of this application that do launches which this one can't: each is the running executable anew, in a
 /// session of its own. Some at a time, so that a thousand launches don't make a thousand processes at once; the others
@@ -26,7 +26,7 @@ class FreshProcesses {
   static constexpr std::chrono::milliseconds longestLaunch{2500};
 
   /// Logs what could not be started.
-  FreshProcesses(GMainContext* context, Log& log);
+  FreshProcesses(GMainContext* context, Platform::Log& log);
   FreshProcesses(const FreshProcesses&) = delete;
   FreshProcesses& operator=(const FreshProcesses&) = delete;
   ~FreshProcesses();
@@ -46,9 +46,9 @@ class FreshProcesses {
   void remove(const Process* process);
 
   GMainContext* context_;
-  Log& log_;
+  Platform::Log& log_;
   std::deque<std::vector<Launch>> waiting_;
   std::vector<std::unique_ptr<Process>> underWay_;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

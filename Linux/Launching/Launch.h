@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Who asked for launches, by the bus, and waits to hear that they are in good hands. Whoever lets go of the last
 /// reference accepts. May be called on any thread; the first word counts.
@@ -33,4 +33,4 @@ struct Launch {
   std::shared_ptr<LaunchCaller> caller = nullptr;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

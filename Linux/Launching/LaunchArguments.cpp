@@ -1,6 +1,6 @@
 #include "Linux/Launching/LaunchArguments.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 std::expected<LaunchArguments, std::string> LaunchArguments::parse(const std::vector<std::string>& arguments) {
   LaunchArguments parsed;
@@ -25,4 +25,4 @@ std::expected<LaunchArguments, std::string> LaunchArguments::parse(const std::ve
   return parsed;
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

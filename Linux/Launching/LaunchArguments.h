@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// What the process was asked for on its command line.
 struct LaunchArguments {
@@ -22,4 +22,4 @@ struct LaunchArguments {
   static std::expected<LaunchArguments, std::string> parse(const std::vector<std::string>& arguments);
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

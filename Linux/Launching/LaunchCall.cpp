@@ -8,7 +8,7 @@
 
 #include "DesktopSupport/System/GLibHandles.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -96,4 +96,4 @@ GVariant* dataWithDeadline(Launch::Clock::time_point beginBy) {
   return g_variant_builder_end(&data);
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -6,7 +6,7 @@
 
 #include "Linux/Launching/Launch.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// How long a launch that came by the bus waits for the main thread: one that is busy for longer may be so for minutes.
 inline constexpr std::chrono::milliseconds longestWait{500};
@@ -19,4 +19,4 @@ std::vector<Launch> launchesOf(GDBusMethodInvocation* invocation, Launch::Clock:
 /// time that it is in good hands: until when the launch has to begin. Floating; of type a{sv}.
 GVariant* dataWithDeadline(Launch::Clock::time_point beginBy);
 
-}  // namespace Platform::Linux
+}  // namespace Linux

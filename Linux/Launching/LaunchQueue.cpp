@@ -4,7 +4,7 @@
 #include <iterator>
 #include <utility>
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -83,4 +83,4 @@ std::optional<LaunchQueue::TimePoint> LaunchQueue::nextDeadline() const {
   return next;
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -7,7 +7,7 @@
 
 #include "Linux/Launching/Launch.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// The launches that wait for the main thread, which takes one at a time. May be used on any thread.
 class LaunchQueue {
@@ -54,4 +54,4 @@ class LaunchQueue {
   bool isStuck_ = false;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -4,7 +4,7 @@
 #include <future>
 #include <utility>
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -37,7 +37,7 @@ gint64 readyTime(Launch::Clock::time_point time) {
 
 }  // namespace
 
-LaunchService::LaunchService(LaunchQueue& queue, std::function<void()> wakeMainThread, Log& log)
+LaunchService::LaunchService(LaunchQueue& queue, std::function<void()> wakeMainThread, Platform::Log& log)
     : queue_(queue),
       wakeMainThread_(std::move(wakeMainThread)),
       freshProcesses_(context_.get(), log),
@@ -128,14 +128,13 @@ void LaunchService::receiveAll() {
 
 void LaunchService::passOn(std::vector<Launch> launches) {
   std::vector<Launch> ofTheCommandLine;
-  for (Launch& launch : launches) {
+  for (Launch& launch : launches)
     if (launch.caller && launch.caller->helpsItself())
       launch.caller->refuse("The application is busy.");
     else if (launch.caller)
       freshProcesses_.start({std::move(launch)});
     else
       ofTheCommandLine.push_back(std::move(launch));
-  }
   if (!ofTheCommandLine.empty())
     freshProcesses_.start(std::move(ofTheCommandLine));
 }
@@ -178,4 +177,4 @@ gboolean LaunchService::timeForNameCame(gpointer self) {
   return G_SOURCE_REMOVE;
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

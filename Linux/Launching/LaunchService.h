@@ -18,7 +18,7 @@
 #include "Linux/Launching/LaunchQueue.h"
 #include "Platform/Log.h"
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Sees to it that each launch which comes by the bus is done, whatever the main thread is busy with: a thread of its
 /// own takes it, offers it to the main thread, and gives it to a fresh process if the main thread does not begin with
@@ -33,7 +33,7 @@ class LaunchService {
 
   /// Offers the launches to the main thread in `queue`. After each one `wakeMainThread` is called, on the service's
   /// thread.
-  LaunchService(LaunchQueue& queue, std::function<void()> wakeMainThread, Log& log);
+  LaunchService(LaunchQueue& queue, std::function<void()> wakeMainThread, Platform::Log& log);
   LaunchService(const LaunchService&) = delete;
   LaunchService& operator=(const LaunchService&) = delete;
   /// Passes on what has come meanwhile.
@@ -84,4 +84,4 @@ class LaunchService {
   std::unique_ptr<AbortNotice> abortNotice_;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -7,7 +7,7 @@
 
 #include <unistd.h>
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -54,4 +54,4 @@ std::expected<std::vector<std::string>, int> readLaunchURLs(int file) {
   return separated(bytes);
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Launch URLs as bytes, each ended by a NUL: the form in which one process leaves them to another, since an argument
 /// of a process is limited in length. Both operations take an open file and fail with an error number.
@@ -15,4 +15,4 @@ std::expected<void, int> writeLaunchURLs(int file, const std::vector<std::string
 /// Reads to the end of the file; the last URL may lack its NUL. Fails with EFBIG over more than 256 MiB.
 std::expected<std::vector<std::string>, int> readLaunchURLs(int file);
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -10,7 +10,7 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
-namespace Platform::Linux {
+namespace Linux {
 
 namespace {
 
@@ -74,4 +74,4 @@ gboolean TerminationSignals::signalCame(gint /*descriptor*/, GIOCondition /*cond
   return G_SOURCE_REMOVE;
 }
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -4,7 +4,7 @@
 
 #include <glib.h>
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Takes SIGTERM and SIGHUP, by which a session ends, for a request to terminate: the first of them is told to the main
 /// context, another one ends the process at once. A signal that the process was started to ignore stays ignored. There
@@ -25,4 +25,4 @@ class TerminationSignals {
   guint source_ = 0;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

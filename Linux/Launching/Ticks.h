@@ -2,7 +2,7 @@
 
 #include <glib.h>
 
-namespace Platform::Linux {
+namespace Linux {
 
 /// Has the default main context return to whoever runs it, once a second.
 class Ticks {
@@ -16,4 +16,4 @@ class Ticks {
   guint source_;
 };
 
-}  // namespace Platform::Linux
+}  // namespace Linux

@@ -40,10 +40,9 @@ std::optional<char> escapedByte(std::string_view escape) {
 
 std::string percentEncodedPath(std::string_view text) {
   std::size_t length = text.size();
-  for (const char character : text) {
+  for (const char character : text)
     if (!pathAllowed[static_cast<unsigned char>(character)])
       length += 2;
-  }
   std::string encoded(length, '\0');
   auto end = encoded.begin();
   for (const char character : text) {

@@ -12,7 +12,7 @@
 #include "BrowserSessions/LongAddresses.h"
 #include "DesktopSupport/System/SystemLog.h"
 #include "DesktopSupport/Windows/X11/WindowReader.h"
-#include "ScriptableApps/Common/ApplicationError.h"
+#include "ScriptableApps/Errors/ApplicationErrors.h"
 
 namespace ScriptableApps {
 
@@ -22,7 +22,7 @@ using BrowserSessions::SessionReading;
 using DesktopSupport::Window;
 using DesktopSupport::WindowList;
 
-// The processes that show windows, the topmost first.
+// The processes that show windows, in the order of their topmost windows.
 std::vector<pid_t> windowProcesses(const WindowList& list) {
   std::unordered_map<DesktopSupport::WindowId, pid_t> owners;
   for (const Window& window : list.windows)
@@ -36,7 +36,7 @@ std::vector<pid_t> windowProcesses(const WindowList& list) {
   return processes;
 }
 
-// The titles of the windows of a process that are no dialogs.
+// The titles of the windows of a process, without dialogs.
 std::vector<std::string> windowTitles(const WindowList& list, std::optional<pid_t> process) {
   std::vector<std::string> titles;
   for (const Window& window : list.windows)
@@ -45,8 +45,8 @@ std::vector<std::string> windowTitles(const WindowList& list, std::optional<pid_
   return titles;
 }
 
-// By the place of the process among those that show windows, 0 for the one in front; browsers without a window come
-// last, in the order that they have.
+// Each browser with the place of its process among those that show windows, 0 for the one in front. Browsers without
+// windows come last and keep their order.
 using BrowsersByPlace = std::multimap<std::ptrdiff_t, RunningBrowser>;
 
 BrowsersByPlace sortedByPlace(std::vector<RunningBrowser> browsers, const std::vector<pid_t>& processes) {
@@ -58,7 +58,7 @@ BrowsersByPlace sortedByPlace(std::vector<RunningBrowser> browsers, const std::v
   return sorted;
 }
 
-// What the browsers have open, taken together. Fails where nothing could be read of any of them.
+// What all browsers together have open. Fails if none of them could be read.
 std::expected<SessionReading, std::string> joinedReading(const BrowsersByPlace& browsers, const WindowList& windows) {
   SessionReading all;
   bool isAnyRead = false;
@@ -79,7 +79,7 @@ std::expected<SessionReading, std::string> joinedReading(const BrowsersByPlace& 
 }  // namespace
 
 AppleScript::Result<AppleScript::ObjectPointer> BrowserApplication::open() {
-  // There are no windows if there is no X server that tells.
+  // Without an X server, no windows are known.
   const WindowList windows = DesktopSupport::readWindows().value_or(WindowList());
   const auto processes = windowProcesses(windows);
   auto browsers = runningBrowsers(processes);

@@ -5,15 +5,13 @@
 #include <string>
 #include <vector>
 
-#include "AppleScript/Dictionary.h"
-#include "AppleScript/Object.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Value.h"
 #include "BrowserSessions/BrowserSession.h"
 
 namespace ScriptableApps {
 
-/// The classes of a browser's objects. Browsers call some things by names of their own; what is behind them is the
-/// same.
+/// The classes of a browser's objects. Some properties have a different name in each browser's dictionary.
 struct BrowserClasses {
   const AppleScript::ClassDescription* application;
   const AppleScript::ClassDescription* window;
@@ -26,9 +24,9 @@ class BrowserTabObject : public AppleScript::Object {
   BrowserTabObject(const BrowserClasses& classes, const BrowserSessions::BrowserTab& tab);
 
   [[nodiscard]] const AppleScript::ClassDescription& classDescription() const override { return *class_; }
-  /// One line of UTF-8 of at most 1,000 characters; the address if the browser knows none.
+  /// One line of UTF-8 of at most 1,000 characters; the address if the page has no title.
   [[nodiscard]] const std::string& title() const { return title_; }
-  /// In the form of RFC 3986; see `tabAddress`.
+  /// A URI as in RFC 3986; see `tabAddress`.
   [[nodiscard]] const std::string& url() const { return url_; }
 
  private:
@@ -44,7 +42,7 @@ class BrowserWindowObject : public AppleScript::Object {
 
   [[nodiscard]] const AppleScript::ClassDescription& classDescription() const override { return *class_; }
   [[nodiscard]] const std::vector<std::shared_ptr<const BrowserTabObject>>& tabs() const { return tabs_; }
-  /// The index of the tab that is shown, below the number of tabs unless there is none.
+  /// The index of the tab that is shown. Less than the number of tabs, unless there are none.
   [[nodiscard]] std::size_t activeTab() const { return activeTab_; }
 
  private:
@@ -67,8 +65,9 @@ class BrowserRoot : public AppleScript::Object {
   std::vector<BrowserWindowObject> windows_;
 };
 
-/// What the tables of a browser's classes are made of; the objects must be of the classes above. The active tab and its
-/// number, from 1, are `missing value` in a window without tabs, and so is its title, which is that of the active tab.
+/// The properties and elements for the tables of a browser's classes. The objects must be of the C++ classes above. A
+/// window's title is that of its active tab. In a window without tabs, its title, its active tab and the index of that
+/// (counted from 1) are `missing value`.
 /// @{
 AppleScript::Result<AppleScript::Value> tabTitle(const AppleScript::Object& tab);
 AppleScript::Result<AppleScript::Value> tabURL(const AppleScript::Object& tab);

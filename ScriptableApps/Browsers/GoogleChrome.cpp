@@ -34,7 +34,7 @@ constexpr auto windowProperties = std::to_array<PropertyDescription>({
     {"title", windowTitle},
     {"active tab", windowActiveTab},
     {"active tab index", windowActiveTabIndex},
-    // Of private windows nothing is known.
+    // Private windows are never listed.
     {"mode", [](const Object&) -> Answer { return Value("normal"); }},
 });
 
@@ -54,7 +54,7 @@ constexpr ClassDescription rootClass{
 
 constexpr std::array<const ClassDescription*, 3> dictionaryClasses = {&rootClass, &windowClass, &tabClass};
 
-// The browsers with one of their usual user data folders, and those that were told to use another one.
+// The browsers that use one of the default user data folders, and those that were started with another one.
 std::vector<RunningChromium> runningChromiums(const std::vector<pid_t>& processes) {
   auto running = BrowserSessions::runningChromiumBrowsers();
   for (const pid_t process : processes)
@@ -64,8 +64,8 @@ std::vector<RunningChromium> runningChromiums(const std::vector<pid_t>& processe
   return running;
 }
 
-// The titles of the pages that windows show: their own without the browser's name at the end. Windows of web
-// applications and of the developer tools don't have that.
+// The titles of the pages that windows show: the windows' titles without the browser's name at the end. Windows of web
+// applications and of the developer tools have no such name and are left out.
 std::vector<std::string> pageTitles(const std::vector<std::string>& windowTitles, std::string_view browser) {
   const std::string end = " - " + std::string(browser);
   std::vector<std::string> titles;

@@ -4,7 +4,7 @@
 
 namespace ScriptableApps {
 
-/// "Google Chrome": the windows and tabs of all browsers of the Chromium family that run.
+/// "Google Chrome": the windows and tabs of all running browsers of the Chromium family.
 class GoogleChrome : public BrowserApplication {
  public:
   [[nodiscard]] std::string_view name() const override;

@@ -54,7 +54,7 @@ constexpr ClassDescription rootClass{
 
 constexpr std::array<const ClassDescription*, 3> dictionaryClasses = {&rootClass, &windowClass, &tabClass};
 
-// The Firefoxes with one of the profiles that they offer, and those that were told to use another one.
+// The Firefoxes that use one of the profiles in their list, and those that were started with another one.
 std::vector<RunningFirefox> allRunningFirefoxes(const std::vector<pid_t>& processes) {
   auto running = BrowserSessions::runningFirefoxes();
   for (const pid_t process : processes)
@@ -80,8 +80,8 @@ Reading readWeb(const std::filesystem::path& profile, const std::vector<std::str
   SessionReading reading = {.session = std::move(*session)};
   if (BrowserSessions::isBehind(reading.session, windowTitles))
     reading.problems.emplace_back(
-        "What is listed of GNOME Web may be out of date: a window shows a page that it has not saved in " +
-        profile.string() + '.');
+        "The tabs of GNOME Web may be out of date: a window shows a page that is not yet saved in " + profile.string() +
+        '.');
   return reading;
 }
 

@@ -4,7 +4,7 @@
 
 namespace ScriptableApps {
 
-/// "Safari": the windows and tabs of GNOME Web and Firefox, where they run.
+/// "Safari": the windows and tabs of GNOME Web and Firefox.
 class Safari : public BrowserApplication {
  public:
   [[nodiscard]] std::string_view name() const override;

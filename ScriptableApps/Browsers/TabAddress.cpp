@@ -19,7 +19,7 @@ constexpr std::string_view hexDigits = "0123456789ABCDEFabcdef";
 constexpr std::string_view marks = "-._~";
 constexpr std::string_view subDelimiters = "!$&'()*+,;=";
 
-// What may stand in every part of an address but the scheme, by byte.
+// For each byte whether it may occur unencoded in every part of an address except the scheme.
 constexpr auto plain = [] {
   std::array<bool, 256> table = {};
   for (const std::string_view characters : {letters, digits, marks, subDelimiters})
@@ -41,7 +41,7 @@ void appendEscaped(std::string& address, char character) {
   address += {'%', hexDigits[byte >> 4U], hexDigits[byte & 15U]};
 }
 
-// Takes over the part of the address that `text` is. `allowed` may stand in it besides what is plain.
+// Appends a part of an address. The characters in `allowed` stay unencoded too.
 void appendPart(std::string& address, std::string_view text, std::string_view allowed) {
   for (std::size_t position = 0; position < text.size(); ++position) {
     const char character = text[position];
@@ -52,7 +52,7 @@ void appendPart(std::string& address, std::string_view text, std::string_view al
   }
 }
 
-// Takes the scheme off the address, with its colon; empty where there is none.
+// Removes the scheme with its colon from the address and yields it; empty if there is none.
 std::string_view takeScheme(std::string_view& address) {
   const auto isOfScheme = [](char character) {
     return letters.contains(character) || digits.contains(character) || std::string_view("+-.").contains(character);
@@ -65,7 +65,7 @@ std::string_view takeScheme(std::string_view& address) {
   return scheme;
 }
 
-// Takes off what is in front of the first of `ends`, or everything where there is none of them.
+// Removes the text before the first of the characters `ends` from the address, or all of it, and yields it.
 std::string_view takeUntil(std::string_view& address, std::string_view ends) {
   const std::string_view part = address.substr(0, address.find_first_of(ends));
   address.remove_prefix(part.size());
@@ -80,7 +80,7 @@ bool isIPv6Literal(std::string_view host) {
   return !number.contains('\0') && inet_pton(AF_INET6, number.c_str(), binary.data()) == 1;
 }
 
-// Whether the host of an address with this scheme is a name of the domain name system. The scheme has its colon.
+// Whether hosts in addresses with this scheme, which includes its colon, are domain names.
 bool hasDomainName(std::string_view scheme) {
   constexpr std::array<std::string_view, 5> schemes = {"http:", "https:", "ws:", "wss:", "ftp:"};
   return std::ranges::find(schemes, DesktopSupport::lowerCase(scheme)) != schemes.end();
@@ -92,8 +92,8 @@ bool isASCIIHost(std::string_view host) {
   });
 }
 
-// The ASCII form (xn--…) of an international host name. Empty if it has none from which the same name can be had again,
-// since that would be another host.
+// The ASCII form (xn--…) of an international host name. Empty if there is none, or if it converts back to a different
+// name: then it would be another host.
 std::string asciiHost(std::string_view host) {
   if (isASCIIHost(host) || g_utf8_validate(host.data(), std::ssize(host), nullptr) == FALSE)
     return {};
@@ -140,7 +140,7 @@ std::string tabAddress(std::string_view address) {
     address.remove_prefix(2);
     appendAuthority(result, takeUntil(address, "/?#"), hasDomainName(scheme));
   }
-  // Without a scheme, a colon in the first segment would make one of what is in front of it.
+  // Without a scheme, a colon in the first segment would turn the text before it into one.
   if (scheme.empty() && !hasAuthority)
     appendPart(result, takeUntil(address, "/?#"), "@");
   appendPart(result, takeUntil(address, "?#"), ":@/");

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "AppleScript/Application.h"
+#include "AppleScript/Values/Application.h"
 #include "ScriptableApps/Deskloom/DeskloomHost.h"
 
 namespace ScriptableApps {
@@ -10,12 +10,12 @@ namespace ScriptableApps {
 /// "Deskloom": the host application with its commands for plug-ins, reached over D-Bus.
 class Deskloom : public AppleScript::Application {
  public:
-  /// `patience` is how long a command waits for the host's answer; the default is the language's own.
+  /// `patience` is how long a command waits for the host's answer; the default is the language's own timeout.
   explicit Deskloom(std::chrono::milliseconds patience = std::chrono::minutes(2)) : host_(patience) {}
 
   [[nodiscard]] std::string_view name() const override;
   [[nodiscard]] const AppleScript::Dictionary& dictionary() const override;
-  /// The application object, which has a name and no elements; the host need not run for it.
+  /// The application object, which has a name and no elements. Works whether or not the host is running.
   [[nodiscard]] AppleScript::Result<AppleScript::ObjectPointer> open() override;
 
   [[nodiscard]] const DeskloomHost& host() const { return host_; }

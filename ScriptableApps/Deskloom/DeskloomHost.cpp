@@ -1,6 +1,6 @@
 #include "ScriptableApps/Deskloom/DeskloomHost.h"
 
-#include "ScriptableApps/Common/ApplicationError.h"
+#include "ScriptableApps/Errors/ApplicationErrors.h"
 
 namespace ScriptableApps {
 

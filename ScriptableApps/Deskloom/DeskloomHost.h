@@ -4,23 +4,22 @@
 #include <string>
 #include <vector>
 
-#include "AppleScript/ScriptError.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/ScriptError.h"
+#include "AppleScript/Values/Value.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/GLibHandles.h"
 
 namespace ScriptableApps {
 
-/// The running host as its D-Bus interface com.quillary.Deskloom.Scripting shows it. The host is not started to be
-/// asked.
+/// The running host, called through its D-Bus interface com.quillary.Deskloom.Scripting. It is never started.
 class DeskloomHost {
  public:
   explicit DeskloomHost(std::chrono::milliseconds patience) : patience_(patience) {}
 
-  /// Calls a method, all of whose parameters are strings; yields the tuple answered, which must be of type `replyType`
-  /// ("(bs)"; "r" for any). Fails with -600 where the host does not run or quits meanwhile, -1712 where it stays silent
-  /// for too long, -1723 where it may not be asked, and with -2700 where a text cannot be sent or the host answers with
-  /// an error, whose message is passed on.
+  /// Calls a method that takes strings only. Yields the tuple that it answers, which must be of type `replyType`
+  /// ("(bs)", or "r" for any tuple). Fails with -600 if the host is not running or quits before it answers, -1712 if it
+  /// does not answer in time, -1723 if access is denied, and -2700 if a text cannot be sent or the host answers with an
+  /// error, whose message is passed on.
   [[nodiscard]] AppleScript::Result<DesktopSupport::VariantHandle> call(const std::string& method,
                                                                         const std::vector<std::string>& texts,
                                                                         const char* replyType) const;
@@ -29,11 +28,10 @@ class DeskloomHost {
   std::chrono::milliseconds patience_;
 };
 
-/// The text that the host answers with a tuple of type "(bs)": whether there is one, and the text. `missing value` if
-/// there is none.
+/// The text in an answer of type "(bs)", which is whether there is one, and the text; `missing value` if there is none.
 AppleScript::Value textOf(GVariant* reply);
 
-/// The truth value that the host answers with a tuple of type "(b)".
+/// The truth value in an answer of type "(b)".
 AppleScript::Value truthOf(GVariant* reply);
 
 }  // namespace ScriptableApps

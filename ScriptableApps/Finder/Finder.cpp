@@ -1,19 +1,66 @@
 #include "ScriptableApps/Finder/Finder.h"
 
+#include <array>
 #include <memory>
 #include <string>
-#include <utility>
-#include <vector>
 
+#include "AppleScript/Values/Value.h"
 #include "DesktopSupport/System/SystemLog.h"
-#include "ScriptableApps/Common/ApplicationError.h"
-#include "ScriptableApps/Finder/FileManagers.h"
-#include "ScriptableApps/Finder/FinderObjects.h"
-#include "ScriptableApps/Finder/MountedPlaces.h"
+#include "ScriptableApps/Errors/ApplicationErrors.h"
+#include "ScriptableApps/Finder/FileManagerWindows.h"
 
 namespace ScriptableApps {
 
 namespace {
+
+using AppleScript::ClassDescription;
+using AppleScript::ElementsDescription;
+using AppleScript::Object;
+using AppleScript::PropertyDescription;
+using AppleScript::Value;
+
+using Answer = AppleScript::Result<Value>;
+
+constexpr const char* applicationName = "Finder";
+
+const OpenFolder& folderOf(const Object& window) {
+  return static_cast<const FinderWindow&>(window).folder();
+}
+
+const std::vector<FinderWindow>& windowsOf(const Object& root) {
+  return static_cast<const FinderRoot&>(root).windows();
+}
+
+constexpr auto windowProperties = std::to_array<PropertyDescription>({
+    {"name", [](const Object& window) -> Answer { return Value(folderOf(window).name); }},
+    {"target", [](const Object& window) -> Answer { return Value(AppleScript::File(folderOf(window).path)); }},
+});
+
+constexpr ClassDescription windowClass{.name = "window", .plural = "windows", .properties = windowProperties};
+constexpr ClassDescription finderWindowClass{
+    .name = "Finder window", .plural = "Finder windows", .properties = windowProperties};
+
+std::size_t countWindows(const Object& root) {
+  return windowsOf(root).size();
+}
+
+const Object& windowAt(const Object& root, std::size_t index) {
+  return windowsOf(root)[index];
+}
+
+constexpr auto rootProperties = std::to_array<PropertyDescription>({
+    {"name", [](const Object&) -> Answer { return Value(applicationName); }},
+});
+
+constexpr auto rootElements = std::to_array<ElementsDescription>({
+    {&windowClass, countWindows, windowAt},
+    {&finderWindowClass, countWindows, windowAt},
+});
+
+constexpr ClassDescription rootClass{
+    .name = "application", .plural = "applications", .properties = rootProperties, .elements = rootElements};
+
+constexpr std::array<const ClassDescription*, 3> classes = {&rootClass, &windowClass, &finderWindowClass};
 
 AppleScript::ScriptError errorFor(std::string_view application, const DesktopSupport::BusError& error) {
   if (error.name == DesktopSupport::BusErrorName::notSupported)
@@ -24,11 +71,12 @@ AppleScript::ScriptError errorFor(std::string_view application, const DesktopSup
 }  // namespace
 
 std::string_view Finder::name() const {
-  return "Finder";
+  return applicationName;
 }
 
 const AppleScript::Dictionary& Finder::dictionary() const {
-  return finderDictionary();
+  static constexpr AppleScript::Dictionary dictionary{.application = &rootClass, .classes = classes};
+  return dictionary;
 }
 
 AppleScript::Result<AppleScript::ObjectPointer> Finder::open() {
@@ -45,6 +93,14 @@ AppleScript::Result<AppleScript::ObjectPointer> Finder::open() {
     else
       DesktopSupport::writeToSystemLog(folder.error());
   return std::make_shared<const FinderRoot>(std::move(windows));
+}
+
+const ClassDescription& FinderWindow::classDescription() const {
+  return windowClass;
+}
+
+const ClassDescription& FinderRoot::classDescription() const {
+  return rootClass;
 }
 
 }  // namespace ScriptableApps

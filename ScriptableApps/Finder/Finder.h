@@ -1,30 +1,59 @@
 #pragma once
 
 #include <chrono>
+#include <utility>
+#include <vector>
 
-#include "AppleScript/Application.h"
+#include "AppleScript/Values/Application.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "ScriptableApps/Finder/OpenFolders.h"
 
 namespace ScriptableApps {
 
-/// "Finder": the folders that file managers show, one window for each; a tab is a window of its own. The topmost come
-/// first. File managers are asked over D-Bus, and the X server for their order.
+/// "Finder": the folders that file managers show. Each tab is a window, those of the topmost window first. File
+/// managers are asked over D-Bus, and the X server for the order of their windows.
 class Finder : public AppleScript::Application {
  public:
-  /// `patience` is how long each program is waited for. It only has to tell what it knows, so the default is far
-  /// below the language's own two minutes.
+  /// `patience` is how long to wait for each program. File managers only have to report what they know, so the default
+  /// is far below the language's own two minutes.
   explicit Finder(std::chrono::milliseconds patience = std::chrono::seconds(3)) : patience_(patience) {}
 
   [[nodiscard]] std::string_view name() const override;
+  /// The classes `application`, `window` and `Finder window` with their properties and elements.
   [[nodiscard]] const AppleScript::Dictionary& dictionary() const override;
 
-  /// What a file manager beside one that told has not told, and a folder whose path is not one line, is in the system's
-  /// log. Fails with -600 if no file manager runs, and with -1728 and their names if they don't tell what they show.
-  /// Else, if none told: with -1712 if it stayed silent, -1723 if it may not be asked, and -2700 if its answer makes no
-  /// sense.
+  /// Yields a `FinderRoot`. If some file managers report what they show and others don't, or if a folder's path is not
+  /// one line, what is missing is logged. Fails with -600 if no file manager is running, and with -1728 and their names
+  /// if none of them can report. Otherwise, if none reports: with -1712 after a timeout, -1723 if access is denied, and
+  /// -2700 if the answer is malformed.
   [[nodiscard]] AppleScript::Result<AppleScript::ObjectPointer> open() override;
 
  private:
   std::chrono::milliseconds patience_;
+};
+
+/// A window of the Finder: a folder that a file manager shows.
+class FinderWindow : public AppleScript::Object {
+ public:
+  explicit FinderWindow(OpenFolder folder) : folder_(std::move(folder)) {}
+
+  [[nodiscard]] const AppleScript::ClassDescription& classDescription() const override;
+  [[nodiscard]] const OpenFolder& folder() const { return folder_; }
+
+ private:
+  OpenFolder folder_;
+};
+
+/// The Finder itself, with its windows.
+class FinderRoot : public AppleScript::Object {
+ public:
+  explicit FinderRoot(std::vector<FinderWindow> windows) : windows_(std::move(windows)) {}
+
+  [[nodiscard]] const AppleScript::ClassDescription& classDescription() const override;
+  [[nodiscard]] const std::vector<FinderWindow>& windows() const { return windows_; }
+
+ private:
+  std::vector<FinderWindow> windows_;
 };
 
 }  // namespace ScriptableApps

@@ -17,10 +17,10 @@ using DesktopSupport::SessionBus;
 using DesktopSupport::VariantHandle;
 using std::chrono::milliseconds;
 
-// Only one program has the first name; others that run beside it can be found by their own.
+// Only one program can own the first name. The others are found by their own names.
 constexpr std::array fileManagerNames = {"org.freedesktop.FileManager1", "org.gnome.Nautilus", "org.Nemo"};
 
-// The window classes, in lower case, by which the rest are found.
+// The window classes, in lower case, of file managers that have no name on the bus.
 constexpr auto fileManagerClasses = std::to_array<std::string_view>(
     {"caja", "dolphin", "nemo", "org.gnome.nautilus", "pcmanfm", "pcmanfm-qt", "spacefm", "thunar"});
 

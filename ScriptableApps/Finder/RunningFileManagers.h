@@ -14,7 +14,7 @@
 
 namespace ScriptableApps {
 
-/// A file manager that runs.
+/// A running file manager.
 struct FileManager {
   /// Its connection to the session bus, ":1.42"; empty if it has no name there.
   std::string connection = {};
@@ -24,20 +24,20 @@ struct FileManager {
 };
 using FileManagers = std::vector<FileManager>;
 
-/// The windows on the X server, as far as it can be asked.
+/// The windows on the X server, or why they are unknown.
 using WindowsOnScreen = std::expected<DesktopSupport::WindowList, DesktopSupport::DesktopError>;
 
-/// The file managers that have a name on the bus, each once. None is started; each answer is waited for for `patience`
-/// at most.
+/// The file managers that have a name on the bus, each once. Starts none, and waits for each answer for `patience` at
+/// most.
 FileManagers fileManagersOn(const DesktopSupport::SessionBus& bus, std::chrono::milliseconds patience);
 
 /// The file managers that show windows and are not among `onBus`, each once.
 FileManagers otherFileManagers(const WindowsOnScreen& screen, const FileManagers& onBus);
 
-/// Whether the file manager has a window, or the windows cannot be asked for.
+/// Whether the file manager has a window. True if the windows are unknown.
 bool mayShowWindows(const FileManager& fileManager, const WindowsOnScreen& screen);
 
-/// What the file manager's program is called: "thunar".
+/// The name of the file manager's program, such as "thunar".
 std::string nameOf(const FileManager& fileManager);
 
 }  // namespace ScriptableApps

@@ -11,7 +11,6 @@
 #include "DesktopSupport/System/ProcessInfo.h"
 #include "DesktopSupport/System/TimeLimit.h"
 #include "DesktopSupport/Windows/WindowMatcher.h"
-#include "ScriptableApps/SystemEvents/WindowOwners.h"
 
 namespace ScriptableApps {
 
@@ -21,14 +20,47 @@ using DesktopSupport::displayable;
 using DesktopSupport::isDisplayable;
 using DesktopSupport::ProcessInfo;
 using DesktopSupport::Window;
+using WindowID = DesktopSupport::WindowId;
 using std::filesystem::path;
+
+// Which window stands for which: the topmost parent for a dialog, any other window for itself.
+class WindowOwners {
+ public:
+  explicit WindowOwners(const DesktopSupport::WindowList& list) {
+    for (const Window& window : list.windows)
+      parents_.emplace(window.id, window.transientFor);
+  }
+
+  // The window itself if its parent is not listed, or if windows name each other as parents.
+  [[nodiscard]] WindowID ownerOf(WindowID window) const {
+    constexpr int deepestDialog = 100;
+    WindowID owner = window;
+    for (int depth = 0; depth < deepestDialog; ++depth) {
+      const auto parent = parentOf(owner);
+      if (!parent)
+        return owner;
+      owner = *parent;
+    }
+    return window;
+  }
+
+ private:
+  [[nodiscard]] std::optional<WindowID> parentOf(WindowID window) const {
+    const auto found = parents_.find(window);
+    const auto parent = found == parents_.end() ? std::nullopt : found->second;
+    return parent && parents_.contains(*parent) ? parent : std::nullopt;
+  }
+
+  // Each listed window with the parent that it names.
+  std::unordered_map<WindowID, std::optional<WindowID>> parents_;
+};
 
 // What is known of a window's application.
 struct Origin {
   const Window* window = nullptr;
   const DesktopSupport::DesktopEntry* entry = nullptr;
   std::optional<pid_t> pid = {};
-  // The program, or the script that it runs.
+  // The script that the program runs, or else the program.
   path file = {};
   std::string windowClass = {};
 
@@ -38,7 +70,7 @@ struct Origin {
   }
 };
 
-// The windows that ssh shows here for programs on another machine are not ssh's own.
+// ssh shows windows here for programs on other machines; these are not its own.
 bool isTunnel(const path& program) {
   return program.filename() == "ssh";
 }
@@ -67,7 +99,7 @@ Origin originOf(const Window& window, DesktopSupport::DesktopEntries& entries, c
           .windowClass = classOf(window)};
 }
 
-// A window without a class goes with the first one of its file that has one.
+// A window without a class gets that of the first window with the same file that has one.
 void addMissingClasses(std::vector<Origin>& origins) {
   std::map<path, std::string> classes;
   for (const Origin& origin : origins)
@@ -78,7 +110,7 @@ void addMissingClasses(std::vector<Origin>& origins) {
       origin.windowClass = classes[origin.file];
 }
 
-// What does not say so in time is no file: nobody could open it either.
+// A file system that does not answer in time has no files: nobody could open them either.
 bool isRegularFile(const path& file) {
   const auto found = DesktopSupport::foundWithin(DesktopSupport::fileSystemTime, [&file] {
     std::error_code ignored;
@@ -87,27 +119,28 @@ bool isRegularFile(const path& file) {
   return found == "yes";
 }
 
-// Why an application cannot be told of; none if it can.
+// Why an application is left out, or `nullopt` if it is not.
 std::optional<std::string> problemWith(const Origin& origin) {
   if (origin.entry != nullptr)
     return std::nullopt;
-  const std::string subject = "An application with windows of the class \"" + origin.windowClass + "\" is left out: ";
+  const std::string subject = "An application with the window class \"" + origin.windowClass + "\" is left out: ";
   const std::string file = displayable(origin.file.string());
   if (file.empty())
-    return subject + "no process of this machine tells which program it is.";
+    return subject + "its program on this computer is unknown.";
   if (!isDisplayable(origin.file.string()))
-    return subject + "the path of " + file + " is not one line of text.";
+    return subject + "the path " + file + " contains characters that cannot be shown.";
   if (!isRegularFile(origin.file))
-    return subject + "there is no file " + file + '.';
+    return subject + "the file " + file + " cannot be found.";
   return std::nullopt;
 }
 
 RunningApplication describe(const Origin& origin) {
   if (origin.entry != nullptr)
-    return {.name = origin.entry->name, .file = origin.entry->file, .entryId = origin.entry->id, .pid = origin.pid};
+    return {.name = origin.entry->name, .file = origin.entry->file, .entryID = origin.entry->id, .pid = origin.pid};
   return {.name = origin.file.filename(), .file = origin.file, .pid = origin.pid};
 }
 
+// Collects the applications window by window.
 class Builder {
  public:
   void add(const Origin& origin) {
@@ -124,7 +157,7 @@ class Builder {
     applications_[place->second].isVisible |= !origin.window->isHidden;
   }
 
-  void markFrontmost(DesktopSupport::WindowId window) {
+  void markFrontmost(WindowID window) {
     const auto owner = owners_.find(window);
     if (owner != owners_.end())
       applications_[owner->second].isFrontmost = true;
@@ -145,7 +178,7 @@ class Builder {
   }
 
   [[nodiscard]] bool needsClass(const RunningApplication& application) const {
-    return !application.entryId &&
+    return !application.entryID &&
            (sharers_.at(application.file) > 1 || DesktopSupport::isInterpreter(application.name));
   }
 
@@ -153,11 +186,11 @@ class Builder {
   std::vector<std::string> problems_;
   // The class of each application's first window.
   std::vector<std::string> classes_;
-  // How many applications have a file.
+  // How many applications have each file.
   std::unordered_map<std::string, int> sharers_;
   std::unordered_set<std::string> leftOut_;
   std::unordered_map<std::string, std::size_t> places_;
-  std::unordered_map<DesktopSupport::WindowId, std::size_t> owners_;
+  std::unordered_map<WindowID, std::size_t> owners_;
 };
 
 }  // namespace

@@ -12,36 +12,38 @@
 
 namespace ScriptableApps {
 
-/// An application that shows itself to the user with at least one window. All texts are one line of UTF-8 each.
+/// An application that shows at least one window to the user. Each text is one line of UTF-8.
 struct RunningApplication {
-  /// The name of its desktop entry in the user's language, else that of its file; where that doesn't tell it from
-  /// others (an interpreter by itself, a program whose windows have several classes), its windows' class.
+  /// The name of its desktop entry in the user's language, or else the name of its file. If that would not tell it from
+  /// other applications (a bare interpreter, a program whose windows have several classes), the class of its windows.
   std::string name = {};
-  /// The absolute path of its desktop entry, else of the script that its interpreter runs, else of its program.
+  /// The absolute path of its desktop entry, or else of the script that its interpreter runs, or else of its program.
   std::string file = {};
   /// The desktop file id without ".desktop".
-  std::optional<std::string> entryId = {};
+  std::optional<std::string> entryID = {};
   /// The process of its first window.
   std::optional<pid_t> pid = {};
-  /// Whether one of its windows has the user's attention.
+  /// Whether one of its windows is the active one.
   bool isFrontmost = false;
-  /// Whether one of its windows is not minimised.
+  /// Whether at least one of its windows is not minimised.
   bool isVisible = false;
 };
 
-/// What runs, and what had to be left out.
+/// The applications that run, and those that had to be left out.
 struct RunningApplications {
   std::vector<RunningApplication> applications = {};
-  /// A sentence for each application that has no file here.
+  /// A sentence for each application that is left out.
   std::vector<std::string> problems = {};
 };
 
-/// The applications behind `list`, each once, in the order in which the first windows of each appear there. Windows
-/// without a desktop entry belong to one application if both their class and their file are the same; one without a
-/// class belongs to the first application of its file. Panels and what else belongs to the desktop itself is none; a
-/// dialog belongs to the window it is for. An application without a desktop entry is left out if no process of this
-/// machine tells its file, or if there is no such file, or if its path is not one line of UTF-8. `processes` is where
-/// the system tells about processes.
+/// The applications that own the windows in `list`, each once, in the order of their first windows.
+///
+/// Windows without a desktop entry belong to one application if they have the same class and the same file; one without
+/// a class belongs to the first application with its file. Panels and other parts of the desktop belong to none, and a
+/// dialog belongs to the application of its parent window. An application without a desktop entry is left out if its
+/// file is unknown, does not exist, or has a path that is not one line of UTF-8.
+///
+/// `processes` is the folder in which the system describes processes.
 RunningApplications runningApplications(const DesktopSupport::WindowList& list, DesktopSupport::DesktopEntries& entries,
                                         const std::filesystem::path& processes = "/proc");
 

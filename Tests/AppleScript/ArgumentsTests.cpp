@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Arguments.h"
+#include "AppleScript/Values/Application.h"
 
 namespace AppleScript {
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "AppleScript/Values/CaseFolding.h"
+#include "AppleScript/Text/CaseFolding.h"
 
 namespace AppleScript {
 namespace {

@@ -19,9 +19,8 @@ std::size_t allocatedBytes = 0;
 
 void* operator new(std::size_t size) {
   allocatedBytes += size;
-  if (void* memory = std::malloc(size)) {
+  if (void* memory = std::malloc(size))
     return memory;
-  }
   throw std::bad_alloc();
 }
 

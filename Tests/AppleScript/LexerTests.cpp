@@ -4,17 +4,16 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Running/Failure.h"
 #include "AppleScript/Syntax/Lexer.h"
+#include "AppleScript/Values/Failure.h"
 
 namespace AppleScript {
 namespace {
 
 std::vector<std::string> lexemes(std::string_view source) {
   std::vector<std::string> result;
-  for (const Token& token : Lexer(source).tokens()) {
+  for (const Token& token : Lexer(source).tokens())
     result.emplace_back(token.kind == TokenKind::endOfLine ? "EOL" : token.lexeme);
-  }
   result.pop_back();
   return result;
 }
@@ -87,7 +86,7 @@ TEST(Lexer, RefusesACommentWithoutAnEnd) {
   EXPECT_EQ(errorOf("1 (* (* *)").message, "Expected “*)” but found end of script.");
 }
 
-TEST(Lexer, RefusesWhatIsNotUtf8AndSaysWhere) {
+TEST(Lexer, RefusesWhatIsNotUTF8AndSaysWhere) {
   for (const char* source : {"ä\xff", "ä\xc3", "ä\xc0\x80", "ä\xed\xa0\x80", "ä\xf5\x80\x80\x80", "ä\x80"}) {
     const ScriptError error = errorOf(source);
     EXPECT_EQ(error.number, ErrorNumber::syntaxError) << source;

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Running/Limits.h"
-#include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/Failure.h"
+#include "AppleScript/Values/SourceForm.h"
 #include "Tests/AppleScript/TestApplications.h"
 
 namespace AppleScript::Testing {
@@ -17,9 +17,8 @@ constexpr int manyLevels = 100000;
 std::string times(int count, std::string_view text) {
   std::string result;
   result.reserve(static_cast<std::size_t>(count) * text.size());
-  for (int i = 0; i < count; ++i) {
+  for (int i = 0; i < count; ++i)
     result += text;
-  }
   return result;
 }
 
@@ -27,9 +26,8 @@ std::string times(int count, std::string_view text) {
 std::string outcome(const std::string& source) {
   TestApplications applications;
   const auto result = applications.run(source);
-  if (!result) {
+  if (!result)
     return std::to_string(static_cast<int>(result.error().number));
-  }
   return *result ? sourceForm(**result) : "nothing";
 }
 

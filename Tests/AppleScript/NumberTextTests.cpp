@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/SourceForm.h"
 #include "AppleScript/Values/NumberText.h"
+#include "AppleScript/Values/SourceForm.h"
 
 namespace AppleScript {
 namespace {
@@ -40,9 +40,8 @@ TEST(NumberText, ReadsWhatSpellsANumber) {
 }
 
 TEST(NumberText, RefusesEverythingElse) {
-  for (const char* text : {"", " ", "abc", "1x", "1 2", "inf", "nan", "0x10", "--1", "+-1", "-", "1e999", "1,5"}) {
+  for (const char* text : {"", " ", "abc", "1x", "1 2", "inf", "nan", "0x10", "--1", "+-1", "-", "1e999", "1,5"})
     EXPECT_EQ(read(text), "none") << text;
-  }
 }
 
 }  // namespace

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Dictionary.h"
-#include "AppleScript/Record.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Containers.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript {
 namespace {

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "AppleScript/Script.h"
-#include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/SourceForm.h"
 #include "Tests/AppleScript/TestApplications.h"
 
 namespace AppleScript::Testing {
@@ -74,7 +74,7 @@ TEST(Script, AnEmptySourceHasNoValue) {
   EXPECT_EQ(applications.run("")->has_value(), false);
 }
 
-TEST(Script, RefusesASourceThatIsNotUtf8) {
+TEST(Script, RefusesASourceThatIsNotUTF8) {
   TestApplications applications;
   const auto result = applications.run("\"\xff\"");
   ASSERT_FALSE(result);

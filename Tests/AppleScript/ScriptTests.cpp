@@ -1,21 +1,24 @@
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <ostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/SourceForm.h"
+#include "AppleScript/Values/SourceForm.h"
 #include "Tests/AppleScript/TestApplications.h"
 
-// Each file below SCRIPT_TESTS_DIR is a script that says itself, in comments, what comes of it:
+// Scripts/Operators.applescript is a table of scripts. Each begins with a line that names it and ends at an empty line
+// or at the end of the file. A script that has empty lines itself is a file of its own:
+// Scripts/Layout/EmptyLinesAndBlanks.applescript. Each script says in comments at its end what comes of it:
 //
-//     --> {1, "a"}                        its value as the language writes it; "nothing" where it has none
+//     --> {1, "a"}                        its value as the language writes it; "nothing" if it has none
 //     --! -1728 Can’t get window 3.       the error's number and message
-//     --@ 4 8                             where in the source the error is: its first character, how many
+//     --@ 4 8                             where in the source the error is: its offset and length in characters
 //     --app Test Desk                     the application that the error names
 
 namespace AppleScript::Testing {
@@ -23,15 +26,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<fs::path> scriptFiles() {
-  std::vector<fs::path> files;
-  for (const auto& entry : fs::recursive_directory_iterator(SCRIPT_TESTS_DIR)) {
-    if (entry.path().extension() == ".applescript") {
-      files.push_back(entry.path());
-    }
-  }
-  std::ranges::sort(files);
-  return files;
+struct Script {
+  std::string name;
+  std::string source;
+};
+
+/// What a test listing shows of a script.
+void PrintTo(const Script& script, std::ostream* stream) {
+  *stream << script.name;
 }
 
 std::string contents(const fs::path& file) {
@@ -39,27 +41,61 @@ std::string contents(const fs::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// What stands behind the comment mark `mark` in `source`; empty where it does not occur.
-std::string expectation(const std::string& source, const std::string& mark) {
-  const std::size_t start = source.rfind("\n" + mark + " ");
-  if (start == std::string::npos) {
-    return {};
+/// The row of a table whose name and source are `text`.
+Script row(const std::string& table, const std::string& text) {
+  const std::size_t end = text.find('\n');
+  if (!text.starts_with("-- ") || end == std::string::npos)
+    throw std::invalid_argument("a row of " + table + " must begin with its name: " + text);
+  return {.name = table + "_" + text.substr(3, end - 3), .source = text.substr(end + 1)};
+}
+
+std::vector<Script> rows(const fs::path& file) {
+  std::vector<Script> rows;
+  const std::string text = contents(file);
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find("\n\n", start), text.size() - 1) + 1;
+    rows.push_back(row(file.stem().string(), text.substr(start, end - start)));
+    start = end + 1;
   }
-  const std::size_t text = start + mark.size() + 2;
+  return rows;
+}
+
+std::vector<Script> scripts() {
+  std::vector<Script> scripts;
+  for (const auto& entry : fs::directory_iterator(SCRIPT_TESTS_DIR)) {
+    if (!entry.is_directory()) {
+      std::ranges::move(rows(entry.path()), std::back_inserter(scripts));
+      continue;
+    }
+    for (const auto& file : fs::directory_iterator(entry.path()))
+      scripts.push_back({.name = entry.path().filename().string() + "_" + file.path().stem().string(),
+                         .source = contents(file.path())});
+  }
+  std::ranges::sort(scripts, {}, &Script::name);
+  return scripts;
+}
+
+/// The text after the comment mark `mark`, which may occur once in `source`, or "" if it doesn't occur.
+std::string expectation(const std::string& source, const std::string& mark) {
+  const std::string line = "\n" + mark + " ";
+  const std::size_t start = source.find(line);
+  EXPECT_EQ(source.rfind(line), start) << "an expectation occurs twice";
+  if (start == std::string::npos)
+    return {};
+  const std::size_t text = start + line.size();
   return source.substr(text, source.find('\n', text) - text);
 }
 
 std::string outcome(const Result<std::optional<Value>>& result) {
-  if (!result) {
+  if (!result)
     return "error " + std::to_string(static_cast<int>(result.error().number)) + " " + result.error().message;
-  }
   return *result ? sourceForm(**result) : "nothing";
 }
 
-class Scripts : public testing::TestWithParam<fs::path> {};
+class Scripts : public testing::TestWithParam<Script> {};
 
 TEST_P(Scripts, YieldWhatTheySay) {
-  const std::string source = contents(GetParam());
+  const std::string& source = GetParam().source;
   const std::string value = expectation(source, "-->");
   const std::string error = expectation(source, "--!");
   ASSERT_NE(value.empty(), error.empty()) << "a script says either its value or its error";
@@ -74,18 +110,12 @@ TEST_P(Scripts, YieldWhatTheySay) {
     EXPECT_EQ(std::to_string(range.start) + " " + std::to_string(range.length), place);
   }
   const std::string application = expectation(source, "--app");
-  if (!result && !application.empty()) {
+  if (!result && !application.empty())
     EXPECT_EQ(result.error().applicationName, application);
-  }
 }
 
-std::string testName(const testing::TestParamInfo<fs::path>& info) {
-  std::string name = info.param.parent_path().filename().string() + "_" + info.param.stem().string();
-  std::ranges::replace_if(name, [](unsigned char byte) { return std::isalnum(byte) == 0; }, '_');
-  return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Language, Scripts, testing::ValuesIn(scriptFiles()), testName);
+INSTANTIATE_TEST_SUITE_P(Language, Scripts, testing::ValuesIn(scripts()),
+                         [](const auto& script) { return script.param.name; });
 
 }  // namespace
 }  // namespace AppleScript::Testing

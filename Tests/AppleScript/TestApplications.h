@@ -5,9 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "AppleScript/Application.h"
 #include "AppleScript/Script.h"
-#include "AppleScript/Values/Names.h"
+#include "AppleScript/Text/CaseFolding.h"
+#include "AppleScript/Values/Application.h"
 #include "Tests/AppleScript/TestDesk.h"
 #include "Tests/AppleScript/TestHost.h"
 
@@ -29,9 +29,8 @@ inline std::shared_ptr<const TestRoot> someThings() {
 class TestApplications : public ApplicationDirectory {
  public:
   explicit TestApplications(const std::shared_ptr<const TestRoot>& root = someThings()) {
-    for (const char* name : {"Test Desk", "System Events", "Finder", "Safari", "Google Chrome"}) {
+    for (const char* name : {"Test Desk", "System Events", "Finder", "Safari", "Google Chrome"})
       desks_.push_back(std::make_unique<TestDesk>(name, root));
-    }
     desks_.push_back(std::make_unique<TestDesk>("Empty Desk", std::make_shared<TestRoot>()));
     desks_.push_back(std::make_unique<TestDesk>(
         "Closed Desk", ScriptError{.number = ErrorNumber::notRunning, .message = "Application isn’t running."}));
@@ -40,11 +39,9 @@ class TestApplications : public ApplicationDirectory {
   }
 
   [[nodiscard]] Application* find(std::string_view name) override {
-    for (const auto& desk : desks_) {
-      if (sameName(desk->name(), name)) {
+    for (const auto& desk : desks_)
+      if (sameName(desk->name(), name))
         return desk.get();
-      }
-    }
     return sameName(host_.name(), name) ? &host_ : nullptr;
   }
 

@@ -7,9 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include "AppleScript/Application.h"
-#include "AppleScript/Dictionary.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Application.h"
+#include "AppleScript/Values/Dictionary.h"
+#include "AppleScript/Values/Value.h"
 
 namespace AppleScript::Testing {
 
@@ -29,8 +29,8 @@ struct TestWindow : Object {
   std::string folder;
   std::vector<TestTab> tabs;
 
-  TestWindow(std::string windowName, int windowId, std::string windowFolder, std::vector<TestTab> windowTabs = {})
-      : name(std::move(windowName)), id(windowId), folder(std::move(windowFolder)), tabs(std::move(windowTabs)) {}
+  TestWindow(std::string windowName, int windowID, std::string windowFolder, std::vector<TestTab> windowTabs = {})
+      : name(std::move(windowName)), id(windowID), folder(std::move(windowFolder)), tabs(std::move(windowTabs)) {}
   [[nodiscard]] const ClassDescription& classDescription() const override;
 };
 

@@ -4,9 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "AppleScript/Application.h"
-#include "AppleScript/Arguments.h"
-#include "AppleScript/Dictionary.h"
+#include "AppleScript/Values/Application.h"
+#include "AppleScript/Values/Dictionary.h"
 
 namespace AppleScript::Testing {
 
@@ -32,9 +31,8 @@ class TestHost : public Application {
   template <const char* Name>
   static Result<Value> get(Application& application, const Arguments& arguments) {
     const Result<std::string> key = arguments.directText();
-    if (!key) {
+    if (!key)
       return std::unexpected(key.error());
-    }
     const std::string call = std::string(Name) + "(" + *key + ")";
     return note(application, call, *key == "none" ? Value() : Value(call));
   }
@@ -43,9 +41,8 @@ class TestHost : public Application {
   static Result<Value> set(Application& application, const Arguments& arguments) {
     const Result<std::string> text = arguments.directText();
     const Result<std::string> key = arguments.labelledText(Label);
-    if (!text || !key) {
+    if (!text || !key)
       return std::unexpected(text ? key.error() : text.error());
-    }
     return note(application, std::string(Name) + "(" + *text + ", " + *key + ")", {});
   }
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Text.h"
+#include "AppleScript/Text/Text.h"
 
 namespace AppleScript {
 namespace {
@@ -42,13 +42,11 @@ TEST(Text, AppendingToALiteralNeverTouchesIt) {
 
 TEST(Text, CanBeAppendedToItself) {
   Text text = Text("ab").appending("c");
-  for (int i = 0; i < 6; ++i) {
+  for (int i = 0; i < 6; ++i)
     text = text.appending(text.view());
-  }
   std::string expected;
-  for (int i = 0; i < 64; ++i) {
+  for (int i = 0; i < 64; ++i)
     expected += "abc";
-  }
   EXPECT_EQ(text.view(), expected);
 }
 
@@ -56,9 +54,8 @@ TEST(Text, ViewsStayValidWhileTheTextGrows) {
   const Text start = Text("x").appending("y");
   const std::string_view view = start.view();
   Text text = start;
-  for (int i = 0; i < 10000; ++i) {
+  for (int i = 0; i < 10000; ++i)
     text = text.appending("0123456789");
-  }
   EXPECT_EQ(view, "xy");
   EXPECT_EQ(text.size(), 100002U);
 }
@@ -74,9 +71,8 @@ TEST(Text, CountsUnicodeCharacters) {
 
 TEST(Text, FindsCharactersByNumberThroughoutALongText) {
   Text text;
-  for (int i = 0; i < 1000; ++i) {
+  for (int i = 0; i < 1000; ++i)
     text = text.appending(i % 3 == 0 ? "ü" : "a");
-  }
   EXPECT_EQ(text.characterCount(), 1000U);
   EXPECT_EQ(text.characters(0, 1), "ü");
   EXPECT_EQ(text.characters(999, 1), "ü");

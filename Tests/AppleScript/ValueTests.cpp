@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Value.h"
 #include "Tests/AppleScript/TestApplications.h"
 
 namespace AppleScript {

@@ -21,7 +21,10 @@ class OtherProcess {
   /// Has the process do what `work` says, up to its telling a port.
   explicit OtherProcess(const std::function<void(const Tell& tell)>& work) {
     int ends[2] = {};
-    if (pipe(ends) != 0 || (pid_ = fork()) < 0)
+    if (pipe(ends) != 0)
+      throw std::runtime_error("no pipe");
+    pid_ = fork();
+    if (pid_ < 0)
       throw std::runtime_error("no other process");
     if (pid_ == 0) {
       prctl(PR_SET_PDEATHSIG, SIGKILL);

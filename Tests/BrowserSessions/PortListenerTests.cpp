@@ -85,9 +85,8 @@ int listenOn(std::uint16_t port, bool isShared) {
   address.sin_family = AF_INET;
   address.sin_port = htons(port);
   address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  if (isShared) {
+  if (isShared)
     EXPECT_EQ(setsockopt(listener, SOL_SOCKET, SO_REUSEPORT, &yes, sizeof(yes)), 0);
-  }
   EXPECT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof(address)), 0);
   EXPECT_EQ(listen(listener, 16), 0);
   return listener;

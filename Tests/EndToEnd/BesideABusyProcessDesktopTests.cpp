@@ -20,7 +20,7 @@
 #include "Tests/Support/Patience.h"
 #include "Tests/Support/TestDesktop.h"
 
-using Platform::Linux::FreshProcesses;
+using Linux::FreshProcesses;
 using testing::HasSubstr;
 using TestSupport::ChildProcess;
 using TestSupport::FakeDeskloomHost;

@@ -54,7 +54,7 @@ TEST(BrowserTabs, ReachTheHostWithoutThePagesOfTheBrowserItself) {
               ElementsAre(Pair("Page one", server.url("one")), Pair("Page two?a=b|c", server.url("two?a=b%7Cc"))));
 }
 
-TEST(BrowserTabs, AreNoneWhereNoBrowserRuns) {
+TEST(BrowserTabs, AreNoneIfNoBrowserRuns) {
   HostProcess host(DESKLOOM_HOST_PROGRAM);
   for (const char* provider : {"safari", "chrome"}) {
     ChildProcess plugin({GLEANERY_PROGRAM, std::string("deskloomplugin://runCommand/") + provider},

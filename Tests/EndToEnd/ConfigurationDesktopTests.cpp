@@ -114,7 +114,7 @@ TEST_F(ConfigurationTest, CannotBeReadFromAHostThatAnswersNoTextOrRefuses) {
   expectReadAlert(awaitAlert(), noScript);
 }
 
-TEST_F(ConfigurationTest, FallsBackWhereTheHostsTextIsNoSuchValue) {
+TEST_F(ConfigurationTest, FallsBackIfTheHostsTextIsNoSuchValue) {
   const HostProcess host(DESKLOOM_HOST_PROGRAM);
   const std::vector<std::string> texts = {"", "{\"count\":", R"({"count":"many","kind":"all"})",
                                           std::string(10'000, '[') + std::string(10'000, ']'),

@@ -6,7 +6,7 @@
 #include <glib.h>
 #include <gtest/gtest.h>
 
-#include "Linux/LinuxServices.h"
+#include "Linux/Services.h"
 #include "Platform/Fake/FakeServices.h"
 #include "Tests/Support/TemporaryFolder.h"
 
@@ -15,7 +15,7 @@ class ConfiguredPluginTest : public testing::Test {
  protected:
   ConfiguredPluginTest() {
     folder.write("Info.ini", "[Bundle]\nIdentifier=com.example.Plugin\n");
-    desktop.bundle = Platform::Linux::LinuxBundle(folder.path());
+    desktop.bundle = Linux::Bundle(folder.path());
   }
 
   /// Runs the main context until `condition` holds.
@@ -41,7 +41,7 @@ class ConfiguredPluginTest : public testing::Test {
   void quit() { desktop.application.postWillTerminate(); }
 
   TestSupport::TemporaryFolder folder;
-  Platform::Linux::LinuxServices desktop;
+  Linux::Services desktop;
   Platform::Fake::FakeAlerts alerts;
   Platform::Services services{&desktop.application, desktop.appleEvents, desktop.notifications,
                               desktop.scripts,      desktop.workspace,   alerts,

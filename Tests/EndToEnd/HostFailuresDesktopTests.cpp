@@ -15,7 +15,7 @@
 #include "DeskloomSDK/Host/DeskloomAPI.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/GLibHandles.h"
-#include "Linux/LinuxServices.h"
+#include "Linux/Services.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 #include "Tests/Support/HostProcess.h"
 #include "Tests/Support/TemporaryFolder.h"
@@ -78,14 +78,14 @@ class PluginTest : public testing::Test {
  protected:
   PluginTest() {
     folder_.write("Info.ini", "[Bundle]\nIdentifier=com.example.Plugin\n");
-    desktop_.bundle = Platform::Linux::LinuxBundle(folder_.path());
+    desktop_.bundle = Linux::Bundle(folder_.path());
   }
 
   DeskloomAPI api;
 
  private:
   TestSupport::TemporaryFolder folder_;
-  Platform::Linux::LinuxServices desktop_;
+  Linux::Services desktop_;
 };
 
 class HostAnswersTest : public PluginTest {
@@ -127,7 +127,7 @@ TEST_F(HostAnswersTest, MayBeThatThereIsNoText) {
   EXPECT_EQ(*path, std::nullopt);
 }
 
-TEST_F(HostAnswersTest, AreNotLookedAtWhereNoneAreNeeded) {
+TEST_F(HostAnswersTest, AreNotLookedAtIfNoneAreNeeded) {
   for (const auto* answer : {"('error: the disk is full',)", "(false, '')", "()", "(@av [],)"})
     for (const Request& request : requests())
       if (std::string_view(request.answerType) == "()") {

@@ -9,20 +9,17 @@
 #include <gmock/gmock.h>
 
 #include "DeskloomSDK/Host/DeskloomAPI.h"
-#include "Linux/LinuxServices.h"
+#include "Linux/Services.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/HostProcess.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 using DeskloomSDK::DeskloomAPI;
-using Platform::Linux::LinuxBundle;
 using testing::IsEmpty;
 using TestSupport::HostProcess;
 using TestSupport::TemporaryFolder;
 
 namespace {
-
-using Platform::Linux::LinuxServices;
 
 constexpr int scriptFailed = 1;
 
@@ -46,11 +43,11 @@ class HostScriptingTest : public testing::Test {
 
   void bundleSays(std::string_view information) {
     folder_.write("Info.ini", information);
-    desktop.bundle = LinuxBundle(folder_.path());
+    desktop.bundle = Linux::Bundle(folder_.path());
   }
 
   TemporaryFolder folder_;
-  LinuxServices desktop;
+  Linux::Services desktop;
   HostProcess host{DESKLOOM_HOST_PROGRAM, {"--plugin-folder", "/plug-ins of \"mine\""}};
   DeskloomAPI api;
 };
@@ -85,7 +82,7 @@ TEST_F(HostScriptingTest, KeepsActionsAndPluginsApart) {
   EXPECT_EQ(api.getGlobalConfig(), "");
 }
 
-TEST_F(HostScriptingTest, IsGivenTheEmptyTextWhereNothingWasSet) {
+TEST_F(HostScriptingTest, IsGivenTheEmptyTextIfNothingWasSet) {
   EXPECT_EQ(api.getConfig("A"), "");
   EXPECT_EQ(api.getGlobalConfig(), "");
 }
@@ -113,7 +110,7 @@ TEST_F(HostScriptingTest, FailsOverAnArgumentThatEndsItsLiteral) {
   EXPECT_THAT(host.linesSoFar(), IsEmpty());
 }
 
-TEST_F(HostScriptingTest, DoesWithoutABundleIdentifierWhereItCan) {
+TEST_F(HostScriptingTest, DoesWithoutABundleIdentifierIfItCan) {
   for (const auto* information : {"", "[Bundle]\nName=Nameless\n", "no such format", "[Bundle]\nIdentifier=\n"}) {
     bundleSays(information);
     EXPECT_TRUE(api.setConfig("x", "A"));
@@ -128,9 +125,9 @@ TEST_F(HostScriptingTest, DoesWithoutABundleIdentifierWhereItCan) {
 
 TEST(HostScriptingDeathTest, StopsTheProcessOverTheGlobalConfigurationOfABundleWithoutIdentifier) {
   const TemporaryFolder folder;
-  LinuxServices desktop;
+  Linux::Services desktop;
   const auto expectDeath = [&] {
-    desktop.bundle = LinuxBundle(folder.path());
+    desktop.bundle = Linux::Bundle(folder.path());
     const auto* message = "^Fatal error: The main bundle has no identifier\\.: file DeskloomAPI\\.cpp, line [0-9]+\n$";
     EXPECT_DEATH(static_cast<void>(DeskloomAPI().getGlobalConfig()), message);
     EXPECT_DEATH(static_cast<void>(DeskloomAPI().setGlobalConfig("x")), message);

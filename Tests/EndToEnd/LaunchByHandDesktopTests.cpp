@@ -71,14 +71,14 @@ class LaunchByHandTest : public testing::Test {
   ScreenReader reader;
 };
 
-TEST_F(LaunchByHandTest, AsksTheHostToInstallItWhereItIsNotInstalledAndShowsNothing) {
+TEST_F(LaunchByHandTest, AsksTheHostToInstallItIfItIsNotInstalledAndShowsNothing) {
   HostProcess host(DESKLOOM_HOST_PROGRAM);
   EXPECT_EQ(launch().wait(), 0);
   EXPECT_THAT(host.linesSoFar(), ElementsAre("install plugin"));
   EXPECT_THAT(desktop.clients(), IsEmpty());
 }
 
-TEST_F(LaunchByHandTest, SaysThatTheHostMustRunItWhereItIsInstalled) {
+TEST_F(LaunchByHandTest, SaysThatTheHostMustRunItIfItIsInstalled) {
   HostProcess host(DESKLOOM_HOST_PROGRAM, {"--installed"});
   ChildProcess plugin = launch();
   awaitAlert();
@@ -144,7 +144,7 @@ TEST_F(LaunchByHandTest, SaysThatTheScriptFailedWithoutAHost) {
   expectEnd(plugin);
 }
 
-TEST_F(LaunchByHandTest, SaysThatItCannotBeInstalledWhereTheHostRefusesExactlyOnce) {
+TEST_F(LaunchByHandTest, SaysThatItCannotBeInstalledIfTheHostRefusesExactlyOnce) {
   HostProcess host(DESKLOOM_HOST_PROGRAM, {"--refuse-installation"});
   ChildProcess plugin = launch();
   awaitAlert();
@@ -167,7 +167,7 @@ TEST_F(LaunchByHandTest, ALaunchURLThatComesMeanwhileIsHandledAndEndsTheAlert) {
   expectEnd(plugin);
 }
 
-TEST_F(LaunchByHandTest, WritesTheAlertWhereThereIsNoDisplayAndGoesOn) {
+TEST_F(LaunchByHandTest, WritesTheAlertIfThereIsNoDisplayAndGoesOn) {
   HostProcess host(DESKLOOM_HOST_PROGRAM, {"--refuse-installation"});
   ChildProcess plugin = launch({.environment = {{"DISPLAY", ""}}, .captureErrors = true});
   const std::string errors = plugin.readAll();

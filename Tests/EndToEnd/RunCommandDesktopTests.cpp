@@ -86,7 +86,7 @@ TEST_F(RunCommandTest, SendsTheApplicationsThatHaveWindowsAndNoOthers) {
   EXPECT_THAT(applications(host.nextLine()), expected) << "delivered on the command line";
 }
 
-TEST_F(RunCommandTest, SendsAnEmptyListWhereNothingIsOpen) {
+TEST_F(RunCommandTest, SendsAnEmptyListIfNothingIsOpen) {
   EXPECT_EQ(launch({"deskloomplugin://runCommand/apps"}), 0);
   EXPECT_EQ(host.nextLine(), emptyListCommand);
 }
@@ -124,7 +124,7 @@ TEST_F(RunCommandTest, SendsAnEmptyListAndLogsWhichFileManagerDoesNotTellWhatItS
     windows.awaitCount(1);
     ChildProcess plugin({GLEANERY_PROGRAM, "deskloomplugin://runCommand/finder"}, {.captureErrors = true});
     const std::string log = plugin.readAll();
-    EXPECT_THAT(log, HasSubstr("Finder got an error: pcmanfm is running but does not tell what it shows."));
+    EXPECT_THAT(log, HasSubstr("Finder got an error: pcmanfm is running but does not report which folders it shows."));
     EXPECT_THAT(log, HasSubstr("NSAppleScriptErrorNumber = \"-1728\";"));
     EXPECT_EQ(plugin.wait(), 0);
     EXPECT_EQ(host.nextLine(), emptyListCommand);

@@ -1,4 +1,4 @@
-// A plug-in whose bundle names a feed: what the user hears of a newer version.
+// A plug-in whose bundle names a feed: how the user learns about a newer version.
 
 #include <filesystem>
 #include <string>
@@ -20,11 +20,12 @@ using TestSupport::HostProcess;
 
 namespace {
 
-TEST(UpdateTest, ALaunchLeavesACheckBehindThatTellsTheUserOfANewerVersion) {
+TEST(UpdateTest, ALaunchStartsACheckThatTellsTheUserAboutANewerVersion) {
   const TestSupport::TemporaryFolder folder;
   const auto program = std::filesystem::path(GLEANERY_PROGRAM);
   const auto bundle = folder.path() / "com.quillary.Gleanery";
   std::filesystem::copy(program.parent_path(), bundle, std::filesystem::copy_options::recursive);
+  std::filesystem::copy_file(UPDATE_CHECK_PROGRAM, bundle / "update-check");
   folder.write("com.quillary.Gleanery/Info.ini",
                "[Bundle]\nIdentifier=com.quillary.Gleanery\nName=Gleanery\nVersion=1.9\n"
                "[Updates]\nFeedURL=file://" +
@@ -32,7 +33,7 @@ TEST(UpdateTest, ALaunchLeavesACheckBehindThatTellsTheUserOfANewerVersion) {
   folder.write("appcast.xml",
                "<rss xmlns:sparkle='http://www.andymatuschak.org/xml-namespaces/sparkle'><channel>"
                "<item><sparkle:version>1.10</sparkle:version></item></channel></rss>");
-  prctl(PR_SET_CHILD_SUBREAPER, 1);  // what it leaves behind becomes this process's child
+  prctl(PR_SET_CHILD_SUBREAPER, 1);  // the check becomes this process's child when the plug-in ends
   HostProcess host(DESKLOOM_HOST_PROGRAM);
   FakeNotifications notifications;
 

@@ -11,7 +11,7 @@
 
 #include "DeskloomSDK/Host/DeskloomAPI.h"
 #include "DeskloomSDK/Resources/Resource.h"
-#include "Linux/LinuxServices.h"
+#include "Linux/Services.h"
 #include "Platform/Text/PercentEncoding.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
@@ -45,7 +45,7 @@ class ExamplePluginTest : public testing::Test {
  protected:
   void SetUp() override {
     ASSERT_NE(program_, nullptr) << "RECENT_FILES_PROGRAM names no program";
-    services_.bundle = Platform::Linux::LinuxBundle(std::filesystem::canonical(program_).parent_path());
+    services_.bundle = Linux::Bundle(std::filesystem::canonical(program_).parent_path());
     writeList();
   }
 
@@ -94,7 +94,7 @@ class ExamplePluginTest : public testing::Test {
   }
 
   const char* program_ = std::getenv("RECENT_FILES_PROGRAM");
-  Platform::Linux::LinuxServices services_;
+  Linux::Services services_;
 };
 
 TEST_F(ExamplePluginTest, SendsTheNewestFilesThatAreThere) {

@@ -103,7 +103,7 @@ TEST(Safari, HasTheCurrentTabOfAWindow) {
   EXPECT_EQ(ofSafari("get name of window 2", twoWindows), "Three");
 }
 
-TEST(BrowserApplication, HasNoActiveTabWhereThereIsNone) {
+TEST(BrowserApplication, HasNoActiveTabIfThereIsNone) {
   EXPECT_EQ(ofChrome("get active tab index of window 1", {{.tabs = {}, .activeTab = 3}}), "no text");
   EXPECT_EQ(ofSafari("get current tab of window 1", {{.tabs = {}, .activeTab = 0}}), "no text");
 }
@@ -132,14 +132,14 @@ TEST(BrowserApplication, TakesAllBrowsersTogether) {
             "OneTwo");
 }
 
-TEST(BrowserApplication, IsNotRunningWhereNoBrowserIs) {
+TEST(BrowserApplication, IsNotRunningIfNoBrowserIs) {
   EXPECT_EQ(answer<ScriptableApps::GoogleChrome>({}, "count windows"),
             "-600: Google Chrome got an error: Application isn’t running.");
   EXPECT_EQ(answer<ScriptableApps::Safari>({}, "count windows"),
             "-600: Safari got an error: Application isn’t running.");
 }
 
-TEST(BrowserApplication, FailsWhereNothingCouldBeRead) {
+TEST(BrowserApplication, FailsIfNothingCouldBeRead) {
   EXPECT_EQ(answer<ScriptableApps::Safari>({std::unexpected("It is damaged."), std::unexpected("So is this.")},
                                            "count windows"),
             "-2700: Safari got an error: It is damaged.");
@@ -171,7 +171,7 @@ TEST(BrowserApplication, LeavesTabsWithLongAddressesOutAndLogsTheirNumber) {
             "Tabs that are left out, since their addresses are longer than 65536 bytes: 2.\n");
 }
 
-TEST(BrowserApplication, RunsWhereTheBrowserHasNoWindow) {
+TEST(BrowserApplication, RunsIfTheBrowserHasNoWindow) {
   EXPECT_EQ(ofChrome("count windows", {}), "0");
 }
 

@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "AppleScript/Arguments.h"
-#include "AppleScript/Value.h"
+#include "AppleScript/Values/Application.h"
+#include "AppleScript/Values/Value.h"
 #include "ScriptableApps/Deskloom/Deskloom.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeDeskloomHost.h"
@@ -98,7 +98,7 @@ TEST_F(DeskloomTest, InstallsThePlugin) {
   expectCall("InstallPlugin()");
 }
 
-TEST_F(DeskloomTest, SucceedsWithoutAValueWhereTheHostHasNone) {
+TEST_F(DeskloomTest, SucceedsWithoutAValueIfTheHostHasNone) {
   host_.answer("GetConfig", "(false, 'ignored')");
   const auto result = run("get config", with("ID"));
   ASSERT_TRUE(result);
@@ -106,7 +106,7 @@ TEST_F(DeskloomTest, SucceedsWithoutAValueWhereTheHostHasNone) {
   EXPECT_EQ(result->stringValue(), std::nullopt);
 }
 
-TEST_F(DeskloomTest, TellsAnEmptyTextFromNone) {
+TEST_F(DeskloomTest, DistinguishesAnEmptyTextFromNone) {
   host_.answer("GetConfig", "(true, '')");
   EXPECT_EQ(run("get config", with("ID"))->stringValue(), "");
 }
@@ -127,7 +127,7 @@ TEST_F(DeskloomTest, PassesTextsUnaltered) {
   EXPECT_TRUE(received == text);
 }
 
-TEST_F(DeskloomTest, FailsWhereATextCannotBeSent) {
+TEST_F(DeskloomTest, FailsIfATextCannotBeSent) {
   for (const std::string& text : {"a\0b"s, "\xff"s}) {
     const auto result = run("get config", with(text));
     ASSERT_FALSE(result);
@@ -137,7 +137,7 @@ TEST_F(DeskloomTest, FailsWhereATextCannotBeSent) {
   EXPECT_TRUE(host_.calls().empty());
 }
 
-TEST_F(DeskloomTest, FailsWhereAParameterIsMissing) {
+TEST_F(DeskloomTest, FailsIfAParameterIsMissing) {
   EXPECT_EQ(run("get config", {}).error().number, ErrorNumber::missingParameter);
   EXPECT_EQ(run("set config", with("text")).error().number, ErrorNumber::missingParameter);
   EXPECT_TRUE(host_.calls().empty());
@@ -154,7 +154,7 @@ TEST_F(DeskloomTest, PassesTheHostsErrorOn) {
   EXPECT_EQ(result.error().applicationName, "Deskloom");
 }
 
-TEST_F(DeskloomTest, FailsWhereTheHostRefusesAccess) {
+TEST_F(DeskloomTest, FailsIfTheHostRefusesAccess) {
   host_.answer("InstallPlugin", [](auto* invocation) {
     g_dbus_method_invocation_return_dbus_error(invocation, "org.freedesktop.DBus.Error.AccessDenied", "Not allowed.");
   });
@@ -163,7 +163,7 @@ TEST_F(DeskloomTest, FailsWhereTheHostRefusesAccess) {
   EXPECT_EQ(result.error().message, "Deskloom got an error: Not allowed.");
 }
 
-TEST_F(DeskloomTest, FailsWhereTheHostAnswersSomethingElse) {
+TEST_F(DeskloomTest, FailsIfTheHostAnswersSomethingElse) {
   host_.answerUnchecked("GetConfig", "('text',)");
   const auto result = run("get config", with("ID"));
   ASSERT_FALSE(result);
@@ -178,7 +178,7 @@ TEST_F(DeskloomTest, HasSetWhateverTheHostAnswersToThat) {
   EXPECT_TRUE(run("install plugin", {})->isMissing());
 }
 
-TEST_F(DeskloomTest, FailsWhereTheHostStaysSilent) {
+TEST_F(DeskloomTest, FailsIfTheHostStaysSilent) {
   host_.answer("GetConfig", [](auto* invocation) { g_object_unref(invocation); });
   const auto result = run("get config", with("ID"), 50ms);
   ASSERT_FALSE(result);
@@ -186,7 +186,7 @@ TEST_F(DeskloomTest, FailsWhereTheHostStaysSilent) {
   EXPECT_EQ(result.error().message, "Deskloom got an error: AppleEvent timed out.");
 }
 
-TEST_F(DeskloomTest, FailsWhereTheHostQuitsMeanwhile) {
+TEST_F(DeskloomTest, FailsIfTheHostQuitsMeanwhile) {
   host_.answer("GetConfig", [this](auto* invocation) {
     host_.disappear();
     g_object_unref(invocation);

@@ -1,108 +1,36 @@
+// The Finder with file managers that report which folders they show.
+
 #include <chrono>
 #include <filesystem>
-#include <memory>
 #include <string>
-#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "DesktopSupport/Bus/SessionBus.h"
-#include "ScriptableApps/Finder/Finder.h"
-#include "ScriptableApps/Finder/FinderObjects.h"
+#include "Tests/ScriptableApps/FinderTest.h"
 #include "Tests/ScriptableApps/Scripts.h"
-#include "Tests/Support/EnvironmentVariable.h"
-#include "Tests/Support/FakeService.h"
-#include "Tests/Support/TemporaryFolder.h"
 #include "Tests/Support/TestDesktop.h"
 #include "Tests/Support/TestWindow.h"
 
 namespace {
 
 using namespace std::chrono_literals;
-using AppleScript::ErrorNumber;
-using AppleScript::Result;
 using ScriptableApps::Finder;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using TestSupport::FakeFileManager;
 using TestSupport::FakeService;
+using TestSupport::FinderTest;
+using TestSupport::interfaceOwner;
 using TestSupport::listFolders;
+using TestSupport::openPaths;
+using TestSupport::openPathsAndLog;
+using TestSupport::otherFileManager;
+using TestSupport::shortly;
 using TestSupport::textOfScript;
 
-constexpr const char* interfaceOwner = "org.freedesktop.FileManager1";
-constexpr const char* otherFileManager = "org.gnome.Nautilus";
-
-/// A file manager that says what properties it has of org.freedesktop.FileManager1.
-class FakeFileManager : public FakeService {
- public:
-  explicit FakeFileManager(const char* name = interfaceOwner)
-      : FakeService(name, "/org/freedesktop/FileManager1", R"(
-          <node>
-            <interface name="org.freedesktop.DBus.Properties">
-              <method name="GetAll"><arg type="s"/><arg type="a{sv}" direction="out"/></method>
-            </interface>
-          </node>)") {}
-
-  void has(const std::string& properties) { answer("GetAll", '(' + properties + ",)"); }
-  void fails(const char* error) {
-    answer("GetAll", [error](GDBusMethodInvocation* invocation) {
-      g_dbus_method_invocation_return_dbus_error(invocation, error, "No.");
-    });
-  }
-  void staysSilent() {
-    answer("GetAll", [](GDBusMethodInvocation* invocation) { g_object_unref(invocation); });
-  }
-};
-
-/// How long to wait for a program that stays silent: longer than others need for an answer on a busy machine.
-constexpr std::chrono::milliseconds shortly = 2s;
-
-Result<std::vector<std::string>> openPaths(std::chrono::milliseconds patience = 60s) {
-  Finder finder(patience);
-  const auto root = finder.open();
-  if (!root)
-    return std::unexpected(root.error());
-  std::vector<std::string> paths;
-  for (const auto& window : static_cast<const ScriptableApps::FinderRoot&>(**root).windows())
-    paths.push_back(window.folder().path);
-  return paths;
-}
-
-void expectError(ErrorNumber number, const std::string& message, std::chrono::milliseconds patience = 60s) {
-  const auto paths = openPaths(patience);
-  ASSERT_FALSE(paths);
-  EXPECT_EQ(paths.error().number, number);
-  EXPECT_EQ(paths.error().message, "Finder got an error: " + message);
-  EXPECT_EQ(paths.error().applicationName, "Finder");
-}
-
-void expectNotRunning() {
-  expectError(ErrorNumber::notRunning, "Application isn’t running.");
-}
-
-/// What a file manager is told to be that doesn't tell what it shows.
-std::string isSilent(const std::string& program) {
-  return program + " is running but does not tell what it shows.";
-}
-
-/// The program behind the file managers made here.
-std::string ownProgram() {
-  return std::filesystem::read_symlink("/proc/self/exe").filename();
-}
-
-void expectSilent() {
-  expectError(ErrorNumber::noSuchObject, isSilent(ownProgram()));
-}
-
-/// The paths, with what is written to the log while they are asked for in `log`.
-std::vector<std::string> openPathsAndLog(std::string& log, std::chrono::milliseconds patience = 60s) {
-  testing::internal::CaptureStderr();
-  const auto paths = openPaths(patience);
-  log = testing::internal::GetCapturedStderr();
-  return paths.value_or(std::vector<std::string>{paths ? "" : paths.error().message});
-}
-
-// The connection that has a name on the bus.
+/// The connection that owns a name on the bus.
 std::string ownerOf(const char* name) {
   const auto reply = DesktopSupport::SessionBus::connect()->call(
       {.destination = "org.freedesktop.DBus", .path = "/", .interface = "org.freedesktop.DBus", .name = "GetNameOwner"},
@@ -113,22 +41,7 @@ std::string ownerOf(const char* name) {
   return owner;
 }
 
-class FinderTest : public testing::Test {
- protected:
-  FinderTest() {
-    for (const auto* folder : {&a_, &b_, &c_})
-      std::filesystem::create_directory(*folder);
-  }
-
-  static std::string uri(const std::filesystem::path& folder) { return "'file://" + folder.string() + '\''; }
-
-  TestSupport::TemporaryFolder folder_;
-  std::filesystem::path a_ = folder_.path() / "a";
-  std::filesystem::path b_ = folder_.path() / "b";
-  std::filesystem::path c_ = folder_.path() / "c";
-};
-
-TEST_F(FinderTest, HasAWindowForEachTabOfEachWindowInTheOrderTold) {
+TEST_F(FinderTest, HasAWindowForEachTabOfEachWindowInTheOrderReported) {
   FakeFileManager fileManager;
   fileManager.has("{'OpenWindowsWithLocations': <{'/window/2': [" + uri(c_) + ", " + uri(a_) + "], '/window/1': [" +
                   uri(b_) + "]}>, 'OpenLocations': <[" + uri(a_) + "]>}");
@@ -152,7 +65,7 @@ TEST_F(FinderTest, HasTheTabsOfTheTopmostWindowFirst) {
   EXPECT_THAT(openPaths().value(), ElementsAre(c_ / "", b_ / "", a_ / "")) << "the X server does not know the last one";
 }
 
-TEST_F(FinderTest, HasTheLocationsWhereTheFileManagerTellsNoWindows) {
+TEST_F(FinderTest, HasTheLocationsIfTheFileManagerDoesNotReportWindows) {
   FakeFileManager fileManager;
   const std::string locations = "'OpenLocations': <[" + uri(b_) + ", " + uri(a_) + "]>";
   for (const char* windows : {"", "'OpenWindowsWithLocations': <'none'>, ", "'OpenWindowsWithLocations': <7>, "}) {
@@ -161,7 +74,7 @@ TEST_F(FinderTest, HasTheLocationsWhereTheFileManagerTellsNoWindows) {
   }
 }
 
-TEST_F(FinderTest, HasNoWindowsWhereTheFileManagerHasNone) {
+TEST_F(FinderTest, HasNoWindowsIfTheFileManagerHasNone) {
   FakeFileManager fileManager;
   for (const char* properties :
        {"{'OpenWindowsWithLocations': <@a{sas} {}>, 'OpenLocations': <@as []>}",
@@ -187,110 +100,6 @@ TEST_F(FinderTest, AsksEveryFileManagerThatRuns) {
   EXPECT_THAT(openPaths().value(), ElementsAre(b_ / "", a_ / ""));
 }
 
-TEST_F(FinderTest, FindsAFileManagerBesideOneThatDoesNotTell) {
-  FakeFileManager owner;
-  FakeFileManager other(otherFileManager);
-  std::string log;
-  other.has("{'OpenLocations': <[" + uri(a_) + "]>}");
-  owner.has("@a{sv} {}");
-  EXPECT_THAT(openPathsAndLog(log), ElementsAre(a_ / ""));
-  EXPECT_EQ(log, isSilent(ownProgram()) + '\n');
-  owner.staysSilent();
-  EXPECT_THAT(openPathsAndLog(log, shortly), ElementsAre(a_ / ""));
-  EXPECT_THAT(log, testing::StartsWith(ownProgram() + " has not told what it shows: "));
-  owner.answerUnchecked("GetAll", "('nonsense',)");
-  EXPECT_THAT(openPathsAndLog(log), ElementsAre(a_ / ""));
-  EXPECT_THAT(log, testing::StartsWith(ownProgram() + " has not told what it shows: "));
-}
-
-TEST_F(FinderTest, LogsAFailureAsOneLine) {
-  FakeFileManager owner;
-  FakeFileManager other(otherFileManager);
-  other.has("{'OpenLocations': <[" + uri(a_) + "]>}");
-  owner.answer("GetAll", [](GDBusMethodInvocation* invocation) {
-    g_dbus_method_invocation_return_dbus_error(invocation, "org.example.Error", "Two\nlines.");
-  });
-  std::string log;
-  EXPECT_THAT(openPathsAndLog(log), ElementsAre(a_ / ""));
-  EXPECT_EQ(log, ownProgram() + " has not told what it shows: Two lines.\n");
-}
-
-TEST_F(FinderTest, TellsOfAllFileManagersWhereNoneTells) {
-  FakeFileManager owner;
-  FakeFileManager other(otherFileManager);
-  owner.has("@a{sv} {}");
-  other.fails("org.example.Error");
-  expectError(ErrorNumber::noSuchObject,
-              isSilent(ownProgram()) + ' ' + ownProgram() + " has not told what it shows: No.");
-}
-
-TEST_F(FinderTest, KeepsWhatOneFileManagerToldWhereAnotherFails) {
-  FakeFileManager owner;
-  FakeFileManager other(otherFileManager);
-  owner.has("{'OpenLocations': <[" + uri(a_) + "]>}");
-  other.staysSilent();
-  EXPECT_THAT(openPaths(shortly).value(), ElementsAre(a_ / ""));
-}
-
-TEST_F(FinderTest, IsNotRunningWithoutAFileManager) {
-  expectNotRunning();
-}
-
-TEST_F(FinderTest, IsNotRunningWithoutABus) {
-  const TestSupport::EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
-  const TestSupport::EnvironmentVariable runtimeFolder("XDG_RUNTIME_DIR", std::nullopt);
-  expectNotRunning();
-}
-
-TEST_F(FinderTest, SaysThatTheFileManagerDoesNotTell) {
-  FakeFileManager fileManager;
-  for (const char* properties :
-       {"@a{sv} {}", "{'OpenLocations': <'file:///'>, 'OpenWindowsWithLocations': <['file:///']>}"}) {
-    fileManager.has(properties);
-    expectSilent();
-  }
-  for (const char* error : {"org.freedesktop.DBus.Error.UnknownMethod", "org.freedesktop.DBus.Error.UnknownInterface",
-                            "org.freedesktop.DBus.Error.UnknownObject", "org.freedesktop.DBus.Error.UnknownProperty",
-                            "org.freedesktop.DBus.Error.NotSupported"}) {
-    fileManager.fails(error);
-    expectSilent();
-  }
-}
-
-TEST_F(FinderTest, SaysThatAFileManagerWithMethodsAloneDoesNotTell) {
-  for (const char* interface : {"org.freedesktop.FileManager1", "org.example.Other"}) {
-    const std::string description =
-        std::string("<node><interface name='") + interface +
-        "'><method name='ShowFolders'><arg type='as'/><arg type='s'/></method></interface></node>";
-    const FakeService fileManager(interfaceOwner, "/org/freedesktop/FileManager1", description.c_str());
-    expectSilent();
-  }
-}
-
-TEST_F(FinderTest, SaysThatAFileManagerWithAnEmptyListAndAWindowDoesNotTell) {
-  FakeFileManager fileManager("org.Nemo");
-  const TestSupport::TestDesktop desktop;
-  TestSupport::TestWindow background(desktop);
-  background.setAtom("_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DESKTOP");
-  ASSERT_TRUE(background.show());
-  fileManager.has("{'OpenLocations': <@as []>}");
-  EXPECT_THAT(openPaths().value(), IsEmpty()) << "the desktop's icons are no window";
-  TestSupport::TestWindow window(desktop);
-  ASSERT_TRUE(window.show());
-  expectSilent();
-  fileManager.has("{'OpenLocations': <[" + uri(a_) + "]>}");
-  EXPECT_THAT(openPaths().value(), ElementsAre(a_ / ""));
-  fileManager.has("{'OpenWindowsWithLocations': <@a{sas} {}>, 'OpenLocations': <@as []>}");
-  EXPECT_THAT(openPaths().value(), IsEmpty()) << "its windows are those that show no folder";
-}
-
-TEST_F(FinderTest, SaysThatAFileManagerWithAnEmptyListDoesNotTellWhereItMayHaveAWindow) {
-  FakeFileManager fileManager("org.Nemo");
-  fileManager.has("{'OpenLocations': <@as []>}");
-  const TestSupport::EnvironmentVariable noDisplay("DISPLAY", std::nullopt);
-  expectSilent();
-}
-
 TEST_F(FinderTest, AsksAFileManagerThatIsOnTheBusOnce) {
   FakeFileManager fileManager;
   fileManager.has("{'OpenLocations': <[" + uri(a_) + "]>}");
@@ -303,14 +112,6 @@ TEST_F(FinderTest, AsksAFileManagerThatIsOnTheBusOnce) {
   EXPECT_EQ(log, "");
 }
 
-TEST_F(FinderTest, IsNotRunningForTheDesktopsIcons) {
-  const TestSupport::TestDesktop desktop;
-  TestSupport::TestWindow background(desktop);
-  background.setClass("pcmanfm", "Pcmanfm").setAtom("_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DESKTOP");
-  ASSERT_TRUE(background.show());
-  expectNotRunning();
-}
-
 TEST_F(FinderTest, LeavesOutAFolderWhosePathIsNotOneLineAndLogsIt) {
   const auto folder = folder_.path() / "two\nlines";
   std::filesystem::create_directory(folder);
@@ -319,50 +120,8 @@ TEST_F(FinderTest, LeavesOutAFolderWhosePathIsNotOneLineAndLogsIt) {
                   ", 'trash:///']>}");
   std::string log;
   EXPECT_THAT(openPathsAndLog(log), ElementsAre(a_ / ""));
-  EXPECT_EQ(log,
-            "The folder " + folder_.path().string() + "/two lines is left out: its path is not one line of text.\n");
-}
-
-TEST_F(FinderTest, IsNotRunningWhereTheFileManagerQuitsMeanwhile) {
-  FakeFileManager fileManager;
-  fileManager.answer("GetAll", [&](GDBusMethodInvocation* invocation) {
-    fileManager.disappear();
-    g_object_unref(invocation);
-  });
-  expectNotRunning();
-}
-
-TEST_F(FinderTest, GivesUpOnAFileManagerThatStaysSilent) {
-  FakeFileManager fileManager;
-  fileManager.staysSilent();
-  expectError(ErrorNumber::timedOut, "AppleEvent timed out.", shortly);
-}
-
-TEST_F(FinderTest, WaitsForSecondsAndNotForMinutes) {
-  FakeFileManager fileManager;
-  fileManager.staysSilent();
-  const auto before = std::chrono::steady_clock::now();
-  Finder finder;
-  EXPECT_FALSE(finder.open());
-  EXPECT_LT(std::chrono::steady_clock::now() - before, 30s);
-}
-
-TEST_F(FinderTest, FailsWhereTheFileManagerAnswersSomethingElse) {
-  FakeFileManager fileManager;
-  for (const char* nonsense : {"('nonsense',)", "()", "(@a{sv} {}, 1)", "({'OpenLocations': 'file:///'},)"}) {
-    fileManager.answerUnchecked("GetAll", nonsense);
-    const auto paths = openPaths();
-    ASSERT_FALSE(paths) << nonsense;
-    EXPECT_EQ(paths.error().number, ErrorNumber::genericError) << nonsense;
-  }
-}
-
-TEST_F(FinderTest, FailsWhereTheFileManagerFails) {
-  FakeFileManager fileManager;
-  fileManager.fails("org.example.Error");
-  expectError(ErrorNumber::genericError, "No.");
-  fileManager.fails("org.freedesktop.DBus.Error.AccessDenied");
-  expectError(ErrorNumber::accessNotAllowed, "No.");
+  EXPECT_EQ(log, "The folder " + folder_.path().string() +
+                     "/two lines is left out: its path contains characters that cannot be shown.\n");
 }
 
 TEST_F(FinderTest, AnswersTheScriptThatListsFolders) {
@@ -376,10 +135,6 @@ TEST_F(FinderTest, AnswersTheScriptThatListsFolders) {
   EXPECT_EQ(textOfScript(listFolders), "");
 }
 
-TEST_F(FinderTest, FailsTheScriptWhereNoFileManagerRuns) {
-  EXPECT_EQ(textOfScript(listFolders), "-600: Finder got an error: Application isn’t running.");
-}
-
 TEST_F(FinderTest, CopesWithManyLocations) {
   FakeFileManager fileManager;
   std::string locations = "''";
@@ -389,7 +144,7 @@ TEST_F(FinderTest, CopesWithManyLocations) {
   EXPECT_EQ(openPaths().value().size(), 10000U);
 }
 
-// Places of a made-up kind, of which one is mounted.
+/// Places of a made-up kind, of which one is mounted.
 class MountedPlacesTest : public FinderTest {
  protected:
   MountedPlacesTest() {

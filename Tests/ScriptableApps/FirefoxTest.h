@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include "Tests/ScriptableApps/SafariScripts.h"
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/FolderChanges.h"
 #include "Tests/Support/PageServer.h"
@@ -158,7 +157,8 @@ class FirefoxTest : public testing::Test {
                               SessionStore.setCustomWindowValue(window, 'compared', `${Date.now()}`);
                               return listed();)");
     EXPECT_EQ(said, windows);
-    EXPECT_TRUE(changes_.waitUntil([&] { return textOfScript(listWindows) == windows; })) << textOfScript(listWindows);
+    EXPECT_TRUE(changes_.waitUntil([&] { return textOfScript(listSafariWindows) == windows; }))
+        << textOfScript(listSafariWindows);
   }
 
   /// Brings the window that shows the page with this name to the front.

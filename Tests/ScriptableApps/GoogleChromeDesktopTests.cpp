@@ -26,20 +26,9 @@ using BrowserSessions::BrowserSession;
 using BrowserSessions::BrowserTab;
 using BrowserSessions::BrowserWindow;
 using nlohmann::json;
+using TestSupport::listChromeTabs;
 using TestSupport::TestChromium;
 using TestSupport::textOfScript;
-
-// Yields the title and the address of each tab as a line each.
-constexpr std::string_view listTabs = R"(
-    tell application "Google Chrome"
-        set result to ""
-        
-        repeat with x from 1 to (number of windows)
-            repeat with y from 1 to (get number of tabs of window x)
-                set result to ((result & (get title of tab y of window x) & linefeed as string) & (get URL of tab y of window x) & linefeed as string)
-            end repeat
-        end repeat
-    end tell)";
 
 std::string linesOf(const BrowserSession& session) {
   std::string lines;
@@ -164,7 +153,7 @@ class GoogleChromeTest : public testing::Test {
     std::string isOpen;
     static_cast<void>(browser.waitUntilWritten([&] {
       isOpen = linesOf(openIn(browser));
-      isListed = textOfScript(listTabs);
+      isListed = textOfScript(listChromeTabs);
       return isListed == isOpen;
     }));
     EXPECT_EQ(isListed, isOpen);
@@ -200,7 +189,7 @@ TEST_F(GoogleChromeTest, ListsWhatIsOpenSecondsAfterAChange) {
   expectListedSoon(browser);
 }
 
-TEST_F(GoogleChromeTest, ListsWhatIsOpenAtOnceWhereTheBrowserCanBeAsked) {
+TEST_F(GoogleChromeTest, ListsWhatIsOpenAtOnceIfTheBrowserCanBeAsked) {
   TestChromium browser(withPort);
   openThreeWindows(browser);
   changeMuch(browser);
@@ -222,7 +211,7 @@ TEST_F(GoogleChromeTest, ListsNoOtherWindows) {
   expectReadSoon(browser, sortedWithoutTitles);
 }
 
-TEST_F(GoogleChromeTest, ListsNoOtherWindowsWhereTheBrowserCanBeAsked) {
+TEST_F(GoogleChromeTest, ListsNoOtherWindowsIfTheBrowserCanBeAsked) {
   TestChromium browser(withPort);
   openThreeWindows(browser);
   openOtherWindows(browser);
@@ -249,7 +238,7 @@ TEST_F(GoogleChromeTest, ListsNothingThatWasOpenBeforeTheBrowserWasStarted) {
     expectReadSoon(browser, withoutTitles);
   }
   TestChromium browser;
-  EXPECT_EQ(textOfScript(listTabs).find(pages_.url("before")), std::string::npos);
+  EXPECT_EQ(textOfScript(listChromeTabs).find(pages_.url("before")), std::string::npos);
   EXPECT_FALSE(browser.hasPage(pages_.url("before")));
 }
 
@@ -259,7 +248,7 @@ TEST_F(GoogleChromeTest, ListsWhatHasBeenRestoredAfterACrash) {
     openThreeWindows(browser);
     expectReadSoon(browser, withoutTitles);
   }
-  EXPECT_EQ(textOfScript(listTabs), "-600: Google Chrome got an error: Application isn’t running.");
+  EXPECT_EQ(textOfScript(listChromeTabs), "-600: Google Chrome got an error: Application isn’t running.");
   TestChromium browser({"--restore-last-session"});
   for (const char* name : {"a", "e", "f", "i", "j", "l"})
     browser.awaitUntil([&] { return browser.hasPage(pages_.url(name)); });

@@ -19,19 +19,9 @@ namespace {
 
 using nlohmann::json;
 using TestSupport::FolderChanges;
+using TestSupport::listChromeTabs;
 using TestSupport::TestChromium;
 using TestSupport::textOfScript;
-
-// Yields the title and the address of each tab as a line each.
-constexpr std::string_view listTabs = R"(
-    tell application "Google Chrome"
-        set result to ""
-        repeat with x from 1 to (number of windows)
-            repeat with y from 1 to (get number of tabs of window x)
-                set result to ((result & (get title of tab y of window x) & linefeed as string) & (get URL of tab y of window x) & linefeed as string)
-            end repeat
-        end repeat
-    end tell)";
 
 class GoogleChromeNames : public testing::Test {
  protected:
@@ -44,7 +34,7 @@ class GoogleChromeNames : public testing::Test {
     EXPECT_TRUE(desktop_.waitForTitle("Page " + name + " - Chromium"));
   }
 
-  // What the browser itself says that `listTabs` has to yield; it has one window.
+  // What the browser itself says that `listChromeTabs` has to yield; it has one window.
   static std::string linesIn(TestChromium& browser) {
     std::string lines;
     const json session = browser.run("session()");
@@ -59,7 +49,7 @@ class GoogleChromeNames : public testing::Test {
   static std::string listedWith(const std::string& url) {
     std::string listed;
     const FolderChanges changes(TestChromium::userData());
-    EXPECT_TRUE(changes.waitUntil([&] { return (listed = textOfScript(listTabs)).contains('\n' + url + '\n'); }))
+    EXPECT_TRUE(changes.waitUntil([&] { return (listed = textOfScript(listChromeTabs)).contains('\n' + url + '\n'); }))
         << listed;
     return listed;
   }
@@ -97,7 +87,7 @@ TEST_F(GoogleChromeNames, AreKnownAtOnceForTheTabThatIsShown) {
   EXPECT_THAT(listedWith(pages_.url("last")), testing::HasSubstr("Page new\n" + pages_.url("new") + '\n'));
 }
 
-TEST_F(GoogleChromeNames, AreTheTabsOwnWhereSeveralHaveOneAddress) {
+TEST_F(GoogleChromeNames, AreTheTabsOwnIfSeveralHaveOneAddress) {
   TestChromium browser;
   browser.run("pages = '" + pages_.url() + "'");
   open(browser, pages_.url("a"));
@@ -144,8 +134,9 @@ TEST_F(GoogleChromeNames, AreNotKnownWithoutASessionLogOfThisRun) {
   TestChromium::ask({pages_.url("a")});
   browser.awaitPage(pages_.url("a"));
   const std::string profile = (TestChromium::userData() / "Default").string();
-  EXPECT_EQ(textOfScript(listTabs), "-2700: Google Chrome got an error: What the browser has open with the profile " +
-                                        profile + " is not known: it has written no session log since it was started.");
+  EXPECT_EQ(textOfScript(listChromeTabs),
+            "-2700: Google Chrome got an error: What the browser has open with the profile " + profile +
+                " is not known: it has written no session log since it was started.");
 }
 
 }  // namespace

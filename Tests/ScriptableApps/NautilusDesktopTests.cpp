@@ -1,4 +1,4 @@
-// The Finder with real file managers: one that tells what it shows, and one that doesn't.
+// The Finder with real file managers: one that reports which folders it shows, and one that doesn't.
 
 #include <algorithm>
 #include <chrono>
@@ -29,8 +29,8 @@ using TestSupport::textOfScript;
 
 constexpr const char* fileManagerName = "org.freedesktop.FileManager1";
 
-/// Has the test wait until a condition holds; it is looked at again whenever the file manager tells that its locations
-/// have changed.
+/// Waits until a condition holds, which is checked again whenever the file manager signals that its locations have
+/// changed.
 class LocationChanges {
  public:
   LocationChanges() {
@@ -66,10 +66,10 @@ class NautilusTest : public testing::Test {
   }
 
   [[nodiscard]] std::string path(const std::string& name) const { return folder_.path() / name; }
-  /// What the script answers for a folder.
+  /// The lines that the script yields for a folder.
   [[nodiscard]] std::string lines(const std::string& name) const { return name + '\n' + path(name) + "/\n"; }
 
-  /// Waits until the script answers as many folders as this, and yields its answer.
+  /// Waits until the script lists this number of folders. Yields its result.
   static std::string foldersOnceThereAre(std::ptrdiff_t count) {
     std::string folders;
     LocationChanges::awaitUntil([&] {
@@ -85,7 +85,7 @@ class NautilusTest : public testing::Test {
     ASSERT_TRUE(desktop_.waitUntil([&] { return desktop_.stackedClients().back() == window; }));
   }
 
-  /// Opens a further tab for the folder that a window shows.
+  /// Opens another tab for the folder that a window shows.
   static void openTab(const std::string& window) {
     const auto reply = SessionBus::connect()->call(
         {.destination = fileManagerName, .path = window, .interface = "org.gtk.Actions", .name = "Activate"},
@@ -134,24 +134,25 @@ TEST_F(NautilusTest, ShowsNoPlacesThatAreNoFolders) {
   EXPECT_EQ(foldersOnceThereAre(1), lines("first"));
 }
 
-TEST_F(NautilusTest, IsListedBesideAFileManagerThatDoesNotTell) {
+TEST_F(NautilusTest, IsListedBesideAFileManagerThatDoesNotReport) {
   const ChildProcess pcmanfm({"pcmanfm", path("second")});
   ASSERT_TRUE(desktop_.waitForClass("Pcmanfm"));
   const ChildProcess nautilus({"nautilus", "--new-window", path("first")});
   EXPECT_EQ(foldersOnceThereAre(1), lines("first"));
   testing::internal::CaptureStderr();
   EXPECT_EQ(textOfScript(listFolders), lines("first"));
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "pcmanfm is running but does not tell what it shows.\n");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "pcmanfm is running but does not report which folders it shows.\n");
 }
 
-TEST_F(NautilusTest, IsNotStartedForAFileManagerThatDoesNotTell) {
+TEST_F(NautilusTest, IsNotStartedForAFileManagerThatDoesNotReport) {
   const ChildProcess pcmanfm({"pcmanfm", path("second")});
   ASSERT_TRUE(desktop_.waitForClass("Pcmanfm"));
-  constexpr const char* error = "-1728: Finder got an error: pcmanfm is running but does not tell what it shows.";
+  constexpr const char* error =
+      "-1728: Finder got an error: pcmanfm is running but does not report which folders it shows.";
   EXPECT_EQ(textOfScript(listFolders), error);
   const TestSupport::EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
   const TestSupport::EnvironmentVariable runtimeFolder("XDG_RUNTIME_DIR", std::nullopt);
-  EXPECT_EQ(textOfScript(listFolders), error) << "it is known without a bus, too";
+  EXPECT_EQ(textOfScript(listFolders), error) << "it is known without a bus too";
 }
 
 TEST_F(NautilusTest, IsNotStarted) {

@@ -9,7 +9,7 @@
 
 namespace {
 
-using TestSupport::listTabs;
+using TestSupport::listSafariTabs;
 using TestSupport::TestFirefox;
 using TestSupport::textOfScript;
 
@@ -36,9 +36,9 @@ TEST_F(FirefoxTabs, AreListedForEachWindow) {
             await openWindow(['i', 'j', 'k']);)");
   expectWindows(window("i", {"i", "j", "k"}) + window("d", {"d", "e", "f", "g", "h"}) +
                 window("first", {"first", "a", "b", "c"}));
-  EXPECT_EQ(textOfScript(listTabs), lines("i") + lines("j") + lines("k") + lines("d") + lines("e") + lines("f") +
-                                        lines("g") + lines("h") + lines("first") + lines("a") + lines("b") +
-                                        lines("c"));
+  EXPECT_EQ(textOfScript(listSafariTabs), lines("i") + lines("j") + lines("k") + lines("d") + lines("e") + lines("f") +
+                                              lines("g") + lines("h") + lines("first") + lines("a") + lines("b") +
+                                              lines("c"));
 }
 
 TEST_F(FirefoxTabs, FollowWhenTheyAreMovedClosedAndTakenToOtherWindows) {
@@ -73,7 +73,7 @@ TEST_F(FirefoxTabs, HaveTheTitlesAndAddressesThatScriptsGiveThemAsSoonAsFirefoxS
   inside("Services.prefs.setIntPref('browser.sessionstore.interval', 100);");
 }
 
-TEST_F(FirefoxTabs, AreListedWherePinnedOrInAGroupButNotWhereHidden) {
+TEST_F(FirefoxTabs, AreListedIfPinnedOrInAGroupButNotIfHidden) {
   inside(R"(for (const name of ['a', 'b', 'c', 'd', 'e']) await open(name);
             gBrowser.pinTab(tab('c'));
             gBrowser.addTabGroup([tab('a')], {label: 'open', insertBefore: tab('a')});

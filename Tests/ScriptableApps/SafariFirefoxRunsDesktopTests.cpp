@@ -14,7 +14,7 @@
 namespace {
 
 using TestSupport::FirefoxTest;
-using TestSupport::listWindows;
+using TestSupport::listSafariWindows;
 using TestSupport::TestFirefox;
 using TestSupport::textOfScript;
 
@@ -42,13 +42,13 @@ TEST_F(FirefoxRuns, ListTabsAgainThatAreNotLoadedYet) {
   EXPECT_THAT(BrowserSessions::runningFirefoxes(),
               testing::ElementsAre(BrowserSessions::RunningFirefox{firefox_->profile(), firefox_->pid()}));
   firefox_->quit();
-  EXPECT_EQ(textOfScript(listWindows), notRunning);
+  EXPECT_EQ(textOfScript(listSafariWindows), notRunning);
   firefox_->startAgain();
   expectWindows(windows);
   EXPECT_EQ(countOfUnloadedTabs(), 3);
 
   firefox_->crash();
-  EXPECT_EQ(textOfScript(listWindows), notRunning);
+  EXPECT_EQ(textOfScript(listSafariWindows), notRunning);
   firefox_->startAgain();
   expectWindows(windows);
   EXPECT_EQ(countOfUnloadedTabs(), 3);
@@ -62,9 +62,9 @@ TEST_F(FirefoxRuns, AreListedTogetherTheOneInFrontFirst) {
   startAnew(other, "other");
   raise(other, "other");
   const std::string otherFirst = window("other", {"other"}) + window("first", {"first"});
-  EXPECT_TRUE(changes.waitUntil([&] { return textOfScript(listWindows) == otherFirst; }));
+  EXPECT_TRUE(changes.waitUntil([&] { return textOfScript(listSafariWindows) == otherFirst; }));
   raise("first");
-  EXPECT_EQ(textOfScript(listWindows), window("first", {"first"}) + window("other", {"other"}));
+  EXPECT_EQ(textOfScript(listSafariWindows), window("first", {"first"}) + window("other", {"other"}));
 }
 
 /// Shows nothing again after a crash, and saves nothing within the time of a test unless it is told to.
@@ -77,9 +77,9 @@ TEST_F(FirefoxRuns, HasNothingListedOfTheRunThatCrashed) {
       << "user_pref('browser.startup.page', 0);\n"
       << "user_pref('browser.sessionstore.interval', 3600000);\n";
   firefox_->startAgain();
-  EXPECT_EQ(textOfScript(listWindows), "-2700: Safari got an error: The session of Firefox in " +
-                                           (firefox_->sessionFolder() / "recovery.jsonlz4").string() +
-                                           " is unknown: It has not been saved since Firefox was started.");
+  EXPECT_EQ(textOfScript(listSafariWindows), "-2700: Safari got an error: The session of Firefox in " +
+                                                 (firefox_->sessionFolder() / "recovery.jsonlz4").string() +
+                                                 " is unknown: It has not been saved since Firefox was started.");
   inside("Services.prefs.setIntPref('browser.sessionstore.interval', 100); await visit(gBrowser.selectedTab, 'b');");
   expectWindows(window("b", {"b"}));
 }

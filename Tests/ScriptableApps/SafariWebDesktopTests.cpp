@@ -10,8 +10,8 @@
 
 namespace {
 
-using TestSupport::listTabs;
-using TestSupport::listWindows;
+using TestSupport::listSafariTabs;
+using TestSupport::listSafariWindows;
 using TestSupport::textOfScript;
 using TestSupport::WebTest;
 
@@ -27,7 +27,7 @@ TEST_F(WebTest, HasItsTabsListedForEachWindow) {
   std::string lines;
   for (const char* name : {"d", "e", "a", "b", "c"})
     lines += std::string("Page ") + name + '\n' + url(name) + '\n';
-  EXPECT_EQ(textOfScript(listTabs), lines);
+  EXPECT_EQ(textOfScript(listSafariTabs), lines);
 }
 
 TEST_F(WebTest, HasItsTabsWhereTheUserTakesThem) {
@@ -75,15 +75,15 @@ TEST_F(WebTest, HasTabsListedThatAreNotLoadedYet) {
 TEST_F(WebTest, IsNotListedInPrivate) {
   start({"--incognito-mode", url("secret")});
   ASSERT_TRUE(desktop_.waitForTitle("Page secret"));
-  EXPECT_EQ(textOfScript(listWindows), notRunning);
+  EXPECT_EQ(textOfScript(listSafariWindows), notRunning);
   start({url("a")});
   ASSERT_TRUE(desktop_.waitForTitle("Page a"));
-  // When a tab is added it saves what the others show; the title of the last one may come too late for that.
+  // When a tab is added, the other tabs are saved. The title of the last one may come too late for that.
   start({url("b")});
   ASSERT_TRUE(desktop_.waitForTitle("Page b"));
   std::string listed;
   EXPECT_TRUE(changes_.waitUntil([&] {
-    listed = textOfScript(listTabs);
+    listed = textOfScript(listSafariTabs);
     return listed.starts_with("Page a\n" + url("a") + '\n');
   })) << listed;
   EXPECT_THAT(listed, testing::Not(testing::HasSubstr("secret")));
@@ -102,23 +102,23 @@ TEST_F(WebTest, HasNothingListedOnceItHasQuit) {
   clickAtPage("Page a");
   input_.press({XKB_KEY_Control_L}, XKB_KEY_q);
   EXPECT_EQ(web.wait(), 0);
-  EXPECT_EQ(textOfScript(listWindows), notRunning);
+  EXPECT_EQ(textOfScript(listSafariWindows), notRunning);
 }
 
 TEST_F(WebTest, IsSaidToBeOutOfDateWhileItSavesNothing) {
   start({url("a")});
   expectPages({{"a", "a"}});
   testing::internal::CaptureStderr();
-  EXPECT_EQ(textOfScript(listTabs), "Page a\n" + url("a") + '\n');
+  EXPECT_EQ(textOfScript(listSafariTabs), "Page a\n" + url("a") + '\n');
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
   start({"view-source:" + url("a")});
   ASSERT_TRUE(desktop_.waitForTitle(url("a")));
   start({url("b")});
   ASSERT_TRUE(desktop_.waitForTitle("Page b"));
   testing::internal::CaptureStderr();
-  EXPECT_THAT(textOfScript(listTabs), testing::Not(testing::HasSubstr("Page b")));
+  EXPECT_THAT(textOfScript(listSafariTabs), testing::Not(testing::HasSubstr("Page b")));
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "What is listed of GNOME Web may be out of date: a window shows a page that it has not saved in " +
+            "The tabs of GNOME Web may be out of date: a window shows a page that is not yet saved in " +
                 profile_.string() + ".\n");
 }
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "AppleScript/Dictionary.h"
+#include "AppleScript/Values/Dictionary.h"
 #include "ScriptableApps/ScriptableApplications.h"
 
 namespace {

@@ -55,7 +55,7 @@ TEST(Scripts, ReachTheProcessesInEveryWay) {
   EXPECT_TRUE(ask("name of process 2").starts_with("-1719") || ask("name of process 2").starts_with("-1728"));
 }
 
-TEST(Scripts, FailWhereThereIsNoDesktop) {
+TEST(Scripts, FailIfThereIsNoDesktop) {
   const TestSupport::EnvironmentVariable display("DISPLAY", std::nullopt);
   const auto result = runScript(listProcesses);
   ASSERT_FALSE(result);
@@ -87,7 +87,7 @@ TEST(Scripts, ReachTheHost) {
                                    "SetGlobalConfig('T', 'B')", "SetConfig('{\"a\":1}', 'A')", "InstallPlugin()"));
 }
 
-TEST(Scripts, FailWhereTheHostDoesNotRun) {
+TEST(Scripts, FailIfTheHostDoesNotRun) {
   EXPECT_EQ(textOfScript("tell application \"Deskloom\" to install plugin"),
             "-600: Deskloom got an error: Application isn’t running.");
 }

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include "ScriptableApps/SystemEvents/SystemEvents.h"
-#include "ScriptableApps/SystemEvents/SystemEventsObjects.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/TemporaryFolder.h"
 #include "Tests/Support/TestWindow.h"
@@ -33,7 +32,7 @@ std::vector<RunningApplication> openProcesses() {
   return processes;
 }
 
-// A program that shows a window of the class that it is given, until the X server ends its connection.
+// Shows a window with the class in its first argument until the X server closes the connection.
 constexpr std::string_view pythonProgram = R"(
 import ctypes, os, sys
 
@@ -58,7 +57,7 @@ while xcb.xcb_wait_for_event(connection):
     pass
 )";
 
-// The desktop that script/desktop brings up, with desktop entries of the test's own.
+/// The desktop that script/desktop brings up, with the test's own desktop entries.
 class SystemEventsTest : public testing::Test {
  protected:
   ~SystemEventsTest() override { EXPECT_TRUE(desktop_.waitForNoWindows()); }
@@ -74,12 +73,12 @@ class SystemEventsTest : public testing::Test {
     return names;
   }
 
-  // Waits until so many windows are listed.
+  // Waits until the window manager lists this number of windows.
   void awaitWindows(std::size_t count) {
     EXPECT_TRUE(desktop_.waitUntil([&] { return desktop_.clients().size() == count; }));
   }
 
-  // What a window with these properties is listed as.
+  // The name under which a window with this class is listed.
   std::string nameOf(std::string_view windowClass) {
     TestWindow window(desktop_);
     window.setClass("instance", windowClass);
@@ -114,8 +113,8 @@ TEST_F(SystemEventsTest, ListsRealPrograms) {
   ASSERT_EQ(processes.size(), 4U);
   EXPECT_EQ(names(), (Names{"XTerm", "Mousepad", "Calculator", "xclock"}));
   EXPECT_EQ(processes[0].file, "/usr/share/applications/debian-xterm.desktop");
-  EXPECT_EQ(processes[1].entryId, "org.xfce.mousepad");
-  EXPECT_EQ(processes[2].entryId, "org.gnome.Calculator");
+  EXPECT_EQ(processes[1].entryID, "org.xfce.mousepad");
+  EXPECT_EQ(processes[2].entryID, "org.gnome.Calculator");
   EXPECT_EQ(processes[3].file, "/usr/bin/xclock");
   EXPECT_EQ(processes[3].pid, xclock.pid());
 }
@@ -169,10 +168,9 @@ TEST_F(SystemEventsTest, LeavesOutAWindowThatNoProcessOfThisMachineShows) {
   EXPECT_EQ(remote.wait(), 0) << "the process that the X server knows is gone";
   testing::internal::CaptureStderr();
   EXPECT_EQ(names(), Names{"xclock"});
-  EXPECT_EQ(
-      testing::internal::GetCapturedStderr(),
-      "An application with windows of the class \"../../etc/shadow\" is left out: no process of this machine tells "
-      "which program it is.\n");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "An application with the window class \"../../etc/shadow\" is left out: its program on this computer is "
+            "unknown.\n");
   xcb_kill_client(desktop_.connection(), desktop_.clients().back());
   desktop_.synchronize();
   awaitWindows(1);

@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include "BrowserSessions/GNOMEWeb/RunningWeb.h"
-#include "Tests/ScriptableApps/SafariScripts.h"
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
@@ -60,7 +59,8 @@ class WebTest : public testing::Test {
       haveAllSaved();
       EXPECT_TRUE(reader_.waitUntil(areOnScreen)) << testing::PrintToString(titlesOnScreen());
     }
-    EXPECT_TRUE(changes_.waitUntil([&] { return textOfScript(listWindows) == windows; })) << textOfScript(listWindows);
+    EXPECT_TRUE(changes_.waitUntil([&] { return textOfScript(listSafariWindows) == windows; }))
+        << textOfScript(listSafariWindows);
   }
 
   /// The same for windows with the pages that have these names, each behind the name of the one that is shown.

@@ -108,7 +108,7 @@ std::vector<AccessibleItem> AccessibleObject::items() const {
   return items;
 }
 
-// The toolkit's own idea of a button's name may be its label twice: "OK OK".
+// The toolkit may name a button with its label twice: "OK OK".
 bool AccessibleObject::isButton(const std::string& label) const {
   const auto isLabel = [&](const AccessibleItem& item) { return item.role == "label" && item.name == label; };
   return role() == "button" && (name() == label || std::ranges::any_of(items(), isLabel));

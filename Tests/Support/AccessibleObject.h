@@ -11,12 +11,12 @@
 
 namespace TestSupport {
 
-/// What a screen reader says of one thing in a window.
+/// What a screen reader says about an item in a window.
 struct AccessibleItem {
-  /// What kind of thing it is: "button", "label".
+  /// Its kind: "button", "label".
   std::string role;
   std::string name;
-  /// The text inside it, for those that hold one.
+  /// Its text, if it can have one.
   std::string text;
 
   friend bool operator==(const AccessibleItem&, const AccessibleItem&) = default;
@@ -24,11 +24,11 @@ struct AccessibleItem {
 
 std::ostream& operator<<(std::ostream& stream, const AccessibleItem& item);
 
-/// One thing on the screen as a screen reader knows it: an application, a window, a button. Each operation asks the
-/// application anew; what cannot be learnt since it is gone is empty.
+/// An item on screen as a screen reader knows it: an application, a window, a button. Each operation asks the
+/// application again. If the application or the item is gone, results are empty.
 class AccessibleObject {
  public:
-  /// The object at `path` of the application that is `owner` on the accessibility bus.
+  /// The object at `path` of the application with the name `owner` on the accessibility bus.
   AccessibleObject(GDBusConnection* bus, std::string owner, std::string path);
   AccessibleObject(const AccessibleObject& other) : AccessibleObject(other.bus_.get(), other.owner_, other.path_) {}
   AccessibleObject(AccessibleObject&&) = default;
@@ -43,18 +43,17 @@ class AccessibleObject {
   /// The process of its application.
   [[nodiscard]] pid_t process() const;
 
-  /// What is directly inside it.
+  /// The items directly inside it.
   [[nodiscard]] std::vector<AccessibleObject> children() const;
 
-  /// All that is inside it, in the order in which it is read.
+  /// All items inside it, in reading order.
   [[nodiscard]] std::vector<AccessibleItem> items() const;
 
-  /// Presses the button inside it that has this name or this label. False where there is none, or it could not be
-  /// pressed. A button takes a moment to go down and up again: pressed once more meanwhile, it does nothing.
+  /// Presses the button inside it with this name or label. Returns false if there is none or it cannot be pressed. A
+  /// button takes a moment to go down and up; pressing it again before that does nothing.
   [[nodiscard]] bool press(const std::string& button) const;
 
-  /// Selects all of the text with this name inside it, as for copying. False where there is none, or it is not for
-  /// selecting.
+  /// Selects all of the text with this name inside it. Returns false if there is none or it cannot be selected.
   [[nodiscard]] bool select(const std::string& text) const;
 
  private:

@@ -47,11 +47,12 @@ void await(const std::string& busName, bool owned) {
   g_bus_unwatch_name(watch);
   g_source_remove(alarm);
   if (!wait.over)
-    throw std::runtime_error(busName + (owned ? " does not appear on the session bus" : " stays on the session bus"));
+    throw std::runtime_error(busName +
+                             (owned ? " has no owner on the session bus" : " still has an owner on the session bus"));
 }
 
-/// Calls a method and waits for the answer, which may take a program's start. False, and a failure of the test, where
-/// there is none.
+/// Calls a method and waits for the answer, which may take as long as a program's start. If there is none, fails the
+/// test and returns false.
 bool call(const DesktopSupport::BusMethod& method, GVariant* arguments) {
   ErrorHandle error;
   const ObjectHandle<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, Out(error)));

@@ -4,20 +4,20 @@
 
 namespace TestSupport {
 
-/// Whether somebody has this name on the session bus.
+/// Whether this name has an owner on the session bus.
 bool hasOwner(const std::string& busName);
 
-/// Waits until somebody has this name on the session bus. Starts nobody. Throws if nobody does in time.
+/// Waits until this name has an owner on the session bus, without starting one. Throws if it takes too long.
 void awaitOwner(const std::string& busName);
 
-/// Waits until nobody has this name on the session bus. Throws if somebody still has it in the end.
+/// Waits until this name has no owner on the session bus. Throws if it takes too long.
 void awaitNoOwner(const std::string& busName);
 
-/// Calls org.freedesktop.Application.Open of the application with this bus name, which the bus starts if needed, and
-/// waits for the answer. Yields whether there was one.
+/// Calls org.freedesktop.Application.Open of the application with this bus name, which the bus starts if needed.
+/// Returns whether it answered.
 bool openURL(const std::string& busName, const std::string& url);
 
-/// Sets a variable in the environment of the programs that the session bus starts from now on.
+/// Sets an environment variable for programs that the session bus starts from now on.
 void setActivationEnvironment(const std::string& variable, const std::string& value);
 
 }  // namespace TestSupport

@@ -22,12 +22,11 @@ namespace TestSupport {
 namespace {
 
 void applyEnvironment(const std::map<std::string, std::string>& environment) {
-  for (const auto& [name, value] : environment) {
+  for (const auto& [name, value] : environment)
     if (value.empty())
       unsetenv(name.c_str());
     else
       setenv(name.c_str(), value.c_str(), /*overwrite=*/1);
-  }
 }
 
 [[noreturn]] void become(const std::vector<std::string>& arguments, const ChildProcess::Options& options, int output) {
@@ -43,7 +42,7 @@ void applyEnvironment(const std::map<std::string, std::string>& environment) {
   _exit(127);
 }
 
-/// Whether the descriptor becomes ready to be read from.
+/// Waits until the descriptor can be read from. Returns false if it takes too long.
 bool isReadable(int descriptor, ChildProcess::Duration atMost) {
   pollfd waited = {.fd = descriptor, .events = POLLIN, .revents = 0};
   int count = 0;
@@ -53,7 +52,7 @@ bool isReadable(int descriptor, ChildProcess::Duration atMost) {
   return count > 0;
 }
 
-/// As much of a line as a message has room for.
+/// The beginning of a line, for an error.
 std::string shortened(const std::string& line) {
   constexpr std::size_t longest = 200;
   return line.size() > longest ? line.substr(0, longest) + "…" : line;
@@ -92,7 +91,7 @@ ChildProcess::ChildProcess(ChildProcess&& other) noexcept
 
 ChildProcess::~ChildProcess() {
   if (waited_ > 0) {
-    // A keeper kills the program and its helpers, and then ends.
+    // A keeper kills the program and its helpers, then ends.
     kill(waited_, waited_ == pid_ ? SIGKILL : SIGTERM);
     takeExitStatus();
   }
@@ -102,7 +101,7 @@ ChildProcess::~ChildProcess() {
 
 bool ChildProcess::readMore(Duration atMost, const std::string& awaited) {
   if (!isReadable(output_, atMost))
-    throw std::runtime_error(program_ + ": " + awaited + " does not come; so far:" + outputSoFar());
+    throw std::runtime_error(program_ + ": waited too long for " + awaited + "; output so far:" + outputSoFar());
   std::array<char, 65536> bytes{};
   ssize_t count = 0;
   do
@@ -147,10 +146,10 @@ std::string ChildProcess::readAll(Duration atMost) {
 int ChildProcess::wait(Duration atMost) {
   if (waited_ <= 0)
     return -1;
-  // GNU libc 2.36 declares pidfd_open for C alone.
+  // GNU libc 2.36 declares pidfd_open only for C.
   const DesktopSupport::FileDescriptor process(static_cast<int>(syscall(SYS_pidfd_open, waited_, 0)));
   if (process.isOpen() && !isReadable(process.number(), atMost))
-    throw std::runtime_error(program_ + ": its end does not come; so far:" + outputSoFar());
+    throw std::runtime_error(program_ + ": waited too long for its end; output so far:" + outputSoFar());
   return takeExitStatus();
 }
 

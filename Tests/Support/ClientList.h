@@ -6,7 +6,7 @@
 
 namespace TestSupport {
 
-/// The window manager's list of windows, followed as it changes.
+/// Follows the window manager's list of windows.
 class ClientList {
  public:
   ClientList();

@@ -22,10 +22,10 @@ namespace {
 
 using DesktopSupport::FileDescriptor;
 
-/// Where fusermount3 finds its end of the socket.
+/// The descriptor of fusermount3's end of the socket.
 constexpr int mounterDescriptor = 3;
 
-/// This process's environment, and what tells fusermount3 of the socket.
+/// This process's environment, with the variable that tells fusermount3 its descriptor.
 std::vector<char*> mounterEnvironment() {
   static std::string socket = "_FUSE_COMMFD=" + std::to_string(mounterDescriptor);
   std::vector<char*> variables = {socket.data()};
@@ -35,7 +35,7 @@ std::vector<char*> mounterEnvironment() {
   return variables;
 }
 
-/// Starts fusermount3 with its end of the socket. -1 if it cannot be started.
+/// Starts fusermount3 with its end of the socket. Returns -1 if it cannot be started.
 pid_t startMounter(std::string path, const FileDescriptor& socket) {
   std::array<std::string, 5> texts = {"fusermount3", "-o", "auto_unmount,fsname=dead", "--", std::move(path)};
   std::array<char*, texts.size() + 1> arguments = {};
@@ -51,7 +51,7 @@ pid_t startMounter(std::string path, const FileDescriptor& socket) {
   return mounter;
 }
 
-/// The descriptor that comes through the socket; -1 if none does.
+/// The descriptor sent over the socket, or -1 if there is none.
 int receiveDescriptor(const FileDescriptor& socket) {
   char byte = 0;
   iovec data = {.iov_base = &byte, .iov_len = 1};
@@ -73,7 +73,7 @@ int receiveDescriptor(const FileDescriptor& socket) {
   return descriptor;
 }
 
-/// Answers the kernel's greeting, after which it passes requests on. False if that fails.
+/// Answers the kernel's first message, after which the kernel sends requests. Returns false if that fails.
 bool greet(const FileDescriptor& requests) {
   struct Greeting {
     fuse_in_header header;
@@ -122,7 +122,7 @@ void DeadMount::mount() {
 }
 
 void DeadMount::unmount() {
-  requests_.reset();  // fails what waits in the mount
+  requests_.reset();  // aborts all waiting requests
   mounterSocket_.reset();
   while (mounter_ > 0 && waitpid(mounter_, nullptr, 0) < 0 && errno == EINTR) {
   }

@@ -11,10 +11,11 @@
 
 namespace TestSupport {
 
-/// A network mount whose server has gone silent: whoever asks for something in it waits, deaf to all signals but
-/// SIGKILL. At the end of its scope, or of this process, those who wait get ECONNABORTED and the mount is removed.
+/// A network mount whose server does not answer. A process that uses a file in it waits and can only be stopped with
+/// SIGKILL. When this object is destroyed or this process ends, those that wait get ECONNABORTED and the mount is
+/// removed.
 ///
-/// It is a FUSE file system, mounted by fusermount3, that answers the kernel's greeting and nothing after that.
+/// It is a FUSE file system, mounted by fusermount3, that answers the kernel's first message and none after that.
 class DeadMount {
  public:
   /// Mounts it at the folder `path`. Throws if it cannot be mounted.
@@ -25,7 +26,7 @@ class DeadMount {
 
   [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
-  /// Waits until somebody has asked for something in it. False if nobody does within `time`.
+  /// Waits until a process uses a file in it. Returns false if none does within `time`.
   [[nodiscard]] bool awaitRequest(std::chrono::milliseconds time = patience) const;
 
  private:
@@ -33,10 +34,10 @@ class DeadMount {
   void unmount();
 
   std::filesystem::path path_;
-  /// fusermount3, which unmounts when the other end of its socket is closed, by whatever end of this process.
+  /// fusermount3 unmounts when the other end of its socket is closed, however this process ends.
   pid_t mounter_ = -1;
   std::optional<DesktopSupport::FileDescriptor> mounterSocket_;
-  /// Where the kernel puts its requests.
+  /// The kernel's requests.
   std::optional<DesktopSupport::FileDescriptor> requests_;
 };
 

@@ -5,7 +5,7 @@
 
 namespace TestSupport {
 
-/// Sets or unsets an environment variable until the end of its scope.
+/// Sets or unsets an environment variable during the lifetime of this object.
 class EnvironmentVariable {
  public:
   EnvironmentVariable(std::string name, const std::optional<std::string>& value);

@@ -4,11 +4,11 @@
 
 namespace TestSupport {
 
-/// Stands in for the host on the session bus: com.quillary.Deskloom with its scripting interface and the one by which
-/// it receives URLs, which answer as the test says.
+/// A fake host on the session bus: com.quillary.Deskloom with its scripting interface and the one that receives URLs. A
+/// test sets the answers.
 class FakeDeskloomHost : public FakeService {
  public:
-  /// Appears on the bus; throws where that fails.
+  /// Takes the name on the bus. Throws if that fails.
   FakeDeskloomHost();
 };
 

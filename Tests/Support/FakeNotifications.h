@@ -6,7 +6,7 @@
 
 namespace TestSupport {
 
-/// Stands in for the desktop's notification service. Each notification gets the number 7.
+/// A fake notification service. Each notification gets the number 7.
 class FakeNotifications {
  public:
   FakeNotifications()
@@ -26,13 +26,13 @@ class FakeNotifications {
     service_.answer("Notify", "(uint32 7,)");
   }
 
-  /// Says that texts are read as markup.
+  /// Claims to interpret markup in texts.
   void readMarkup() { service_.answer("GetCapabilities", "(['body', 'body-markup'],)"); }
 
   /// Refuses every notification.
   void refuse() { service_.refuse("Notify"); }
 
-  /// Waits for a notification and yields it, as "Notify('name', 0, …)".
+  /// Waits for a notification and returns it as "Notify('name', 0, …)".
   [[nodiscard]] std::string await() { return service_.awaitCall("Notify"); }
 
   void invoke(const std::string& action) const { service_.emit("ActionInvoked", "(uint32 7, '" + action + "')"); }

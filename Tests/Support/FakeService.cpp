@@ -31,7 +31,7 @@ ObjectHandle<GDBusConnection> connectToSessionBus() {
 
 FakeService::FakeService(std::string name, std::string path, const char* description)
     : name_(std::move(name)), path_(std::move(path)), context_(g_main_context_new()) {
-  // The calls are handled in the context that is the thread's own while the object is exported.
+  // GLib handles the calls in the context that is the thread's default when the object is exported.
   g_main_context_push_thread_default(context_.get());
   connection_ = connectToSessionBus();
   exportObject(description);
@@ -109,7 +109,8 @@ std::string FakeService::awaitCall(const std::string& method) {
     return !found.empty();
   });
   if (!isCalled)
-    throw std::runtime_error(name_ + ": nobody calls " + method + "; calls so far: " + std::to_string(calls_.size()));
+    throw std::runtime_error(name_ + ": no call of " + method +
+                             "; number of calls so far: " + std::to_string(calls_.size()));
   return found;
 }
 
@@ -122,7 +123,7 @@ void FakeService::awaitCalls(const std::string& method, long count) {
     return found >= count;
   });
   if (!areCalled)
-    throw std::runtime_error(name_ + ": " + method + " is called " + std::to_string(found) + " times only, not " +
+    throw std::runtime_error(name_ + ": " + method + " is called only " + std::to_string(found) + " times, not " +
                              std::to_string(count));
 }
 
@@ -151,7 +152,7 @@ void FakeService::handleCall(GDBusConnection*, const gchar*, const gchar*, const
   if (answer)
     answer(invocation);
   else
-    g_dbus_method_invocation_return_dbus_error(invocation, "org.example.Error", "It has no answer.");
+    g_dbus_method_invocation_return_dbus_error(invocation, "org.example.Error", "No answer is set.");
   const std::scoped_lock lock(self.mutex_);
   ++self.answeredCalls_;
   self.answered_.notify_all();

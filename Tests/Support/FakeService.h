@@ -13,45 +13,45 @@
 
 namespace TestSupport {
 
-/// A program on the session bus with one object, on a connection and a thread of its own. It answers as the test says
-/// and remembers what it was asked.
+/// A program on the session bus with one object, on its own connection and thread. It gives the answers that a test
+/// sets, and records the calls.
 class FakeService {
  public:
-  /// Answers a call, or refuses it, or keeps the invocation (and answers never). Runs on the service's thread.
+  /// Answers or refuses a call, or keeps the invocation and never answers. Runs on the service's thread.
   using Answer = std::function<void(GDBusMethodInvocation* invocation)>;
 
-  /// Has the name on the bus, and at `path` the object with the interfaces that the XML describes, no two of which have
-  /// a method of the same name. Signals are the first one's. Throws if that fails.
+  /// Takes the name on the bus, with an object at `path` that has the interfaces in the XML. No two interfaces may have
+  /// a method of the same name. Signals belong to the first interface. Throws if that fails.
   FakeService(std::string name, std::string path, const char* description);
   FakeService(const FakeService&) = delete;
   FakeService& operator=(const FakeService&) = delete;
   ~FakeService();
 
-  /// How a method is answered; one without an answer is refused with an error. To be said before it is called.
+  /// Sets the answer to a method, before it is called. A method without an answer is refused.
   void answer(const std::string& method, Answer answer);
 
-  /// The same with a fixed tuple in GVariant's text form: "(true, 'text')".
+  /// Sets a fixed answer: a tuple in GVariant's text form, "(true, 'text')".
   void answer(const std::string& method, const std::string& tuple);
 
-  /// The same, past the check that would keep a program from answering a tuple of the wrong type.
+  /// Sets a fixed answer that may have the wrong type.
   void answerUnchecked(const std::string& method, const std::string& tuple);
 
-  /// A method that had an answer has none any more.
+  /// Removes the answer to a method.
   void refuse(const std::string& method);
 
-  /// What was asked so far, as "Method('argument', 'argument')".
+  /// The calls so far, as "Method('argument', 'argument')".
   [[nodiscard]] std::vector<std::string> calls() const;
 
-  /// Waits until a call of the method has been answered, and yields the latest one. Throws if none comes in time.
+  /// Waits until a call of the method has been answered, and returns the latest. Throws if it takes too long.
   [[nodiscard]] std::string awaitCall(const std::string& method);
 
-  /// Waits until so many calls of the method have been answered.
+  /// Waits until this many calls of the method have been answered. Throws if it takes too long.
   void awaitCalls(const std::string& method, long count);
 
-  /// Tells everybody of a signal, with a tuple in GVariant's text form.
+  /// Emits a signal with a tuple in GVariant's text form.
   void emit(const char* signal, const std::string& tuple) const;
 
-  /// Closes the connection, as a program does that crashes; what it has said before still arrives. May be called on the
+  /// Closes the connection, as if the program crashed. What it sent before still arrives. May be called on the
   /// service's thread.
   void disappear() const;
 
@@ -71,7 +71,7 @@ class FakeService {
   std::condition_variable answered_;
   std::map<std::string, Answer> answers_;
   std::vector<std::string> calls_;
-  /// How many of the calls have been answered: their answers are on the way in front of whatever is said next.
+  /// How many calls have been answered. Their answers arrive before anything that is sent from now on.
   std::size_t answeredCalls_ = 0;
   std::optional<ServingThread> thread_;
 };

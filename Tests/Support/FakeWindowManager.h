@@ -6,10 +6,10 @@
 
 namespace TestSupport {
 
-/// Says on the root window what a window manager says there, and manages nothing. For a server that has no other.
+/// Sets the properties that a window manager sets on the root window, and does nothing else. For a server without one.
 class FakeWindowManager {
  public:
-  /// Vouches for itself; lists no windows yet.
+  /// Identifies itself as the window manager, and lists no windows.
   explicit FakeWindowManager(const TestDesktop& desktop);
   ~FakeWindowManager();
   FakeWindowManager(const FakeWindowManager&) = delete;
@@ -18,7 +18,7 @@ class FakeWindowManager {
   void list(const std::vector<xcb_window_t>& windows) const;
   void activate(xcb_window_t window) const;
 
-  /// Goes as one that crashes does: what it said on the root window stays.
+  /// Ends as if it crashed: the properties of the root window stay.
   void crash();
 
  private:

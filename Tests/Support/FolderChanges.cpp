@@ -18,7 +18,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Takes all events that have arrived, as one of them is enough to look again.
+/// Reads all pending events: one of them is enough to check again.
 void takeEvents(int events) {
   std::array<char, 4096> bytes{};
   while (read(events, bytes.data(), bytes.size()) > 0) {
@@ -40,7 +40,7 @@ bool FolderChanges::watch(const std::filesystem::path& folder) const {
   return inotify_add_watch(events_.number(), folder.c_str(), changes) >= 0;
 }
 
-// Folders that are watched already stay so; one may be gone again.
+// Watching a folder again changes nothing. A folder may be gone already.
 void FolderChanges::watchFoldersInside() const {
   std::error_code error;
   using Folders = std::filesystem::recursive_directory_iterator;

@@ -7,15 +7,14 @@
 
 namespace TestSupport {
 
-/// Has a test wait for what programs write.
+/// Waits for what programs write to files.
 class FolderChanges {
  public:
-  /// Watches the files in this folder and in those inside it; it is made where there is none. Throws where that fails.
+  /// Watches the files in this folder and its subfolders, and makes it if it is missing. Throws if that fails.
   explicit FolderChanges(std::filesystem::path folder);
 
-  /// Waits until `condition` holds; looks again whenever one of the files is there anew, was written or is gone.
-  /// It looks again as well whenever there is something to read from `other`, if any, which `condition` has to take
-  /// away. False where that takes so long that something must be broken.
+  /// Waits until `condition` holds. Checks it when a file is made, written or deleted, and when `other`, if given, can
+  /// be read; `condition` must then read it. Returns false if it takes too long.
   [[nodiscard]] bool waitUntil(const std::function<bool()>& condition, int other = noDescriptor) const;
 
  private:

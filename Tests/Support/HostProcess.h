@@ -7,24 +7,22 @@
 
 namespace TestSupport {
 
-/// The development host, running on the session bus for as long as this lives.
+/// The development host, which runs on the session bus during the lifetime of this object.
 class HostProcess {
  public:
-  /// Starts `program` with these options and waits until it can be reached.
+  /// Starts `program` with these options and waits until it owns its name.
   explicit HostProcess(const std::string& program, std::vector<std::string> options = {});
 
-  /// The next line that it prints, as soon as it does: the next URL that it receives, where it was told to print
-  /// nothing else.
+  /// Waits for the next line that it prints. That is the next URL that it receives, unless it was told to print more.
   std::string nextLine();
 
-  /// The lines that it has printed so far and that nobody has taken: those in front of that of a URL that is sent to it
-  /// now.
+  /// The lines printed so far that have not been read. Sends the host a URL and reads until it is printed.
   std::vector<std::string> linesSoFar();
 
-  /// Stops it where it is, as one that hangs; returns once it has stopped.
+  /// Stops the process, as if it hung, and waits until it has stopped.
   void hang() const;
 
-  /// Ends it as a crash would.
+  /// Kills it, as if it crashed.
   void crash() const;
 
  private:

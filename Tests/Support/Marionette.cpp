@@ -11,7 +11,7 @@ namespace {
 using namespace DesktopSupport;
 using nlohmann::json;
 
-/// How long a script may take, which may wait several times; what the browser may take to answer is more.
+/// How long a script may take, which may wait several times. The browser may take longer to answer.
 constexpr std::chrono::seconds scriptPatience = 4 * patience;
 constexpr std::chrono::seconds answerPatience = 5 * patience;
 
@@ -32,7 +32,7 @@ ObjectHandle<GSocketConnection> connectTo(std::uint16_t port) {
 Marionette::Marionette(std::uint16_t port)
     : connection_(connectTo(port)),
       input_(g_data_input_stream_new(g_io_stream_get_input_stream(G_IO_STREAM(connection_.get())))) {
-  read();  // what the browser says of itself
+  read();  // the browser's greeting
   command("WebDriver:NewSession", json::object());
   command("WebDriver:SetTimeouts", {{"script", milliseconds(scriptPatience)}});
   command("Marionette:SetContext", {{"value", "chrome"}});

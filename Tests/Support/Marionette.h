@@ -8,18 +8,18 @@
 
 namespace TestSupport {
 
-/// The remote control of a Firefox that was started with --marionette and --remote-allow-system-access. Operations
-/// throw where the browser refuses or is gone.
+/// The remote control of a Firefox started with --marionette and --remote-allow-system-access. Operations throw if the
+/// browser refuses or is gone.
 class Marionette {
  public:
-  /// Takes control of the browser that listens at this port of this machine.
+  /// Connects to the browser that listens on this port.
   explicit Marionette(std::uint16_t port);
 
-  /// Runs the body of a function with the rights of the browser, in the browser's first window, and yields what it
-  /// returns; a promise is waited for. Its `arguments` are these.
+  /// Runs the body of a function with the browser's privileges in its first window, and returns its result. Waits for
+  /// it if it is a promise. `arguments` are the function's arguments.
   nlohmann::json run(const std::string& body, const nlohmann::json& arguments = nlohmann::json::array());
 
-  /// Has the browser quit as its menu does.
+  /// Makes the browser quit, as its menu does.
   void quit();
 
  private:

@@ -10,7 +10,7 @@ namespace {
 
 using DesktopSupport::MainContextHandle;
 
-/// The header of a request; empty where none came.
+/// The header of a request, or "" if there is none.
 std::string request(GInputStream* input) {
   constexpr std::string_view end = "\r\n\r\n";
   std::string header;
@@ -59,7 +59,7 @@ gboolean serve(GThreadedSocketService* /*service*/, GSocketConnection* connectio
 
 PageServer::PageServer() : context_(g_main_context_new()) {
   constexpr int atOnce = 64;
-  // Connections are taken in the context that is the thread's own when the port is opened.
+  // GLib accepts connections in the context that is the thread's default when the port is opened.
   g_main_context_push_thread_default(context_.get());
   service_.reset(g_threaded_socket_service_new(atOnce));
   g_signal_connect(service_.get(), "run", G_CALLBACK(serve), nullptr);
@@ -78,8 +78,7 @@ PageServer::PageServer() : context_(g_main_context_new()) {
 PageServer::~PageServer() {
   thread_.reset();
   g_socket_service_stop(service_.get());
-  // Whatever waits for a connection is told that none will come, and frees what it has. GLib loses some of it if
-  // another thread stops the service.
+  // Cancels waiting for connections, which frees their memory. If another thread stops the service, GLib leaks some.
   while (g_main_context_iteration(context_.get(), /*may_block=*/FALSE) != FALSE) {
   }
 }

@@ -8,12 +8,11 @@
 
 namespace TestSupport {
 
-/// A web server on this machine. It has each page that it is asked for: the one at /a is titled "Page a".
-/// A script in the page puts each character that is typed there behind the title, and with the Enter key it goes on to
-/// the page at /a1.
+/// A web server on this machine that has every page: the one at /a is titled "Page a". A script in the page appends
+/// each typed character to the title; the Enter key leads to the page at /a1.
 class PageServer {
  public:
-  /// Throws where there is no port for it.
+  /// Throws if no port can be opened.
   PageServer();
   PageServer(const PageServer&) = delete;
   PageServer& operator=(const PageServer&) = delete;

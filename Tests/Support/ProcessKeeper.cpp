@@ -29,7 +29,7 @@ void killChildren() {
     kill(child, SIGKILL);
 }
 
-// A process that ends leaves its children to the keeper before the keeper hears of it, so none is overlooked.
+// When a process ends, its children become the keeper's before the keeper is notified, so none is missed.
 [[noreturn]] void keep(pid_t program) {
   const sigset_t signals = keeperSignals();
   int result = 0;
@@ -62,7 +62,7 @@ void killChildren() {
     _exit(127);
   }
   const bool isReported = write(report, &program, sizeof program) == sizeof program;
-  // Whoever waits for the end of a pipe waits for the program, not for the keeper.
+  // A pipe must end with the program, not with the keeper.
   close_range(0, ~0U, 0);
   if (program < 0 || !isReported)
     _exit(127);

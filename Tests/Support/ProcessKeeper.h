@@ -6,20 +6,19 @@
 
 namespace TestSupport {
 
-/// A program and the process that keeps track of all that it starts.
+/// A program, and the process that keeps track of all processes that the program starts.
 struct KeptProgram {
   pid_t program = -1;
-  /// A child of this process. It ends with the program's exit status (128 and the signal's number if a signal ended it)
-  /// when the program and every process that it has left behind are gone. What is left when the program ends, and
-  /// everything when the keeper is sent SIGTERM, is killed.
+  /// A child of this process. When the program ends, the keeper kills the processes that remain, waits for their end,
+  /// and ends with the program's exit status, or 128 and the signal's number. On SIGTERM it kills all of them.
   pid_t keeper = -1;
 };
 
 /// Starts a program whose helper processes may outlive it. `become` runs in the new process and does not return. Throws
-/// if it cannot be started.
+/// if no process can be started.
 KeptProgram startKept(const std::function<void()>& become);
 
-/// The exit status that a shell would tell: 128 and the signal's number if a signal ended the process.
+/// The exit status as a shell reports it: 128 and the signal's number if a signal ended the process.
 int exitStatus(int waitStatus);
 
 }  // namespace TestSupport

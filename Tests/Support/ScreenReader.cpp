@@ -42,7 +42,7 @@ ObjectHandle<GDBusConnection> connectTo(const std::string& address) {
   return bus;
 }
 
-/// Has programs tell of their windows that do so only if somebody has asked for it.
+/// Announces a screen reader, without which some programs don't report their windows.
 void askForEvents(GDBusConnection* bus) {
   for (const char* event : {"object:", "window:"})
     VariantHandle(g_dbus_connection_call_sync(bus, "org.a11y.atspi.Registry", "/org/a11y/atspi/registry",
@@ -56,7 +56,7 @@ void ignoreSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, co
 }  // namespace
 
 ScreenReader::ScreenReader() : context_(g_main_context_new()) {
-  // Signals arrive in the context that is the thread's own when they are subscribed to.
+  // Signals arrive in the context that is the thread's default when they are subscribed to.
   g_main_context_push_thread_default(context_.get());
   bus_ = connectTo(accessibilityBusAddress());
   subscription_ = g_dbus_connection_signal_subscribe(bus_.get(), nullptr, nullptr, nullptr, nullptr, nullptr,

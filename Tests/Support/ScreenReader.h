@@ -12,28 +12,27 @@
 
 namespace TestSupport {
 
-/// Reads windows as a screen reader does. script/desktop keeps programs from talking to one: a program to be read is
-/// started with the environment variable `accessibility`.
+/// Reads windows as a screen reader does. Programs in script/desktop don't support that unless they are started with
+/// the environment variable `accessibility`.
 class ScreenReader {
  public:
-  /// The variable in the environment of a program, and its value, that has it talk to screen readers.
+  /// The environment variable, with its value, that makes a program support screen readers.
   static constexpr std::pair<const char*, const char*> accessibility = {"GTK_A11Y", "atspi"};
 
-  /// Connects to the accessibility bus, which is started where it does not run. Throws where that fails.
+  /// Connects to the accessibility bus, and starts it if it does not run. Throws if that fails.
   ScreenReader();
   ScreenReader(const ScreenReader&) = delete;
   ScreenReader& operator=(const ScreenReader&) = delete;
   ~ScreenReader();
 
-  /// The windows shown by this process, or by all that talk to screen readers.
+  /// The windows of this process, or of all processes that support screen readers.
   [[nodiscard]] std::vector<AccessibleObject> windows(std::optional<pid_t> process = std::nullopt) const;
 
-  /// Waits until there is such a window and yields the first; none where that takes so long that something must be
-  /// broken.
+  /// Waits until there is such a window and returns the first, or `nullopt` if it takes too long.
   [[nodiscard]] std::optional<AccessibleObject> awaitWindow(std::optional<pid_t> process = std::nullopt) const;
 
-  /// Waits until `condition` holds; looks again whenever a program says that something on the screen has changed. False
-  /// where that takes so long that something must be broken.
+  /// Waits until `condition` holds, and checks it when a program reports a change on screen. Returns false if it takes
+  /// too long.
   [[nodiscard]] bool waitUntil(const std::function<bool()>& condition) const;
 
  private:

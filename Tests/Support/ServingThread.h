@@ -7,7 +7,7 @@
 
 namespace TestSupport {
 
-/// A thread that serves a main context for as long as this lives.
+/// A thread that runs a main context during the lifetime of this object.
 class ServingThread {
  public:
   explicit ServingThread(GMainContext* context)

@@ -12,7 +12,7 @@
 
 namespace TestSupport {
 
-/// A server on this machine that takes connections and never says a word.
+/// A server on this machine that accepts connections and never sends anything.
 class SilentServer {
  public:
   SilentServer() : socket_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)) {
@@ -27,12 +27,12 @@ class SilentServer {
     port_ = ntohs(address.sin_port);
   }
 
-  /// Where it listens, as "127.0.0.1:1234".
+  /// Its address, as "127.0.0.1:1234".
   [[nodiscard]] std::string address() const { return "127.0.0.1:" + std::to_string(port_); }
 
   [[nodiscard]] std::uint16_t port() const { return port_; }
 
-  /// Whether anybody has connected and not been taken note of yet.
+  /// Whether there is a connection that has not been taken yet. Takes it.
   [[nodiscard]] bool takeConnection() const {
     const DesktopSupport::FileDescriptor connection(accept4(socket_.number(), nullptr, nullptr, SOCK_CLOEXEC));
     return connection.isOpen();

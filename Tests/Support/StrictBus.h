@@ -6,9 +6,9 @@
 
 namespace TestSupport {
 
-/// A session bus with low limits: an application may wait for 16 replies at a time, the bus starts one program at a
-/// time and holds 64 KiB for each connection. It is the session bus of this process, and of what it starts, until the
-/// end of its scope.
+/// A session bus with low limits: an application may wait for 16 replies at a time, and the bus starts one program at a
+/// time and queues 64 KiB for each connection. During its lifetime it is the session bus of this process and its
+/// children.
 class StrictBus {
  public:
   StrictBus();

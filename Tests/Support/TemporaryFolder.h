@@ -5,7 +5,7 @@
 
 namespace TestSupport {
 
-/// A fresh folder that is removed with all that is in it at the end of its scope.
+/// A new folder. The destructor removes it with its contents.
 class TemporaryFolder {
  public:
   TemporaryFolder();
@@ -15,7 +15,7 @@ class TemporaryFolder {
 
   [[nodiscard]] const std::filesystem::path& path() const { return path_; }
 
-  /// Writes a file below the folder, making the folders that it needs; yields its path.
+  /// Writes a file in the folder, makes the subfolders that it needs, and returns its path.
   std::filesystem::path write(const std::filesystem::path& file, std::string_view contents) const;
 
  private:

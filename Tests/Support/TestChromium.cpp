@@ -19,7 +19,7 @@ namespace TestSupport {
 
 namespace {
 
-/// Chromium does not tell all that happens to a tab.
+/// Chromium does not report every change of a tab.
 constexpr std::chrono::seconds untilNextLook{1};
 
 using std::filesystem::path;
@@ -28,12 +28,12 @@ constexpr const char* manifest = R"({
   "name": "Test", "version": "1", "manifest_version": 3,
   "permissions": ["tabs", "tabGroups"], "background": {"service_worker": "worker.js"}})";
 
-/// What scripts in the extension can use; `pages` is the address of the server with the pages.
+/// Functions for scripts in the extension; `pages` is the address of the server with the pages.
 constexpr const char* worker = R"(
 const tab = async name => (await chrome.tabs.query({url: pages + name}))[0].id;
 const windowOf = async name => (await chrome.tabs.query({url: pages + name}))[0].windowId;
 
-// Opens a tab behind the others and waits until its page is there; on the way to its first page a tab has no address.
+// Opens a tab after the others and waits until its page is there. Before its first page a tab has no address.
 const openTab = url => new Promise(async isLoaded => {
   const {id} = await chrome.tabs.create({active: false, url});
   const look = async () => {
@@ -48,7 +48,7 @@ const openTab = url => new Promise(async isLoaded => {
 
 const openWindow = async (...names) => (await chrome.windows.create({url: names.map(name => pages + name)})).id;
 
-// Its normal windows, the one that was used last first, the others in the order in which they were opened.
+// The normal windows: the one used last, then the others in the order in which they were opened.
 async function session() {
   const windows = await chrome.windows.getAll({populate: true, windowTypes: ['normal']});
   const last = windows.length && (await chrome.windows.getLastFocused({windowTypes: ['normal']})).id;
@@ -69,7 +69,7 @@ void writeOnce(const path& file, std::string_view contents) {
 }  // namespace
 
 TestChromium::TestChromium(const Options& options) {
-  // It has settings from before, so that it takes up what was open then.
+  // With settings from an earlier run it restores what was open.
   writeOnce(userData() / "Default/Preferences", R"({"session": {"restore_on_startup": 1}})");
   extension_.write("manifest.json", manifest);
   extension_.write("worker.js", worker);
@@ -92,7 +92,7 @@ void TestChromium::ask(Options options) {
   TestSupport::run(options, {.captureErrors = true, .hasHelpers = true});
 }
 
-// It takes commands from its descriptor 3 and answers on its descriptor 4.
+// It reads commands from its descriptor 3 and answers on its descriptor 4.
 void TestChromium::start(const Options& options) {
   std::array<int, 2> commands{};
   std::array<int, 2> answers{};
@@ -118,7 +118,7 @@ void TestChromium::awaitWorker() {
   const json found = target("service_worker", "").at("targetId");
   workerSession_ = call("Target.attachToTarget", {{"targetId", found}, {"flatten", true}})["sessionId"];
   call("Runtime.enable", json::object(), workerSession_);
-  // It is there before its script has run, and before it may use what an extension may.
+  // The worker exists before its script has run, and before it may use the extension's interfaces.
   awaitUntil([&] { return isReady_; });
 }
 
@@ -156,7 +156,7 @@ void TestChromium::awaitUntil(const std::function<bool()>& condition) {
     if (!isChanged_ && hasMessageWithin(untilNextLook))
       nextMessage();
   }
-  throw std::runtime_error("what is awaited does not come in Chromium");
+  throw std::runtime_error("waiting for Chromium took too long");
 }
 
 bool TestChromium::waitUntilWritten(const std::function<bool()>& condition) const {
@@ -180,7 +180,7 @@ nlohmann::json TestChromium::call(const std::string& method, const json& paramet
     message["sessionId"] = session;
   const std::string bytes = message.dump() + '\0';
   if (::write(commands_, bytes.data(), bytes.size()) != std::ssize(bytes))
-    throw std::runtime_error("Chromium takes no commands");
+    throw std::runtime_error("Chromium reads no commands");
   for (;;) {
     const json answer = nextMessage();
     if (answer.value("id", 0) == calls_ && answer.contains("error"))
@@ -203,7 +203,7 @@ nlohmann::json TestChromium::nextMessage() {
     const bool isAnswered = poll(&answers, 1, milliseconds(patience)) > 0;
     const ssize_t count = isAnswered ? read(answers_, buffer.data(), buffer.size()) : 0;
     if (count <= 0)
-      throw std::runtime_error(isAnswered ? "Chromium has gone" : "Chromium says nothing more");
+      throw std::runtime_error(isAnswered ? "Chromium has ended" : "Chromium does not answer");
     received_.append(buffer.data(), static_cast<std::size_t>(count));
   }
   json message = json::parse(received_.substr(0, end));

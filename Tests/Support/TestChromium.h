@@ -13,14 +13,14 @@
 
 namespace TestSupport {
 
-/// A real Chromium with an extension in it, through which a test does what a user would do, and is told what is open.
-/// It is driven through a pipe, which nobody else can use.
+/// A real Chromium with an extension, with which a test does what a user would do and sees what is open. It is
+/// controlled through a pipe.
 class TestChromium {
  public:
   using json = nlohmann::json;
   using Options = std::vector<std::string>;
 
-  /// Starts it with the user data folder that a user's has, below XDG_CONFIG_HOME, and waits until it can be driven.
+  /// Starts it with its usual folder for user data, below XDG_CONFIG_HOME, and waits until it can be controlled.
   explicit TestChromium(const Options& options = {});
   TestChromium(const TestChromium&) = delete;
   TestChromium& operator=(const TestChromium&) = delete;
@@ -28,31 +28,31 @@ class TestChromium {
 
   [[nodiscard]] static std::filesystem::path userData();
 
-  /// Has it do what another start of the program asks of the one that runs.
+  /// Starts the program again, which passes its options on to the one that runs.
   static void ask(Options options);
 
-  /// Runs JavaScript in the extension, waits for the promise that it may yield, and yields the value. Throws where the
-  /// script does.
+  /// Runs JavaScript in the extension and returns its value. Waits for it if it is a promise. Throws if the script
+  /// does.
   json run(const std::string& script);
 
-  /// Whether there is a page at this address, in whichever kind of window.
+  /// Whether there is a page with this address, in any kind of window.
   bool hasPage(const std::string& url);
 
-  /// Waits until a condition holds; it is looked at again whenever a page or a worker comes, goes or has another
-  /// address, and after a second without any of that. Throws if the condition does not hold in time.
+  /// Waits until a condition holds. Checks it when a page or a worker is made, closed or gets another address, and
+  /// after a second without such an event. Throws if it takes too long.
   void awaitUntil(const std::function<bool()>& condition);
 
-  /// The same for a condition that depends on what the browser writes, too. It has to call `run`. False where that
-  /// takes so long that something must be broken.
+  /// Waits until a condition holds that also depends on the browser's files. The condition must call `run`. Returns
+  /// false if it takes too long.
   [[nodiscard]] bool waitUntilWritten(const std::function<bool()>& condition) const;
 
-  /// Waits until there is a page at this address.
+  /// Waits until there is a page with this address.
   void awaitPage(const std::string& url);
 
-  /// Runs JavaScript in the page at this address, as if the user had just clicked there.
+  /// Runs JavaScript in the page with this address, as if the user had just clicked there.
   void runInPage(const std::string& url, const std::string& script);
 
-  /// Opens the developer tools for the page at this address.
+  /// Opens the developer tools for the page with this address.
   void openDevTools(const std::string& url);
 
  private:

@@ -99,7 +99,7 @@ xcb_window_t TestDesktop::focus() const {
 
 std::optional<xcb_window_t> TestDesktop::activeWindow() const {
   const auto windows = clients();
-  // Toolkits pass the focus on to a window inside theirs.
+  // Toolkits pass the focus on to a window inside their own.
   for (xcb_window_t window = focus(); window != XCB_NONE; window = parent(window))
     if (std::ranges::find(windows, window) != windows.end())
       return window;
@@ -176,7 +176,7 @@ void TestDesktop::askWindowManager(xcb_window_t window, std::string_view request
   message.data.data32[0] = argument;
   xcb_send_event(connection(), 0, root_, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                  reinterpret_cast<const char*>(&message));
-  synchronize();  // what is under way is lost where a client goes that has not read all its events
+  synchronize();  // requests of a client that disconnects with unread events are lost
 }
 
 void TestDesktop::synchronize() const {

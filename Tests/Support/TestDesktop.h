@@ -11,7 +11,7 @@
 
 namespace TestSupport {
 
-/// Where a window is: in pixels, from the upper left corner of the root window.
+/// The place and size of a window in pixels, from the upper left corner of the root window.
 struct WindowGeometry {
   int x;
   int y;
@@ -19,8 +19,7 @@ struct WindowGeometry {
   int height;
 };
 
-/// A client of the X server that DISPLAY names, with the small things that tests do there. Throws where there is no
-/// server.
+/// A client of the X server that DISPLAY names, with what tests do there. The constructor throws if there is no server.
 class TestDesktop {
  public:
   TestDesktop();
@@ -38,39 +37,39 @@ class TestDesktop {
 
   /// The windows that the window manager lists.
   [[nodiscard]] std::vector<xcb_window_t> clients() const { return numbers(root_, "_NET_CLIENT_LIST"); }
-  /// The same windows from the lowest to the topmost.
+  /// The same windows from the bottom to the top.
   [[nodiscard]] std::vector<xcb_window_t> stackedClients() const { return numbers(root_, "_NET_CLIENT_LIST_STACKING"); }
-  /// The listed window that the keyboard goes to. (The window manager's _NET_ACTIVE_WINDOW may name one that is gone.)
+  /// The listed window with the keyboard focus. (The window manager's _NET_ACTIVE_WINDOW may name one that is gone.)
   [[nodiscard]] std::optional<xcb_window_t> activeWindow() const;
-  /// Whether a toolkit's window is ready for the user: its contents are laid out and it has passed the focus on to a
-  /// window inside it. What the user does before that is lost.
+  /// Whether a toolkit's window is ready for input: its contents are laid out, and it has passed the focus on to a
+  /// window inside it. Earlier input is lost.
   [[nodiscard]] bool isReady(xcb_window_t window) const;
-  /// Where the window is, without what the window manager draws around it; none where there is no such window.
+  /// The geometry of the window without the window manager's frame, or `nullopt` if there is no such window.
   [[nodiscard]] std::optional<WindowGeometry> geometry(xcb_window_t window) const;
-  /// A property's value; empty where the window lacks it.
+  /// A property's value, empty if the window doesn't have it.
   [[nodiscard]] std::vector<std::uint32_t> numbers(xcb_window_t window, std::string_view property) const;
   [[nodiscard]] std::string text(xcb_window_t window, std::string_view property) const;
 
-  /// Has `waitUntil` look again whenever a property of this window, its place, its size or its focus changes.
+  /// Makes `waitUntil` check again when a property, the place, the size or the focus of this window changes.
   void watch(xcb_window_t window) const;
 
-  /// Waits until `condition` holds; looks again whenever a property of the root, of a window of this client or of a
-  /// watched one changes. False where that takes so long that something must be broken.
+  /// Waits until `condition` holds. Checks it when a property of the root, of this client's windows or of a watched
+  /// window changes. Returns false if it takes too long.
   [[nodiscard]] bool waitUntil(const std::function<bool()>& condition) const;
 
-  /// Waits until no window is listed: what a program has shown that has ended may still be, for a moment.
+  /// Waits until no window is listed. The windows of a program that has ended may still be for a moment.
   [[nodiscard]] bool waitForNoWindows() const;
 
   /// Waits until a window whose WM_CLASS ends with `windowClass` is listed.
   [[nodiscard]] bool waitForClass(std::string_view windowClass) const;
 
-  /// Waits until a window with this title is listed; none where that takes so long that something must be broken.
+  /// Waits until a window with this title is listed. `nullopt` if it takes too long.
   [[nodiscard]] std::optional<xcb_window_t> waitForTitle(std::string_view title) const;
 
   /// Sends the window manager a message about a window, such as "WM_CHANGE_STATE" or "_NET_CLOSE_WINDOW".
   void askWindowManager(xcb_window_t window, std::string_view request, std::uint32_t argument = 0) const;
 
-  /// Returns once the server has done all that this client asked for.
+  /// Waits until the server has processed all requests of this client.
   void synchronize() const;
 
  private:

@@ -17,7 +17,7 @@ using std::filesystem::path;
 
 constexpr std::string_view portFile = "MarionetteActivePort";
 
-/// No pages but those that a test opens, no questions, nothing from outside of this machine.
+/// No pages except those that a test opens, no questions, and no connections to other machines.
 constexpr std::string_view usualPreferences = R"({
   "app.normandy.enabled": false,
   "app.update.disabledForTesting": true,
@@ -53,7 +53,7 @@ void writePreferences(const path& profile, const json& more) {
     file << "user_pref(" << json(name) << ", " << value << ");\n";
 }
 
-// The file is there before the port is in it.
+// The file exists before the port is written to it.
 std::uint16_t awaitPort(const path& profile, const FolderChanges& changes) {
   std::uint16_t port = 0;
   if (!changes.waitUntil([&] { return static_cast<bool>(std::ifstream(profile / portFile) >> port); }))
@@ -84,7 +84,7 @@ TestFirefox::TestFirefox(std::vector<std::string> options, path profile, const P
 void TestFirefox::startAgain() {
   std::filesystem::remove(profile_ / portFile);
   const FolderChanges changes(profile_);
-  // It has a lot to say.
+  // It prints a lot.
   std::vector<std::string> arguments = {"sh",          "-c",           "exec \"$@\" >/dev/null 2>&1", "sh",
                                         "firefox-esr", "--marionette", "--remote-allow-system-access"};
   arguments.insert(arguments.end(), options_.begin(), options_.end());

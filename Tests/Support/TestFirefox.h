@@ -11,15 +11,15 @@
 
 namespace TestSupport {
 
-/// A Firefox under remote control. It is told to be quick and silent, and reaches this machine only.
+/// A Firefox under remote control. It is set up to start fast, to ask nothing, and to reach only this machine.
 class TestFirefox {
  public:
-  /// Preferences by name, to be set besides the usual ones.
+  /// Preferences by name, in addition to the usual ones.
   using Preferences = nlohmann::json;
 
-  /// Starts it with a profile in the home folder that its list of profiles names, as a user's is.
+  /// Starts it with a profile in the home folder that is in its list of profiles, as a user's is.
   static TestFirefox start(const Preferences& preferences = Preferences::object());
-  /// Starts it with a profile in a folder elsewhere.
+  /// Starts it with a profile in another folder.
   static TestFirefox startIn(const std::filesystem::path& profile,
                              const Preferences& preferences = Preferences::object());
 
@@ -28,15 +28,15 @@ class TestFirefox {
     return control_->run(body, arguments);
   }
 
-  /// Has it quit as its menu does; returns once it has ended.
+  /// Makes it quit, as its menu does, and waits for its end.
   void quit();
-  /// Ends it as a crash would.
+  /// Kills it, as if it crashed.
   void crash();
-  /// Starts it again, once it has ended.
+  /// Starts it again after its end.
   void startAgain();
 
   [[nodiscard]] const std::filesystem::path& profile() const { return profile_; }
-  /// Where it keeps what it has open.
+  /// The folder of its saved session.
   [[nodiscard]] std::filesystem::path sessionFolder() const { return profile_ / "sessionstore-backups"; }
   [[nodiscard]] pid_t pid() const { return process_->pid(); }
 

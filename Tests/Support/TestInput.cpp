@@ -46,7 +46,7 @@ std::optional<Key> keyOf(xcb_connection_t* connection, std::uint32_t keysym) {
 Key keyOrThrow(xcb_connection_t* connection, std::uint32_t keysym) {
   const auto key = keyOf(connection, keysym);
   if (!key)
-    throw std::runtime_error("no key makes the keysym " + std::to_string(keysym));
+    throw std::runtime_error("no key for the keysym " + std::to_string(keysym));
   return *key;
 }
 

@@ -10,8 +10,8 @@
 
 namespace TestSupport {
 
-/// A window of the test's own, with the properties that the test gives it. Ends with its scope, and with it from the
-/// window manager's list.
+/// A window of the test, with the properties that the test sets. The destructor closes it and waits until the window
+/// manager no longer lists it.
 class TestWindow {
  public:
   explicit TestWindow(const TestDesktop& desktop) : desktop_(desktop), id_(desktop.makeWindow()) {}
@@ -27,10 +27,10 @@ class TestWindow {
   TestWindow& setNumber(std::string_view property, std::uint32_t number, std::string_view type = "CARDINAL");
   TestWindow& setAtom(std::string_view property, std::string_view atom);
 
-  /// Shows the window and waits until the window manager lists it; false where it does not.
+  /// Shows the window and waits until the window manager lists it. Returns false if it takes too long.
   [[nodiscard]] bool show();
 
-  /// Minimises the window and waits until the window manager says so.
+  /// Minimises the window and waits until the window manager has done so. Returns false if it takes too long.
   [[nodiscard]] bool minimize();
 
  private:

@@ -7,7 +7,7 @@
 
 namespace TestSupport {
 
-/// An X server of the test's own, without a window manager. DISPLAY names it until the end of its scope.
+/// An X server without a window manager. DISPLAY names it during the lifetime of this object.
 class TestXServer {
  public:
   TestXServer();

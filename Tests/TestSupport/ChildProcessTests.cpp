@@ -24,14 +24,14 @@ bool exists(pid_t process) {
   return kill(process, 0) == 0 || errno != ESRCH;
 }
 
-/// Starts two helpers that are hard to get hold of: they don't listen to signals, have sessions of their own and no
-/// environment, and the second is left behind by the first. They print their process ids and stay.
+/// Starts two helpers that are hard to find: they ignore signals, have their own sessions and no environment, and the
+/// second is left running by the first. They print their process ids and keep running.
 constexpr std::string_view startHelpers = R"(
   stay='trap "" TERM HUP; echo $$; exec >/dev/null sleep 4711'
   setsid env -i "stay=$stay" sh -c 'trap "" TERM HUP; (setsid sh -c "$stay" &); eval "$stay"' &
 )";
 
-/// The process ids of the helpers, once both run.
+/// Waits until both helpers run, and returns their process ids.
 std::vector<pid_t> awaitHelpers(ChildProcess& program) {
   std::vector<pid_t> helpers;
   for (int count = 0; count < 2; ++count)
@@ -64,7 +64,7 @@ TEST(ChildProcess, SaysNothingMoreWhenItHasClosedItsOutput) {
   }
 }
 
-/// What the operation throws.
+/// The error that the operation throws.
 std::string failure(const std::function<void()>& operation) {
   try {
     operation();
@@ -78,10 +78,11 @@ TEST(ChildProcess, IsNotWaitedForWithoutEnd) {
   for (const bool hasHelpers : {false, true}) {
     ChildProcess program({"sh", "-c", R"(printf 'first\nsec'; exec sleep 4711)"}, {.hasHelpers = hasHelpers});
     EXPECT_EQ(program.readLine(), "first");
-    EXPECT_EQ(failure([&] { program.readLine(1ms); }), "sh: line 2 does not come; so far:\n  first\n  sec");
+    EXPECT_EQ(failure([&] { program.readLine(1ms); }),
+              "sh: waited too long for line 2; output so far:\n  first\n  sec");
     EXPECT_EQ(failure([&] { program.readAll(1ms); }),
-              "sh: the end of the output does not come; so far:\n  first\n  sec");
-    EXPECT_EQ(failure([&] { program.wait(1ms); }), "sh: its end does not come; so far:\n  first\n  sec");
+              "sh: waited too long for the end of the output; output so far:\n  first\n  sec");
+    EXPECT_EQ(failure([&] { program.wait(1ms); }), "sh: waited too long for its end; output so far:\n  first\n  sec");
     EXPECT_TRUE(exists(program.pid()));
   }
 }

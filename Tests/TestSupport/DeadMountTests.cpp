@@ -20,7 +20,7 @@ namespace {
 using TestSupport::ChildProcess;
 using TestSupport::DeadMount;
 
-/// Whether something is mounted at the path, without a look at what that is.
+/// Whether something is mounted at the path. Does not access it.
 bool isMounted(const std::filesystem::path& path) {
   std::ifstream mounts("/proc/self/mountinfo");
   for (std::string line; std::getline(mounts, line);)
@@ -29,7 +29,7 @@ bool isMounted(const std::filesystem::path& path) {
   return false;
 }
 
-/// Waits until nothing is mounted at the path any more.
+/// Waits until nothing is mounted at the path.
 void awaitUnmounted(const std::filesystem::path& path) {
   const int mounts = open("/proc/self/mountinfo", O_RDONLY | O_CLOEXEC);
   while (isMounted(path)) {

@@ -30,7 +30,7 @@ TEST_F(TestDesktopTest, NoticesATitleThatAnotherClientChanges) {
   TestWindow window(otherClient);
   ASSERT_TRUE(window.show());
   desktop.watch(window.id());
-  // The title is changed behind the first look.
+  // The title changes after the first check.
   EXPECT_TRUE(desktop.waitUntil([&] {
     const bool isChanged = desktop.text(window.id(), "_NET_WM_NAME") == "new";
     window.setText("_NET_WM_NAME", "new", "UTF8_STRING");

@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "DeskloomSDK/Resources/Command.h"
-#include "Linux/LinuxWorkspace.h"
+#include "Linux/Workspace.h"
 #include "Platform/Fake/FakeServices.h"
 #include "Tests/Support/HostProcess.h"
 
@@ -20,7 +20,7 @@ TEST(Commands, MayBeSentFromAnyThread) {
   constexpr int commands = 100;
   TestSupport::HostProcess host(DESKLOOM_HOST_PROGRAM);
   Platform::Fake::FakeServices fakes;
-  Platform::Linux::LinuxWorkspace workspace(fakes.log);
+  Linux::Workspace workspace(fakes.log);
   const Platform::Services services{&fakes.application, fakes.appleEvents, fakes.notifications, fakes.scripts,
                                     workspace,          fakes.alerts,      fakes.windows,       fakes.bundle,
                                     fakes.strings,      fakes.log,         fakes.queues,        fakes.clock,

@@ -10,8 +10,8 @@
 #include <gtest/gtest.h>
 
 #include "DeskloomSDK/Configuration/DelayedActionController.h"
-#include "Linux/LinuxClock.h"
-#include "Linux/LinuxQueues.h"
+#include "Linux/Clock.h"
+#include "Linux/Queues.h"
 #include "Platform/Fake/FakeServices.h"
 
 using DeskloomSDK::DelayedActionController;
@@ -30,9 +30,9 @@ class DelayedActionControllerTest : public testing::Test {
   }
 
   Platform::Fake::FakeServices fakes;
-  Platform::Linux::LinuxClock clock;
-  Platform::Linux::LinuxApplication application{fakes.appleEvents, fakes.notifications};
-  Platform::Linux::LinuxQueues queues{application};
+  Linux::Clock clock;
+  Linux::Application application{fakes.appleEvents, fakes.notifications};
+  Linux::Queues queues{application};
   Platform::Services services{
       &fakes.application, fakes.appleEvents, fakes.notifications, fakes.scripts, fakes.workspace, fakes.alerts,
       fakes.windows,      fakes.bundle,      fakes.strings,       fakes.log,     queues,          clock,

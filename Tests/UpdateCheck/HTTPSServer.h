@@ -13,7 +13,7 @@
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
 
-/// A web server on this machine, with a certificate for 127.0.0.1 that nobody has signed.
+/// A web server on this machine, with a self-signed certificate for 127.0.0.1.
 class HTTPSServer {
  public:
   enum class Answers { fromFiles, byHand };
@@ -30,7 +30,7 @@ class HTTPSServer {
     folder_.write(name, response.append("\r\n").append(body));
   }
 
-  /// The same by the book: successful, and with the body's length.
+  /// Answers successfully, with the body's length.
   void serve(const std::string& name, std::string_view body) const {
     serve(name, "200 OK", {"Content-Length: " + std::to_string(body.size())}, body);
   }
@@ -66,7 +66,7 @@ class HTTPSServer {
     return folder_.path() / "certificate.pem";
   }
 
-  /// By hand, the server prints what it is sent and says what comes from a pipe, which it keeps open itself.
+  /// By hand, the server prints what it receives and sends what comes from a pipe, which it keeps open itself.
   TestSupport::ChildProcess start(Answers answers) const {
     mkfifo((folder_.path() / "answers").c_str(), 0600);
     const std::string mode = answers == Answers::fromFiles ? " -HTTP" : "";

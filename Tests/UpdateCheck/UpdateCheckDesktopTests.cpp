@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "Platform/Text/URL.h"
 #include "Tests/Support/FakeNotifications.h"
 #include "Tests/UpdateCheck/HTTPSServer.h"
 #include "Tests/UpdateCheck/SigningKey.h"
@@ -14,13 +13,12 @@
 
 namespace {
 
-using Platform::URL;
 using testing::HasSubstr;
 using testing::StartsWith;
 using TestSupport::ChildProcess;
 using TestSupport::FakeNotifications;
 
-TEST_F(UpdateCheckTest, TellsOfEachVersionOnce) {
+TEST_F(UpdateCheckTest, TellsTheUserAboutEachVersionOnce) {
   const auto tell = [this] {
     FakeNotifications notifications;
     ChildProcess check = start();
@@ -29,14 +27,14 @@ TEST_F(UpdateCheckTest, TellsOfEachVersionOnce) {
     return finish(std::move(check));
   };
   offer(itemOf("2.0"));
-  EXPECT_EQ(tell(), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(tell(), "told the user about Plugin 2.0\n");
   {
     const FakeNotifications notifications;
     EXPECT_EQ(finish(start()), "");
     EXPECT_FALSE(notifications.wereAsked());
   }
   offer(itemOf("2.1"));
-  EXPECT_EQ(tell(), "told the user of Plugin 2.1\n");
+  EXPECT_EQ(tell(), "told the user about Plugin 2.1\n");
 }
 
 TEST_F(UpdateCheckTest, DoesNotAskTheFeedAgainWithinTheInterval) {
@@ -45,14 +43,14 @@ TEST_F(UpdateCheckTest, DoesNotAskTheFeedAgainWithinTheInterval) {
   EXPECT_EQ(finish(start()), "");
 }
 
-TEST_F(UpdateCheckTest, TellsLaterWhereThereWasNobodyToTellTheUser) {
+TEST_F(UpdateCheckTest, TellsTheUserLaterIfThereWasNoNotificationService) {
   offer(itemOf("2.0"));
   EXPECT_THAT(finish(start()), StartsWith("could not check for an update of Plugin: the user cannot be told: "));
   FakeNotifications notifications;
   ChildProcess check = start();
   (void)notifications.await();
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
 TEST_F(UpdateCheckTest, DoesNothingWhileAnotherCheckIsUnderWay) {
@@ -62,26 +60,38 @@ TEST_F(UpdateCheckTest, DoesNothingWhileAnotherCheckIsUnderWay) {
   (void)notifications.await();
   EXPECT_EQ(finish(start()), "");
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
-TEST_F(UpdateCheckTest, TellsOfAnUpdateWithAValidSignatureAlone) {
+TEST_F(UpdateCheckTest, AnnouncesOnlyWhatIsInAFeedWithAValidSignature) {
   const SigningKey key;
-  const std::string archive = URL::fileURL(folder.write("plugin.tar", "an archive")).absoluteString();
-  const auto offerSigned = [&](const std::string& signature) {
-    offer(itemOf("2.0", "<enclosure url='" + archive + "' sparkle:edSignature='" + signature + "'/>"));
-  };
+  offer(itemOf("2.0"));
   configure("FeedURL=" + feedURL() + "\nInterval=0\nPublicKey=" + key.publicKey() + "\n");
   FakeNotifications notifications;
-  offerSigned(key.sign("another archive"));
+  folder.write("appcast.xml.sig", key.sign(appcast(itemOf("2.1"))));
   EXPECT_EQ(finish(start()),
-            "could not check for an update of Plugin: the update cannot be verified: its signature does not match\n");
+            "could not check for an update of Plugin: the feed cannot be verified: its signature does not match\n");
   EXPECT_FALSE(notifications.wereAsked());
-  offerSigned(key.sign("an archive"));
+  folder.write("appcast.xml.sig", key.sign(appcast(itemOf("2.0"))));
   ChildProcess check = start();
   (void)notifications.await();
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
+}
+
+TEST_F(UpdateCheckTest, AsksAServerForTheFeedAndNothingElse) {
+  HTTPSServer server(HTTPSServer::Answers::byHand);
+  FakeNotifications notifications;
+  configure("FeedURL=" + server.url("appcast.xml").absoluteString() + "\n");
+  ChildProcess check = start({{"SSL_CERT_FILE", server.certificate()}});
+  EXPECT_EQ(server.awaitRequest().at(0), "GET /appcast.xml HTTP/1.1");
+  const std::string feed = appcast(
+      itemOf("2.0", "<enclosure url='" + server.url("plugin.tar").absoluteString() + "' sparkle:edSignature='c2ln'/>"));
+  server.say("HTTP/1.1 200 OK\r\nContent-Length: " + std::to_string(feed.size()) + "\r\n\r\n" + feed + "\n");
+  // A second request would find no answer, and the announcement would not come.
+  (void)notifications.await();
+  notifications.close();
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
 TEST_F(UpdateCheckTest, LoadsTheFeedFromTheWeb) {
@@ -92,7 +102,7 @@ TEST_F(UpdateCheckTest, LoadsTheFeedFromTheWeb) {
   ChildProcess check = start({{"SSL_CERT_FILE", server.certificate()}});
   (void)notifications.await();
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
 TEST_F(UpdateCheckTest, SaysWhatIsWrongWithAFeedInOneLine) {
@@ -117,7 +127,7 @@ TEST_F(UpdateCheckTest, DoesNotWaitForAFeedThatNeverComes) {
             "could not check for an update of Plugin: the feed cannot be loaded: it is not a regular file\n");
 }
 
-TEST_F(UpdateCheckTest, TellsTheLogAloneWhereNothingIsNew) {
+TEST_F(UpdateCheckTest, TellsOnlyTheLogIfThereIsNothingNew) {
   const FakeNotifications notifications;
   offer(itemOf("1.0") + itemOf("0.9") + itemOf("1.0b1"));
   EXPECT_EQ(finish(start()), "there is no update of Plugin 1.0\n");
@@ -126,12 +136,10 @@ TEST_F(UpdateCheckTest, TellsTheLogAloneWhereNothingIsNew) {
   EXPECT_FALSE(notifications.wereAsked());
 }
 
-TEST_F(UpdateCheckTest, DoesNothingWhereNoCheckIsWanted) {
+TEST_F(UpdateCheckTest, DoesNothingWithoutAFeed) {
   offer(itemOf("2.0"));
-  for (const std::string& updates : {std::string(), "FeedURL=" + feedURL() + "\nAutomaticChecks=false\n"}) {
-    configure(updates);
-    EXPECT_EQ(finish(start()), "") << updates;
-  }
+  configure("");
+  EXPECT_EQ(finish(start()), "");
   std::filesystem::remove(bundle() / "Info.ini");
   EXPECT_EQ(finish(start()), "");
   EXPECT_FALSE(std::filesystem::exists(folder.path() / "state"));
@@ -142,7 +150,7 @@ TEST_F(UpdateCheckTest, SaysWhatIsWrongWithTheBundleInOneLine) {
   EXPECT_EQ(finish(start()), "could not check for an update: FeedURL is neither an https: nor a file: URL\n");
 }
 
-TEST_F(UpdateCheckTest, StartsAfreshFromADamagedState) {
+TEST_F(UpdateCheckTest, IgnoresADamagedState) {
   configure("FeedURL=" + feedURL() + "\n");
   folder.write("state/deskloom/com.example.Plugin.updates", "\xff\xfe[[[");
   EXPECT_THAT(finish(start()), HasSubstr("the feed cannot be loaded"));
@@ -161,7 +169,7 @@ TEST(UpdateCheckProgram, ExplainsItself) {
 TEST(UpdateCheckProgram, RefusesOtherArguments) {
   for (const char* argument : {"--now", "x", "", "-h"}) {
     ChildProcess check({UPDATE_CHECK_PROGRAM, argument}, {.captureErrors = true});
-    EXPECT_EQ(check.readAll(), "update-check: it takes no such arguments (see --help)\n");
+    EXPECT_EQ(check.readAll(), "update-check: unexpected arguments (see --help)\n");
     EXPECT_EQ(check.wait(), 2);
   }
   EXPECT_EQ(TestSupport::run({UPDATE_CHECK_PROGRAM, "--help", "--version"}, {.captureErrors = true}), 2);

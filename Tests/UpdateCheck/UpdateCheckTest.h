@@ -27,7 +27,7 @@ inline std::string linkTo(const std::string& url) {
   return "<link><![CDATA[" + url + "]]></link>";
 }
 
-/// The program in a bundle of its own, with a feed on disk and a browser that says what it is given.
+/// The program in a bundle of its own, with a feed on disk and a browser that prints what it is given.
 class UpdateCheckTest : public testing::Test {
  protected:
   UpdateCheckTest() {
@@ -37,7 +37,7 @@ class UpdateCheckTest : public testing::Test {
     const auto browser = folder.write("browser", "#!/bin/sh\nprintf 'opened %s\\n' \"$1\"\n");
     chmod(browser.c_str(), 0700);
     registerBrowser("Exec=" + browser.string() + " %u\n");
-    // Of what is installed here only the types of files are seen, and no other browser.
+    // Of the system's data, only the MIME types are visible, and no other browser.
     std::filesystem::create_directory(folder.path() / "system");
     std::filesystem::create_directory_symlink("/usr/share/mime", folder.path() / "system/mime");
   }
@@ -63,7 +63,7 @@ class UpdateCheckTest : public testing::Test {
                  "text/html=org.example.Browser.desktop\n");
   }
 
-  /// Starts the program. What it and the browser print is its output, which ends once both have.
+  /// Starts the program. Its output is what it and the browser print, until both have ended.
   [[nodiscard]] TestSupport::ChildProcess start(std::map<std::string, std::string> environment = {}) const {
     environment.emplace("XDG_DATA_HOME", folder.path() / "data");
     environment.emplace("XDG_DATA_DIRS", folder.path() / "system");
@@ -72,7 +72,7 @@ class UpdateCheckTest : public testing::Test {
     return TestSupport::ChildProcess({bundle() / "update-check"}, {.environment = environment, .captureErrors = true});
   }
 
-  /// Runs it to its end and yields what was printed.
+  /// Waits for its end and yields its output.
   static std::string finish(TestSupport::ChildProcess process) {
     std::string output = process.readAll();
     EXPECT_EQ(process.wait(), 0);

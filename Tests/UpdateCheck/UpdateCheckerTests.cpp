@@ -6,6 +6,7 @@
 #include "Platform/Fake/FakeServices.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
+#include "Tests/UpdateCheck/SigningKey.h"
 #include "UpdateCheck/UpdateChecker.h"
 
 namespace {
@@ -18,7 +19,7 @@ using UpdateCheck::UpdateSettings;
 using UpdateCheck::UpdateState;
 using UpdateCheck::UpdateStateFile;
 
-/// Checks with a session bus out of reach, so that the user can never be told.
+/// Checks without a session bus, so that the user can never be told.
 class UpdateCheckerTest : public testing::Test {
  protected:
   void offer(const std::string& version) const {
@@ -60,7 +61,7 @@ constexpr const char* noFeed =
 constexpr const char* unreachable =
     "could not check for an update of Plugin: the user cannot be told: There is no session bus.";
 
-TEST_F(UpdateCheckerTest, LogsWhereThereIsNothingNew) {
+TEST_F(UpdateCheckerTest, LogsThatThereIsNothingNew) {
   for (const auto* version : {"1.0", "0.9"}) {
     offer(version);
     check();
@@ -105,7 +106,7 @@ TEST_F(UpdateCheckerTest, KeepsToTheIntervalOnceTheFeedCouldBeLoaded) {
   EXPECT_THAT(log.messages, ElementsAre(noFeed, noUpdate, noUpdate));
 }
 
-TEST_F(UpdateCheckerTest, KeepsToTheIntervalWhereTheFeedCannotBeRead) {
+TEST_F(UpdateCheckerTest, KeepsToTheIntervalIfTheFeedCannotBeRead) {
   folder.write("appcast.xml", "not a feed");
   check();
   EXPECT_EQ(state().lastCheck, now);
@@ -129,14 +130,14 @@ TEST_F(UpdateCheckerTest, NotesAnAttemptThatFailsAndNoCheck) {
   EXPECT_EQ(state().lastCheck, std::nullopt);
 }
 
-TEST_F(UpdateCheckerTest, DoesNotNoteAVersionThatNobodyWasToldOf) {
+TEST_F(UpdateCheckerTest, NotesAVersionOnlyIfTheUserWasTold) {
   offer("2.0");
   check();
   EXPECT_THAT(log.messages, ElementsAre(unreachable));
   EXPECT_EQ(state().announcedVersion, std::nullopt);
 }
 
-TEST_F(UpdateCheckerTest, SaysNothingOfAVersionThatTheUserWasToldOf) {
+TEST_F(UpdateCheckerTest, LogsNothingAboutAVersionThatTheUserKnows) {
   offer("2.0");
   ASSERT_TRUE((*lock())->write({.lastCheck = std::nullopt, .announcedVersion = "2.0"}));
   check();
@@ -144,7 +145,7 @@ TEST_F(UpdateCheckerTest, SaysNothingOfAVersionThatTheUserWasToldOf) {
   EXPECT_EQ(state().announcedVersion, "2.0");
 }
 
-TEST_F(UpdateCheckerTest, TellsOfAVersionBehindTheOneThatTheUserWasToldOf) {
+TEST_F(UpdateCheckerTest, AnnouncesAVersionAfterTheOneThatTheUserKnows) {
   offer("2.1");
   ASSERT_TRUE((*lock())->write({.lastCheck = std::nullopt, .announcedVersion = "2.0"}));
   check();
@@ -152,12 +153,15 @@ TEST_F(UpdateCheckerTest, TellsOfAVersionBehindTheOneThatTheUserWasToldOf) {
   EXPECT_EQ(state().announcedVersion, "2.0");
 }
 
-TEST_F(UpdateCheckerTest, DoesNotTellOfAnUpdateThatCannotBeVerified) {
+TEST_F(UpdateCheckerTest, AnnouncesNothingFromAFeedThatCannotBeVerified) {
+  const SigningKey key;
   offer("2.0");
-  settings.publicKey = "nonsense";
+  settings.publicKey = key.publicKey();
+  folder.write("appcast.xml.sig", key.sign("another feed"));
   check();
-  EXPECT_THAT(log.messages, ElementsAre("could not check for an update of Plugin: the update cannot be verified: "
-                                        "PublicKey is not a key of 32 bytes in base64"));
+  EXPECT_THAT(log.messages, ElementsAre("could not check for an update of Plugin: the feed cannot be verified: its "
+                                        "signature does not match"));
+  EXPECT_EQ(state().lastCheck, std::nullopt) << "the feed was not loaded as a whole, so it is loaded again soon";
 }
 
 TEST_F(UpdateCheckerTest, LeavesTheCheckToAnotherThatIsUnderWay) {
@@ -167,7 +171,7 @@ TEST_F(UpdateCheckerTest, LeavesTheCheckToAnotherThatIsUnderWay) {
   EXPECT_EQ((*other)->read().lastCheck, std::nullopt);
 }
 
-TEST_F(UpdateCheckerTest, AsksNobodyWhereTheTimeCannotBeNoted) {
+TEST_F(UpdateCheckerTest, LoadsNoFeedIfTheTimeCannotBeNoted) {
   folder.write("state/com.example.Plugin.updates/file", "a folder is in the way");
   check();
   ASSERT_EQ(log.messages.size(), 1U);
@@ -175,7 +179,7 @@ TEST_F(UpdateCheckerTest, AsksNobodyWhereTheTimeCannotBeNoted) {
   EXPECT_THAT(log.messages[0], testing::HasSubstr("com.example.Plugin.updates"));
 }
 
-TEST_F(UpdateCheckerTest, LogsOneLineWhateverTheBundleIsCalled) {
+TEST_F(UpdateCheckerTest, LogsOneLineEvenIfTheBundlesNameHasTwo) {
   settings.name = "A\nB";
   check();
   ASSERT_EQ(log.messages.size(), 1U);

@@ -24,7 +24,7 @@ using UpdateCheck::UpdateNotification;
 
 using UpdateNotificationTest = UpdateCheckTest;
 
-TEST_F(UpdateNotificationTest, TellsTheUserOfANewerVersion) {
+TEST_F(UpdateNotificationTest, TellsTheUserAboutANewerVersion) {
   FakeNotifications notifications;
   offer(itemOf("2.0", "<sparkle:shortVersionString>Two</sparkle:shortVersionString>" + linkTo(page)));
   ChildProcess check = start();
@@ -33,22 +33,22 @@ TEST_F(UpdateNotificationTest, TellsTheUserOfANewerVersion) {
             "'Version Two can be downloaded.', ['default', 'Learn More', 'open', 'Learn More'], "
             "{'desktop-entry': <'com.example.Plugin'>}, -1)");
   notifications.close();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin Two\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin Two\n");
 }
 
-TEST_F(UpdateNotificationTest, OpensThePageWhereTheUserPressesTheButtonOrTheNotification) {
+TEST_F(UpdateNotificationTest, OpensThePageOnAClickOnTheButtonOrTheNotification) {
   offer(itemOf("2.0", linkTo(page)));
   for (const char* action : {"open", "default"}) {
     FakeNotifications notifications;
     ChildProcess check = start();
     (void)notifications.await();
     notifications.invoke(action);
-    EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\nopened " + page + '\n') << action;
+    EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\nopened " + page + '\n') << action;
     std::filesystem::remove_all(folder.path() / "state");
   }
 }
 
-TEST_F(UpdateNotificationTest, OpensThePageInABrowserThatTheBusReaches) {
+TEST_F(UpdateNotificationTest, OpensThePageInABrowserOnTheBus) {
   FakeNotifications notifications;
   FakeService browser("org.example.Browser", "/org/example/Browser", R"(
 <node><interface name="org.freedesktop.Application">
@@ -60,18 +60,8 @@ TEST_F(UpdateNotificationTest, OpensThePageInABrowserThatTheBusReaches) {
   ChildProcess check = start();
   (void)notifications.await();
   notifications.invoke("open");
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
   EXPECT_THAT(browser.awaitCall("Open"), HasSubstr("['" + page + "']"));
-}
-
-TEST_F(UpdateNotificationTest, OpensAPageOnDiskForAFeedOnDisk) {
-  FakeNotifications notifications;
-  const auto notes = folder.write("notes.html", "<html/>");
-  offer(itemOf("2.0", linkTo(URL::fileURL(notes).absoluteString())));
-  ChildProcess check = start();
-  (void)notifications.await();
-  notifications.invoke("open");
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\nopened " + notes.string() + '\n');
 }
 
 TEST_F(UpdateNotificationTest, SaysThatThePageCannotBeOpened) {
@@ -82,19 +72,41 @@ TEST_F(UpdateNotificationTest, SaysThatThePageCannotBeOpened) {
   (void)notifications.await();
   notifications.invoke("open");
   EXPECT_THAT(finish(std::move(check)),
-              StartsWith("told the user of Plugin 2.0\ncould not open the page about Plugin 2.0: "));
+              StartsWith("told the user about Plugin 2.0\ncould not open the page about Plugin 2.0: "));
 }
 
-TEST_F(UpdateNotificationTest, OffersNoButtonWhereThereIsNothingToOpen) {
-  offer(itemOf("2.0", linkTo("http://example.com/")));
+TEST_F(UpdateNotificationTest, OffersNoButtonIfThePageIsNotAtAnHTTPSURL) {
+  const auto notes = folder.write("notes.html", "<html/>");
+  for (const std::string& link : {std::string("http://example.com/"), URL::fileURL(notes).absoluteString()}) {
+    offer(itemOf("2.0", linkTo(link)));
+    FakeNotifications notifications;
+    ChildProcess check = start();
+    EXPECT_THAT(notifications.await(), HasSubstr("'Version 2.0 can be downloaded.', [], ")) << link;
+    notifications.invoke("default");
+    EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
+    std::filesystem::remove_all(folder.path() / "state");
+  }
+}
+
+TEST_F(UpdateNotificationTest, SpeaksTheUsersLanguageButLogsInEnglish) {
+  std::filesystem::create_directories(bundle() / "locale/de/LC_MESSAGES");
+  const auto catalogue =
+      folder.write("de.po",
+                   "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=UTF-8\\n\"\n\n"
+                   "msgid \"Version %@ can be downloaded.\"\nmsgstr \"Version %@ können Sie herunterladen.\"\n");
+  ASSERT_EQ(TestSupport::run(
+                {"msgfmt", "--output-file", bundle() / "locale/de/LC_MESSAGES/com.example.Plugin.mo", catalogue}),
+            0);
+  offer(itemOf("2.0"));
   FakeNotifications notifications;
-  ChildProcess check = start();
-  EXPECT_THAT(notifications.await(), HasSubstr("'Version 2.0 can be downloaded.', [], "));
-  notifications.invoke("default");
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  ChildProcess check = start({{"LANGUAGE", "de"}});
+  EXPECT_THAT(notifications.await(),
+              HasSubstr("'An update for Plugin is available', 'Version 2.0 können Sie herunterladen.'"));
+  notifications.close();
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
-TEST_F(UpdateNotificationTest, PassesOverWhatIsSaidOfOtherNotifications) {
+TEST_F(UpdateNotificationTest, IgnoresSignalsAboutOtherNotifications) {
   FakeNotifications notifications;
   offer(itemOf("2.0", linkTo(page)));
   ChildProcess check = start();
@@ -104,19 +116,19 @@ TEST_F(UpdateNotificationTest, PassesOverWhatIsSaidOfOtherNotifications) {
   notifications.emit("ActionInvoked", "('7', 'open')");
   notifications.emit("ActivationToken", "(uint32 7, 'token')");
   notifications.invoke("open");
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\nopened " + page + '\n');
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\nopened " + page + '\n');
 }
 
-TEST_F(UpdateNotificationTest, EndsWhereTheNotificationServiceDoes) {
+TEST_F(UpdateNotificationTest, EndsWhenTheNotificationServiceDoes) {
   FakeNotifications notifications;
   offer(itemOf("2.0", linkTo(page)));
   ChildProcess check = start();
   (void)notifications.await();
   notifications.disappear();
-  EXPECT_EQ(finish(std::move(check)), "told the user of Plugin 2.0\n");
+  EXPECT_EQ(finish(std::move(check)), "told the user about Plugin 2.0\n");
 }
 
-TEST(UpdateNotification, WaitsNoLongerThanItMay) {
+TEST(UpdateNotification, WaitsNoLongerThanTheTimeout) {
   FakeNotifications notifications;
   UpdateNotification notification(*DesktopSupport::SessionBus::connect());
   ASSERT_TRUE(notification.show({.identifier = "com.example.Plugin",
@@ -127,7 +139,7 @@ TEST(UpdateNotification, WaitsNoLongerThanItMay) {
   EXPECT_FALSE(notification.awaitAnswer(std::chrono::seconds(0)));
 }
 
-TEST_F(UpdateNotificationTest, ShowsPlainTextWhateverTheServiceReads) {
+TEST_F(UpdateNotificationTest, ShowsPlainTextEvenIfTheServiceReadsMarkup) {
   offer(itemOf("2.0", "<sparkle:shortVersionString>&lt;b&gt; &amp; 2</sparkle:shortVersionString>"));
   for (const bool readsMarkup : {false, true}) {
     FakeNotifications notifications;

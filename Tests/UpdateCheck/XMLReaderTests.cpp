@@ -7,10 +7,10 @@
 
 namespace {
 
+using UpdateCheck::maximumXMLDepth;
 using UpdateCheck::XMLHandler;
-using UpdateCheck::XMLReader;
 
-/// Writes down what it is told.
+/// Records the calls that it gets.
 class Transcript : public XMLHandler {
  public:
   void startElement(std::string_view name, const Attributes& attributes) override {
@@ -25,10 +25,10 @@ class Transcript : public XMLHandler {
   std::string text;
 };
 
-/// What is told of the document, or what is wrong with it.
+/// The calls for a document, or the error.
 std::string read(std::string_view document) {
   Transcript transcript;
-  const auto read = XMLReader::read(document, transcript);
+  const auto read = UpdateCheck::readXML(document, transcript);
   return read ? transcript.text : "failure: " + read.error();
 }
 
@@ -41,11 +41,11 @@ std::string nested(int depth) {
   return text;
 }
 
-TEST(XMLReader, TellsOfElementsAttributesAndText) {
+TEST(XMLReader, ReportsElementsAttributesAndText) {
   EXPECT_EQ(read("<a b='1' c=''>x<d/>y</a>"), "<a b=1 c=>x<d></>y</>");
 }
 
-TEST(XMLReader, ResolvesNamespacesWhateverTheirPrefix) {
+TEST(XMLReader, ResolvesNamespacesRegardlessOfTheirPrefix) {
   EXPECT_EQ(read("<p:a xmlns:p='urn:n' p:b='1' b='2'/>"), "<urn:n a b=2 urn:n b=1></>");
   EXPECT_EQ(read("<a xmlns='urn:n'/>"), "<urn:n a></>");
 }
@@ -82,14 +82,14 @@ TEST(XMLReader, LoadsNoExternalDocumentType) {
   EXPECT_EQ(read("<!DOCTYPE a SYSTEM '" + definitions.string() + "'><a>&e;</a>"), "<a></>");
 }
 
-TEST(XMLReader, BoundsTheDepth) {
-  EXPECT_TRUE(read(nested(XMLReader::maximumDepth)).starts_with("<a>"));
-  EXPECT_EQ(read(nested(XMLReader::maximumDepth + 1)), "failure: it is nested too deeply");
+TEST(XMLReader, LimitsTheDepth) {
+  EXPECT_TRUE(read(nested(maximumXMLDepth)).starts_with("<a>"));
+  EXPECT_EQ(read(nested(maximumXMLDepth + 1)), "failure: it is nested too deeply");
   EXPECT_EQ(read(nested(100'000)), "failure: it is nested too deeply");
 }
 
-TEST(XMLReader, StopsAtAnEmptyElementThatLiesTooDeep) {
-  const std::string document = nested(XMLReader::maximumDepth).insert(3UL * XMLReader::maximumDepth, "<b/>");
+TEST(XMLReader, StopsAtAnEmptyElementThatIsTooDeep) {
+  const std::string document = nested(maximumXMLDepth).insert(3UL * maximumXMLDepth, "<b/>");
   EXPECT_EQ(read(document), "failure: it is nested too deeply");
 }
 

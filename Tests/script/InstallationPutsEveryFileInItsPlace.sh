@@ -14,18 +14,17 @@ $bundle/locale/es/LC_MESSAGES/com.quillary.Gleanery.mo
 $bundle/locale/fr/LC_MESSAGES/com.quillary.Gleanery.mo
 $bundle/locale/ja/LC_MESSAGES/com.quillary.Gleanery.mo
 $bundle/locale/zh_CN/LC_MESSAGES/com.quillary.Gleanery.mo
-$bundle/update-check
 share/applications/com.quillary.Gleanery.desktop
 share/applications/mimeinfo.cache
 share/dbus-1/services/com.quillary.Gleanery.service
 share/icons/hicolor/scalable/apps/com.quillary.Gleanery.svg
 share/metainfo/com.quillary.Gleanery.metainfo.xml"
 expect "$(readlink "$scratch/prefix/bin/gleanery")" "../$bundle/gleanery"
-expect "$(find "$scratch/prefix" -type f -executable -printf '%f\n' | LC_ALL=C sort)" $'gleanery\nupdate-check'
+expect "$(find "$scratch/prefix" -type f -executable -printf '%f\n' | LC_ALL=C sort)" gleanery
 
 configuration=$(sed -n 's/^CMAKE_BUILD_TYPE:STRING=//p' "$build/CMakeCache.txt" | tr '[:upper:]' '[:lower:]')
 
-# The package that other plug-ins are written with; the headers are those of the tree.
+# The package for other plug-ins' projects. The headers are those of the tree.
 install_to "$scratch/sdk" --component sdk
 headers() { (cd "$1" && find DeskloomSDK Platform BrimlaceTextView -name '*.h' | LC_ALL=C sort); }
 expect "$(cd "$scratch/sdk/include/deskloom" && find . -type f -printf '%P\n' | LC_ALL=C sort)" "$(headers "$1")"
@@ -38,13 +37,20 @@ $package/DeskloomSDKTargets-$configuration.cmake
 $package/DeskloomSDKTargets.cmake
 $package/plugin/Bundle.cmake
 $package/plugin/Entries.cmake
-$package/plugin/Info.ini.in
 $package/plugin/install.cmake
 $package/plugin/merge-catalogues.cmake
 $package/plugin/plugin.desktop.in
 $package/plugin/plugin.service.in
 lib/deskloom/sdk/deskloom-windows.so
 lib/deskloom/sdk/libAppleScript.a
+lib/deskloom/sdk/libAppleScriptExpressions.a
+lib/deskloom/sdk/libAppleScriptOperators.a
+lib/deskloom/sdk/libAppleScriptReferences.a
+lib/deskloom/sdk/libAppleScriptRunning.a
+lib/deskloom/sdk/libAppleScriptStatements.a
+lib/deskloom/sdk/libAppleScriptSyntax.a
+lib/deskloom/sdk/libAppleScriptText.a
+lib/deskloom/sdk/libAppleScriptValues.a
 lib/deskloom/sdk/libBrimlaceTextView.a
 lib/deskloom/sdk/libBrowserApplications.a
 lib/deskloom/sdk/libBrowserSessions.a
@@ -69,7 +75,7 @@ lib/deskloom/sdk/libPlatform.a
 lib/deskloom/sdk/libPlatformFake.a
 lib/deskloom/sdk/libPlatformText.a
 lib/deskloom/sdk/libScriptableApps.a
-lib/deskloom/sdk/libScriptableAppsCommon.a
+lib/deskloom/sdk/libScriptableAppsErrors.a
 lib/deskloom/sdk/libSystemEventsApplication.a
 lib/deskloom/sdk/libX11Windows.a
 lib/deskloom/sdk/update-check
@@ -80,11 +86,11 @@ share/deskloom/locale/fr/LC_MESSAGES/DeskloomSDK.mo
 share/deskloom/locale/ja/LC_MESSAGES/DeskloomSDK.mo
 share/deskloom/locale/zh_CN/LC_MESSAGES/DeskloomSDK.mo"
 
-# Whoever asks for nothing else has both.
+# By default, both are installed.
 install_to "$scratch/all"
 expect "$(files_in "$scratch/all")" "$({ files_in "$scratch/prefix" && files_in "$scratch/sdk"; } | LC_ALL=C sort)"
 
-# The host's entries are there for those who ask for them.
+# The host's entries are installed on request.
 install_to "$scratch/development" --component development
 expect "$(files_in "$scratch/development")" 'bin/deskloom-host
 share/applications/com.quillary.Deskloom.desktop

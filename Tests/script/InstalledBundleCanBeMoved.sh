@@ -9,9 +9,8 @@ mv "$scratch/prefix/$bundle" "$scratch/a b/moved"
 rm -r "$scratch/prefix"
 
 expect "$("$scratch/a b/moved/gleanery" --version)" "$version"
-"$scratch/a b/moved/update-check"
 
-# What it says where there is neither a host nor a display: in German, so it has found its catalogue.
+# Without a host and a display, it prints its message. That is in German, so it has found its catalogue.
 said=$(env --unset=DISPLAY --unset=WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere LANGUAGE=de LANG=C.UTF-8 \
   "$scratch/a b/moved/gleanery" 2>&1)
 [[ $said == *'Das Skript konnte nicht ausgeführt werden'* ]] || fail "$said"

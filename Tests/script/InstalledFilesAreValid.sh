@@ -4,6 +4,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 
 install_to "$scratch/prefix" --component plugin
 install_to "$scratch/prefix" --component development
+install_to "$scratch/sdk" --component sdk
 
 expect "$(desktop-file-validate "$scratch"/prefix/share/applications/*.desktop)" ''
 metadata=$scratch/prefix/share/metainfo/com.quillary.Gleanery.metainfo.xml
@@ -12,6 +13,7 @@ if grep --extended-regexp '^[EWIP]:' "$scratch/said"; then fail "something could
 newest=$(sed -nE 's/.*<release version="([^"]*)".*/\1/p' "$metadata" | head -n 1)
 expect "$newest" "$("$scratch/prefix/bin/gleanery" --version)"
 
-for program in "$scratch/prefix/$bundle/"{gleanery,update-check,deskloom-windows.so} "$scratch/prefix/bin/deskloom-host"; do
+for program in "$scratch/prefix/$bundle/"{gleanery,deskloom-windows.so} "$scratch/prefix/bin/deskloom-host" \
+  "$scratch/sdk/lib/deskloom/sdk/update-check"; do
   if readelf --dynamic "$program" | grep --extended-regexp 'RPATH|RUNPATH'; then fail "$program looks for libraries there"; fi
 done

@@ -3,7 +3,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 source "$(dirname "${BASH_SOURCE[0]}")/sdk.bash"
 
-# What is installed can be moved, to a folder whose name takes some quoting.
+# The installed package can be moved, to a folder whose name needs quoting.
 install_to "$scratch/sdk" --component sdk
 mv "$scratch/sdk" "$scratch/a sdk"
 make_project "$scratch/project"
@@ -32,14 +32,20 @@ grep --quiet --line-regexp 'FeedURL=https://example.com/appcast.xml' "$scratch/g
 # shellcheck disable=SC1003 # a backslash, escaped
 grep --quiet --line-regexp 'Name=Greeter \\\\ Co; Ltd' "$scratch/greeter/$bundle/Info.ini" || fail 'another name'
 
-# It speaks German in its own words, and in the runtime's where it has none.
+# Its update check works in the installed bundle wherever that is moved to.
+cp -r "$scratch/greeter/$bundle" "$scratch/a moved bundle"
+sed -i "s|^FeedURL=.*|FeedURL=file://$scratch/appcast.xml|" "$scratch/a moved bundle/Info.ini"
+expect "$(XDG_STATE_HOME=$scratch/state "$scratch/a moved bundle/update-check" 2>&1)" \
+  'could not check for an update of Greeter \ Co; Ltd: the feed cannot be loaded: No such file or directory'
+
+# It speaks German in its own words, and in the runtime's if it has none.
 german() {
   LANGUAGE=de LANG=C.UTF-8 TEXTDOMAINDIR=$scratch/greeter/$bundle/locale gettext --domain=com.example.Greeter "$1"
 }
 expect "$(german OK)" 'Na gut'
 [[ $(german 'Plugin cannot be installed.') == 'Das Plugin '* ]] || fail "$(german 'Plugin cannot be installed.')"
 
-# The session's bus starts it from where it was built, and from where it was installed.
+# The session's bus starts it from the build folder, and from the installation.
 install_to "$scratch/development" --component development
 cat >"$scratch/command" <<'END'
 "$1/bin/deskloom-host" --exit-after 1 &

@@ -48,10 +48,10 @@ END_OF_SCRIPT
 /usr/bin/python3 "$scratch/plant.py" "$1/Mutants" "$scratch/program.cpp" "$scratch/planted.cpp" >"$scratch/planted"
 
 expect "$(cut --delimiter=' ' --fields=2- "$scratch/planted" | LC_ALL=C sort --key=1n --key=2)" "10 && to ||
+10 < reversed
 10 < to <=
-10 < turned round
+10 <= reversed
 10 <= to <
-10 <= turned round
 10 returns the opposite
 14 == to !=
 16 + to -

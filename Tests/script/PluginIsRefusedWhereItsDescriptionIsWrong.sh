@@ -7,7 +7,7 @@ install_to "$scratch/sdk" --component sdk
 mkdir "$scratch/project"
 touch "$scratch/project/main.cpp" "$scratch/project/icon.png"
 
-# Whether a call with these arguments stops the configuration, and says this.
+# Expects that a call with these arguments stops the configuration with this message.
 expect_refusal() {
   printf '%s\n' 'cmake_minimum_required(VERSION 3.25)' 'project(Greeter LANGUAGES CXX)' 'find_package(DeskloomSDK REQUIRED)' \
     "deskloom_plugin(greeter $2)" >"$scratch/project/CMakeLists.txt"
@@ -25,12 +25,12 @@ expect_refusal 'VERSION is missing' "${all/VERSION 1/}"
 expect_refusal 'SOURCES is missing' "${all/SOURCES main.cpp/}"
 long=com.$(printf 'a%.0s' {1..252})
 for identifier in Greeter com..Greeter .com.Greeter com.Greeter. com.1st 'com.a b' com.gruß.Greeter "$long"; do
-  expect_refusal 'IDENTIFIER is no name on the bus' "${all/com.example.Greeter/\"$identifier\"}"
+  expect_refusal 'IDENTIFIER is not a D-Bus name' "${all/com.example.Greeter/\"$identifier\"}"
 done
 expect_refusal 'no such file:' "${all/main.cpp/main.cpp missing.cpp}"
 expect_refusal 'no such file:' "$all ICON missing.svg"
 expect_refusal 'no such file:' "$all LOCALE missing"
-expect_refusal 'ICON is no SVG file' "$all ICON icon.png"
-expect_refusal 'nothing behind LICENSE' "$all LICENSE"
+expect_refusal 'ICON is not an SVG file' "$all ICON icon.png"
+expect_refusal 'no value after LICENSE' "$all LICENSE"
 expect_refusal 'unknown arguments: LICENCE;MIT' "LICENCE MIT $all"
-expect_refusal 'PUBLIC_KEY has no FEED_URL' "$all PUBLIC_KEY a2V5"
+expect_refusal 'PUBLIC_KEY needs a FEED_URL' "$all PUBLIC_KEY a2V5"

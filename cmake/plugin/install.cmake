@@ -1,12 +1,12 @@
-# The part of an installation that depends on its prefix. APPLICATION is the application whose entries are to be made, from
-# what is in the folder TEMPLATES.
+# The part of an installation that depends on its prefix. APPLICATION is the application whose entries are written, TEMPLATES the
+# folder with their templates.
 #
-# Under DESTDIR, files are only put together for somewhere else, where a package's installation brings the desktop's caches
-# up to date: Debian's desktop-file-utils and hicolor-icon-theme do so by themselves, by triggers on the folders.
+# With DESTDIR, the files are only staged. Installing the package later brings the desktop's caches up to date: in Debian,
+# desktop-file-utils and hicolor-icon-theme have triggers on the folders.
 include("${CMAKE_CURRENT_LIST_DIR}/Entries.cmake")
 
-# Runs a program that may be missing, and then is not needed.
-function(run_if_there program)
+# Runs a program if it is installed.
+function(run_if_found program)
   find_program(found_${program} ${program})
   if(found_${program})
     execute_process(COMMAND "${found_${program}}" ${ARGN})
@@ -22,9 +22,9 @@ foreach(entry "applications/${APPLICATION}.desktop" "dbus-1/services/${APPLICATI
 endforeach()
 
 if(stage STREQUAL "")
-  run_if_there(update-desktop-database --quiet "${prefix}/share/applications")
-  # Without a theme there is no cache to go stale: icons are looked for in the folders.
+  run_if_found(update-desktop-database --quiet "${prefix}/share/applications")
+  # Without a theme there is no cache that could be out of date: icons are then looked up in the folders.
   if(EXISTS "${prefix}/share/icons/hicolor/index.theme")
-    run_if_there(gtk-update-icon-cache --quiet --force "${prefix}/share/icons/hicolor")
+    run_if_found(gtk-update-icon-cache --quiet --force "${prefix}/share/icons/hicolor")
   endif()
 endif()

@@ -1,4 +1,4 @@
-# Makes CATALOGUE from the plug-in's texts in OWN and the runtime's in RUNTIME; of one that is in both, the former counts.
+# Makes CATALOGUE from the plug-in's texts in OWN and the runtime's in RUNTIME. A text that is in both is taken from OWN.
 cmake_policy(VERSION 3.25)
 
 function(run)

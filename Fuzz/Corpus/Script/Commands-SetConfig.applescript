@@ -1,2 +1,0 @@
-    tell application "Deskloom" to set config "T" action "A"
---> nothing

@@ -1,1 +1,0 @@
-{"aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀aäb€c😀"} as integer

@@ -1,2 +1,0 @@
-if false then 1 else 2
---> 2

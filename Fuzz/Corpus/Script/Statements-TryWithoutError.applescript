@@ -1,6 +1,0 @@
-try
-7
-on error
-8
-end try
---> 7

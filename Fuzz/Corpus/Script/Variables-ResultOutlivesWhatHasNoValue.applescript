@@ -1,4 +1,0 @@
-5
-tell application "Deskloom" to install plugin
-result
---> 5

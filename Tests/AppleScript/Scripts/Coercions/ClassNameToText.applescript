@@ -1,2 +1,0 @@
-integer as text
---> "integer"

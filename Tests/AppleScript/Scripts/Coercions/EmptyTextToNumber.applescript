@@ -1,2 +1,0 @@
-"" as number
---! -1700 Can’t make "" into type number.

@@ -1,2 +1,0 @@
-(POSIX file "/tmp/x") as text
---> "/tmp/x"

@@ -1,2 +1,0 @@
-{POSIX file "/a", file "/b", alias "/c"}
---> {alias "/a", alias "/b", alias "/c"}

@@ -1,2 +1,0 @@
-{1, "a", true} as text
---> "1atrue"

@@ -1,2 +1,0 @@
-5 as record
---! -1700 Can’t make 5 into type record.

@@ -1,2 +1,0 @@
-tell application "Test Desk" to (window 1) as text
---! -1700 Can’t make window "Start" of application "Test Desk" into type text.

@@ -1,2 +1,0 @@
-POSIX path of (file "/a b/ü")
---> "/a b/ü"

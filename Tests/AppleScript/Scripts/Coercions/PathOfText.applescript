@@ -1,2 +1,0 @@
-POSIX path of "/a"
---> "/a"

@@ -1,2 +1,0 @@
-"/tmp/x" as alias
---> alias "/tmp/x"

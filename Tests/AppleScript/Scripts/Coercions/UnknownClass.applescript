@@ -1,2 +1,0 @@
-5 as nonsense
---! -2741 Expected class name but found identifier.

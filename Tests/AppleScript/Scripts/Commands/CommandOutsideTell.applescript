@@ -1,2 +1,0 @@
-install plugin
---! -2741 Expected end of line but found identifier.

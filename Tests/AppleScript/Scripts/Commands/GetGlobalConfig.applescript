@@ -1,2 +1,0 @@
-    tell application "Deskloom" to get global config "B"
---> "global config(B)"

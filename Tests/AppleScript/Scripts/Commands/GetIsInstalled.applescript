@@ -1,2 +1,0 @@
-    tell application "Deskloom" to get is plugin installed at path "/there"
---> true

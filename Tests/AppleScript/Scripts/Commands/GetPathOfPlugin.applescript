@@ -1,2 +1,0 @@
-    tell application "Deskloom" to get path of plugin "N"
---> "path(N)"

@@ -1,2 +1,0 @@
-    tell application "Deskloom" to install plugin
---> nothing

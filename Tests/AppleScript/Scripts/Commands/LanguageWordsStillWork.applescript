@@ -1,2 +1,0 @@
-    tell application "Deskloom" to get 1 + 2
---> 3

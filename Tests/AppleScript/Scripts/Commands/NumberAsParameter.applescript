@@ -1,2 +1,0 @@
-    tell application "Deskloom" to get config 7
---> "config(7)"

@@ -1,2 +1,0 @@
-    tell application "Deskloom" to set global config "{\"a\":\"x\\y\"}" action bundle id "B"
---> nothing

@@ -1,2 +1,0 @@
-    tell application "Deskloom" to set x to get config "Z"
---> "config(Z)"

@@ -1,3 +1,0 @@
-    tell application "Deskloom" to hang
---! -1712 AppleEvent timed out.
---app Deskloom

@@ -1,3 +1,0 @@
-set |repeat| to 1
-|repeat|
---> 1

@@ -1,5 +1,0 @@
--- one
-# two
-(* three (* nested *) still *)
-1 -- here too
---> 1

@@ -1,3 +1,0 @@
-set Foo to 1
-fOO
---> 1

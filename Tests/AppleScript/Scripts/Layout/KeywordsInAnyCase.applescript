@@ -1,2 +1,0 @@
-TELL Application "test desk" TO GET NUMBER OF Windows
---> 2

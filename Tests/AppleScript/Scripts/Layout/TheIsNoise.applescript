@@ -1,2 +1,0 @@
-the length of the {1, 2}
---> 2

@@ -1,2 +1,0 @@
-{true, false}
---> {true, false}

@@ -1,2 +1,0 @@
-{integer, text, string, list}
---> {integer, text, text, list}

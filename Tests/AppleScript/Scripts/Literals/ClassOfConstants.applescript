@@ -1,2 +1,0 @@
-{class of yes, class of no, class of ask}
---> {constant, constant, constant}

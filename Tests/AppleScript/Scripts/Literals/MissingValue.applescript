@@ -1,2 +1,0 @@
-missing value
---> missing value

@@ -1,2 +1,0 @@
-linefeed & return & tab & space & quote
---> "\n\r\t \""

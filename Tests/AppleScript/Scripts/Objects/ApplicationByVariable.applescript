@@ -1,3 +1,0 @@
-set n to "test desk"
-name of application n
---> "Test Desk"

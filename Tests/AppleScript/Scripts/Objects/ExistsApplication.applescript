@@ -1,2 +1,0 @@
-{exists application "Nowhere", exists application "Test Desk"}
---> {false, true}

@@ -1,2 +1,0 @@
-name of application "Test Desk"
---> "Test Desk"

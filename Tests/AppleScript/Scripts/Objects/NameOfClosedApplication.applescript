@@ -1,2 +1,0 @@
-name of application "Closed Desk"
---> "Closed Desk"

@@ -1,4 +1,0 @@
-tell application "Test Desk"
-    name of windows
-end tell
---> {"Start", "Downloads"}

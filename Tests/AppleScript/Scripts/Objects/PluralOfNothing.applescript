@@ -1,2 +1,0 @@
-tell application "Empty Desk" to name of every window
---> {}

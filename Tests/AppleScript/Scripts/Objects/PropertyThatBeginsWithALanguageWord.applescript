@@ -1,2 +1,0 @@
-tell application "Test Desk" to my card
---> "Ann"

@@ -1,2 +1,0 @@
-{running of application "Test Desk", running of application "Closed Desk"}
---> {true, false}

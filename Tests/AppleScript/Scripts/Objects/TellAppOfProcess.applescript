@@ -1,2 +1,0 @@
-tell app "Test Desk" to tell process "xterm" to get name
---> "xterm"

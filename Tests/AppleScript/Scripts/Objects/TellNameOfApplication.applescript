@@ -1,2 +1,0 @@
-tell application "Test Desk" to get name
---> "Test Desk"

@@ -1,2 +1,0 @@
-false and 1 div 0 = 1
---> false

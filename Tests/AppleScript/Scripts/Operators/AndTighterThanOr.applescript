@@ -1,2 +1,0 @@
-true or false and false
---> true

@@ -1,2 +1,0 @@
-not not true
---> true

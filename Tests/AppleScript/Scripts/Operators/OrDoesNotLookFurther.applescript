@@ -1,2 +1,0 @@
-true or 1 div 0 = 1
---> true

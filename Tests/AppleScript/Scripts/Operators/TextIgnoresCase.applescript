@@ -1,2 +1,0 @@
-{"ABC" = "abc", "É" = "é", "ß" = "SS"}
---> {true, true, false}

@@ -1,3 +1,0 @@
-count of words of paragraphs of "a b
-c"
---> {2, 1}

@@ -1,2 +1,0 @@
-length of every item of {"a", "bcd"}
---> {1, 3}

@@ -1,3 +1,0 @@
-set r to {Foo:1}
-FOO of r
---> 1

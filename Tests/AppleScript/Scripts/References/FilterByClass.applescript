@@ -1,2 +1,0 @@
-items of {1, "a", {}} whose class is text
---> {"a"}

@@ -1,3 +1,0 @@
-set i to 2
-item i of {"a", "b"}
---> "b"

@@ -1,3 +1,0 @@
-words of paragraphs of "a b
-c"
---> {{"a", "b"}, {"c"}}

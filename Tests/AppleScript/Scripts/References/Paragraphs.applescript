@@ -1,2 +1,0 @@
-paragraphs of "a\nb\r\nc\rd\n"
---> {"a", "b", "c", "d", ""}

@@ -1,2 +1,0 @@
-text 2 thru 4 of "añbcd"
---> "ñbc"

@@ -1,3 +1,0 @@
-error "Bad thing" number 42
---! 42 Bad thing
---@ 0 27

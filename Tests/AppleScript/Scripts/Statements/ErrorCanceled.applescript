@@ -1,2 +1,0 @@
-error number -128
---! -128 User canceled.

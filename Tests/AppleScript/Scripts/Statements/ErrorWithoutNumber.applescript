@@ -1,2 +1,0 @@
-error "Bad thing"
---! -2700 Bad thing

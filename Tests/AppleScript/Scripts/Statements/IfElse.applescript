@@ -1,6 +1,0 @@
-if false
-1
-else
-3
-end
---> 3

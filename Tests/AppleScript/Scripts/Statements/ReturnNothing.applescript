@@ -1,3 +1,0 @@
-5
-return
---> nothing

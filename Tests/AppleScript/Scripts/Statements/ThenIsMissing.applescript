@@ -1,2 +1,0 @@
-if true 1
---! -2741 Expected end of line but found number.

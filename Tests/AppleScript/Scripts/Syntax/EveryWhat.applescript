@@ -1,2 +1,0 @@
-every nonsense
---! -2741 Expected class name but found identifier.

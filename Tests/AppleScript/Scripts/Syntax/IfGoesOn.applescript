@@ -1,4 +1,0 @@
-if true 3
-	4
-end if
---! -2741 Expected end of line but found number.

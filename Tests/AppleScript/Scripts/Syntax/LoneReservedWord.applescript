@@ -1,2 +1,0 @@
-whose
---! -2741 Expected expression but found “whose”.

@@ -1,2 +1,0 @@
-1 +
---! -2741 Expected expression but found end of line.

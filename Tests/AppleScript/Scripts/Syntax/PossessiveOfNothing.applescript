@@ -1,2 +1,0 @@
-{1}'s
---! -2741 Expected property but found end of line.

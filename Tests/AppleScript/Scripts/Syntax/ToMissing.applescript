@@ -1,2 +1,0 @@
-set x 5
---! -2741 Expected “to” but found number.

@@ -1,4 +1,0 @@
-try 3
-	4
-end try
---! -2741 Expected end of line but found number.

@@ -1,2 +1,0 @@
-foo bar
---! -2741 Expected end of line but found identifier.

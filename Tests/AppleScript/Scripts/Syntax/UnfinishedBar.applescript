@@ -1,2 +1,0 @@
-set |a to 1
---! -2741 Expected “|” but found end of line.

@@ -1,2 +1,0 @@
-"a\d"
---! -2741 Expected “"” but found unknown token.

@@ -1,3 +1,0 @@
-set name to "x"
-name & "y"
---> "xy"

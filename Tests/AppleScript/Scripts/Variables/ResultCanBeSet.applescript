@@ -1,4 +1,0 @@
-set result to "a"
-set result to result & "b"
-result
---> "ab"

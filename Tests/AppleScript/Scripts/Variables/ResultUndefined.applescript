@@ -1,2 +1,0 @@
-result
---! -2753 The variable result is not defined.

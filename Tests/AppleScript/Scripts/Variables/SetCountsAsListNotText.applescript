@@ -1,4 +1,0 @@
-set x to "abc"
-set x to x & "d"
-length of x
---> 4

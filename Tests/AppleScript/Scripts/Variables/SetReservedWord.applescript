@@ -1,2 +1,0 @@
-set then to 1
---! -2741 Expected expression but found “then”.

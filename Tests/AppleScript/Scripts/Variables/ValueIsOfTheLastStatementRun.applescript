@@ -1,3 +1,0 @@
-set x to 1
-if false then set x to 2
---> 1
