@@ -17,8 +17,7 @@ bool keepsNumbers(const nlohmann::json& read, const nlohmann::json& written, boo
 std::optional<nlohmann::json> withConvertibleNumbers(nlohmann::json value);
 
 /// Reads a value with nlohmann/json's conversions, but without their silent changes to numbers: `nullopt` if the JSON
-/// has a boolean, a fraction or a number out of range where the value has an integer. Throws what the conversions
-/// throw.
+/// has a boolean, a fraction or a number out of range for an integer. Throws what the conversions throw.
 ///
 /// The conversions do not report such changes, so the value is written again and compared. Converting a floating-point
 /// number to an integer type without room for it is undefined, so the value is first read with other numbers.

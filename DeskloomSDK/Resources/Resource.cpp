@@ -68,7 +68,7 @@ template <typename JSON>
     case Kind::dataCorrupted:
       break;
   }
-  throw json::other_error::create(501, "'" + error.key + "' is not that of a resource", &object);
+  throw json::other_error::create(501, "'" + error.key + "' of a resource is invalid", &object);
 }
 
 template <typename JSON>
