@@ -41,7 +41,7 @@ std::expected<void, std::string> Host::openLog(const Options& options) {
   return output_.logTo(*options.log);
 }
 
-// The name comes last: whoever sees it on the bus finds the interfaces there.
+// Takes the name last, so that whoever sees it on the bus finds the interfaces too.
 std::expected<void, BusError> Host::serve(const SessionBus& bus) {
   auto application = ApplicationInterface::create(bus, [this](const std::string& url) { receive(url); });
   if (!application)
@@ -61,8 +61,8 @@ std::expected<void, BusError> Host::serve(const SessionBus& bus) {
 std::expected<void, std::string> Host::run() {
   g_main_loop_run(loop_.get());
   if (g_dbus_connection_is_closed(connection_.get()) != FALSE)
-    return std::unexpected("the session bus went away");
-  // The sender of the last URL is owed its answer.
+    return std::unexpected("the session bus closed the connection");
+  // The sender of the last URL still needs its answer.
   g_dbus_connection_flush_sync(connection_.get(), nullptr, nullptr);
   return {};
 }

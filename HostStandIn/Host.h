@@ -16,18 +16,18 @@
 
 namespace HostStandIn {
 
-/// The host on the session bus: com.quillary.Deskloom, as long as it lives.
+/// The host, which has the name com.quillary.Deskloom on the session bus while it exists.
 class Host {
  public:
-  /// Brings the host up as `options` say; once it is there it takes calls. Fails with a sentence where there is no
-  /// session bus, another host is running, or the log cannot be written.
+  /// Puts the host on the bus, ready for calls. Fails with a phrase for the user if there is no session bus, another
+  /// host is running, or the log cannot be opened.
   static std::expected<std::unique_ptr<Host>, std::string> create(const Options& options);
 
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
   ~Host();
 
-  /// Serves until it has received as many URLs as `options` said. Fails where the bus goes away first.
+  /// Serves until it has received as many URLs as the options say. Fails if the bus closes the connection first.
   std::expected<void, std::string> run();
 
  private:

@@ -7,11 +7,11 @@
 
 #include <glib.h>
 
+#include "DesktopSupport/System/ProgramOptions.h"
+
 namespace HostStandIn {
 
 namespace {
-
-using Failure = std::optional<std::string>;
 
 std::optional<std::size_t> positiveNumber(std::string_view text) {
   std::size_t number = 0;
@@ -21,55 +21,11 @@ std::optional<std::size_t> positiveNumber(std::string_view text) {
   return number;
 }
 
-/// Takes an option without a value; false where there is no such option.
-bool takeFlag(Options& options, std::string_view name) {
-  if (name == "--help")
-    options.wantsHelp = true;
-  else if (name == "--version")
-    options.wantsVersion = true;
-  else if (name == "--decode")
-    options.decode = true;
-  else if (name == "--installed")
-    options.setup.isInstalled = true;
-  else if (name == "--refuse-installation")
-    options.setup.refusesInstallation = true;
-  else
-    return false;
-  return true;
-}
-
-bool takesValue(std::string_view name) {
-  return name == "--exit-after" || name == "--log" || name == "--plugin-folder";
-}
-
-Failure takeValue(Options& options, std::string_view name, std::string_view value) {
-  if (value.empty())
-    return std::string(name) + " needs a value";
-  if (name == "--log")
-    options.log = value;
-  else if (name == "--plugin-folder")
-    options.setup.pluginFolder = value;
-  else if (options.exitAfter = positiveNumber(value); !options.exitAfter)
-    return "--exit-after needs a number from 1 on";
-  return std::nullopt;
-}
+constexpr const char* summary =
+    R"(A small host for development. Receives deskloom:// URLs on the session bus as com.quillary.Deskloom, prints each
+on a line, and answers the commands that plug-ins send to the host. Configuration is kept while it runs.)";
 
 }  // namespace
-
-const std::string_view Options::help = R"(Usage: deskloom-host [OPTION]...
-
-A small host for development: receives deskloom:// URLs on the session bus as com.quillary.Deskloom, prints each as one
-line, and answers the commands that plug-ins send to the host. Configuration is kept for as long as it runs.
-
-  --decode               print the resources that a URL carries as a table in place of the URL
-  --exit-after N         leave once N URLs have been received
-  --log FILE             append each URL to FILE as well, unaltered (default: $DESKLOOM_HOST_LOG, if set)
-  --plugin-folder PATH   say that plug-ins are kept in PATH (default: deskloom/plugins in the user's data folder)
-  --installed            say of every plug-in that it is installed
-  --refuse-installation  answer a request to install a plug-in with an error
-  --help                 show this text
-  --version              show the version
-)";
 
 Options Options::fromEnvironment() {
   Options options;
@@ -81,16 +37,41 @@ Options Options::fromEnvironment() {
 
 std::expected<Options, std::string> Options::parse(std::span<const std::string_view> arguments, Options defaults) {
   Options options = std::move(defaults);
-  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
-    if (takeFlag(options, *argument))
-      continue;
-    const std::string_view name = *argument;
-    if (!takesValue(name))
-      return std::unexpected("unknown argument: " + std::string(name));
-    const bool hasValue = argument + 1 != arguments.end();
-    if (const auto failure = takeValue(options, name, hasValue ? *++argument : std::string_view()))
-      return std::unexpected(*failure);
-  }
+  const auto setExitAfter = [&](std::string_view number) {
+    options.exitAfter = positiveNumber(number);
+    return options.exitAfter.has_value();
+  };
+  const auto setLog = [&](std::string_view file) {
+    options.log = file;
+    return !file.empty();
+  };
+  const auto setPluginFolder = [&](std::string_view path) {
+    options.setup.pluginFolder = path;
+    return !path.empty();
+  };
+  auto help = DesktopSupport::readOptions(
+      "deskloom-host", summary,
+      {{.name = "decode",
+        .help = "print the resources that a URL carries as a table instead of the URL",
+        .flag = &options.decode},
+       {.name = "exit-after", .value = "N", .help = "exit after N URLs", .take = setExitAfter},
+       {.name = "log",
+        .value = "FILE",
+        .help = "append each URL to FILE too, unchanged (default: $DESKLOOM_HOST_LOG, if set)",
+        .take = setLog},
+       {.name = "plugin-folder",
+        .value = "PATH",
+        .help = "say that plug-ins are in PATH (default: deskloom/plugins in the user's data folder)",
+        .take = setPluginFolder},
+       {.name = "installed", .help = "say that every plug-in is installed", .flag = &options.setup.isInstalled},
+       {.name = "refuse-installation",
+        .help = "answer requests to install a plug-in with an error",
+        .flag = &options.setup.refusesInstallation},
+       {.name = "version", .help = "show the version", .flag = &options.wantsVersion}},
+      arguments);
+  if (!help)
+    return std::unexpected(help.error());
+  options.help = std::move(*help);
   return options;
 }
 

@@ -14,23 +14,22 @@ namespace HostStandIn {
 
 /// What the command line asks for.
 struct Options {
-  /// What `--help` prints.
-  static const std::string_view help;
-
-  bool wantsHelp = false;
+  /// The text to print, if --help is given.
+  std::optional<std::string> help;
   bool wantsVersion = false;
-  /// Print resources as a table in place of the URL that carries them.
+  /// Whether to print the resources that a URL carries as a table instead of the URL.
   bool decode = false;
-  /// Leave once so many URLs have been received; none stays until it is ended.
+  /// The number of URLs to receive before the host exits; `nullopt` if it runs until it is ended.
   std::optional<std::size_t> exitAfter;
+  /// The file to which URLs are appended.
   std::optional<std::filesystem::path> log;
   ScriptingCommands::Setup setup;
 
-  /// What holds where the command line says nothing: the log named by DESKLOOM_HOST_LOG, and the plug-in folder in the
-  /// user's data folder.
+  /// The defaults: the log that DESKLOOM_HOST_LOG names, and the plug-in folder in the user's data folder.
   static Options fromEnvironment();
 
-  /// The defaults as changed by the arguments (without the program's name). Fails with a sentence for the user.
+  /// The defaults as changed by the arguments, which are without the program's name. Fails with a sentence for the
+  /// user.
   static std::expected<Options, std::string> parse(std::span<const std::string_view> arguments, Options defaults);
 };
 

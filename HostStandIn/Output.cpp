@@ -3,7 +3,7 @@
 #include <string>
 
 #include "DesktopSupport/System/DisplayableText.h"
-#include "HostStandIn/ResourceTable.h"
+#include "HostStandIn/HostURL.h"
 
 namespace HostStandIn {
 
@@ -43,7 +43,7 @@ void Output::printTable(std::string_view url) {
   const auto table = resourceTable(url);
   append(lines_, table ? std::string_view(*table) : url);
   if (!table)
-    notes_ << "deskloom-host: shown as it came: " << table.error() << '\n' << std::flush;
+    notes_ << "deskloom-host: shown unchanged: " << table.error() << '\n' << std::flush;
 }
 
 }  // namespace HostStandIn

@@ -10,26 +10,27 @@
 
 namespace HostStandIn {
 
-/// Where the host tells what reaches it. Every line is out, whole, before an operation returns.
+/// Prints what reaches the host. Each operation writes its whole line before it returns.
 class Output {
  public:
   enum class Format {
-    /// Each URL as it came.
+    /// Each URL unchanged.
     url,
-    /// The resources that the URL carries; the URL as it came, and a note, where it carries none.
+    /// The resources that each URL carries. If a URL carries none, the URL unchanged, with a note.
     table,
   };
 
-  /// Prints to `lines`; what there is to say about them goes to `notes`. Both must outlive the output.
+  /// Prints lines to `lines` and notes about them to `notes`. Both streams must outlive this object.
   Output(Format format, std::ostream& lines, std::ostream& notes) : format_(format), lines_(lines), notes_(notes) {}
 
-  /// Appends every line to `file` as well, URLs always as they came. Fails with a sentence where it cannot be opened.
+  /// Appends every line to `file` too, with URLs always unchanged. Fails with a phrase for the user if the file cannot
+  /// be opened.
   std::expected<void, std::string> logTo(const std::filesystem::path& file);
 
-  /// Prints a URL, which must be free of line breaks.
+  /// Prints a URL, which must not contain line breaks.
   void printURL(std::string_view url);
 
-  /// Prints a line that is no URL, made printable.
+  /// Prints any other line, made printable.
   void printLine(std::string_view line);
 
  private:

@@ -60,7 +60,7 @@ Answer textAnswer(const std::optional<std::string>& text) {
   return {.reply = DesktopSupport::owned(g_variant_new("(bs)", text.has_value(), text.value_or("").c_str()))};
 }
 
-/// How a method is answered.
+// A method and how it is answered.
 struct Command {
   std::string_view method;
   Answer (*answer)(ScriptingCommands& commands, GVariant* arguments);
@@ -108,7 +108,7 @@ std::expected<ScriptingInterface, DesktopSupport::BusError> ScriptingInterface::
     const DesktopSupport::SessionBus& bus, ScriptingCommands& commands, std::move_only_function<void()> installed) {
   auto handle = [&commands, installed = std::move(installed)](std::string_view method,
                                                               GVariant* arguments) mutable -> Answer {
-    // The bus library lets no method through that is not in the description: what is not in the list installs.
+    // GLib passes on only the methods of the description, so any other one is InstallPlugin.
     const auto* command = std::ranges::find(configurationCommands, method, &Command::method);
     if (command != std::end(configurationCommands))
       return command->answer(commands, arguments);

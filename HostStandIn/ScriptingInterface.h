@@ -11,11 +11,11 @@
 
 namespace HostStandIn {
 
-/// The host's com.quillary.Deskloom.Scripting on the bus: what plug-ins ask of it by script.
+/// The host's com.quillary.Deskloom.Scripting interface on the bus, through which scripts send it commands.
 class ScriptingInterface {
  public:
-  /// Lets `commands`, which must outlive it, answer. `installed` is called when a plug-in was installed. An
-  /// installation that is refused fails with com.quillary.Deskloom.Error.InstallationRefused.
+  /// Calls are answered by `commands`, which must outlive this object. `installed` is called after a plug-in was
+  /// installed. A refused installation fails with com.quillary.Deskloom.Error.InstallationRefused.
   static std::expected<ScriptingInterface, DesktopSupport::BusError> create(const DesktopSupport::SessionBus& bus,
                                                                             ScriptingCommands& commands,
                                                                             std::move_only_function<void()> installed);

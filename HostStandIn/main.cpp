@@ -22,8 +22,8 @@ int main(int argc, char** argv) {
   const auto options = HostStandIn::Options::parse(arguments, HostStandIn::Options::fromEnvironment());
   if (!options)
     return fail(options.error() + " (see --help)", 2);
-  if (options->wantsHelp || options->wantsVersion) {
-    std::cout << (options->wantsHelp ? HostStandIn::Options::help : "deskloom-host " DESKLOOM_VERSION "\n");
+  if (options->help || options->wantsVersion) {
+    std::cout << options->help.value_or("deskloom-host " DESKLOOM_VERSION "\n");
     return 0;
   }
 

@@ -24,11 +24,15 @@ TEST(AppleScriptToolOptions, TakeALineThatLooksLikeAnOption) {
   EXPECT_EQ(Options::parse(std::vector<std::string_view>{"-e", "-e"}).value().script, "-e\n");
 }
 
+TEST(AppleScriptToolOptions, TakeAnyBytesAndAnEmptyLine) {
+  EXPECT_EQ(Options::parse(std::vector<std::string_view>{"-e", "\xFF", "-e", ""}).value().script, "\xFF\n\n");
+}
+
 TEST(AppleScriptToolOptions, TakeAFile) {
   EXPECT_EQ(Options::parse(std::vector<std::string_view>{"tabs.applescript"}).value().file, "tabs.applescript");
 }
 
-TEST(AppleScriptToolOptions, ReadStandardInputWhereNothingIsNamed) {
+TEST(AppleScriptToolOptions, ReadStandardInputIfNothingIsNamed) {
   for (const std::vector<std::string_view>& arguments : {std::vector<std::string_view>{}, {"-"}}) {
     const auto options = Options::parse(arguments);
     EXPECT_FALSE(options.value().script);
@@ -37,10 +41,16 @@ TEST(AppleScriptToolOptions, ReadStandardInputWhereNothingIsNamed) {
 }
 
 TEST(AppleScriptToolOptions, SayWhatIsWrong) {
-  EXPECT_EQ(errorOf({"-e"}), "-e needs a line");
-  EXPECT_EQ(errorOf({"--fast"}), "there is no option --fast");
-  EXPECT_EQ(errorOf({"a", "b"}), "it takes one file only");
-  EXPECT_EQ(errorOf({"-e", "1", "-"}), "it takes either lines or a file");
+  EXPECT_EQ(errorOf({"-e"}), "Missing argument for -e");
+  EXPECT_EQ(errorOf({"--fast"}), "Unknown option --fast");
+  EXPECT_EQ(errorOf({"a", "b"}), "Unexpected argument b");
+  EXPECT_EQ(errorOf({"-e", "1", "-"}), "Give either -e or a file, not both");
+}
+
+TEST(AppleScriptToolOptions, AreAllInTheHelp) {
+  const std::string help = Options::parse(std::vector<std::string_view>{"--help"}).value().help.value();
+  for (const char* text : {"applescript [OPTION", "[FILE]", "-e, --line=LINE", "--help", "--version"})
+    EXPECT_NE(help.find(text), std::string::npos) << text;
 }
 
 }  // namespace

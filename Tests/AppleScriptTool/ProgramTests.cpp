@@ -1,4 +1,4 @@
-// The program as it is run from a terminal.
+// The program as a user runs it.
 
 #include <filesystem>
 #include <string>
@@ -15,7 +15,7 @@ namespace {
 /// The exit status, and what was printed.
 using Outcome = std::pair<int, std::string>;
 
-// Runs it with these arguments and without an X server.
+// Runs the program with these arguments and without an X server.
 Outcome applescript(std::vector<std::string> arguments) {
   arguments.insert(arguments.begin(), APPLESCRIPT_PROGRAM);
   TestSupport::ChildProcess process(arguments, {.environment = {{"DISPLAY", ""}}, .captureErrors = true});
@@ -54,10 +54,10 @@ TEST(AppleScriptTool, TellsAnErrorWithItsPlaceAndNumber) {
 TEST(AppleScriptTool, TellsAnErrorInOneLineThatDoesNothingToATerminal) {
   EXPECT_EQ(applescript({"-e", "error \"a\x1b[2J\" & linefeed & \"b\u202E\""}),
             (Outcome{1, "applescript: 0:31: execution error: a[2J b\\u{202E} (-2700)\n"}));
-  EXPECT_EQ(applescript({"--\x1b[2J\n"}), (Outcome{2, "applescript: there is no option --[2J  (see --help)\n"}));
+  EXPECT_EQ(applescript({"--\x1b[2J\n"}), (Outcome{2, "applescript: Unknown option --[2J  (see --help)\n"}));
 }
 
-// What a script yields, on a terminal of its own.
+// What the program prints on a terminal for an expression.
 std::string onTerminal(const std::string& expression) {
   TestSupport::ChildProcess process(
       {"script", "--quiet", "--command", "exec " APPLESCRIPT_PROGRAM " -e '" + expression + "'", "/dev/null"});
@@ -69,7 +69,7 @@ std::string onTerminal(const std::string& expression) {
 TEST(AppleScriptTool, PrintsNothingThatATerminalObeys) {
   const std::string expression = "\"a\x1b[2J\" & linefeed & \"b\u202E\"";
   EXPECT_EQ(onTerminal(expression), "a[2J\r\nb\\u{202E}\r\n");
-  EXPECT_EQ(applescript({"-e", expression}), (Outcome{0, "a\x1b[2J\nb\u202E\n"})) << "as it is for a program";
+  EXPECT_EQ(applescript({"-e", expression}), (Outcome{0, "a\x1b[2J\nb\u202E\n"})) << "unchanged for a program";
 }
 
 TEST(AppleScriptTool, TellsThatAnApplicationDoesNotRun) {
@@ -79,8 +79,8 @@ TEST(AppleScriptTool, TellsThatAnApplicationDoesNotRun) {
 }
 
 TEST(AppleScriptTool, SaysWhatItTakes) {
-  EXPECT_EQ(applescript({"--fast"}), (Outcome{2, "applescript: there is no option --fast (see --help)\n"}));
-  EXPECT_EQ(applescript({"--help"}).second.substr(0, 18), "Usage: applescript");
+  EXPECT_EQ(applescript({"--fast"}), (Outcome{2, "applescript: Unknown option --fast (see --help)\n"}));
+  EXPECT_EQ(applescript({"--help"}).second.substr(0, 20), "Usage:\n  applescript");
   EXPECT_EQ(applescript({"--version"}).second.substr(0, 12), "applescript ");
 }
 

@@ -1,4 +1,4 @@
-// The configure action on a real desktop: the About window, and what becomes of the process.
+// The configure action on a real desktop: the About window, and how the process ends.
 
 #include <fstream>
 #include <iterator>
@@ -31,7 +31,7 @@ constexpr const char* configure = "deskloomplugin://configure";
 
 class AboutWindowTest : public testing::Test {
  protected:
-  /// The next test's windows may have the same ids.
+  /// Windows of the next test may get the same ids.
   void TearDown() override {
     EXPECT_TRUE(desktop.waitUntil([this] { return desktop.clients().empty(); }));
   }
@@ -42,7 +42,7 @@ class AboutWindowTest : public testing::Test {
     return ChildProcess(command, {.environment = {ScreenReader::accessibility}});
   }
 
-  /// Waits until the window is there, above others, and has the keyboard.
+  /// Waits until the window is on screen, above the others, and has the keyboard focus.
   xcb_window_t awaitAboutWindow() {
     const auto window = desktop.waitForTitle("About Gleanery");
     if (!window) {

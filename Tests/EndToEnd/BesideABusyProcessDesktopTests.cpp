@@ -1,4 +1,4 @@
-// What becomes of launches while the process that has the plug-in's name waits for somebody, is stopped, or dies.
+// Launches that come while the process with the plug-in's name waits for somebody, is stopped, or dies.
 
 #include <algorithm>
 #include <chrono>
@@ -30,7 +30,7 @@ namespace {
 
 constexpr const char* testPlugin = "com.example.TestPlugin";
 constexpr const char* gleanery = "com.quillary.Gleanery";
-/// A launch that ends the process: the plug-in has no handler for it.
+/// A launch that aborts the process, since the plug-in has no handler for it.
 constexpr const char* fatal = "deskloomplugin://configure";
 
 std::string run(const std::string& steps) {
@@ -49,7 +49,7 @@ class BesideABusyProcessTest : public testing::Test {
     return ChildProcess(launchURLs);
   }
 
-  /// Keeps whoever asks for the settings waiting.
+  /// Leaves requests for the settings unanswered.
   void hangWhenAskedForSettings() {
     host.answer("GetConfig", [this](GDBusMethodInvocation* invocation) { asked = invocation; });
   }
@@ -63,14 +63,14 @@ class BesideABusyProcessTest : public testing::Test {
     return process;
   }
 
-  /// A process with a window, which has nothing to do.
+  /// An idle process with a window.
   ChildProcess idleProcess() {
     ChildProcess process = launch({run("window")});
     EXPECT_TRUE(desktop.waitForTitle("Test Plug-in"));
     return process;
   }
 
-  /// Has the test plug-in open a launch URL. Returns when the bus has passed that on.
+  /// Tells the test plug-in to open a launch URL. Returns after the bus has passed that on.
   static void sendWithoutWaiting(const std::string& launchURL) {
     const auto bus = DesktopSupport::SessionBus::connect().value();
     g_dbus_connection_call(bus.connection(), testPlugin, DesktopSupport::applicationObjectPath(testPlugin).c_str(),

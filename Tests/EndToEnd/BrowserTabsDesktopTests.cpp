@@ -1,4 +1,4 @@
-// The whole way of a launch that asks for tabs: a launch URL in, a command out.
+// A launch that asks for tabs, from the launch URL to the command.
 
 #include <string>
 #include <utility>
@@ -43,7 +43,7 @@ constexpr const char* listTitles = R"(tell application "Google Chrome" to get ti
 TEST(BrowserTabs, ReachTheHostWithoutThePagesOfTheBrowserItself) {
   HostProcess host(DESKLOOM_HOST_PROGRAM);
   const TestSupport::PageServer server;
-  // Not with its page for new tabs, which is about:blank for a while before it is there.
+  // Not with its page for new tabs, which starts as about:blank.
   TestChromium browser({"--remote-debugging-port=0", server.url("one")});
   for (const std::string& page : {std::string("chrome://version/"), server.url("two?a=b|c")})
     browser.run("chrome.tabs.create({url: '" + page + "'})");

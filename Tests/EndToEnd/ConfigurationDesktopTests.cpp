@@ -170,7 +170,7 @@ TEST_F(ConfigurationTest, OfTwoProvidersForOneActionTheLaterOneWins) {
   EXPECT_EQ(stored("A"), R"({"count":2,"kind":"all"})");
 }
 
-/// A text of what scripts, JSON and the bus could get wrong.
+/// A text with everything that scripts, JSON and the bus could get wrong.
 std::string randomText(std::mt19937& random) {
   static const std::vector<std::string> pieces = {"\"", "\\", "\n", "\r",     "\t",     std::string(1, '\0'),
                                                   "/",  "a",  "é",  "🙂",     "\u2028", "\x7f",

@@ -1,4 +1,4 @@
-// A configuration provider whose session bus goes away: one of this program's own.
+// A configuration provider whose session bus goes away. The bus is this program's own.
 
 #include <csignal>
 #include <cstdlib>

@@ -10,7 +10,7 @@
 #include "Platform/Fake/FakeServices.h"
 #include "Tests/Support/TemporaryFolder.h"
 
-/// A plug-in on the real desktop, whose alerts are noted instead of shown.
+/// A plug-in on the real desktop, whose alerts are recorded instead of shown.
 class ConfiguredPluginTest : public testing::Test {
  protected:
   ConfiguredPluginTest() {
@@ -24,7 +24,7 @@ class ConfiguredPluginTest : public testing::Test {
       g_main_context_iteration(nullptr, /*may_block=*/TRUE);
   }
 
-  /// Runs the main context until an alert has been noted, and yields it.
+  /// Runs the main context until an alert is recorded. Yields the alert.
   Platform::Alert awaitAlert() {
     runUntil([this] { return !alerts.shown.empty(); });
     Platform::Alert alert = alerts.shown.front();

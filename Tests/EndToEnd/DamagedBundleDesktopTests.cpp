@@ -1,4 +1,4 @@
-// Real processes whose bundles or arguments say something that cannot be.
+// Real processes whose bundles or arguments are invalid.
 
 #include <filesystem>
 #include <string>

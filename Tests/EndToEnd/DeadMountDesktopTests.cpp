@@ -1,4 +1,4 @@
-// A launch that asks for a folder on a network mount whose server is silent.
+// A launch that asks for a folder on a network mount whose server does not answer.
 
 #include <filesystem>
 #include <string>

@@ -1,4 +1,4 @@
-// Launch URLs by the hundred, bad ones, and payloads of megabytes: what arrives, and how often.
+// What arrives, and how often: hundreds of launch URLs, invalid ones, and payloads of megabytes.
 
 #include <cstdlib>
 #include <filesystem>
@@ -27,7 +27,7 @@ namespace {
 constexpr const char* pluginName = "com.quillary.Gleanery";
 constexpr const char* emptyListCommand = "deskloom://gleanery/%5B%5D";
 
-/// Runs the shell text 200 times, from eight processes at once.
+/// Runs the shell command 200 times, eight at a time.
 int runTwoHundredTimes(const std::string& command) {
   return TestSupport::run({"sh", "-c", "seq 200 | xargs -P 8 -I N " + command + " >/dev/null"});
 }
@@ -48,7 +48,7 @@ std::vector<pid_t> pluginProcesses() {
   return processes;
 }
 
-/// Waits until none of them is left. One that leaves launch URLs to another waits until that one has them.
+/// Waits until all of them have ended. One that leaves launch URLs to another does not end before that one has them.
 void awaitEndOfPlugins() {
   for (auto processes = pluginProcesses(); !processes.empty(); processes = pluginProcesses()) {
     for (const pid_t process : processes) {
@@ -64,7 +64,7 @@ class DeliveryTest : public testing::Test {
  protected:
   void TearDown() override { awaitEndOfPlugins(); }
 
-  /// Expects this many commands with an empty list from the host, and no more.
+  /// Expects exactly this number of commands with an empty list at the host.
   void expectEmptyLists(int count) {
     for (int line = 0; line < count; ++line)
       ASSERT_EQ(host.nextLine(), emptyListCommand);

@@ -1,5 +1,4 @@
-// What the host scripting API makes of a host that has nothing to say, refuses, answers nonsense, hangs, crashes or
-// isn't there.
+// The host scripting API with a host that has no value, refuses, answers nonsense, hangs, crashes or isn't there.
 
 #include <expected>
 #include <functional>
@@ -32,7 +31,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr const char* hostName = "com.quillary.Deskloom";
-/// Longer than anything takes that does not wait for the host, and far less than the language's own two minutes.
+/// Longer than anything takes without the host, and far less than the language's own two minutes.
 constexpr std::chrono::seconds atOnce{30};
 
 template <typename T>
@@ -40,8 +39,8 @@ std::optional<Platform::Error> errorOf(const APIResult<T>& result) {
   return result ? std::nullopt : std::optional(result.error());
 }
 
-/// A request of the API: the method of the host by which it is answered, the type of a sound answer, and what performs
-/// it and yields the error that it fails with, if any.
+/// A request of the API: the host's method that answers it, the type of a valid answer, and a function that performs it
+/// and yields its error, if any.
 struct Request {
   const char* method;
   const char* answerType;
@@ -73,7 +72,7 @@ void expectScriptFailure(const std::optional<Platform::Error>& error, const std:
       << where;
 }
 
-/// A plug-in on the real desktop, whose host is up to the test.
+/// A plug-in on the real desktop with a host that the test controls.
 class PluginTest : public testing::Test {
  protected:
   PluginTest() {
@@ -157,7 +156,7 @@ TEST_F(HostAnswersTest, ThatRefuseAreFailures) {
 }
 
 TEST_F(HostAnswersTest, AreWaitedForOnEachThreadByItself) {
-  // Both are answered once both are asked.
+  // Answers both calls after both have come.
   GDBusMethodInvocation* first = nullptr;
   host.answer("GetConfig", [&first](GDBusMethodInvocation* invocation) {
     if (first == nullptr) {
@@ -186,7 +185,7 @@ TEST_F(LostHostTest, FailsEachRequestUnderWay) {
   }
 }
 
-/// Tells when this process has asked the host for something.
+/// Waits until this process has called the host.
 class RequestWatch {
  public:
   RequestWatch() : filter_(g_dbus_connection_add_filter(connection(), &RequestWatch::look, this, nullptr)) {}
@@ -194,10 +193,10 @@ class RequestWatch {
   RequestWatch& operator=(const RequestWatch&) = delete;
   ~RequestWatch() { g_dbus_connection_remove_filter(connection(), filter_); }
 
-  /// Returns once the bus has passed the call on to the host.
+  /// Returns after the bus has passed the call on to the host.
   void awaitCall() {
     sent_.get_future().wait();
-    // Messages keep their order: what the bus answers now comes behind the call.
+    // Messages keep their order: the bus answers this after it has passed on the call.
     static_cast<void>(bus_->call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId"},
                                  nullptr, nullptr, atOnce));
   }

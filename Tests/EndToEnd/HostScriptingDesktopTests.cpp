@@ -23,7 +23,7 @@ namespace {
 
 constexpr int scriptFailed = 1;
 
-/// Texts that a script's string literals, its lines or its encoding could get wrong.
+/// Texts that string literals, lines or the encoding of a script could get wrong.
 std::vector<std::string> difficultTexts() {
   return {"",
           " blanks around ",

@@ -1,4 +1,4 @@
-// What a user sees of texts that others chose.
+// What a user sees of hostile texts.
 
 #include <string>
 #include <vector>

@@ -1,5 +1,4 @@
-// What a plug-in does that was started without a launch URL, on a real desktop with a user who reads and dismisses what
-// is shown.
+// A plug-in that is started without a launch URL, on a real desktop with a user who reads and dismisses its alerts.
 
 #include <string>
 #include <vector>
@@ -36,7 +35,7 @@ class LaunchByHandTest : public testing::Test {
     return ChildProcess({GLEANERY_PROGRAM}, options);
   }
 
-  /// Waits until the alert is there and has the keyboard.
+  /// Waits until the alert is on screen and has the keyboard focus.
   xcb_window_t awaitAlert() {
     const auto alert = desktop.waitForTitle("Gleanery");
     if (!alert) {
@@ -48,7 +47,7 @@ class LaunchByHandTest : public testing::Test {
     return *alert;
   }
 
-  /// The texts of the alert, from top to bottom, and of its buttons.
+  /// The texts of the alert from top to bottom, and the titles of its buttons.
   std::vector<std::string> textsOfAlert(const ChildProcess& plugin) {
     std::vector<std::string> texts;
     const auto window = reader.awaitWindow(plugin.pid());
@@ -58,7 +57,7 @@ class LaunchByHandTest : public testing::Test {
     return texts;
   }
 
-  /// Waits for its end, and until its windows are gone: the next ones may have the same ids.
+  /// Waits until the plug-in has ended and its windows are gone, since the next ones may get the same ids.
   void expectEnd(ChildProcess& plugin) {
     EXPECT_EQ(plugin.wait(), 0);
     EXPECT_TRUE(desktop.waitUntil([this] { return desktop.clients().empty(); }));

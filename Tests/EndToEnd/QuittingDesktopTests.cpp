@@ -1,4 +1,4 @@
-// The way out of a real process: what is still done, what no longer begins, and what a fresh process does instead.
+// How a real process quits: what it still does, what it no longer begins, and what a fresh process does instead.
 
 #include <algorithm>
 #include <chrono>
@@ -54,7 +54,7 @@ class QuittingTest : public testing::Test {
     return ChildProcess(command, options);
   }
 
-  /// Longer than a saved setting waits before it is written.
+  /// Longer than the delay after which a saved setting is written.
   static void letASecondPass() { std::this_thread::sleep_for(std::chrono::milliseconds(1200)); }
 
   [[nodiscard]] long writes() const {
@@ -71,8 +71,8 @@ class QuittingTest : public testing::Test {
     EXPECT_TRUE(desktop.waitUntil([&] { return desktop.clients().empty(); }));
   }
 
-  /// Waits for the end of a process that another one has left behind; yields its exit status, 0 if the other one has
-  /// seen it.
+  /// Waits until the fresh process that another one has started ends. Yields its exit status, or 0 if the other one has
+  /// already waited for it.
   static int awaitFreshProcess() {
     int status = 0;
     ::wait(&status);
@@ -175,7 +175,7 @@ TEST_F(QuittingTest, LeavesAnotherLaunchURLToAFreshProcessWithoutABusToo) {
 TEST_F(QuittingTest, LeavesAWindowThatTheHostAsksForDuringTheInstallationToAFreshProcess) {
   host.answer("GetIsPluginInstalledAtPath", "(false,)");
   host.answer("InstallPlugin", [](GDBusMethodInvocation* invocation) {
-    // On one connection, so the launch URL is in line when the plug-in hears that it is installed.
+    // Both on one connection, so the launch URL is queued before the plug-in hears that it is installed.
     g_dbus_connection_call(g_dbus_method_invocation_get_connection(invocation), gleanery,
                            DesktopSupport::applicationObjectPath(gleanery).c_str(),
                            DesktopSupport::applicationInterface, "Open",
@@ -196,7 +196,7 @@ TEST_F(QuittingTest, MayBeAskedForAtTheEndOfLaunching) {
 
 class SignalTest : public QuittingTest, public testing::WithParamInterface<int> {
  protected:
-  // The tests may have been started to ignore it, which processes inherit.
+  // The tests may have been started with the signal ignored, which processes inherit.
   SignalTest() { std::signal(GetParam(), SIG_DFL); }
 };
 

@@ -1,4 +1,4 @@
-// The whole way of a run-command launch on a real desktop: a launch URL in, a command out.
+// A run-command launch on a real desktop, from the launch URL to the command.
 
 #include <list>
 #include <string>
@@ -50,7 +50,7 @@ class RunCommandTest : public testing::Test {
   HostProcess host{DESKLOOM_HOST_PROGRAM};
 };
 
-/// Real applications with a window each, in the order in which the windows came.
+/// Real applications with a window each, in the order in which the windows appeared.
 class OpenApplications {
  public:
   OpenApplications() {
@@ -104,7 +104,7 @@ TEST_F(RunCommandTest, SendsNothingWithoutAnIdentifier) {
 TEST_F(RunCommandTest, HandlesEachLaunchURLOfItsCommandLine) {
   EXPECT_EQ(launch({"deskloomplugin://runCommand/a", "deskloomplugin://runCommand/b"}), 0);
   EXPECT_EQ(host.nextLine(), emptyListCommand);
-  EXPECT_EQ(host.nextLine(), emptyListCommand) << "by a process that the first one has left it to";
+  EXPECT_EQ(host.nextLine(), emptyListCommand) << "from the fresh process";
   EXPECT_THAT(host.linesSoFar(), IsEmpty());
 }
 
@@ -116,7 +116,7 @@ TEST_F(RunCommandTest, SendsAnEmptyListAndLogsWhyWithoutADisplay) {
   EXPECT_EQ(host.nextLine(), emptyListCommand);
 }
 
-TEST_F(RunCommandTest, SendsAnEmptyListAndLogsWhichFileManagerDoesNotTellWhatItShows) {
+TEST_F(RunCommandTest, SendsAnEmptyListAndLogsWhichFileManagerDoesNotReportItsFolders) {
   TestSupport::ClientList windows;
   windows.awaitCount(0);
   {

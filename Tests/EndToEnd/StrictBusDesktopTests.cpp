@@ -1,4 +1,4 @@
-// Commands by the thousand on a bus that lets few calls wait for an answer.
+// Thousands of commands on a bus that allows few unanswered calls.
 
 #include <string>
 

@@ -1,6 +1,6 @@
 // A plug-in that does what its launch URLs say: deskloomplugin://run/save+quit saves and quits. Some steps take a
-// value: deskloomplugin://run/send=17 sends deskloom://sent/17. "launched" sends deskloom://launched and quits at the
-// end of launching.
+// value: deskloomplugin://run/send=17 sends deskloom://sent/17. "launched" sends deskloom://launched and quits when
+// launching has finished.
 
 #include <chrono>
 #include <csignal>
@@ -88,7 +88,7 @@ class TestPlugin : public Platform::ApplicationDelegate, public Platform::Window
       send("times", std::to_string(number));
   }
 
-  /// A text of so many bytes: the alphabet over and over.
+  /// A text of this length: the alphabet, repeated.
   static std::string alphabet(std::size_t bytes) {
     std::string text(bytes, 'a');
     for (std::size_t index = 0; index < bytes; ++index)
@@ -96,7 +96,7 @@ class TestPlugin : public Platform::ApplicationDelegate, public Platform::Window
     return text;
   }
 
-  /// As a plug-in does that has to wait for something.
+  /// Sends from a background queue, as a plug-in does that has to wait for something.
   static void sendLater() {
     auto& queues = Platform::services().queues;
     queues.runInBackground([&queues] {
@@ -107,7 +107,7 @@ class TestPlugin : public Platform::ApplicationDelegate, public Platform::Window
     });
   }
 
-  /// With texts as others may choose them.
+  /// Shows an alert with texts that do harm if they are not made printable.
   static void showHostileAlert() {
     Platform::services().alerts.runModal(
         {.messageText = "disk\u202Egpj", .informativeText = "one\n\x1b[2Jtwo", .buttons = {"OK"}});

@@ -1,4 +1,4 @@
-// A plug-in whose bundle names a feed: how the user learns about a newer version.
+// A plug-in whose bundle names a feed with a newer version.
 
 #include <filesystem>
 #include <string>

@@ -20,7 +20,7 @@ TEST(HostActivation, StartsTheHostForURLsAndLosesNone) {
   const std::string url = "deskloom://gleanery/" + std::string(1U << 20U, 'x');
   EXPECT_TRUE(TestSupport::openURL(name, url));
   EXPECT_TRUE(TestSupport::openURL(name, "deskloom://next"));
-  // Answered only when the host is done with what came before.
+  // The host answers this only after it is done with the URLs before.
   EXPECT_TRUE(TestSupport::openURL(name, "deskloom://last"));
 
   std::ifstream file(log);

@@ -47,7 +47,7 @@ Reply script(const std::string& method, std::initializer_list<std::string> argum
   return call(name + ".Scripting", method, g_variant_builder_end(&tuple), replyType);
 }
 
-/// The answer of a command that may yield a text, as it is printed; "error" where it failed.
+/// The printed answer to a command that may yield a text, or "error".
 std::string text(const std::string& method, std::initializer_list<std::string> arguments) {
   const Reply reply = script(method, arguments, "(bs)");
   if (!reply)
@@ -56,7 +56,7 @@ std::string text(const std::string& method, std::initializer_list<std::string> a
   return printed.get();
 }
 
-/// A host of the test's own; comes back once its name is on the bus.
+/// Starts a host and waits until its name is on the bus.
 ChildProcess start(std::vector<std::string> options) {
   options.insert(options.begin(), DESKLOOM_HOST_PROGRAM);
   ChildProcess host(options);
@@ -167,7 +167,7 @@ TEST(Host, LeavesTheNameToTheHostThatHasIt) {
 
 TEST(Host, SaysThatItsLogCannotBeWritten) {
   const TestSupport::TemporaryFolder folder;
-  // With the name on the bus already, the start is not waited for: there is none to come.
+  // The host never takes the name, so the test does: otherwise `start` would wait for it.
   const auto bus = SessionBus::connect();
   const auto held = HostStandIn::BusName::acquire(*bus, name);
   ASSERT_TRUE(held);

@@ -44,7 +44,7 @@ TEST_F(HostOutput, DoesNothingToATerminal) {
   EXPECT_EQ(logged(), lines_.str());
 }
 
-TEST_F(HostOutput, IsATableWhereAskedFor) {
+TEST_F(HostOutput, IsATableIfAskedFor) {
   Output output(Output::Format::table, lines_, notes_);
   output.printURL("deskloom://gleanery/%5B%5D");
   EXPECT_EQ(lines_.str(), "(no resources)\n");
@@ -54,7 +54,7 @@ TEST_F(HostOutput, ShowsWhatIsNoTableAsItCameAndSaysSo) {
   Output output(Output::Format::table, lines_, notes_);
   output.printURL("deskloom://gleanery/%5");
   EXPECT_EQ(lines_.str(), "deskloom://gleanery/%5\n");
-  EXPECT_EQ(notes_.str(), "deskloom-host: shown as it came: the payload is no list of resources\n");
+  EXPECT_EQ(notes_.str(), "deskloom-host: shown unchanged: the payload is not a list of resources\n");
 }
 
 TEST_F(HostOutput, IsAppendedToTheLogAsItCame) {

@@ -1,4 +1,4 @@
-// Which windows' titles a browser is read with.
+// Which window titles are used to read a browser.
 
 #include <optional>
 #include <string>
@@ -18,7 +18,7 @@ namespace {
 using ScriptableApps::RunningBrowser;
 using TestSupport::TestWindow;
 
-/// Finds one browser, and notes the titles with which that is read.
+/// Finds one browser, and records the titles that are passed to read it.
 class OneBrowser : public ScriptableApps::Safari {
  public:
   OneBrowser(std::optional<pid_t> process, std::vector<std::string>& titles) : process_(process), titles_(titles) {}

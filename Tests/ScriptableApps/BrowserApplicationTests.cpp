@@ -16,7 +16,7 @@ using ScriptableApps::RunningBrowser;
 
 using Reading = std::expected<SessionReading, std::string>;
 
-/// A browser application that finds the browsers that the test says, in place of those that run.
+/// A browser application that finds the test's browsers instead of the running ones.
 template <typename Application>
 class StandIn : public Application {
  public:
@@ -44,7 +44,7 @@ class OnlyApplication : public AppleScript::ApplicationDirectory {
   AppleScript::Application& application_;
 };
 
-/// What a script yields that tells the application something; the error where it fails.
+/// What a script yields that sends this statement to the application, or the error.
 template <typename Application>
 std::string answer(std::vector<Reading> readings, const std::string& statement) {
   StandIn<Application> application(std::move(readings));

@@ -43,7 +43,7 @@ void expectNotRunning() {
   expectError(ErrorNumber::notRunning, "Application isn’t running.");
 }
 
-/// What is said of a file manager that does not report which folders it shows.
+/// The message about a file manager that does not report which folders it shows.
 std::string doesNotReport(const std::string& program) {
   return program + " is running but does not report which folders it shows.";
 }
@@ -144,14 +144,14 @@ TEST_F(FinderTest, SaysThatAFileManagerWithAnEmptyListAndAWindowDoesNotReport) {
   background.setAtom("_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DESKTOP");
   ASSERT_TRUE(background.show());
   fileManager.has("{'OpenLocations': <@as []>}");
-  EXPECT_THAT(openPaths().value(), IsEmpty()) << "the desktop's icons are no window";
+  EXPECT_THAT(openPaths().value(), IsEmpty()) << "the desktop's icons are not a window";
   TestSupport::TestWindow window(desktop);
   ASSERT_TRUE(window.show());
   expectDoesNotReport();
   fileManager.has("{'OpenLocations': <[" + uri(a_) + "]>}");
   EXPECT_THAT(openPaths().value(), ElementsAre(a_ / ""));
   fileManager.has("{'OpenWindowsWithLocations': <@a{sas} {}>, 'OpenLocations': <@as []>}");
-  EXPECT_THAT(openPaths().value(), IsEmpty()) << "its windows are those that show no folder";
+  EXPECT_THAT(openPaths().value(), IsEmpty()) << "its windows show no folder";
 }
 
 TEST_F(FinderTest, SaysThatAFileManagerWithAnEmptyListDoesNotReportIfItMayHaveAWindow) {

@@ -17,22 +17,22 @@
 
 namespace TestSupport {
 
-/// What the scripts that run inside Firefox can use. `pages` is the address of the server.
+/// Functions for the scripts that run inside Firefox. `pages` is the address of the server.
 inline constexpr std::string_view insideFirefox = R"(
   const [pages, patience] = arguments;
   const {setTimeout} = ChromeUtils.importESModule('resource://gre/modules/Timer.sys.mjs');
   const {TabStateFlusher} = ChromeUtils.importESModule('resource:///modules/sessionstore/TabStateFlusher.sys.mjs');
-  // The windows, the one in front first, when they are ready.
+  // The windows that are ready, the one in front first.
   const allWindows = () => BrowserWindowTracker.orderedWindows.filter(w => w.gBrowserInit?.delayedStartupFinished);
   const windows = () => allWindows().filter(w => !PrivateBrowsingUtils.isWindowPrivate(w));
   const tabs = () => windows().flatMap(w => w.gBrowser.tabs);
-  // The tab at the page with this name.
+  // The tab that shows the page with this name.
   const tab = name => tabs().find(t => t.linkedBrowser.currentURI.spec === pages + name);
   const windowOf = tab => tab.ownerDocument.defaultView;
-  // The address of the server's page with this name; another address is as it is.
+  // The address of the server's page with this name. Other addresses are unchanged.
   const address = name => new URL(name, pages).href;
   const isInFront = w => (Services.focus.activeWindow ?? BrowserWindowTracker.orderedWindows[0]) === w;
-  // Whether the tab's label is the title of the page that is loaded in it.
+  // Whether the tab's label is the title of its loaded page.
   const isLabelled = tab => !tab.hasAttribute('busy') && tab.label === (tab.linkedBrowser.contentTitle || tab.label);
   const isAt = (tab, address) => tab.linkedBrowser.currentURI.spec === address && isLabelled(tab);
   // The windows as a script lists them.
@@ -42,13 +42,13 @@ inline constexpr std::string_view insideFirefox = R"(
   };
   const listed = () => windows().map(w => `a window that shows ${w.gBrowser.selectedTab.label}\n` +
     w.gBrowser.tabs.filter(t => !t.hidden).map(t => `${t.label}\n${shownAddress(t)}\n`).join('')).join('');
-  // Waits until a condition holds. It is looked at again whenever a tab, its label or its page changes, or a window is
-  // opened, is closed or comes to the front. Throws if that takes so long that something must be broken.
+  // Waits until a condition holds, which is checked whenever a tab, its label or its page changes, or a window opens,
+  // closes or comes to the front. Throws if that takes so long that something must be broken.
   const until = condition => new Promise((resolve, reject) => {
     const tabEvents = ['TabOpen', 'TabClose', 'TabMove', 'TabSelect', 'TabAttrModified', 'TabHide', 'TabShow'];
     const stops = [];
     const stop = () => stops.splice(0).forEach(stop => stop());
-    // After the event, when everybody else has heard of it.
+    // After all other listeners have received the event.
     const look = () => Services.tm.dispatchToMainThread(() => {
       if (!stops.length || !condition()) return;
       stop();
@@ -73,7 +73,7 @@ inline constexpr std::string_view insideFirefox = R"(
     setTimeout(() => stops.length && giveUp(), patience);
     look();
   });
-  // Waits until the page at the address has been loaded in the tab, and the tab is labelled with its title.
+  // Waits until the tab has loaded the page at the address and is labelled with its title.
   const loaded = async (tab, address) => {
     const browser = tab.linkedBrowser;
     await new Promise(resolve => {
@@ -89,16 +89,16 @@ inline constexpr std::string_view insideFirefox = R"(
     await until(() => isLabelled(tab));
     return tab;
   };
-  // Goes to an address in a tab, …
+  // Loads a page in a tab.
   const visit = (tab, name) => {
     const triggeringPrincipal = Services.scriptSecurityManager.getSystemPrincipal();
     tab.linkedBrowser.loadURI(Services.io.newURI(address(name)), {triggeringPrincipal});
     return loaded(tab, address(name));
   };
-  // … and in a new one, after the others.
+  // Loads a page in a new tab after the others.
   const open = (name, w = window) => loaded(w.gBrowser.addTrustedTab(address(name)), address(name));
-  // A new window in front of the others, with a tab at each of the pages. It goes to the first page by itself: what it is
-  // told meanwhile, its own first page may replace.
+  // Opens a window in front of the others, with a tab for each page. The window is created with the first page: one that
+  // is loaded later may be replaced by the window's own start page.
   const openWindow = async (names, options = {}) => {
     const first = Cc['@mozilla.org/supports-string;1'].createInstance(Ci.nsISupportsString);
     first.data = address(names[0]);
@@ -115,15 +115,15 @@ inline constexpr std::string_view insideFirefox = R"(
     Services.obs.removeObserver(observer, topic);
     resolve();
   }, topic));
-  // Has the store of sessions take notice of all pages. What it has asked a page for while the page moves to another
-  // process may never come, and it does not ask again before the page changes.
+  // Makes the session store update all pages. If a page moves to another process while the store waits for its state,
+  // the state may never come, and the store does not ask again before the page changes.
   const noticed = () => Promise.all(windows().map(w => {
     for (const tab of w.gBrowser.tabs) tab.linkedBrowser.frameLoader?.requestSHistoryUpdate();
     return TabStateFlusher.flushWindow(w);
   }));
   // Brings a window to the front.
   const raise = w => { w.focus(); return until(() => isInFront(w)); };
-  // Takes a tab to a window of its own.
+  // Moves a tab to a new window.
   const tearOff = async tab => {
     const page = tab.linkedBrowser.currentURI.spec;
     const w = windowOf(tab).gBrowser.replaceTabWithWindow(tab);
@@ -133,7 +133,7 @@ inline constexpr std::string_view insideFirefox = R"(
   const close = w => { const closed = observed('domwindowclosed', w); w.close(); return closed; };
 )";
 
-/// A Firefox, with the page "first" in its only tab.
+/// A Firefox with one tab, which shows the page "first".
 class FirefoxTest : public testing::Test {
  protected:
   explicit FirefoxTest(std::shared_ptr<TestFirefox> firefox)
@@ -148,9 +148,9 @@ class FirefoxTest : public testing::Test {
   }
   nlohmann::json inside(const std::string& script) { return inside(*firefox_, script); }
 
-  /// Waits until Firefox itself says that it has these windows, and then until a script lists them.
+  /// Waits until Firefox itself reports these windows, and then until a script lists them.
   void expectWindows(const std::string& windows) {
-    // The order of the windows is noted when something else is saved.
+    // The order of the windows is only saved together with something else.
     const auto said = inside("const expected = " + nlohmann::json(windows).dump() + R"(;
                               await until(() => listed() === expected).catch(() => {});
                               await noticed();
@@ -171,7 +171,7 @@ class FirefoxTest : public testing::Test {
   }
   void raise(const std::string& name) { raise(*firefox_, name); }
 
-  /// A window as a script yields it that has the pages with these names, and the shown one as the first of them.
+  /// What a script yields for a window with the pages `names`, of which it shows `shown`.
   static std::string window(const std::string& shown, const std::vector<std::string>& names) {
     std::string text = "a window that shows Page " + shown + '\n';
     for (const std::string& name : names)
@@ -179,7 +179,7 @@ class FirefoxTest : public testing::Test {
     return text;
   }
 
-  /// What the scripts yield for a page of the server.
+  /// What the scripts yield for the server's page with this name.
   static std::string lines(const std::string& name) { return "Page " + name + '\n' + server().url(name) + '\n'; }
 
   static PageServer& server() {
@@ -187,7 +187,7 @@ class FirefoxTest : public testing::Test {
     return server;
   }
 
-  /// Leaves nothing open but the page with this name.
+  /// Closes everything except a tab with this page.
   static void startAnew(TestFirefox& firefox, const std::string& name) {
     inside(firefox, "const only = await open('" + name + "');" + R"(
               for (const w of BrowserWindowTracker.orderedWindows.filter(w => w !== window)) await close(w);

@@ -1,4 +1,4 @@
-// "Google Chrome" with a real browser of the Chromium family, compared with what that says itself.
+// "Google Chrome" with a real browser of the Chromium family, compared with what the browser itself reports.
 
 #include <algorithm>
 #include <functional>
@@ -45,8 +45,8 @@ BrowserSession withoutTitles(BrowserSession session) {
   return session;
 }
 
-// What the browser says itself that it has open: its normal windows, the one that was used last first, the others in
-// the order in which they were opened.
+// What the browser itself reports as open: its normal windows, the one that was used last first, the others in the
+// order in which they were opened.
 BrowserSession openIn(TestChromium& browser) {
   BrowserSession session;
   for (const json& window : browser.run("session()")) {
@@ -59,7 +59,7 @@ BrowserSession openIn(TestChromium& browser) {
   return session;
 }
 
-// What is read of it.
+// What is read of the browser.
 BrowserSession read() {
   const auto running = BrowserSessions::runningChromiumBrowsers();
   const auto process = running.empty() ? std::nullopt : std::optional(running.front().process);
@@ -69,7 +69,7 @@ BrowserSession read() {
 
 class GoogleChromeTest : public testing::Test {
  protected:
-  // Has the scripts in the extension know where the pages are.
+  // Tells the extension's scripts the address of the pages.
   void introducePages(TestChromium& browser) const { browser.run("pages = '" + pages_.url() + "'"); }
 
   void openWindow(TestChromium& browser, const std::vector<std::string>& names) const {
@@ -89,7 +89,7 @@ class GoogleChromeTest : public testing::Test {
     browser.awaitUntil([&] { return browser.run("session().then(windows => windows.length)") == 3; });
   }
 
-  // Has a tab go from one page to another as by a link, or by "goBack" or "goForward".
+  // Takes a tab from one page to another, as by a link, or by "goBack" or "goForward".
   void follow(TestChromium& browser, const std::string& from, const std::string& to) const {
     browser.runInPage(pages_.url(from), "location = '" + to + "'");
     browser.awaitPage(pages_.url(to));
@@ -99,7 +99,7 @@ class GoogleChromeTest : public testing::Test {
     browser.awaitPage(pages_.url(to));
   }
 
-  // Does to these tabs what users do.
+  // Changes these tabs as users do.
   void changeMuch(TestChromium& browser) const {
     follow(browser, "a", "a2");
     follow(browser, "a2", "a3");
@@ -119,7 +119,7 @@ class GoogleChromeTest : public testing::Test {
     browser.run("windowOf('j').then(id => chrome.windows.update(id, {focused: true}))");
   }
 
-  // The windows in no order but that of their first tabs' addresses.
+  // The windows in the order of their first tabs' addresses.
   static BrowserSession sorted(BrowserSession session) {
     std::ranges::sort(session, {}, [](const BrowserWindow& window) {
       return window.tabs.empty() ? std::string() : window.tabs.front().url;
@@ -127,14 +127,14 @@ class GoogleChromeTest : public testing::Test {
     return session;
   }
 
-  // What is compared of a session.
+  // The part of a session that is compared.
   using View = std::function<BrowserSession(BrowserSession)>;
   static BrowserSession sortedWithoutTitles(BrowserSession session) {
     return sorted(withoutTitles(std::move(session)));
   }
 
-  // Waits until what is read is what the browser says itself that it has open, as far as the view shows it, and
-  // compares. Both are taken at one moment, and again whenever one of them may have changed.
+  // Expects that what is read soon equals what the browser itself reports, as far as the view shows it. Both are taken
+  // at the same moment, and again whenever one of them may have changed.
   static void expectReadSoon(TestChromium& browser, const View& view, const BrowserSession& more = {}) {
     BrowserSession isRead;
     BrowserSession isOpen;
@@ -159,7 +159,7 @@ class GoogleChromeTest : public testing::Test {
     EXPECT_EQ(isListed, isOpen);
   }
 
-  // Opens windows that are not to be listed.
+  // Opens windows that must not be listed.
   void openOtherWindows(TestChromium& browser) const {
     TestChromium::ask({"--incognito", pages_.url("private")});
     browser.awaitPage(pages_.url("private"));
@@ -168,7 +168,7 @@ class GoogleChromeTest : public testing::Test {
     browser.runInPage(pages_.url("a"), "window.open('/popup', '', 'popup,width=200,height=200')");
     browser.awaitPage(pages_.url("popup"));
     browser.openDevTools(pages_.url("a"));
-    // Once this is in the log, so is all that was before.
+    // When this is in the log, everything before it is too.
     browser.run("tab('l').then(id => chrome.tabs.remove(id))");
   }
 
@@ -195,11 +195,11 @@ TEST_F(GoogleChromeTest, ListsWhatIsOpenAtOnceIfTheBrowserCanBeAsked) {
   changeMuch(browser);
   expectReadSoon(browser, sorted);
   browser.run("tab('h').then(id => chrome.tabs.move(id, {index: 0}))");
-  // The log never has a title that a script changes, so what has it is what the browser was asked for.
+  // The log never has a title that a script has set, so this one comes from the browser itself.
   browser.runInPage(pages_.url("a2"), "document.title = 'By a script'");
   EXPECT_TRUE(TestSupport::TestDesktop().waitForTitle("By a script - Chromium"));
   expectReadSoon(browser, sorted);
-  // Which window is in front is what the log tells.
+  // Only the log knows which window is in front.
   expectReadSoon(browser, std::identity());
   expectListedSoon(browser);
 }
@@ -229,7 +229,7 @@ TEST_F(GoogleChromeTest, ListsTheWindowsOfAllProfiles) {
 }
 
 TEST_F(GoogleChromeTest, ListsNothingThatWasOpenBeforeTheBrowserWasStarted) {
-  // The next one takes nothing up again.
+  // The next browser restores nothing.
   folder_.write("chromium/Default/Preferences", R"({"session": {"restore_on_startup": 5}})");
   {
     TestChromium browser;

@@ -1,4 +1,4 @@
-// The names that "Google Chrome" has for the tabs of a real browser, and what it says of tabs that it does not know.
+// The titles of a real browser's tabs, and what is reported if tabs are unknown.
 
 #include <string>
 #include <vector>
@@ -27,14 +27,14 @@ class GoogleChromeNames : public testing::Test {
  protected:
   static void open(TestChromium& browser, const std::string& url) { browser.run("openTab(" + json(url).dump() + ")"); }
 
-  // Has a window show the server's page with this name.
+  // Makes a window show the server's page with this name.
   void show(TestChromium& browser, const std::string& name) const {
     browser.run("chrome.tabs.query({url: '" + pages_.url(name) +
                 "'}).then(([tab]) => chrome.tabs.update(tab.id, {active: true}))");
     EXPECT_TRUE(desktop_.waitForTitle("Page " + name + " - Chromium"));
   }
 
-  // What the browser itself says that `listChromeTabs` has to yield; it has one window.
+  // What `listChromeTabs` has to yield, made from what the browser itself reports. The browser has one window.
   static std::string linesIn(TestChromium& browser) {
     std::string lines;
     const json session = browser.run("session()");
@@ -44,8 +44,8 @@ class GoogleChromeNames : public testing::Test {
     return lines;
   }
 
-  // Waits until a script yields something about this address, and yields that. The browser writes down what happens in
-  // the order in which it does, so all that was before is listed, too.
+  // Waits until a script lists this address, and yields the list. The browser logs changes in their order, so the list
+  // has all earlier changes too.
   static std::string listedWith(const std::string& url) {
     std::string listed;
     const FolderChanges changes(TestChromium::userData());
@@ -64,7 +64,7 @@ TEST_F(GoogleChromeNames, AreShownForPagesWithoutATitle) {
   TestChromium browser;
   const std::string files = "file://" + folder_.write("pages/a ü.txt", "text").parent_path().string();
   folder_.write("pages/untitled.html", "<!doctype html><p>untitled");
-  // The browser's own first tab may have no page yet.
+  // The browser's first tab may have no page yet.
   browser.run("chrome.tabs.query({}).then(([first]) => chrome.tabs.update(first.id, {url: '" + pages_.url("first") +
               "'}))");
   ASSERT_TRUE(desktop_.waitForTitle("Page first - Chromium"));
@@ -127,7 +127,7 @@ TEST_F(GoogleChromeNames, AreMissingForAddressesTooLongForTheLog) {
 }
 
 TEST_F(GoogleChromeNames, AreNotKnownWithoutASessionLogOfThisRun) {
-  // The browser can make no folder for logs, neither for the readable ones nor for the encrypted ones beside them.
+  // The browser cannot create a folder for its logs, neither for the readable nor for the encrypted ones.
   folder_.write("chromium/Default/Sessions", "");
   folder_.write("chromium/Default/Sessions_Encrypted", "");
   TestChromium browser;

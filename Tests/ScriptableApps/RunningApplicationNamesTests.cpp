@@ -49,7 +49,7 @@ TEST_F(RunningApplicationsTest, AreLeftOutIfNoLocalProcessHasTheirFile) {
   addWindow("../../etc/passwd");
   addWindow("/etc/passwd");
   addWindow("SomeRemote");
-  EXPECT_THAT(applications(), IsEmpty()) << "a class is no path, and no program's name either";
+  EXPECT_THAT(applications(), IsEmpty()) << "a class is neither a path nor a program's name";
   const auto problem = [](const std::string& windowClass) {
     return "An application with the window class \"" + windowClass +
            "\" is left out: its program on this computer is unknown.";

@@ -13,7 +13,7 @@ using TestSupport::listSafariTabs;
 using TestSupport::TestFirefox;
 using TestSupport::textOfScript;
 
-/// Firefox saves some things two seconds after a change, and where nobody says otherwise the others much later.
+/// Firefox saves some things two seconds after a change, and by default the others much later.
 const TestFirefox::Preferences savingSoon = {{"browser.sessionstore.interval", 100}};
 
 class FirefoxTabs : public TestSupport::FirefoxTest {
@@ -58,7 +58,7 @@ TEST_F(FirefoxTabs, FollowWhenTheyAreMovedClosedAndTakenToOtherWindows) {
 TEST_F(FirefoxTabs, AreAtThePageToWhichTheUserWent) {
   inside("for (const name of ['a', 'b', 'c']) await visit(gBrowser.selectedTab, name);");
   expectWindows(window("c", {"c"}));
-  // One move only: once, Firefox went two pages on when it was told to go one on after a move back.
+  // Goes back only: after that, Firefox once went two pages forward when it was told to go one.
   inside("gBrowser.gotoIndex(gBrowser.selectedBrowser.browsingContext.sessionHistory.index - 1);");
   expectWindows(window("b", {"b"}));
 }
@@ -105,7 +105,7 @@ TEST_F(FirefoxTabs, AreInTheWindowsFromTheTopmostDown) {
   inside("await openWindow(['a']); await openWindow(['b']);");
   expectWindows(window("b", {"b"}) + window("a", {"a"}) + window("first", {"first"}));
   raise("a");
-  // Firefox takes notice of the order whenever it saves something else.
+  // Firefox saves the order of windows only together with something else.
   inside("await visit(tab('b'), 'c');");
   expectWindows(window("a", {"a"}) + window("c", {"c"}) + window("first", {"first"}));
 }

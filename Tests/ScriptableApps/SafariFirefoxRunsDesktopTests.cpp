@@ -20,7 +20,7 @@ using TestSupport::textOfScript;
 
 constexpr const char* notRunning = "-600: Safari got an error: Application isn’t running.";
 
-/// Shows the windows and tabs of the last time again, and loads pages once they are looked at.
+/// Restores the windows and tabs of the last run, and loads a page only when its tab is shown.
 const TestFirefox::Preferences restoring = {{"browser.sessionstore.interval", 100},
                                             {"browser.sessionstore.restore_on_demand", true},
                                             {"browser.startup.page", 3}};
@@ -67,7 +67,7 @@ TEST_F(FirefoxRuns, AreListedTogetherTheOneInFrontFirst) {
   EXPECT_EQ(textOfScript(listSafariWindows), window("first", {"first"}) + window("other", {"other"}));
 }
 
-/// Shows nothing again after a crash, and saves nothing within the time of a test unless it is told to.
+// After the crash, Firefox restores nothing, and saves nothing during the test before it is told to.
 TEST_F(FirefoxRuns, HasNothingListedOfTheRunThatCrashed) {
   inside("await open('a');");
   expectWindows(window("first", {"first", "a"}));

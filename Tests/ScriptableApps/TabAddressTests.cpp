@@ -115,12 +115,12 @@ TEST(TabAddress, EncodesAHostThatHasNoASCIIForm) {
            {"http://bü cher.example/", "http://b%C3%BC%20cher.example/"},
            {"http://bü%41cher.example/", "http://b%C3%BC%41cher.example/"},
            {"http://bü:cher.example/", "http://b%C3%BC%3Acher.example/"},
-           // Of these it would be that of another host.
+           // For these it would name another host.
            {"http://ａ／ｂ.example/", "http://%EF%BD%81%EF%BC%8F%EF%BD%82.example/"},
            {"http://نامه\u200Cای.com/", "http://%D9%86%D8%A7%D9%85%D9%87%E2%80%8C%D8%A7%DB%8C.com/"},
            {"http://xn--bücher.example/", "http://xn--b%C3%BCcher.example/"},
            {std::string_view("http://bü\0.example/", 20), "http://b%C3%BC%00.example/"},
-           // These have no name of the domain name system.
+           // The hosts of these are not domain names.
            {"file://bücher/", "file://b%C3%BCcher/"},
            {"x://bücher.example/", "x://b%C3%BCcher.example/"},
            {"//bücher.example/", "//b%C3%BCcher.example/"},
@@ -146,7 +146,7 @@ TEST(TabAddress, IsNotShortenedHoweverLong) {
   EXPECT_EQ(tabAddress("data:," + std::string(length, ' ')).size(), 3 * length + 6);
 }
 
-// Made of what addresses are made of, so that all that can meet does meet.
+// A random sequence of pieces of addresses.
 std::string randomAddress(std::mt19937& random) {
   static constexpr std::array<std::string_view, 36> pieces = {
       "http", "https", "about", "data", "file", ":",       "//",   "/",  "?", "#",         "@",  "[",
@@ -171,7 +171,7 @@ TEST(TabAddress, CanAlwaysBeParsed) {
     const std::string stored = randomAddress(random);
     const std::string address = tabAddress(stored);
     ASSERT_TRUE(URL::parse(address)) << testing::PrintToString(stored) << " became " << address;
-    ASSERT_EQ(tabAddress(address), address) << "is not changed any further";
+    ASSERT_EQ(tabAddress(address), address) << "a second time changes nothing";
   }
 }
 

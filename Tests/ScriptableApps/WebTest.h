@@ -22,11 +22,10 @@
 
 namespace TestSupport {
 
-/// A GNOME Web that starts with nothing to remember. It is used as a user does: from the command line, with the
-/// keyboard and the mouse.
+/// A GNOME Web with an empty profile, used as by a user: from the command line, with the keyboard and the mouse.
 class WebTest : public testing::Test {
  protected:
-  /// The titles of a window: of the page that is shown, and of all tabs.
+  /// The title of a window's current page, followed by those of all its tabs.
   using Titles = std::vector<std::string>;
 
   void TearDown() override {
@@ -36,8 +35,8 @@ class WebTest : public testing::Test {
     std::filesystem::remove_all(profile_);
   }
 
-  /// Starts it; with one that runs already, this one only passes its options on. The pages' sandbox, which cannot be
-  /// had everywhere, is left out, and screen readers are talked to.
+  /// Starts it. If one is running, the new one only passes its options on. The pages' sandbox is off, since it does not
+  /// work everywhere, and the support for screen readers is on.
   ChildProcess& start(std::vector<std::string> options) {
     options.insert(options.begin(), {"sh", "-c", "exec \"$@\" >/dev/null 2>&1", "sh", "epiphany-browser"});
     return processes_.emplace_back(
@@ -47,14 +46,13 @@ class WebTest : public testing::Test {
             .hasHelpers = true});
   }
 
-  /// Waits until a screen reader reads these titles out, and then until a script lists the windows. The first window is
-  /// the one in front.
+  /// Waits until a screen reader finds these titles, and then until a script lists the windows, the one in front first.
   void expectWindows(const std::string& windows, const std::vector<Titles>& titles) {
     const auto areOnScreen = [&] {
       return testing::Value(titlesOnScreen(), testing::UnorderedElementsAreArray(titles));
     };
     EXPECT_TRUE(reader_.waitUntil(areOnScreen)) << testing::PrintToString(titlesOnScreen());
-    // A tab that goes leaves the last one shown.
+    // Saving opens and closes a tab, which leaves the last one shown.
     if (titles.front().front() == titles.front().back()) {
       haveAllSaved();
       EXPECT_TRUE(reader_.waitUntil(areOnScreen)) << testing::PrintToString(titlesOnScreen());
@@ -63,7 +61,7 @@ class WebTest : public testing::Test {
         << textOfScript(listSafariWindows);
   }
 
-  /// The same for windows with the pages that have these names, each behind the name of the one that is shown.
+  /// The same for windows with these pages. Each list of names begins with that of the current page.
   void expectPages(const std::vector<std::vector<std::string>>& windows) {
     std::string text;
     std::vector<Titles> titles;
@@ -77,7 +75,7 @@ class WebTest : public testing::Test {
     expectWindows(text, titles);
   }
 
-  /// Clicks at the page in the window with this title, once that is there.
+  /// Clicks at the page in the window with this title, after waiting for the window.
   void clickAtPage(const std::string& title) const {
     const auto place = desktop_.geometry(readyWindow(title));
     ASSERT_TRUE(place);
@@ -92,7 +90,7 @@ class WebTest : public testing::Test {
   TestInput input_ = TestInput(desktop_);
 
  private:
-  /// The window with this title, once that is there and takes keys.
+  /// The window with this title, after waiting until it is there and takes keys.
   [[nodiscard]] xcb_window_t readyWindow(const std::string& title) const {
     const auto window = desktop_.waitForTitle(title);
     if (!window) {
@@ -104,8 +102,8 @@ class WebTest : public testing::Test {
     return *window;
   }
 
-  /// Has it save its windows as they are, in the front one of which the last tab is shown. It saves them while a page
-  /// is loaded, perhaps before it knows the title, and does so again when there is one tab more or less.
+  /// Makes it save its windows, of which the front one must show its last tab. It saves while a page is being loaded,
+  /// perhaps before it knows the title, and again when a tab is opened or closed.
   void haveAllSaved() {
     start({url("last")});
     static_cast<void>(readyWindow("Page last"));
