@@ -4,10 +4,9 @@
 #include <vector>
 
 #include "BrimlaceTextView/AboutWindowController.h"
-#include "Platform/AppleEvent.h"
-#include "Platform/ApplicationDelegate.h"
-#include "Platform/Window.h"
-#include "Platform/WindowController.h"
+#include "Platform/AppleEvents.h"
+#include "Platform/Application.h"
+#include "Platform/Windows.h"
 
 namespace Gleanery {
 

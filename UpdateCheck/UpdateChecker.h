@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "DesktopSupport/Bus/SessionBus.h"
+#include "Platform/Bundle.h"
 #include "Platform/Log.h"
-#include "Platform/Strings.h"
 #include "UpdateCheck/AppcastItem.h"
 #include "UpdateCheck/UpdateFeed.h"
 #include "UpdateCheck/UpdateSettings.h"

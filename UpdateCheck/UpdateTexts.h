@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "Platform/Strings.h"
+#include "Platform/Bundle.h"
 
 namespace UpdateCheck {
 

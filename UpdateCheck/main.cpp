@@ -11,8 +11,7 @@
 
 #include "DesktopSupport/System/FileContents.h"
 #include "Linux/Bundle.h"
-#include "Linux/Log.h"
-#include "Linux/Strings.h"
+#include "Linux/Services.h"
 #include "UpdateCheck/UpdateChecker.h"
 #include "UpdateCheck/UpdateSettings.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Platform/Alerts.h"
 #include "Platform/Error.h"
+#include "Platform/Windows.h"
 
 namespace DeskloomSDK {
 

@@ -15,7 +15,7 @@
 #include "DeskloomSDK/Host/DeskloomAPI.h"
 #include "DeskloomSDK/JSON/JSONText.h"
 #include "DeskloomSDK/JSON/StrictDecoding.h"
-#include "Platform/FatalError.h"
+#include "Platform/Error.h"
 #include "Platform/Services.h"
 
 namespace DeskloomSDK {

@@ -9,7 +9,7 @@
 #include "DeskloomSDK/DeskloomPlugin.h"
 #include "EditWindowController.h"
 #include "OpenWindows.h"
-#include "Platform/ApplicationDelegate.h"
+#include "Platform/Application.h"
 
 namespace RecentFiles {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "Platform/FatalError.h"
+#include "Platform/Error.h"
 
 namespace Gleanery {
 

@@ -18,7 +18,7 @@ using testing::IsEmpty;
 
 namespace {
 
-/// A bundle whose update check is a script that reports, into a pipe, its session and where its standard streams go.
+/// A bundle whose update check is a script that writes its session and its standard streams into a pipe.
 class UpdaterTest : public testing::Test {
  protected:
   UpdaterTest() {
@@ -41,7 +41,7 @@ class UpdaterTest : public testing::Test {
     Linux::Updater(bundle, log).checkForUpdatesInBackground();
   }
 
-  /// The lines that the update check reports, once it does.
+  /// The lines that the update check writes. Waits for them.
   std::vector<std::string> report() {
     std::ifstream pipe(folder.path() / "update-check.report");
     std::vector<std::string> lines;
@@ -58,7 +58,7 @@ class UpdaterTest : public testing::Test {
 
 TEST_F(UpdaterTest, StartsTheCheckDetachedAndDoesNotWaitForIt) {
   check("[Updates]\nFeedURL=https://example.com/appcast.xml\n");
-  // The script waits for somebody to read its report, and that is not done before it is running on its own.
+  // The script waits until its report is read, which begins only after it was started.
   const auto lines = report();
   ASSERT_EQ(lines.size(), 5U);
   EXPECT_NE(lines[0], std::to_string(getsid(0))) << "a session of its own";
@@ -74,7 +74,7 @@ TEST_F(UpdaterTest, StartsNothingWithoutAFeed) {
   EXPECT_THAT(log.messages, IsEmpty());
 }
 
-TEST_F(UpdaterTest, StartsNothingWhereAutomaticChecksAreOff) {
+TEST_F(UpdaterTest, StartsNothingIfAutomaticChecksAreOff) {
   check("[Updates]\nFeedURL=https://example.com/appcast.xml\nAutomaticChecks=false\n");
   EXPECT_TRUE(nothingWasStarted());
 }
