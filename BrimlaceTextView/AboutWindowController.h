@@ -5,7 +5,7 @@
 #include <string>
 
 #include "Platform/Text/URL.h"
-#include "Platform/WindowController.h"
+#include "Platform/Windows.h"
 
 namespace BrimlaceTextView {
 

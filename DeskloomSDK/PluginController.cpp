@@ -1,7 +1,7 @@
 #include "DeskloomSDK/PluginController.h"
 
 #include "DeskloomSDK/DeskloomPluginURL.h"
-#include "Platform/FatalError.h"
+#include "Platform/Error.h"
 #include "Platform/Text/URL.h"
 
 namespace DeskloomSDK {

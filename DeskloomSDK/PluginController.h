@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "Platform/AppleEvent.h"
+#include "Platform/AppleEvents.h"
 
 namespace DeskloomSDK {
 

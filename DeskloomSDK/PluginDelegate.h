@@ -1,8 +1,8 @@
 #pragma once
 
 #include "DeskloomSDK/DeskloomPlugin.h"
-#include "Platform/AppleEvent.h"
-#include "Platform/ApplicationDelegate.h"
+#include "Platform/AppleEvents.h"
+#include "Platform/Application.h"
 #include "Platform/Lifetime.h"
 
 namespace DeskloomSDK {

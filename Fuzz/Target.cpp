@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "Platform/FatalError.h"
+#include "Platform/Error.h"
 #include "Platform/Text/UTF8.h"
 
 namespace Fuzz {

@@ -7,7 +7,7 @@
 #include "Gleanery/App.h"
 #include "Gleanery/RunCommandActionController.h"
 #include "Gleanery/UpdateController.h"
-#include "Platform/FatalError.h"
+#include "Platform/Error.h"
 #include "Platform/Services.h"
 
 namespace Gleanery {

@@ -5,8 +5,7 @@
 
 #include "BrimlaceTextView/AboutWindowController.h"
 #include "DeskloomSDK/PluginDelegate.h"
-#include "Platform/Window.h"
-#include "Platform/WindowController.h"
+#include "Platform/Windows.h"
 
 namespace Gleanery {
 

@@ -1,6 +1,6 @@
 #include "Gleanery/UpdateController.h"
 
-#include "Platform/FatalError.h"
+#include "Platform/Error.h"
 #include "Platform/Services.h"
 
 namespace Gleanery {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Updater.h"
+#include "Platform/Services.h"
 
 namespace Gleanery {
 

@@ -11,14 +11,14 @@
 
 namespace HostStandIn {
 
-/// The host's org.freedesktop.Application on the bus, the door that URLs come in by. There is nothing to activate: what
-/// is no Open call does nothing.
+/// The host's org.freedesktop.Application on the bus, which receives URLs. There is nothing to activate: every call but
+/// Open does nothing.
 class ApplicationInterface {
  public:
   using URLHandler = std::move_only_function<void(const std::string& url)>;
 
-  /// Hands `open` each URL of an Open call, in their order, once the caller has its answer. A call with anything that
-  /// is no host URL in it fails with InvalidArgs and hands on none.
+  /// Calls `open` with each URL of an Open call, in order, after the caller was answered. If any of them is not a host
+  /// URL, the call fails with InvalidArgs and opens none.
   static std::expected<ApplicationInterface, DesktopSupport::BusError> create(const DesktopSupport::SessionBus& bus,
                                                                               URLHandler open);
 

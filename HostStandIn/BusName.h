@@ -8,10 +8,10 @@
 
 namespace HostStandIn {
 
-/// A well-known name that this process owns on the session bus; given up at the end of its scope.
+/// A well-known name that this process owns on the session bus. Destroying it gives up the name.
 class BusName {
  public:
-  /// Takes the name. Fails where another process owns it, and where the bus refuses.
+  /// Takes the name. Fails if another process owns it or the bus refuses.
   static std::expected<BusName, DesktopSupport::BusError> acquire(const DesktopSupport::SessionBus& bus,
                                                                   std::string name);
 

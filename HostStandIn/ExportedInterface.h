@@ -12,22 +12,22 @@
 
 namespace HostStandIn {
 
-/// One D-Bus interface of an object of this process, for as long as it lives. Calls arrive on the main context that was
-/// the thread's default when it was exported.
+/// One D-Bus interface of an object of this process, exported until this is destroyed. Calls arrive on the main context
+/// that was the thread's default when it was created.
 class ExportedInterface {
  public:
-  /// What comes of a call.
+  /// The answer to a call.
   struct Answer {
     /// A tuple (none: an empty one), or the D-Bus error that the caller gets.
     std::expected<DesktopSupport::VariantHandle, DesktopSupport::BusError> reply = {};
-    /// What takes longer than a caller should wait for; done once it has been answered.
+    /// Done after the caller was answered, as it may take longer than a caller should wait.
     std::move_only_function<void()> afterwards = {};
   };
-  /// Carries out the method of this name; the arguments are of the types that the description gives it.
+  /// Carries out the method of this name. The arguments have the types that the description gives them.
   using Handler = std::move_only_function<Answer(std::string_view method, GVariant* arguments)>;
 
-  /// Exports the one interface that `description` (introspection XML) describes at `path`. Fails where the object has
-  /// that interface already.
+  /// Exports the one interface that `description` (introspection XML) describes at `path`. Fails if the object has that
+  /// interface already.
   static std::expected<std::unique_ptr<ExportedInterface>, DesktopSupport::BusError> create(
       const DesktopSupport::SessionBus& bus, const std::string& path, const std::string& description, Handler handler);
 

@@ -1,5 +1,3 @@
-#include "Platform/ApplicationMain.h"
-
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -19,9 +17,9 @@
 #include "Linux/Launching/LaunchArguments.h"
 #include "Linux/Launching/LaunchQueue.h"
 #include "Linux/Launching/LaunchService.h"
-#include "Linux/Launching/LaunchURLStream.h"
-#include "Linux/Launching/TerminationSignals.h"
+#include "Linux/Launching/Signals.h"
 #include "Linux/Services.h"
+#include "Platform/Application.h"
 
 namespace Platform {
 
@@ -38,8 +36,8 @@ constexpr const char* usage =
     "deskloomplugin://runCommand/apps\n"
     "\n"
     "  --dbus-activated    wait for the bus to deliver the launch URL\n"
-    "  --read-launch-urls  take more launch URLs from standard input, each ended by a NUL,\n"
-    "                      and leave none to another process\n"
+    "  --read-launch-urls  read more launch URLs from standard input, each ended by a NUL,\n"
+    "                      and give none of them to another process\n"
     "  --help              show this text\n"
     "  --version           show the version\n";
 
@@ -56,7 +54,7 @@ LaunchArguments parseOrExit(int argumentCount, char** arguments) {
   return *parsed;
 }
 
-/// Adds the launch URLs that come on standard input, or exits.
+/// Adds the launch URLs from standard input, or exits.
 void readLaunchURLsOrExit(LaunchArguments& launch, const char* program) {
   auto more = Linux::readLaunchURLs(STDIN_FILENO);
   if (!more) {
@@ -66,7 +64,7 @@ void readLaunchURLsOrExit(LaunchArguments& launch, const char* program) {
   std::ranges::move(*more, std::back_inserter(launch.launchURLs));
 }
 
-/// The name that the application has on the bus, if it can have one.
+/// The application's name on the bus; `nullopt` if it has no identifier or one that cannot be a name.
 std::optional<std::string> nameOnBus(Linux::Services& desktop) {
   auto identifier = desktop.bundle.identifier();
   if (identifier && !DesktopSupport::isApplicationName(*identifier)) {
@@ -77,12 +75,12 @@ std::optional<std::string> nameOnBus(Linux::Services& desktop) {
 }
 
 /// Whether another process of this application does what this one was started for. The launch URLs that it has taken
-/// are no longer among the arguments.
+/// are removed from the arguments.
 bool isDoneElsewhere(LaunchService& service, const std::string& name, LaunchArguments& launch) {
   auto bus = DesktopSupport::SessionBus::connect();
   if (!bus || service.acquireName(std::move(*bus), name))
     return false;
-  // Whoever has the name is delivered to.
+  // The bus delivers to the process that has the name.
   return launch.activatedByBus || service.forward(launch.launchURLs);
 }
 
@@ -105,7 +103,7 @@ void runApplication(Linux::Services& desktop, LaunchQueue& launches, LaunchServi
   desktop.application.run();
   service.releaseName();
   desktop.application.postWillTerminate();
-  // Not before the settings are written: a fresh process may read them.
+  // After the settings are written, as a fresh process may read them.
   service.passOnAll();
   desktop.workspace.finishHandOvers();
 }
@@ -123,7 +121,7 @@ int applicationMain(int argumentCount, char** arguments, const MakeApplicationDe
   if (launch.readsLaunchURLs)
     readLaunchURLsOrExit(launch, arguments[0]);
 
-  // From before the process has the name: what comes to that is passed on.
+  // Before the process takes the name, so that a signal can't lose launches that were sent to it.
   const Linux::TerminationSignals signals([&] { desktop.application.terminate(); });
   LaunchQueue launches;
   LaunchService service(launches, [&] { onMainThread([&] { desktop.application.deliver(launches); }); }, desktop.log);

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "DesktopSupport/Bus/ApplicationBus.h"
-#include "Linux/Launching/Ticks.h"
+#include "Linux/MainContext.h"
 
 namespace Linux {
 
@@ -17,15 +17,10 @@ using DesktopSupport::Out;
 using DesktopSupport::VariantHandle;
 namespace BusErrorName = DesktopSupport::BusErrorName;
 
-/// GLib ends each call in time. Should it lose one, the process ends all the same, so much later.
+/// GLib ends each call in time. If it ever fails to, the process still ends, this much later.
 constexpr std::chrono::seconds longestDelay{5};
 
 }  // namespace
-
-struct HandOvers::Call {
-  HandOvers& handOvers;
-  std::uint64_t number;
-};
 
 void HandOvers::add(const DesktopSupport::SessionBus& bus, std::string handler, std::string scheme, std::string url) {
   HandOver handOver{.bus = DesktopSupport::shared(bus.connection()),
@@ -49,23 +44,24 @@ void HandOvers::begin(std::uint64_t number, HandOver& handOver) {
   g_dbus_connection_call(
       handOver.bus.get(), handOver.handler.c_str(), DesktopSupport::applicationObjectPath(handOver.handler).c_str(),
       DesktopSupport::applicationInterface, "Open", handOver.arguments.get(), nullptr, G_DBUS_CALL_FLAGS_NONE,
-      static_cast<int>(patience_.count()), nullptr, &HandOvers::complete, new Call{*this, number});
+      static_cast<int>(patience_.count()), nullptr, &HandOvers::complete,
+      new Finish(lifetime_.guarded([this, number](const GError* error) { finishCall(number, error); })));
 }
 
 /// Called from the main context, whichever thread began the call.
-void HandOvers::complete(GObject* connection, GAsyncResult* result, gpointer call) {
+void HandOvers::complete(GObject* connection, GAsyncResult* result, gpointer data) {
   const std::lock_guard lock(mutex);
-  const std::unique_ptr<Call> finished(static_cast<Call*>(call));
+  const std::unique_ptr<Finish> finishThis(static_cast<Finish*>(data));
   ErrorHandle error;
   const VariantHandle answer(g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, Out(error)));
-  finished->handOvers.finishCall(finished->number, error.get());
+  (*finishThis)(error.get());
 }
 
 void HandOvers::finishCall(std::uint64_t number, const GError* error) {
   auto finished = underWay_.extract(number);
   if (error != nullptr) {
     const BusError problem = DesktopSupport::busErrorFrom(*error);
-    // What the bus had no room for has not been sent, and there is room once one of the others is done.
+    // The bus had no room for the call and has not sent it. There will be room when another one is done.
     if (problem.name == BusErrorName::limitsExceeded && !underWay_.empty()) {
       mostAtOnce_ = underWay_.size();
       waiting_.insert(std::move(finished));
@@ -90,9 +86,7 @@ void HandOvers::report(const HandOver& handOver, const BusError& error) {
 }
 
 void HandOvers::finish() {
-  const Ticks ticks;
-  while (!isDone())
-    g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+  runMainContextUntil([this] { return isDone(); });
 }
 
 bool HandOvers::isDone() const {

@@ -1,22 +1,29 @@
 #pragma once
 
-#include "Linux/Alerts.h"
 #include "Linux/Application.h"
 #include "Linux/Bundle.h"
-#include "Linux/Clock.h"
-#include "Linux/Log.h"
 #include "Linux/Queues.h"
-#include "Linux/ScriptEngine.h"
-#include "Linux/Strings.h"
 #include "Linux/Updater.h"
-#include "Linux/WindowModule.h"
 #include "Linux/Windows.h"
 #include "Linux/Workspace.h"
 #include "Platform/Services.h"
 
 namespace Linux {
 
-/// A freedesktop desktop behind the seam. It is the ambient one for as long as it lives.
+/// Writes to the journal, or to syslog if there is none, and to standard error. Of the control characters in a message
+/// only line feeds are kept, and no character that changes the direction of writing is.
+class Log : public Platform::Log {
+ public:
+  void write(std::string_view message) override;
+};
+
+/// The project's own interpreter, with the applications that can be scripted on this desktop.
+class ScriptEngine : public Platform::ScriptEngine {
+ public:
+  std::optional<Platform::ScriptOutcome> run(std::string_view source) override;
+};
+
+/// The services of a freedesktop desktop. They are the ambient ones for as long as this lives.
 class Services {
  public:
   Platform::AppleEventManager appleEvents;
@@ -24,12 +31,11 @@ class Services {
   Log log;
   Bundle bundle;
   Strings strings{bundle};
-  WindowModule windowModule{bundle};
   Application application{appleEvents, notifications};
   ScriptEngine scripts;
   Workspace workspace{log};
-  Alerts alerts{windowModule, application, strings, log};
-  Windows windows{windowModule, log};
+  Windows windows{bundle, log};
+  Alerts alerts{windows, application, strings, log};
   Clock clock;
   Updater updater{bundle, log};
   Queues queues{application};

@@ -2,7 +2,7 @@
 
 #include "Linux/Bundle.h"
 #include "Platform/Log.h"
-#include "Platform/Updater.h"
+#include "Platform/Services.h"
 
 namespace Linux {
 

@@ -23,14 +23,14 @@ using DesktopSupport::ErrorHandle;
 using DesktopSupport::Out;
 using DesktopSupport::SessionBus;
 
-/// One argument of a process holds at most this many bytes, its terminator not counted (MAX_ARG_STRLEN).
+/// The most bytes that one argument of a process can hold, without its terminator (MAX_ARG_STRLEN).
 constexpr std::size_t longestArgument = 32UL * 4096 - 1;
 
 std::string_view schemeOf(const Platform::URL& url) {
   return url.scheme().value_or("");
 }
 
-/// Why a text of this length does not fit, where it does not: names what carries it and the limit.
+/// Why a text of this length does not fit into the carrier; `nullopt` if it does.
 std::optional<std::string> lengthProblem(std::size_t length, std::size_t limit, const char* carrier) {
   if (length <= limit)
     return std::nullopt;

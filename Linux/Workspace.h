@@ -6,11 +6,11 @@
 #include "DesktopSupport/DesktopEntries/DesktopEntry.h"
 #include "Linux/HandOvers.h"
 #include "Platform/Log.h"
-#include "Platform/Workspace.h"
+#include "Platform/Services.h"
 
 namespace Linux {
 
-/// Opens URLs through the desktop's handler for their scheme. `open` may be called on any thread.
+/// Opens URLs with the desktop's handler for their scheme.
 class Workspace : public Platform::Workspace {
  public:
   explicit Workspace(Platform::Log& log) : log_(log), handOvers_(log) {}

@@ -9,7 +9,7 @@ class Log {
  public:
   virtual ~Log() = default;
 
-  /// Writes one message, whole and as it is. Never fails.
+  /// Writes one message, whole and unchanged. Never fails.
   virtual void write(std::string_view message) = 0;
 };
 

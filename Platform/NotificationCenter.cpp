@@ -33,7 +33,7 @@ std::vector<NotificationCenter::Token> NotificationCenter::interested(const Noti
   return tokens;
 }
 
-/// A copy, as an observer may end its own observation; none for one that has ended.
+/// A copy of the observer, as it may end its own observation; null if it has ended.
 NotificationCenter::Observer NotificationCenter::find(Token token) const {
   const std::lock_guard lock(mutex_);
   const auto found = std::ranges::find(entries_, token, &Entry::token);

@@ -12,35 +12,36 @@ namespace Platform {
 /// Posted by the application when it has handled the launch URLs that it was started with.
 inline constexpr std::string_view applicationDidFinishLaunchingNotification =
     "NSApplicationDidFinishLaunchingNotification";
-/// Posted by the application when it is about to end; it waits for the observers.
+/// Posted by the application when it is about to end. The application waits for the observers.
 inline constexpr std::string_view applicationWillTerminateNotification = "NSApplicationWillTerminateNotification";
 
-/// Something that happened, and to whom (NSNotification).
+/// Something that happened, and the object that posted it (NSNotification).
 struct Notification {
   /// What has happened.
   std::string_view name;
-  /// To whom; only compared, never used. Null where it is nobody.
+  /// The poster, which is only compared, never used; null if there is none.
   const void* object = nullptr;
 };
 
-/// Tells observers what has happened, synchronously and in the order in which they came (NSNotificationCenter). Posted
-/// on the main thread alone; observers come and go on any.
+/// Tells observers what has happened, synchronously and in the order in which they were added (NSNotificationCenter).
+/// Post on the main thread alone; observers may be added and removed on any thread.
 class NotificationCenter {
  public:
   /// Called on the thread that posts.
   using Observer = std::function<void(const Notification&)>;
-  /// An observation, by which to end it.
+  /// Stands for an observation, to end it.
   enum class Token : std::uint64_t {};
 
-  /// Calls `observer` for every notification of this name that `object` posts, or that anyone posts where `object` is
-  /// null. The token ends the observation; dropping it does not.
+  /// Calls `observer` for every notification of this name that `object` posts, or that anyone posts if `object` is
+  /// null. Dropping the token doesn't end the observation: an observer that may outlive what it uses is either removed
+  /// in time or made with `Lifetime::guarded`.
   Token addObserver(std::string_view name, const void* object, Observer observer);
 
-  /// Ends an observation. Does nothing for one that has ended.
+  /// Ends an observation. Does nothing if it has ended.
   void removeObserver(Token token);
 
-  /// Calls the observers of this notification. One that is removed meanwhile is not called any more, one that is added
-  /// meanwhile is not called yet.
+  /// Calls the observers of this notification. An observer that is removed meanwhile is not called any more, and one
+  /// that is added meanwhile is not called yet.
   void post(const Notification& notification);
 
  private:

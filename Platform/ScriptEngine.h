@@ -7,34 +7,34 @@
 
 namespace Platform {
 
-/// What the interpreter says of a script that failed: the error-information dictionary of executeAndReturnError:.
+/// Why a script failed: the error-information dictionary of executeAndReturnError:.
 struct ScriptErrorInformation {
-  /// The language's own number: -2741 for a syntax error, -1728 for an object that isn't there.
+  /// The language's own number: -2741 for a syntax error, -1728 for an object that doesn't exist.
   int number = 0;
   /// What went wrong, in a sentence.
   std::string message;
-  /// Where the part of the source to blame begins, in characters.
+  /// The offset of the faulty part of the source, in characters.
   std::size_t rangeStart = 0;
-  /// How long that part is, in characters.
+  /// The length of that part, in characters.
   std::size_t rangeLength = 0;
-  /// The application that was asked; empty where none was.
+  /// The application that the script talked to; empty if none is involved.
   std::string applicationName = {};
 
-  /// The dictionary in print: its keys and values, one a line, in braces.
+  /// The dictionary as text: a line for each key with its value, in braces.
   [[nodiscard]] std::string description() const;
 };
 
-/// What a script has come to. A failed one has an error; one that succeeds may have a result or none.
+/// The outcome of a script: an error if it failed, otherwise perhaps a result.
 struct ScriptOutcome {
-  /// A result descriptor.
+  /// The value of a script (NSAppleEventDescriptor).
   struct Result {
-    /// The value as text; none in one that cannot be coerced to text.
+    /// The value as text; `nullopt` if it cannot be coerced to text.
     std::optional<std::string> stringValue;
   };
 
-  /// Why the script failed; none where it succeeded.
+  /// Why the script failed; `nullopt` if it succeeded.
   std::optional<ScriptErrorInformation> error = {};
-  /// The value of the last statement; none where that has no value.
+  /// The value of the last statement; `nullopt` if it has none.
   std::optional<Result> result = {};
 };
 
@@ -43,9 +43,8 @@ class ScriptEngine {
  public:
   virtual ~ScriptEngine() = default;
 
-  /// Runs a script to its end on the calling thread, the time that the applications it talks to take included. None
-  /// where no script can be made of the source (it is not text); a source that can't be compiled is an outcome with an
-  /// error.
+  /// Runs a script on the calling thread, and returns when it and the applications that it talks to are done. A source
+  /// that doesn't compile yields an outcome with an error; a source that is not text yields `nullopt`.
   [[nodiscard]] virtual std::optional<ScriptOutcome> run(std::string_view source) = 0;
 };
 

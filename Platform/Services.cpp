@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "Platform/FatalError.h"
+#include "Platform/Error.h"
 
 namespace Platform {
 

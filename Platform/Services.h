@@ -1,27 +1,44 @@
 #pragma once
 
-#include "Platform/Alerts.h"
-#include "Platform/AppleEventManager.h"
+#include "Platform/AppleEvents.h"
 #include "Platform/Application.h"
 #include "Platform/Bundle.h"
-#include "Platform/Clock.h"
 #include "Platform/Log.h"
 #include "Platform/NotificationCenter.h"
 #include "Platform/Queues.h"
 #include "Platform/ScriptEngine.h"
-#include "Platform/Strings.h"
-#include "Platform/Updater.h"
+#include "Platform/Text/URL.h"
 #include "Platform/Windows.h"
-#include "Platform/Workspace.h"
 
 namespace Platform {
 
+/// The desktop as a place where things are opened (NSWorkspace).
+class Workspace {
+ public:
+  virtual ~Workspace() = default;
+
+  /// Gives the URL to the application that is registered for its scheme (openURL:), starting it if needed, and returns
+  /// at once. The hand-over completes before the process ends. If it fails, the log says so, and the caller is not
+  /// told. May be called on any thread.
+  virtual void open(URL url) = 0;
+};
+
+/// Looks for newer versions of the application (SUUpdater). Whether, how often and where is a setting of the main
+/// bundle.
+class Updater {
+ public:
+  virtual ~Updater() = default;
+
+  /// Begins a check and returns (checkForUpdatesInBackground). The updater itself reports what it finds and what fails.
+  virtual void checkForUpdatesInBackground() = 0;
+};
+
 /// All that the layers above need from a desktop. One set is ambient: the application main routine installs this
-/// desktop's, a test fixture a fake one.
+/// desktop's, and a test fixture installs a fake one.
 struct Services {
-  /// The shared application object; null where there is none.
+  /// The shared application object; null if there is none.
   Application* application;
-  /// Each stands for what its class says. @{
+  /// Each is described at its class. @{
   AppleEventManager& appleEvents;
   NotificationCenter& notifications;
   ScriptEngine& scripts;
@@ -34,18 +51,18 @@ struct Services {
   Queues& queues;
   Clock& clock;
   /// @}
-  /// The shared updater; null where there is none.
+  /// The shared updater; null if there is none.
   Updater* updater;
 };
 
-/// The ambient services. Stops the process with a fatal error where none are installed.
+/// The ambient services. Stops the process with a fatal error if none are installed.
 const Services& services();
 
-/// The shared application object (NSApp). Stops the process with a fatal error where there is none.
+/// The shared application object (NSApp). Stops the process with a fatal error if there is none.
 Application& sharedApplication();
 
-/// Makes a set of services the ambient one for as long as the installation lives; then the earlier one is again. The
-/// set must outlive it.
+/// Makes a set of services the ambient one for as long as the installation lives; then the earlier one is ambient
+/// again. The set must outlive the installation.
 class ServicesInstallation {
  public:
   /// Installs the set.

@@ -16,11 +16,11 @@ namespace Platform {
 struct Picture {
   /// In a format that the desktop reads, such as PNG.
   std::filesystem::path file;
-  /// What it shows, for those who can't see it.
+  /// What it shows, for screen readers.
   std::string description;
 };
 
-/// A line that says what the window is about.
+/// A heading: what the window is about.
 struct Heading {
   /// The whole line, in the user's language.
   std::string text;
@@ -40,39 +40,38 @@ struct Link {
   URL url;
 };
 
-/// A whole number that the user can change, typing it or step by step, beside the label that says what it is (NSStepper
-/// with its text field).
+/// A labelled whole number that the user can change by typing or step by step (NSStepper with its text field).
 struct NumberField {
-  /// What the number is for.
+  /// What the number is.
   std::string label;
-  /// The number at first; what lies outside the bounds is taken to the nearer one.
+  /// The number at first. A number outside the bounds becomes the nearer bound.
   int value = 0;
-  /// The smallest number there is to choose.
+  /// The smallest number that the user can enter.
   int minimum = 0;
-  /// The largest number there is to choose. Where it is below the minimum, the minimum is the only number.
+  /// The largest number that the user can enter. If it is less than the minimum, the minimum is the only number.
   int maximum = 0;
-  /// Called on the main thread with each number that the user has changed it to, always within the bounds; may be
-  /// empty. A number that is still being typed when the window closes comes before the window's delegate is told. It
-  /// may close the window, but not destroy it.
+  /// Called on the main thread with each number that the user changes it to, always within the bounds; may be empty. A
+  /// number that is still being typed when the window closes is reported before the window's delegate is told. The
+  /// callback may close the window, but not destroy it.
   std::function<void(int value)> onChange = {};
 
   /// The number closest to `number` that the field can show.
   [[nodiscard]] int nearest(int number) const { return std::max(minimum, std::min(number, maximum)); }
 };
 
-/// One of several options, of which the user selects another, beside the label that says what it is (NSPopUpButton).
+/// A labelled list of options, of which the user selects one (NSPopUpButton).
 struct Choice {
-  /// What is to be chosen.
+  /// What the user chooses.
   std::string label;
-  /// What there is to choose from; where it is empty, the user cannot choose.
+  /// The options. If there are none, the user cannot choose.
   std::vector<std::string> options = {};
-  /// The index of the option selected at first; where there is no such option, the first one is.
+  /// The index of the option selected at first. If there is no such option, the first one is selected.
   std::size_t selected = 0;
-  /// Called on the main thread with the index of each option that the user has changed it to; may be empty. It may
+  /// Called on the main thread with the index of each option that the user selects; may be empty. The callback may
   /// close the window, but not destroy it.
   std::function<void(std::size_t index)> onChange = {};
 
-  /// The index of the option that is shown for `index`.
+  /// `index`, or 0 if there is no such option.
   [[nodiscard]] std::size_t existing(std::size_t index) const { return index < options.size() ? index : 0; }
 };
 

@@ -165,7 +165,7 @@ class Launches {
     if (error) {
       launch.error = error->name + ": " + error->message;
       launch.isUnanswered = error->name == DesktopSupport::BusErrorName::noReply ||
-                            error->message == "The process that was to do it was killed.";
+                            error->message == "The process with the launch was killed.";
       launch.isRefused = error->name == "org.freedesktop.DBus.Error.LimitsExceeded";
     }
     return launch;

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "Platform/Bundle.h"
 #include "Platform/Log.h"
-#include "Platform/Strings.h"
 #include "UpdateCheck/Appcast.h"
 #include "UpdateCheck/UpdateSettings.h"
 #include "UpdateCheck/UpdateState.h"

@@ -10,7 +10,7 @@
 #include <gio/gio.h>
 
 #include "DesktopSupport/Bus/SessionBus.h"
-#include "Platform/Strings.h"
+#include "Platform/Bundle.h"
 #include "Platform/Text/URL.h"
 
 namespace UpdateCheck {

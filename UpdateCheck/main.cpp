@@ -1,5 +1,4 @@
 #include <chrono>
-#include <clocale>
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
@@ -7,16 +6,15 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <utility>
 
 #include <glib.h>
-#include <libintl.h>
 #include <sys/utsname.h>
 
 #include "DesktopSupport/System/FileContents.h"
+#include "DesktopSupport/System/MessageCatalogue.h"
 #include "DesktopSupport/System/SystemLog.h"
+#include "Platform/Bundle.h"
 #include "Platform/Log.h"
-#include "Platform/Strings.h"
 #include "UpdateCheck/UpdateChecker.h"
 #include "UpdateCheck/UpdateSettings.h"
 
@@ -38,28 +36,19 @@ class SystemLog : public Platform::Log {
   void write(std::string_view message) override { DesktopSupport::writeToSystemLog(message); }
 };
 
-/// The catalogues in the bundle, as the C library's gettext finds them:
-/// `locale/<language>/LC_MESSAGES/<identifier>.mo`.
+/// The texts of the catalogues in the bundle: `locale/<language>/LC_MESSAGES/<identifier>.mo`.
 class BundleStrings : public Platform::Strings {
  public:
-  BundleStrings(const path& bundle, std::string identifier) : domain_(std::move(identifier)) {
-    bindtextdomain(domain_.c_str(), (bundle / "locale").c_str());
-    bind_textdomain_codeset(domain_.c_str(), "UTF-8");
-  }
+  BundleStrings(const path& bundle, const std::string& identifier)
+      : catalogue_(DesktopSupport::MessageCatalogue::inUsersLanguage(bundle / "locale", identifier)) {}
 
   [[nodiscard]] std::string localized(std::string_view key, std::string_view /*comment*/) const override {
-    // The user's locale is for this text only: other messages of the libraries go into the log, which is in English.
-    const locale_t users = newlocale(LC_CTYPE_MASK | LC_MESSAGES_MASK, "", nullptr);
-    const locale_t before = uselocale(users);
-    std::string text = dgettext(domain_.c_str(), std::string(key).c_str());
-    uselocale(before);
-    if (users != nullptr)
-      freelocale(users);
-    return text;
+    const auto translation = catalogue_ ? catalogue_->translation(key) : std::nullopt;
+    return translation.value_or(std::string(key));
   }
 
  private:
-  std::string domain_;
+  std::optional<DesktopSupport::MessageCatalogue> catalogue_;
 };
 
 path bundleOfThisProgram() {

@@ -47,16 +47,16 @@ function(deskloom_program name)
   endif()
 endfunction()
 
-# deskloom_module(NAME [USES layer...])
+# deskloom_module(NAME [USES layer...] [LIBRARIES target...])
 #
 # Makes the module NAME.so, which is loaded at run time, from the current folder's module.cpp. Its symbols are hidden unless they
 # are marked as visible.
 function(deskloom_module name)
-  cmake_parse_arguments(MODULE "" "" "USES" ${ARGN})
+  cmake_parse_arguments(MODULE "" "" "USES;LIBRARIES" ${ARGN})
   add_library(${name} MODULE module.cpp)
   target_compile_features(${name} PRIVATE cxx_std_23)
   set_target_properties(${name} PROPERTIES CXX_EXTENSIONS OFF PREFIX "" CXX_VISIBILITY_PRESET hidden)
-  target_link_libraries(${name} PRIVATE ${MODULE_USES} DeskloomWarnings)
+  target_link_libraries(${name} PRIVATE ${MODULE_USES} ${MODULE_LIBRARIES} DeskloomWarnings)
   target_link_options(${name} PRIVATE -Wl,--exclude-libs,ALL)
   if(CMAKE_BUILD_TYPE STREQUAL "Release")
     target_link_options(${name} PRIVATE -static-libstdc++ -static-libgcc)

@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 
-#include "Platform/Clock.h"
+#include "Platform/Queues.h"
 
 namespace DeskloomSDK {
 

@@ -14,10 +14,9 @@
 #include "DeskloomSDK/Host/DeskloomAPI.h"
 #include "DeskloomSDK/JSON/JSONText.h"
 #include "DeskloomSDK/JSON/StrictDecoding.h"
-#include "Platform/Alerts.h"
 #include "Platform/Error.h"
-#include "Platform/FatalError.h"
 #include "Platform/Services.h"
+#include "Platform/Windows.h"
 
 namespace DeskloomSDK {
 

@@ -5,7 +5,7 @@
 
 #include "DeskloomSDK/Host/AppleScriptRunner.h"
 #include "DeskloomSDK/Host/SDKError.h"
-#include "Platform/FatalError.h"
+#include "Platform/Error.h"
 #include "Platform/Services.h"
 
 namespace DeskloomSDK {

@@ -21,6 +21,24 @@ GVariant* stringOf(std::string text) {
 
 }  // namespace
 
+const char* const applicationIntrospection = R"(
+  <node>
+    <interface name="org.freedesktop.Application">
+      <method name="Activate">
+        <arg type="a{sv}" name="platform_data" direction="in"/>
+      </method>
+      <method name="Open">
+        <arg type="as" name="uris" direction="in"/>
+        <arg type="a{sv}" name="platform_data" direction="in"/>
+      </method>
+      <method name="ActivateAction">
+        <arg type="s" name="action_name" direction="in"/>
+        <arg type="av" name="parameter" direction="in"/>
+        <arg type="a{sv}" name="platform_data" direction="in"/>
+      </method>
+    </interface>
+  </node>)";
+
 bool isApplicationName(const std::string& text) {
   return g_dbus_is_name(text.c_str()) != FALSE && g_dbus_is_unique_name(text.c_str()) == FALSE;
 }
@@ -42,6 +60,17 @@ GVariant* openArguments(std::string url, GVariant* platformData) {
 
 GVariant* activateArguments(GVariant* platformData) {
   return g_variant_new("(@a{sv})", orNone(platformData));
+}
+
+std::vector<std::string> openedURLs(GVariant* arguments) {
+  std::vector<std::string> urls;
+  const VariantHandle texts(g_variant_get_child_value(arguments, 0));
+  GVariantIter iterator;
+  g_variant_iter_init(&iterator, texts.get());
+  const gchar* text = nullptr;
+  while (g_variant_iter_next(&iterator, "&s", &text))
+    urls.emplace_back(text);
+  return urls;
 }
 
 }  // namespace DesktopSupport

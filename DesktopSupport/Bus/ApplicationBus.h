@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "DesktopSupport/System/GLibHandles.h"
 
@@ -10,6 +11,9 @@ namespace DesktopSupport {
 
 /// The D-Bus interface by which applications are activated and given URLs to open.
 inline constexpr const char* applicationInterface = "org.freedesktop.Application";
+
+/// The interface as introspection XML, for a program that exports it.
+extern const char* const applicationIntrospection;
 
 /// Whether the text can be the name that an application has on the bus, such as com.example.Some-App.
 bool isApplicationName(const std::string& text);
@@ -27,5 +31,8 @@ inline constexpr std::size_t longestOpenURL = (64UL << 20) - 5;
 /// not copied.
 GVariant* openArguments(std::string url, GVariant* platformData = nullptr);
 GVariant* activateArguments(GVariant* platformData = nullptr);
+
+/// The URLs in the arguments of a call of Open.
+std::vector<std::string> openedURLs(GVariant* arguments);
 
 }  // namespace DesktopSupport

@@ -7,7 +7,7 @@
 #include "Configs.h"
 #include "DeskloomSDK/PluginDelegate.h"
 #include "OpenWindows.h"
-#include "Platform/Window.h"
+#include "Platform/Windows.h"
 
 namespace RecentFiles {
 

@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "Platform/Window.h"
+#include "Platform/Windows.h"
 
 namespace RecentFiles {
 

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "Configs.h"
-#include "Platform/Window.h"
+#include "Platform/Windows.h"
 
 namespace RecentFiles {
 

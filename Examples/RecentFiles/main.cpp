@@ -1,7 +1,7 @@
 #include <memory>
 
 #include "AppDelegate.h"
-#include "Platform/ApplicationMain.h"
+#include "Platform/Application.h"
 
 int main(int argumentCount, char** arguments) {
   return Platform::applicationMain(argumentCount, arguments,

@@ -5,7 +5,7 @@
 
 #include "BrimlaceTextView/Lines.h"
 #include "Gleanery/Providers/AppleScriptRunner.h"
-#include "Platform/FatalError.h"
+#include "Platform/Error.h"
 
 namespace Gleanery {
 

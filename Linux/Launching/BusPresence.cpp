@@ -1,10 +1,14 @@
 #include "Linux/Launching/BusPresence.h"
 
+#include <algorithm>
+#include <atomic>
+#include <cstdint>
+#include <iterator>
+#include <string_view>
 #include <utility>
 
 #include "DesktopSupport/Bus/ApplicationBus.h"
 #include "DesktopSupport/System/GLibHandles.h"
-#include "Linux/Launching/LaunchCall.h"
 
 namespace Linux {
 
@@ -12,23 +16,88 @@ namespace {
 
 using DesktopSupport::BusMethod;
 using DesktopSupport::NodeInfoHandle;
+using DesktopSupport::ObjectHandle;
+using DesktopSupport::VariantHandle;
+using std::chrono::microseconds;
 
-constexpr const char* introspection =
-    "<node>"
-    "  <interface name='org.freedesktop.Application'>"
-    "    <method name='Activate'><arg type='a{sv}' direction='in'/></method>"
-    "    <method name='Open'><arg type='as' direction='in'/><arg type='a{sv}' direction='in'/></method>"
-    "    <method name='ActivateAction'>"
-    "      <arg type='s' direction='in'/><arg type='av' direction='in'/><arg type='a{sv}' direction='in'/>"
-    "    </method>"
-    "  </interface>"
-    "</node>";
+/// The key of the deadline in the platform data: in microseconds on the monotonic clock, which all processes share.
+constexpr const char* deadlineKey = "deskloom-begin-by";
+
+/// The caller of one invocation.
+class BusCaller : public LaunchCaller {
+ public:
+  BusCaller(GDBusMethodInvocation* invocation, bool helpsItself) : invocation_(invocation), helpsItself_(helpsItself) {}
+  BusCaller(const BusCaller&) = delete;
+  BusCaller& operator=(const BusCaller&) = delete;
+  ~BusCaller() override { BusCaller::accept(); }
+
+  void accept() override {
+    if (GDBusMethodInvocation* const unanswered = take())
+      g_dbus_method_invocation_return_value(unanswered, nullptr);
+  }
+  void refuse(const std::string& reason) override {
+    if (GDBusMethodInvocation* const unanswered = take())
+      g_dbus_method_invocation_return_error_literal(unanswered, G_DBUS_ERROR, G_DBUS_ERROR_FAILED, reason.c_str());
+  }
+  [[nodiscard]] bool helpsItself() const override { return helpsItself_; }
+
+ private:
+  /// Takes the invocation with a reference for the answer to consume; null if it was answered.
+  GDBusMethodInvocation* take() {
+    return isAnswered_.exchange(true) ? nullptr : static_cast<GDBusMethodInvocation*>(g_object_ref(invocation_.get()));
+  }
+
+  ObjectHandle<GDBusMethodInvocation> invocation_;
+  bool helpsItself_;
+  std::atomic<bool> isAnswered_ = false;
+};
+
+/// The launch URLs that a call asks for; one `nullopt` for a call other than Open.
+std::vector<std::optional<std::string>> requestedURLs(std::string_view method, GVariant* arguments) {
+  if (method != "Open")
+    return {std::nullopt};
+  std::vector<std::string> urls = DesktopSupport::openedURLs(arguments);
+  return {std::make_move_iterator(urls.begin()), std::make_move_iterator(urls.end())};
+}
+
+std::optional<microseconds> callersDeadline(GVariant* arguments) {
+  const VariantHandle data(g_variant_get_child_value(arguments, g_variant_n_children(arguments) - 1));
+  std::int64_t time = 0;
+  if (g_variant_lookup(data.get(), deadlineKey, "x", &time) == FALSE)
+    return std::nullopt;
+  return microseconds(time);
+}
 
 BusMethod busMethod(const char* name) {
   return {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", name};
 }
 
 }  // namespace
+
+std::vector<Launch> launchesOf(GDBusMethodInvocation* invocation, Launch::Clock::time_point now) {
+  GVariant* const arguments = g_dbus_method_invocation_get_parameters(invocation);
+  auto requested = requestedURLs(g_dbus_method_invocation_get_method_name(invocation), arguments);
+  const auto deadline = callersDeadline(arguments);
+  // A caller of several launches at once cannot be told which of them are refused.
+  const auto caller = std::make_shared<BusCaller>(invocation, deadline && requested.size() == 1);
+  // The caller's deadline may be any number, so it is limited before it becomes a time point.
+  const auto nowInMicroseconds = std::chrono::duration_cast<microseconds>(now.time_since_epoch());
+  const microseconds wait =
+      std::clamp(deadline.value_or(microseconds::max()), nowInMicroseconds, nowInMicroseconds + longestWait) -
+      nowInMicroseconds;
+  std::vector<Launch> launches;
+  for (auto& url : requested)
+    launches.push_back({.url = std::move(url), .beginBy = now + wait, .caller = caller});
+  return launches;
+}
+
+GVariant* dataWithDeadline(Launch::Clock::time_point beginBy) {
+  const auto time = std::chrono::duration_cast<microseconds>(beginBy.time_since_epoch());
+  GVariantBuilder data;
+  g_variant_builder_init(&data, G_VARIANT_TYPE("a{sv}"));
+  g_variant_builder_add(&data, "{sv}", deadlineKey, g_variant_new_int64(time.count()));
+  return g_variant_builder_end(&data);
+}
 
 BusPresence::BusPresence(DesktopSupport::SessionBus bus, std::string identifier, GMainContext* context,
                          TakeLaunch takeLaunch)
@@ -46,7 +115,7 @@ BusPresence::~BusPresence() {
 
 void BusPresence::exportObject(GMainContext* context) {
   static constexpr GDBusInterfaceVTable vtable = {&BusPresence::methodCalled, nullptr, nullptr, {}};
-  const NodeInfoHandle node(g_dbus_node_info_new_for_xml(introspection, nullptr));
+  const NodeInfoHandle node(g_dbus_node_info_new_for_xml(DesktopSupport::applicationIntrospection, nullptr));
   g_main_context_push_thread_default(context);
   registration_ = g_dbus_connection_register_object(bus_.connection(), objectPath_.c_str(), node->interfaces[0],
                                                     &vtable, this, nullptr, nullptr);
@@ -61,7 +130,7 @@ bool BusPresence::acquireName() {
   guint32 answer = 0;
   if (reply)
     g_variant_get(reply->get(), "(u)", &answer);
-  mayOwnName_ = !reply || answer == primaryOwner;  // an answer that is late may still be a yes
+  mayOwnName_ = !reply || answer == primaryOwner;  // a late answer may still be a yes
   return answer == primaryOwner;
 }
 
@@ -69,7 +138,7 @@ bool BusPresence::forward(std::vector<std::string>& launchURLs) const {
   const auto data = [] { return dataWithDeadline(Launch::Clock::now() + beginTime); };
   if (launchURLs.empty())
     return deliver("Activate", DesktopSupport::activateArguments(data()));
-  // One by one: an owner that is too busy, or about to go, is so for each.
+  // One by one, as the owner may be too busy for one of them, or end in between.
   while (!launchURLs.empty()) {
     if (!deliver("Open", DesktopSupport::openArguments(launchURLs.front(), data())))
       return false;
@@ -93,7 +162,7 @@ void BusPresence::releaseName() {
 }
 
 void BusPresence::flush() const {
-  // Answered after everything that was sent before it.
+  // The bus answers this after everything that was sent before it.
   [[maybe_unused]] const auto answer = bus_.call(busMethod("GetId"), nullptr, nullptr, answerTime);
 }
 

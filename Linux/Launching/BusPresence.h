@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <vector>
@@ -7,21 +8,31 @@
 #include <gio/gio.h>
 
 #include "DesktopSupport/Bus/SessionBus.h"
-#include "Linux/Launching/Launch.h"
+#include "Linux/Launching/LaunchQueue.h"
 
 namespace Linux {
 
-/// The application on the session bus: the owner of its name, and the object at which org.freedesktop.Application
-/// delivers.
+/// How long a launch that came by the bus waits for the main thread. A main thread that is busy for longer may be busy
+/// for minutes.
+inline constexpr std::chrono::milliseconds longestWait{500};
+
+/// The launches that a call of org.freedesktop.Application asks for: one for each URL, and one without a URL for
+/// Activate and ActivateAction. Takes over the invocation, which is answered after all of them were answered.
+std::vector<Launch> launchesOf(GDBusMethodInvocation* invocation, Launch::Clock::time_point now = Launch::Clock::now());
+
+/// The platform data of a caller that does the launch itself if it hears of no success in time: the time by which the
+/// launch must begin. Floating; of type a{sv}.
+GVariant* dataWithDeadline(Launch::Clock::time_point beginBy);
+
+/// The application on the session bus: it owns the name, and exports the object with org.freedesktop.Application.
 class BusPresence {
  public:
-  /// Is given each launch that the bus delivers.
+  /// Called with each launch that the bus delivers.
   using TakeLaunch = std::function<void(Launch launch)>;
 
-  /// How long the bus and another process of the application are waited for.
+  /// The timeout of calls to the bus and to another process of the application.
   static constexpr std::chrono::seconds answerTime{2};
-  /// How long another process may take until it begins with what is forwarded; the rest of `answerTime` is for its
-  /// answer.
+  /// How long another process may take to begin with a forwarded launch. The rest of `answerTime` is for its answer.
   static constexpr std::chrono::milliseconds beginTime{750};
 
   /// The presence of the application `identifier`, a well-known bus name. Calls `takeLaunch` from `context`.
@@ -30,19 +41,20 @@ class BusPresence {
   BusPresence& operator=(const BusPresence&) = delete;
   ~BusPresence();
 
-  /// Takes the name and begins to be delivered to. False where another process has it, or the bus refuses it or does
+  /// Takes the name; launches arrive from then on. False if another process has the name, or if the bus refuses or does
   /// not answer.
   [[nodiscard]] bool acquireName();
 
-  /// Delivers the URLs (none: an activation) to the process that has the name. False if no process has it any more, or
-  /// the one that has it is too busy. Afterwards `launchURLs` holds only the URLs that were not taken.
+  /// Delivers the URLs to the process that has the name, or activates it if there are no URLs. False if no process has
+  /// the name any more, or the one that has it is too busy. Afterwards `launchURLs` holds only the URLs that it did not
+  /// take.
   [[nodiscard]] bool forward(std::vector<std::string>& launchURLs) const;
 
-  /// Gives up the name, so that whatever comes later starts a fresh process. Returns when all that the bus had sent
-  /// here before is waiting in the context.
+  /// Gives up the name, so that later launches start a fresh process. When this returns, all that the bus had sent
+  /// before is waiting in the context.
   void releaseName();
 
-  /// Returns when the bus has all that was answered.
+  /// Returns when the bus has received all answers.
   void flush() const;
 
  private:

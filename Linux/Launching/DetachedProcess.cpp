@@ -8,14 +8,14 @@ namespace Linux {
 
 namespace {
 
-/// How a process is started that has nothing to do with this one any more: neither its session nor its streams.
+/// The attributes of a process that shares neither the session nor the streams of this one.
 class DetachedSpawn {
  public:
   explicit DetachedSpawn(int standardInput) {
     posix_spawnattr_init(&attributes_);
     posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSID);
     posix_spawn_file_actions_init(&actions_);
-    // First, as the descriptor may be one of the others.
+    // Before the other streams, as the descriptor may be one of them.
     if (standardInput >= 0)
       posix_spawn_file_actions_adddup2(&actions_, standardInput, STDIN_FILENO);
     else

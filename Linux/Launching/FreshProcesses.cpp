@@ -13,7 +13,7 @@
 
 #include "DesktopSupport/System/FileDescriptor.h"
 #include "Linux/Launching/DetachedProcess.h"
-#include "Linux/Launching/LaunchURLStream.h"
+#include "Linux/Launching/LaunchArguments.h"
 
 namespace Linux {
 
@@ -53,7 +53,7 @@ void attach(GSource* source, GMainContext* context, GSourceFunc callback, gpoint
 
 }  // namespace
 
-/// One that was started: counts, and its callers wait, until it has ended, or for as long as a launch may take.
+/// A process that was started. It counts, and its callers wait, until it has ended or `longestLaunch` has passed.
 class FreshProcesses::Process {
  public:
   Process(FreshProcesses& owner, pid_t id, std::vector<Launch> launches)
@@ -74,7 +74,7 @@ class FreshProcesses::Process {
     }
   }
 
-  /// Whether somebody waits for its end.
+  /// Whether a caller waits for its end.
   [[nodiscard]] bool hasCallers() const {
     return std::ranges::any_of(launches_, [](const Launch& launch) { return launch.caller != nullptr; });
   }
@@ -82,9 +82,9 @@ class FreshProcesses::Process {
  private:
   static void ended(GPid /*id*/, gint status, gpointer self) {
     const auto* process = static_cast<Process*>(self);
-    // An abort is how a launch ends that the application has no handler for.
+    // A launch for which the application has no handler ends in an abort, so that counts as done.
     if (WIFSIGNALED(status) && WTERMSIG(status) != SIGABRT)
-      refuse(process->launches_, "The process that was to do it was killed.");
+      refuse(process->launches_, "The process with the launch was killed.");
     process->owner_.remove(process);
   }
   static gboolean tookLong(gpointer self) {

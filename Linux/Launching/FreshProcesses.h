@@ -10,32 +10,32 @@
 
 #include <glib.h>
 
-#include "Linux/Launching/Launch.h"
+#include "Linux/Launching/LaunchQueue.h"
 #include "Platform/Log.h"
 
 namespace Linux {
 
-/// Processes of this application that do launches which this one can't: each is the running executable anew, in a
-/// session of its own. Some at a time, so that a thousand launches don't make a thousand processes at once; the others
-/// wait. For the thread of its context alone.
+/// Starts processes of this application for launches that this process can't do itself. Each one runs the same
+/// executable in a session of its own. Their number is limited, so that a thousand launches don't start a thousand
+/// processes at once; the others wait. For the thread of its context alone.
 class FreshProcesses {
  public:
-  /// How many launches may be under way at a time, and for how long one counts at most: longer than any launch takes
-  /// that doesn't wait for somebody.
+  /// How many processes may be under way at a time, and how long one counts at most. A launch takes longer than that
+  /// only if it waits for the user or for another program.
   static constexpr std::size_t mostAtOnce = 32;
   static constexpr std::chrono::milliseconds longestLaunch{2500};
 
-  /// Logs what could not be started.
+  /// Logs a process that could not be started.
   FreshProcesses(GMainContext* context, Platform::Log& log);
   FreshProcesses(const FreshProcesses&) = delete;
   FreshProcesses& operator=(const FreshProcesses&) = delete;
   ~FreshProcesses();
 
-  /// Has a process of its own do these launches, one after the other. Their callers are let go when it has ended, or
+  /// Starts a process that does these launches one after the other. Their callers are accepted when it has ended or
   /// after `longestLaunch`, and refused if it cannot be started or is killed.
   void start(std::vector<Launch> launches);
 
-  /// Runs the context until all have been started and no caller waits any more.
+  /// Runs the context until all processes have been started and no caller waits any more.
   void finish();
 
  private:

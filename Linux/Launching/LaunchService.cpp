@@ -30,7 +30,7 @@ void stopTimer(GSource*& timer) {
   }
 }
 
-/// In microseconds on GLib's monotonic clock, which is the standard library's too.
+/// The time in microseconds on GLib's monotonic clock, which is the standard library's too.
 gint64 readyTime(Launch::Clock::time_point time) {
   return std::chrono::ceil<std::chrono::microseconds>(time.time_since_epoch()).count();
 }
@@ -120,23 +120,24 @@ void LaunchService::passOnAll() {
   });
 }
 
-/// Takes all that the bus has sent here already.
+/// Receives everything that the bus has sent already.
 void LaunchService::receiveAll() {
   while (g_main_context_iteration(context_.get(), /*may_block=*/FALSE) != FALSE) {
   }
 }
 
 void LaunchService::passOn(std::vector<Launch> launches) {
-  std::vector<Launch> ofTheCommandLine;
-  for (Launch& launch : launches)
+  std::vector<Launch> fromCommandLine;
+  for (Launch& launch : launches) {
     if (launch.caller && launch.caller->helpsItself())
       launch.caller->refuse("The application is busy.");
     else if (launch.caller)
       freshProcesses_.start({std::move(launch)});
     else
-      ofTheCommandLine.push_back(std::move(launch));
-  if (!ofTheCommandLine.empty())
-    freshProcesses_.start(std::move(ofTheCommandLine));
+      fromCommandLine.push_back(std::move(launch));
+  }
+  if (!fromCommandLine.empty())
+    freshProcesses_.start(std::move(fromCommandLine));
 }
 
 void LaunchService::finishPassingOn() {
@@ -146,7 +147,7 @@ void LaunchService::finishPassingOn() {
 }
 
 void LaunchService::leaveBeforeAbort() {
-  queue_.finish();  // what is in hand has begun, and nobody does it again
+  queue_.finish();  // the launch in hand has begun, so it is not done again
   stopTimer(nameTimer_);
   if (presence_)
     presence_->releaseName();

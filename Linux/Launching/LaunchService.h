@@ -12,51 +12,51 @@
 
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/GLibHandles.h"
-#include "Linux/Launching/AbortNotice.h"
 #include "Linux/Launching/BusPresence.h"
 #include "Linux/Launching/FreshProcesses.h"
 #include "Linux/Launching/LaunchQueue.h"
+#include "Linux/Launching/Signals.h"
 #include "Platform/Log.h"
 
 namespace Linux {
 
-/// Sees to it that each launch which comes by the bus is done, whatever the main thread is busy with: a thread of its
-/// own takes it, offers it to the main thread, and gives it to a fresh process if the main thread does not begin with
-/// it in time. If the caller does refused launches itself, it is refused instead.
+/// Has each launch that comes by the bus done, even if the main thread is busy. A thread of its own receives the
+/// launch, offers it to the main thread, and gives it to a fresh process if the main thread does not begin with it in
+/// time. A caller that does refused launches itself is refused instead.
 ///
-/// Its operations are for the main thread.
+/// The operations are for the main thread.
 class LaunchService {
  public:
-  /// Most processes that have one launch to do end within this time. Whoever gave it to them waits for their end, and
-  /// would wait longer if they received other launches under the name.
+  /// How long `acquireNameLater` waits. Most processes with one launch to do end within this time. The caller of that
+  /// launch waits for their end, and would wait longer if they received other launches under the name.
   static constexpr std::chrono::seconds timeWithoutName{1};
 
-  /// Offers the launches to the main thread in `queue`. After each one `wakeMainThread` is called, on the service's
+  /// Offers the launches to the main thread in `queue`, and calls `wakeMainThread` after each one, on the service's
   /// thread.
   LaunchService(LaunchQueue& queue, std::function<void()> wakeMainThread, Platform::Log& log);
   LaunchService(const LaunchService&) = delete;
   LaunchService& operator=(const LaunchService&) = delete;
-  /// Passes on what has come meanwhile.
+  /// Passes on the launches that have come meanwhile.
   ~LaunchService();
 
-  /// Takes the application's name on the bus; what comes waits until `start`. False if it can't be had.
+  /// Takes the application's name on the bus. Launches wait until `start`. False if the name can't be had.
   [[nodiscard]] bool acquireName(DesktopSupport::SessionBus bus, const std::string& identifier);
 
-  /// Takes the name, if it is free, after `timeWithoutName`, once the service has been started.
+  /// Takes the name `timeWithoutName` from now, if it is free and the service was started.
   void acquireNameLater(const std::string& identifier);
 
-  /// Hands the launch URLs to the process that has the name, as `BusPresence::forward` does.
+  /// Delivers the launch URLs to the process that has the name; see `BusPresence::forward`.
   [[nodiscard]] bool forward(std::vector<std::string>& launchURLs) const { return presence_->forward(launchURLs); }
 
-  /// Begins to take what the bus delivers. If the process aborts from here on, the launches that wait are given to a
-  /// fresh process before.
+  /// Begins to receive launches. If the process aborts from here on, the launches that wait are given to fresh
+  /// processes first.
   void start();
 
-  /// Gives up the name. When this returns, all that was sent to it has come.
+  /// Gives up the name. When this returns, all launches that were sent to it have been received.
   void releaseName();
 
-  /// Gives all that waits to fresh processes. When this returns, they have been started and the callers have their
-  /// answers.
+  /// Gives all launches that wait to fresh processes. When this returns, these have been started and the callers were
+  /// answered.
   void passOnAll();
 
  private:

@@ -6,7 +6,7 @@
 
 namespace Platform::Fake {
 
-/// What happened on a desktop of fakes, in one order across its services. Each event is a line:
+/// What happened on a desktop of fakes, in one order across its services. Each event is one line of text:
 ///
 /// | line                   | what happened                            |
 /// |------------------------|------------------------------------------|

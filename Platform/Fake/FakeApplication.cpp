@@ -7,47 +7,44 @@
 namespace Platform::Fake {
 
 FakeApplication::FakeApplication(AppleEventManager& appleEvents, NotificationCenter& notifications, Events* events)
-    : appleEvents_(appleEvents), notifications_(notifications), events_(events) {}
+    : LaunchedApplication(appleEvents, notifications), events_(events) {
+  for (const auto name : {applicationDidFinishLaunchingNotification, applicationWillTerminateNotification})
+    notifications.addObserver(name, this, lifetime_.guarded([this](const Notification& notification) {
+      note(events_, "post " + std::string(notification.name));
+      if (notification.name == applicationWillTerminateNotification)
+        ++terminations;
+    }));
+}
 
 void FakeApplication::terminate() {
   note(events_, "terminate");
   ++terminateRequests;
-  if (!delivering_)
-    postWillTerminateOnce();
+  LaunchedApplication::terminate();
+  if (!isDelivering())
+    postWillTerminate();
 }
 
 void FakeApplication::deliver(std::string launchURL) {
   launchURLs_.push_back(std::move(launchURL));
-  if (delivering_)
+  if (isDelivering())
     return;
-  delivering_ = true;
-  while (!launchURLs_.empty() && terminateRequests == 0) {
-    const AppleEvent event = AppleEvent::getURL(std::move(launchURLs_.front()));
+  LaunchedApplication::deliver([this]() -> std::optional<Launch> {
+    if (launchURLs_.empty())
+      return std::nullopt;
+    Launch next{.url = std::move(launchURLs_.front())};
     launchURLs_.pop_front();
-    appleEvents_.dispatch(event);
-  }
-  delivering_ = false;
+    return next;
+  });
   std::ranges::move(launchURLs_, std::back_inserter(undelivered));
   launchURLs_.clear();
-  if (terminateRequests > 0)
-    postWillTerminateOnce();
+  if (isTerminating())
+    postWillTerminate();
 }
 
-void FakeApplication::finishLaunching() {
-  if (terminateRequests == 0)
-    post(applicationDidFinishLaunchingNotification);
-}
-
-void FakeApplication::post(std::string_view name) {
-  note(events_, "post " + std::string(name));
-  notifications_.post({name, this});
-}
-
-void FakeApplication::postWillTerminateOnce() {
-  if (terminations > 0)
-    return;
-  ++terminations;
-  post(applicationWillTerminateNotification);
+void FakeApplication::restart() {
+  LaunchedApplication::restart();
+  terminateRequests = 0;
+  terminations = 0;
 }
 
 }  // namespace Platform::Fake

@@ -78,13 +78,14 @@ void FakeQueues::runMainQueue() {
   }
 }
 
-/// Waits until everything in the background sleeps or has ended.
+/// Waits until all background work sleeps or has ended.
 void FakeQueues::settle() {
   std::unique_lock lock(mutex_);
   changed_.wait(lock, [this] { return running_ == 0; });
 }
 
-/// The one that wakes first, of several at the same time the one that went to sleep first; none where all sleep on.
+/// The first sleeper to wake, and of several at the same time the one that went to sleep first; null if none wakes by
+/// then.
 FakeQueues::Sleeper* FakeQueues::nextSleeper(Seconds until) {
   const std::lock_guard lock(mutex_);
   const auto next = std::ranges::min_element(sleepers_, {}, &Sleeper::wakeTime);

@@ -1,6 +1,36 @@
 #include "Platform/Fake/FakeServices.h"
 
+#include <utility>
+
 namespace Platform::Fake {
+
+std::optional<ScriptOutcome> FakeScriptEngine::run(std::string_view source) {
+  sources.emplace_back(source);
+  note(events_, "script " + sources.back());
+  return answer ? answer(source) : ScriptOutcome{};
+}
+
+void FakeScriptEngine::answerText(std::string text) {
+  answer = [text = std::move(text)](std::string_view) { return ScriptOutcome{.result = ScriptOutcome::Result{text}}; };
+}
+
+void FakeScriptEngine::answerNothing() {
+  answer = nullptr;
+}
+
+void FakeScriptEngine::answerWithoutText() {
+  answer = [](std::string_view) { return ScriptOutcome{.result = ScriptOutcome::Result{}}; };
+}
+
+void FakeScriptEngine::fail(int number, std::string message) {
+  answer = [number, message = std::move(message)](std::string_view) {
+    return ScriptOutcome{.error = ScriptErrorInformation{.number = number, .message = message}};
+  };
+}
+
+void FakeScriptEngine::refuse() {
+  answer = [](std::string_view) { return std::nullopt; };
+}
 
 void FakeWorkspace::open(URL url) {
   const std::lock_guard lock(mutex_);
@@ -9,7 +39,7 @@ void FakeWorkspace::open(URL url) {
 }
 
 void FakeAlerts::runModal(const Alert& alert) {
-  if (application_ != nullptr && application_->terminateRequests > 0)
+  if (application_ != nullptr && application_->isTerminating())
     return note(events_, "no alert " + alert.messageText);
   shown.push_back(alert);
   note(events_, "alert " + alert.messageText);

@@ -6,27 +6,54 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Platform/Fake/Events.h"
 #include "Platform/Fake/FakeApplication.h"
-#include "Platform/Fake/FakeClock.h"
 #include "Platform/Fake/FakeQueues.h"
-#include "Platform/Fake/FakeScriptEngine.h"
 #include "Platform/Fake/FakeWindows.h"
 #include "Platform/Services.h"
 
 namespace Platform::Fake {
 
-/// Notes the URLs that are opened, on any thread.
+/// An interpreter that records the sources of its scripts and answers as the test has told it to.
+class FakeScriptEngine : public ScriptEngine {
+ public:
+  /// Adds the scripts to `events` too, unless that is null.
+  explicit FakeScriptEngine(Events* events = nullptr) : events_(events) {}
+
+  std::optional<ScriptOutcome> run(std::string_view source) override;
+
+  /// Answers every script with this text.
+  void answerText(std::string text);
+  /// Answers every script with success, without a result.
+  void answerNothing();
+  /// Answers every script with a result that has no text.
+  void answerWithoutText();
+  /// Fails every script with this error.
+  void fail(int number, std::string message);
+  /// Refuses every source, as if it were not text.
+  void refuse();
+
+  /// Answers a script. If it is empty, as at first, every script succeeds without a result.
+  std::function<std::optional<ScriptOutcome>(std::string_view source)> answer;
+  /// The sources run so far.
+  std::vector<std::string> sources;
+
+ private:
+  Events* events_;
+};
+
+/// Records the URLs that are opened, on any thread.
 class FakeWorkspace : public Workspace {
  public:
-  /// Adds them to `events` as well, unless that is null.
+  /// Adds them to `events` too, unless that is null.
   explicit FakeWorkspace(Events* events = nullptr) : events_(events) {}
 
   void open(URL url) override;
 
-  /// Their texts, in order.
+  /// The texts of the URLs, in order.
   std::vector<std::string> opened;
 
  private:
@@ -34,11 +61,11 @@ class FakeWorkspace : public Workspace {
   std::mutex mutex_;
 };
 
-/// Notes the alerts that are shown. Each is dismissed at once, or when `whileShown` returns.
+/// Records the alerts that are shown. Each is dismissed at once, or when `whileShown` returns.
 class FakeAlerts : public Alerts {
  public:
-  /// Adds them to `events` as well, unless that is null. Shows none once this application, if there is one, was asked
-  /// to terminate.
+  /// Adds them to `events` too, unless that is null. Shows none after this application, if there is one, was asked to
+  /// terminate.
   explicit FakeAlerts(Events* events = nullptr, const FakeApplication* application = nullptr)
       : events_(events), application_(application) {}
 
@@ -46,8 +73,7 @@ class FakeAlerts : public Alerts {
 
   /// In order.
   std::vector<Alert> shown;
-  /// What happens while an alert is up: a test looks at the application then, or delivers it a launch URL. May be
-  /// empty.
+  /// Called while an alert is shown; may be empty. A test can look at the application then, or deliver a launch URL.
   std::function<void(const Alert& alert)> whileShown;
 
  private:
@@ -55,33 +81,33 @@ class FakeAlerts : public Alerts {
   const FakeApplication* application_;
 };
 
-/// A bundle that is where the test says.
+/// A bundle with the path and the information that the test sets.
 class FakeBundle : public Bundle {
  public:
   [[nodiscard]] std::filesystem::path path() const override { return bundlePath; }
   [[nodiscard]] std::optional<std::string> information(std::string_view key) const override;
 
-  /// Where it is; nothing need be there.
+  /// Its path, which need not exist.
   std::filesystem::path bundlePath = "/plugins/com.example.Plugin";
-  /// What it says of itself.
+  /// Its information, by key.
   std::map<std::string, std::string, std::less<>> entries = {{"Identifier", "com.example.Plugin"}};
 };
 
-/// Translations that the test has made.
+/// Translations that the test sets.
 class FakeStrings : public Strings {
  public:
   [[nodiscard]] std::string localized(std::string_view key, std::string_view comment) const override;
 
-  /// The translation of a key; a key that has none is its own.
+  /// The translations by key. A key without one is shown itself.
   std::map<std::string, std::string, std::less<>> translations;
-  /// The comments that went with the keys looked up.
+  /// The comments of the keys that were looked up.
   mutable std::map<std::string, std::string, std::less<>> comments;
 };
 
-/// Counts the checks that are begun.
+/// Counts the checks for updates.
 class FakeUpdater : public Updater {
  public:
-  /// Adds them to `events` as well, unless that is null.
+  /// Adds them to `events` too, unless that is null.
   explicit FakeUpdater(Events* events = nullptr) : events_(events) {}
 
   void checkForUpdatesInBackground() override;
@@ -93,10 +119,10 @@ class FakeUpdater : public Updater {
   Events* events_;
 };
 
-/// Notes what is logged.
+/// Records the messages that are logged.
 class FakeLog : public Log {
  public:
-  /// Adds it to `events` as well, unless that is null.
+  /// Adds them to `events` too, unless that is null.
   explicit FakeLog(Events* events = nullptr) : events_(events) {}
 
   void write(std::string_view message) override;
@@ -108,13 +134,13 @@ class FakeLog : public Log {
   Events* events_;
 };
 
-/// A whole desktop of fakes, for testing what runs on `Platform` without one. It is the ambient one for as long as it
-/// lives; its fields record what was asked of it and can be told what to answer.
+/// A whole desktop of fakes, for tests of code that runs on `Platform`. Its services are the ambient ones for as long
+/// as it lives. Its fields record what they were asked for, and a test can set what they answer.
 class FakeServices {
  public:
   /// What happened, in one order across the services. A test may clear it.
   Events events;
-  /// The services; each is what its class says. @{
+  /// The services; each is described at its class. @{
   AppleEventManager appleEvents;
   NotificationCenter notifications;
   FakeApplication application{appleEvents, notifications, &events};
@@ -129,7 +155,7 @@ class FakeServices {
   FakeQueues queues{clock, &application};
   FakeUpdater updater{&events};
   /// @}
-  /// What `services()` yields; a test may take the application or the updater away.
+  /// What `services()` yields. A test may set the application or the updater to null.
   Services services{&application, appleEvents, notifications, scripts, workspace, alerts,  windows,
                     bundle,       strings,     log,           queues,  clock,     &updater};
 

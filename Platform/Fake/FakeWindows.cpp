@@ -31,7 +31,7 @@ class FakeWindow : public Window {
   std::shared_ptr<FakeWindowState> state_;
 };
 
-/// The content's first element of this kind with this label; null where it has none.
+/// The content's first element of this kind with this label; null if there is none.
 template <typename Element>
 Element* find(WindowContent& content, std::string_view label) {
   for (WindowElement& element : content.elements)
@@ -51,7 +51,7 @@ WindowContent shown(WindowContent content) {
   return content;
 }
 
-/// Changes what the user sees, and tells whoever wants to hear of it.
+/// Changes a value that the user sees, and calls `onChange` if it is new.
 template <typename Value>
 void change(Value& current, Value value, const std::function<void(Value)>& onChange) {
   const bool isNew = std::exchange(current, value) != value;

@@ -67,7 +67,7 @@ std::optional<URL> URL::parse(std::string text) {
       host = {static_cast<std::size_t>(uri.hostText.first - text.data()), length(uri.hostText)};
   }
 
-  // In a well-formed text, what "//" opens ends where the path begins, and the path ends at the query or the fragment.
+  // In a well-formed text, the authority after "//" ends at the path, and the path ends at the query or the fragment.
   std::size_t pathStart = schemeLength == 0 ? 0 : schemeLength + 1;
   if (std::string_view(text).substr(pathStart).starts_with("//"))
     pathStart = std::min(text.find_first_of("/?#", pathStart + 2), text.size());

@@ -13,27 +13,27 @@ namespace Platform {
 /// A URL or relative reference as RFC 3986 has it (NSURL). The text is kept exactly as it was written.
 class URL {
  public:
-  /// The URL that `text` spells. None where it is not one to the letter of RFC 3986: the empty text, a space, a bare
-  /// '|', a bare non-ASCII letter, a broken percent-escape.
+  /// Parses a URL. `nullopt` if the text is not one to the letter of RFC 3986, such as the empty text, or a text with a
+  /// space, a bare '|', a bare non-ASCII letter or a broken percent-escape.
   static std::optional<URL> parse(std::string text);
 
-  /// The file URL of a path (fileURLWithPath:). A relative path is taken from the working directory; what may not stand
-  /// in a URL's path is percent-encoded, byte by byte; the URL ends with a slash where the path is a directory on disk.
+  /// The file URL of a path (fileURLWithPath:). A relative path is resolved against the working directory. Bytes that a
+  /// URL's path may not contain are percent-encoded. The URL ends with a slash if the path is a directory on disk.
   static URL fileURL(const std::filesystem::path& path);
 
-  /// The scheme as written, without its colon; none in a relative reference.
+  /// The scheme as written, without its colon; `nullopt` in a relative reference.
   [[nodiscard]] std::optional<std::string_view> scheme() const;
 
-  /// The host with its percent-escapes decoded, its case kept; none where there is no host or an empty one.
+  /// The host with its percent-escapes decoded and its case kept; `nullopt` if there is none or it is empty.
   [[nodiscard]] std::optional<std::string> host() const;
 
-  /// The path's components with their percent-escapes decoded. A leading slash is a component of its own, so /ID lists
-  /// as two; empty components and a trailing slash are none.
+  /// The path's components with their percent-escapes decoded. A leading slash is a component of its own, so /ID has
+  /// two components. Empty components and a trailing slash are left out.
   [[nodiscard]] std::vector<std::string> pathComponents() const;
 
   /// The whole text, as written.
   [[nodiscard]] const std::string& absoluteString() const& { return text_; }
-  /// The same, taken out of a URL that is not needed any more.
+  /// The same, moved out of a URL that is not needed any more.
   [[nodiscard]] std::string absoluteString() && { return std::move(text_); }
 
  private:

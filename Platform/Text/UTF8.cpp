@@ -9,8 +9,8 @@ namespace Platform {
 
 namespace {
 
-/// How a sequence of several bytes goes on behind its first byte: its length, and what the second byte may be, which
-/// rules out overlong forms, surrogates and what lies beyond U+10FFFF.
+/// A kind of sequence of several bytes: the range of its first byte, its length, and the range of its second byte,
+/// which rules out overlong forms, surrogates and code points above U+10FFFF.
 struct Sequence {
   unsigned char firstLead = 0;
   unsigned char lastLead = 0;
@@ -35,8 +35,8 @@ bool isBetween(char byte, unsigned char low, unsigned char high) {
   return value >= low && value <= high;
 }
 
-/// The length of the well-formed sequence of several bytes at the start of `bytes`, which are not empty; 0 where there
-/// is none.
+/// The length of the well-formed sequence of several bytes at the start of `bytes`, which are not empty; 0 if there is
+/// none.
 std::size_t sequenceLength(std::string_view bytes) {
   const auto* sequence = std::ranges::find_if(
       sequences, [&](const Sequence& each) { return isBetween(bytes[0], each.firstLead, each.lastLead); });

@@ -5,11 +5,11 @@
 
 namespace Platform {
 
-/// The UTF-8 bytes of a text, without lossy conversion (dataUsingEncoding:); none where the text is not Unicode
-/// throughout.
+/// The UTF-8 bytes of a text, without lossy conversion (dataUsingEncoding:); `nullopt` if any part of the text is not
+/// Unicode.
 std::optional<std::string> utf8Bytes(std::string text);
 
-/// The text that these bytes are the UTF-8 form of (initWithData:encoding:); none where they are not valid UTF-8.
+/// The text with these UTF-8 bytes (initWithData:encoding:); `nullopt` if they are not valid UTF-8.
 std::optional<std::string> stringFromUTF8(std::string bytes);
 
 }  // namespace Platform

@@ -93,7 +93,7 @@ TEST_F(DeskloomPluginTest, KeepsAnInstalledPluginRunningIfTheAlertIsOff) {
 TEST_F(DeskloomPluginTest, ShowsTheErrorOfAQueryThatFailsAndQuits) {
   for (const bool alertOption : {false, true}) {
     desktop.alerts.shown.clear();
-    desktop.application.terminateRequests = 0;
+    desktop.application.restart();
     desktop.scripts.fail(-600, "Application isn't running.");
     launch({.askToInstallPluginIfNotInstalled = true, .alertUserThatPluginMustBeRunByDeskloomAndQuit = alertOption});
     ASSERT_EQ(desktop.alerts.shown.size(), 1U);

@@ -127,7 +127,7 @@ TEST_F(BesideABusyProcessTest, ACallerIsToldIfTheProcessThatHasItsLaunchIsKilled
       {testPlugin, DesktopSupport::applicationObjectPath(testPlugin), DesktopSupport::applicationInterface, "Open"},
       DesktopSupport::openArguments(run("die")), nullptr, TestSupport::patience);
   ASSERT_FALSE(answer);
-  EXPECT_EQ(answer.error().message, "The process that was to do it was killed.");
+  EXPECT_EQ(answer.error().message, "The process with the launch was killed.");
   EXPECT_TRUE(isThere(busy));
 }
 

@@ -17,7 +17,7 @@
 #include "DeskloomSDK/Configuration/LocalConfigProvider.h"
 #include "DeskloomSDK/DeskloomPlugin.h"
 #include "DeskloomSDK/Resources/Command.h"
-#include "Platform/ApplicationMain.h"
+#include "Platform/Application.h"
 #include "Platform/Services.h"
 
 namespace {

@@ -30,8 +30,7 @@ class AppDelegateTest : public testing::Test {
   void SetUp() override {
     desktop->workspace.opened.clear();
     desktop->scripts.sources.clear();
-    desktop->application.terminateRequests = 0;
-    desktop->application.terminations = 0;
+    desktop->application.restart();
     App::shared().deskloomPlugin.actionController.didPerformAction = false;
   }
 

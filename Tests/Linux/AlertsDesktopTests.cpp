@@ -1,4 +1,4 @@
-// Alerts on the screen, with the module that the user interface is in: how they take turns, and what ends them.
+// Alerts on screen, with the real module: how they take turns, and what ends them.
 
 #include <atomic>
 #include <filesystem>
@@ -12,8 +12,8 @@
 #include <glib.h>
 #include <gmock/gmock.h>
 
-#include "Linux/Alerts.h"
 #include "Linux/Bundle.h"
+#include "Linux/Windows.h"
 #include "Platform/Fake/FakeServices.h"
 #include "Tests/Support/TestDesktop.h"
 
@@ -34,7 +34,7 @@ void onMainContext(std::function<void()> function) {
   g_idle_add_full(G_PRIORITY_DEFAULT, call, new std::function<void()>(std::move(function)), release);
 }
 
-/// Waits until an alert, and no other window than it, is there for the user; yields it.
+/// Waits until an alert is the only window and ready for the user, and yields it.
 xcb_window_t awaitAlert(const TestDesktop& desktop, xcb_window_t previous = XCB_WINDOW_NONE) {
   std::vector<xcb_window_t> clients;
   EXPECT_TRUE(desktop.waitUntil([&] {
@@ -66,7 +66,7 @@ class AlertsTest : public testing::Test {
     dismissed.push_back(message);
   }
 
-  /// Shows one while a user, who has a connection of their own, does what `use` does.
+  /// Shows an alert while a user, with a connection of their own, does what `use` does.
   void showTo(const Use& use, const std::string& message, const std::vector<std::string>& buttons = {}) {
     const std::jthread user([&] { use(TestDesktop()); });
     show(message, buttons);
@@ -78,14 +78,15 @@ class AlertsTest : public testing::Test {
   Platform::AppleEventManager appleEvents;
   Platform::NotificationCenter notifications;
   Linux::Application application{appleEvents, notifications};
-  Linux::Alerts alerts{module(), application, strings, log};
+  Linux::Alerts alerts{windows(), application, strings, log};
   std::vector<std::string> dismissed;
 
  private:
   /// The toolkit can be opened once in a process.
-  static Linux::WindowModule& module() {
-    static Linux::Bundle bundle(std::filesystem::path(DESKLOOM_WINDOWS_PROGRAM).parent_path());
-    static Linux::WindowModule opened(bundle);
+  static Linux::Windows& windows() {
+    static const Linux::Bundle bundle(std::filesystem::path(DESKLOOM_WINDOWS_PROGRAM).parent_path());
+    static Platform::Fake::FakeLog windowLog;
+    static Linux::Windows opened(bundle, windowLog);
     return opened;
   }
 };

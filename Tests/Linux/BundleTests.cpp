@@ -17,7 +17,7 @@ class BundleTest : public testing::Test {
  protected:
   void write(std::string_view information) { folder.write("Info.ini", information); }
 
-  /// What is written to standard error when the bundle is read, which must say nothing of itself.
+  /// What is written to standard error when the bundle is read. The bundle must then count as empty.
   std::string complaint() {
     testing::internal::CaptureStderr();
     const Linux::Bundle bundle(folder.path());
@@ -41,7 +41,7 @@ TEST_F(BundleTest, HasNoIdentifierWithoutInformation) {
   EXPECT_EQ(Linux::Bundle(folder.path()).identifier(), std::nullopt);
 }
 
-TEST_F(BundleTest, HasNoIdentifierWhereTheInformationIsBrokenOrSaysNone) {
+TEST_F(BundleTest, HasNoIdentifierIfTheInformationIsBrokenOrHasNone) {
   for (const auto* information : {"", "rubbish", "[Bundle\nIdentifier=x", "[Other]\nIdentifier=x\n",
                                   "[Bundle]\nIdentifier=\n", "[Bundle]\nName=x\n"}) {
     write(information);
@@ -59,7 +59,7 @@ TEST_F(BundleTest, HasTheGroupsOfItsInformation) {
 }
 
 TEST_F(BundleTest, HasItsInformationWhereverItIsMoved) {
-  write("[Bundle]\nName=x\n");  // a text that lies in the object itself
+  write("[Bundle]\nName=x\n");  // short enough to be stored in the string object
   Linux::Bundle bundle(folder.path());
   const Linux::Bundle moved(std::move(bundle));
   EXPECT_EQ(moved.information("Name"), "x");
@@ -81,12 +81,12 @@ TEST_F(BundleTest, DoesNotReadInformationThatIsFarTooLarge) {
   EXPECT_THAT(complaint(), HasSubstr(file.string()));
 }
 
-TEST_F(BundleTest, SaysThatItsInformationIsBroken) {
+TEST_F(BundleTest, LogsThatItsInformationIsBroken) {
   write("[Bundle]\nIdentifier\n");
   EXPECT_THAT(complaint(), HasSubstr(file.string()));
 }
 
-TEST_F(BundleTest, SaysNothingWhereThereIsNoInformation) {
+TEST_F(BundleTest, LogsNothingIfThereIsNoInformation) {
   EXPECT_EQ(complaint(), "");
 }
 

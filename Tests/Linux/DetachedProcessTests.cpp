@@ -14,8 +14,8 @@ namespace {
 using DesktopSupport::FileDescriptor;
 using Linux::startDetached;
 
-/// Ends this process with the exit status of a shell command. A positive `standardInput` is made a file with the line
-/// "given", which is the command's input.
+/// Ends this process with the exit status of a shell command. If `standardInput` is positive, the command reads a file
+/// with the line "given" from there.
 [[noreturn]] void exitAs(const std::string& command, int standardInput) {
   const FileDescriptor file(memfd_create("input", MFD_CLOEXEC));
   if (standardInput >= 0) {

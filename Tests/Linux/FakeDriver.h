@@ -33,7 +33,7 @@ class FakeDriver {
   void deliver(std::string launchURL) { desktop_.application.deliver(std::move(launchURL)); }
   std::vector<std::string> undelivered() { return desktop_.application.undelivered; }
 
-  /// Launches the application with these launch URLs and sees it to its end, where they end it.
+  /// Launches the application with these launch URLs, and runs it to its end if they end it.
   void launch(const std::vector<std::string>& launchURLs) {
     for (const std::string& url : launchURLs)
       desktop_.application.deliver(url);
@@ -55,7 +55,7 @@ class FakeDriver {
 
   std::vector<std::string> received() { return desktop_.workspace.opened; }
 
-  /// Shows an alert to a user who reads it, and dismisses it after `whileShown`.
+  /// Shows an alert to a user, who dismisses it after `whileShown`.
   void showToUser(const Platform::Alert& alert, const std::function<void()>& whileShown) {
     desktop_.alerts.whileShown = [&](const Platform::Alert&) { whileShown(); };
     desktop_.alerts.runModal(alert);

@@ -36,7 +36,7 @@ class Handler : public FakeService {
     answer("Activate", "()");
   }
 
-  /// Calls another method, which comes after what has been sent before.
+  /// Calls another method, which arrives after everything that was sent before.
   static void activate() {
     const DesktopSupport::BusMethod method = {name, "/com/example/Handler", "org.freedesktop.Application", "Activate"};
     EXPECT_TRUE(SessionBus::connect().value().call(method, nullptr, nullptr, TestSupport::patience));
@@ -121,7 +121,7 @@ TEST_F(HandOversTest, SayWhyTheHandlerRefusesThem) {
   EXPECT_THAT(handler.calls(), SizeIs(1));
 }
 
-/// As the bus does, which lets a limited number of calls wait for an answer.
+/// Refuses as the bus does, which limits the number of calls without an answer.
 void refuseForWantOfRoom(GDBusMethodInvocation* invocation) {
   const std::string error(DesktopSupport::BusErrorName::limitsExceeded);
   g_dbus_method_invocation_return_dbus_error(invocation, error.c_str(), "Too many.");
@@ -148,12 +148,28 @@ TEST_F(HandOversTest, WaitUntilTheBusHasRoom) {
   EXPECT_THAT(log.messages, IsEmpty());
 }
 
-TEST_F(HandOversTest, DoNotWaitForRoomThatNobodyCanMake) {
+TEST_F(HandOversTest, DoNotWaitForRoomIfNoCallIsUnderWay) {
   Handler handler;
   handler.answer("Open", refuseForWantOfRoom);
   add("test:a");
   handOvers.finish();
   EXPECT_THAT(log.messages, ElementsAre("could not hand over a test: URL: Too many."));
+}
+
+TEST_F(HandOversTest, MayEndBeforeTheirHandlerAnswers) {
+  Handler handler;
+  GDBusMethodInvocation* unanswered = nullptr;
+  handler.answer("Open", [&](GDBusMethodInvocation* invocation) { unanswered = invocation; });
+  {
+    HandOvers ended(log, 60s);
+    ended.add(SessionBus::connect().value(), name, "test", "test:a");
+    Handler::activate();
+  }
+  handler.answer("Open", "()");
+  g_dbus_method_invocation_return_dbus_error(unanswered, "org.example.Refusal", "Not today.");
+  add("test:b");
+  handOvers.finish();
+  EXPECT_THAT(log.messages, IsEmpty());
 }
 
 TEST_F(HandOversTest, AreNoneIfNoneWasAdded) {

@@ -15,7 +15,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Notes the first word that it hears.
+/// Records the first answer.
 class NotingCaller : public LaunchCaller {
  public:
   explicit NotingCaller(std::string& heard) : heard_(heard) {}
@@ -87,7 +87,7 @@ TEST_F(LaunchQueueTest, HandsOutWhatIsOverdueAndKeepsTheRest) {
   EXPECT_THAT(urls(queue.takeAll()), ElementsAre("a", "c"));
 }
 
-TEST_F(LaunchQueueTest, HasNobodyWaitForAMainThreadThatIsStuck) {
+TEST_F(LaunchQueueTest, MakesNoLaunchWaitForAMainThreadThatIsStuck) {
   add("a");
   static_cast<void>(queue.begin(now));
   add("b", now + 1s);

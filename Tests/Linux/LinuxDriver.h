@@ -16,14 +16,10 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 
-#include "Linux/Alerts.h"
 #include "Linux/Application.h"
 #include "Linux/Bundle.h"
-#include "Linux/Clock.h"
-#include "Linux/Log.h"
 #include "Linux/Queues.h"
-#include "Linux/ScriptEngine.h"
-#include "Linux/Strings.h"
+#include "Linux/Services.h"
 #include "Linux/Updater.h"
 #include "Linux/Windows.h"
 #include "Linux/Workspace.h"
@@ -54,7 +50,7 @@ class SchemeHandler {
     });
   }
 
-  /// To be asked when every URL has been handed over.
+  /// The URLs that it received. Complete after every URL was handed over.
   [[nodiscard]] std::vector<std::string> received() const { return received_; }
 
  private:
@@ -66,7 +62,7 @@ class SchemeHandler {
                                     "<arg type='as'/><arg type='a{sv}'/></method></interface></node>"};
 };
 
-/// The real desktop, with what a test needs to look at it.
+/// The real desktop, with operations that let a test observe it.
 class LinuxDriver {
  public:
   LinuxDriver() {
@@ -108,7 +104,7 @@ class LinuxDriver {
     application_.postWillTerminate();
   }
 
-  // The real engine is told nothing: it runs the source.
+  // The real engine is told no answers; it runs the source.
   void expectText(const std::string&) {}
   void expectNoText() {}
   void expectFailure(int, const std::string&) {}
@@ -180,7 +176,7 @@ class LinuxDriver {
   }
 
  private:
-  /// The screen changes only while the toolkit has its turns.
+  /// Runs the main context meanwhile, as the toolkit needs it to change the screen.
   void awaitScreen(const std::function<bool()>& condition) {
     std::atomic<bool> isSo = false;
     const std::jthread user([&] {
@@ -193,9 +189,10 @@ class LinuxDriver {
   }
 
   /// The toolkit can be opened once in a process.
-  static Linux::WindowModule& module() {
-    static Linux::Bundle bundle(std::filesystem::path(DESKLOOM_WINDOWS_PROGRAM).parent_path());
-    static Linux::WindowModule opened(bundle);
+  static Linux::Windows& openWindows() {
+    static const Linux::Bundle bundle(std::filesystem::path(DESKLOOM_WINDOWS_PROGRAM).parent_path());
+    static Linux::Log log;
+    static Linux::Windows opened(bundle, log);
     return opened;
   }
 
@@ -214,8 +211,8 @@ class LinuxDriver {
   Linux::Strings strings_{bundle_};
   Linux::ScriptEngine scripts_;
   Linux::Workspace workspace_{log_};
-  Linux::Alerts alerts_{module(), application_, strings_, log_};
-  Linux::Windows windows_{module(), log_};
+  Linux::Windows& windows_ = openWindows();
+  Linux::Alerts alerts_{windows_, application_, strings_, log_};
   Linux::Updater updater_{bundle_, log_};
   Linux::Clock clock_;
   Linux::Queues queues_{application_};

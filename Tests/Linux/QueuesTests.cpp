@@ -64,7 +64,7 @@ TEST_F(QueuesTest, DoNotInterruptWorkThatRunsTheMainContext) {
 }
 
 TEST_F(QueuesTest, RunBackgroundWorkSideBySide) {
-  // Each waits for the other: one thread alone would never get through.
+  // Each waits for the other, so a single thread would never finish.
   std::promise<void> first;
   std::promise<void> second;
   std::atomic<int> done = 0;

@@ -1,4 +1,4 @@
-// What every set of services promises, held against the fake one and the Linux one alike.
+// The contract of every set of services, checked against the fake one and the Linux one alike.
 
 #include <chrono>
 #include <string>
@@ -25,7 +25,7 @@ class ServicesContractTest : public testing::Test {
       });
   }
 
-  /// Notes the launch URLs that are delivered; "end" ends the application.
+  /// Records the launch URLs that are delivered. "end" ends the application.
   void handleLaunchURLs() {
     driver.appleEvents().setEventHandler(
         Platform::internetEventClass, Platform::getURLEventID,
@@ -193,7 +193,7 @@ TYPED_TEST(ServicesContractTest, NoAlertIsShownWhileTheApplicationTerminates) {
   EXPECT_FALSE(this->driver.showsAlerts());
 }
 
-/// Notes that its window is about to close.
+/// Records that its window is about to close.
 struct NotingDelegate : Platform::WindowDelegate {
   void windowWillClose(const Platform::Notification& notification) override { closed.push_back(notification.object); }
   std::vector<const void*> closed;

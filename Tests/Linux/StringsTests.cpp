@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "Linux/Bundle.h"
-#include "Linux/Strings.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
@@ -34,7 +33,7 @@ class StringsTest : public testing::Test {
     bundle.write(fs::relative(catalogue(language), bundle.path()), contents);
   }
 
-  /// The text in a process whose environment names this language.
+  /// The text in a process with this environment.
   [[nodiscard]] std::string hello(const std::string& language, const std::string& locale = "C.UTF-8") const {
     const EnvironmentVariable setLanguage("LANGUAGE", language);
     const EnvironmentVariable setLocale("LANG", locale);
@@ -57,7 +56,7 @@ TEST_F(StringsTest, SpeaksTheLanguageOfTheUser) {
   EXPECT_EQ(hello("", "de_DE.UTF-8"), "Hallo");
 }
 
-TEST_F(StringsTest, SpeaksEnglishWhereTheUserHasAnotherLanguage) {
+TEST_F(StringsTest, SpeaksEnglishIfTheUserHasAnotherLanguage) {
   translate("de", "Hallo");
   for (const auto* language : {"", "fr", "en", "zh_TW", "../de/..", "/", ":::"})
     EXPECT_EQ(hello(language), "Hello") << language;
@@ -79,7 +78,7 @@ TEST_F(StringsTest, SpeaksEnglishInTheLocaleWithoutALanguage) {
   EXPECT_EQ(hello("de", "de_DE.UTF-8"), "Hello");
 }
 
-TEST_F(StringsTest, ShowsTheKeyWhereItIsNotTranslated) {
+TEST_F(StringsTest, ShowsTheKeyIfItIsNotTranslated) {
   translate("de", "Hallo");
   const EnvironmentVariable language("LANGUAGE", "de");
   const EnvironmentVariable locale("LANG", "C.UTF-8");
@@ -89,7 +88,7 @@ TEST_F(StringsTest, ShowsTheKeyWhereItIsNotTranslated) {
   EXPECT_EQ(strings.localized("", ""), "");
 }
 
-TEST_F(StringsTest, SpeaksEnglishWhereTheCatalogueIsDamaged) {
+TEST_F(StringsTest, SpeaksEnglishIfTheCatalogueIsDamaged) {
   translate("de", "Hallo");
   fs::resize_file(catalogue("de"), fs::file_size(catalogue("de")) / 2);
   EXPECT_EQ(hello("de"), "Hello");
@@ -99,12 +98,12 @@ TEST_F(StringsTest, SpeaksEnglishWhereTheCatalogueIsDamaged) {
   }
 }
 
-TEST_F(StringsTest, SpeaksEnglishWhereAFolderLiesInTheCataloguesPlace) {
+TEST_F(StringsTest, SpeaksEnglishIfAFolderIsInTheCataloguesPlace) {
   fs::create_directories(catalogue("de"));
   EXPECT_EQ(hello("de"), "Hello");
 }
 
-TEST_F(StringsTest, SpeaksTheNextLanguageWhereTheFirstOnesCatalogueIsDamaged) {
+TEST_F(StringsTest, SpeaksTheNextLanguageIfTheFirstOnesCatalogueIsDamaged) {
   damage("de", "rubbish");
   translate("fr", "Bonjour");
   EXPECT_EQ(hello("de:fr"), "Bonjour");

@@ -1,4 +1,4 @@
-// Windows with something to edit, with the module that the user interface is in and a user with a keyboard.
+// Windows with numbers and choices, with the real module and a user with a keyboard.
 
 #include <algorithm>
 #include <climits>
@@ -35,7 +35,7 @@ using TestSupport::TestDesktop;
 
 namespace {
 
-/// Tells of the windows that come and go past the window manager.
+/// Observes windows that the window manager does not manage.
 class Popups {
  public:
   Popups() {
@@ -72,7 +72,7 @@ class Popups {
   TestDesktop desktop_;
 };
 
-/// A user of the window, who has a connection of their own.
+/// A user of the window, with a connection of their own.
 class User {
  public:
   User() {
@@ -89,10 +89,10 @@ class User {
       input_.press(keysym);
   }
 
-  /// Closes the window with the window manager's button; a key could still be the dropped-down list's.
+  /// Closes the window with the window manager's button, as a list that is still open could take a key.
   void close() const { desktop_.askWindowManager(window_, "_NET_CLOSE_WINDOW"); }
 
-  /// Drops the list of options down that the keyboard is on, and selects the last one, which is not the first.
+  /// Opens the list of options that has the keyboard, and selects the last one, which is not the first.
   void chooseLast(const std::string& option) const {
     const Popups popups;
     press({XKB_KEY_space});
@@ -128,7 +128,7 @@ class WindowsTest : public testing::Test, public Platform::WindowDelegate {
     isClosed = true;
   }
 
-  /// Shows a window until the user, who does what `use` does, has closed it.
+  /// Shows a window to a user who does what `use` does, until it is closed.
   void show(std::vector<Platform::WindowElement> elements, const std::function<void(const User&)>& use) {
     const auto window = windows.makeWindow({.title = "Settings", .elements = std::move(elements)});
     ASSERT_TRUE(window);
@@ -154,20 +154,19 @@ class WindowsTest : public testing::Test, public Platform::WindowDelegate {
   }
 
   TestDesktop desktop;
-  Platform::Fake::FakeLog log;
-  Linux::Windows windows{module(), log};
-  std::vector<std::string> events;
-  bool isClosed = false;
-
- private:
   /// The toolkit can be opened once in a process.
-  static Linux::WindowModule& module() {
+  static Linux::Windows& openWindows() {
     static const TestSupport::EnvironmentVariable accessibility(TestSupport::ScreenReader::accessibility.first,
                                                                 TestSupport::ScreenReader::accessibility.second);
-    static Linux::Bundle bundle(std::filesystem::path(DESKLOOM_WINDOWS_PROGRAM).parent_path());
-    static Linux::WindowModule opened(bundle);
+    static const Linux::Bundle bundle(std::filesystem::path(DESKLOOM_WINDOWS_PROGRAM).parent_path());
+    static Linux::Windows opened(bundle, log);
     return opened;
   }
+
+  static inline Platform::Fake::FakeLog log;
+  Linux::Windows& windows = openWindows();
+  std::vector<std::string> events;
+  bool isClosed = false;
 };
 
 TEST_F(WindowsTest, TheKeyboardChangesANumberStepByStep) {
@@ -176,7 +175,7 @@ TEST_F(WindowsTest, TheKeyboardChangesANumberStepByStep) {
   EXPECT_THAT(events, ElementsAre("11", "12", "11", "close"));
 }
 
-TEST_F(WindowsTest, ANumberCanBeTypedAndCountsWhereTheWindowIsClosedBehindIt) {
+TEST_F(WindowsTest, ANumberCanBeTypedAndCountsIfTheWindowIsClosedAfterIt) {
   show({number(10, 1, 99)},
        [](const User& user) { user.press({XKB_KEY_4, XKB_KEY_2, XKB_KEY_Return, XKB_KEY_BackSpace, XKB_KEY_Escape}); });
   EXPECT_THAT(events, ElementsAre("42", "4", "close")) << "the old number is selected, so that typing replaces it";
@@ -223,12 +222,12 @@ TEST_F(WindowsTest, AnOptionThatDoesNotExistIsTheFirst) {
   EXPECT_THAT(events, ElementsAre("option 1", "close"));
 }
 
-TEST_F(WindowsTest, WhereThereAreNoOptionsThereIsNothingToChoose) {
+TEST_F(WindowsTest, WithoutOptionsThereIsNothingToChoose) {
   show({choice({}, 3)}, [](const User& user) { user.press({XKB_KEY_Down, XKB_KEY_Escape}); });
   EXPECT_THAT(events, ElementsAre("close"));
 }
 
-TEST_F(WindowsTest, NobodyNeedsToListen) {
+TEST_F(WindowsTest, TheCallbacksMayBeEmpty) {
   show({NumberField{.label = "Number", .value = 1, .minimum = 1, .maximum = 9}},
        [](const User& user) { user.press({XKB_KEY_Up, XKB_KEY_Escape}); });
   show({Choice{"Kind", {"a", "b"}}}, [](const User& user) {

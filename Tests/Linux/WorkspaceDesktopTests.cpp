@@ -23,7 +23,7 @@ namespace {
 
 constexpr std::size_t longestArgument = 131071;
 
-/// Handlers of schemes of their own, for the desktop that the tests run on.
+/// Installs handlers of the tests' own schemes.
 class HandlersEnvironment : public testing::Environment {
  public:
   void SetUp() override {
@@ -35,7 +35,7 @@ class HandlersEnvironment : public testing::Environment {
         << "[Desktop Entry]\nType=Application\nName=Exec\nMimeType=x-scheme-handler/testexec;\nExec=sh -c 'printf %%s "
            "\"$1\" > "
         << received.string() << "' sh %u\n";
-    // Claims to be activated by the bus, under a name that is none.
+    // Claims to be activated by the bus, but its name is not a valid bus name.
     std::ofstream(data / "applications/test-nameless.desktop")
         << "[Desktop Entry]\nType=Application\nName=Nameless\nDBusActivatable=true\nExec=sh -c 'printf %%s "
            "\"$1\" > "
@@ -49,7 +49,7 @@ class HandlersEnvironment : public testing::Environment {
            "x-scheme-handler/testmissing=test.missing.desktop\n";
   }
 
-  /// The pipe into which the handler that is started by its command line writes what it was given.
+  /// The pipe into which the handler that is started by its command line writes its argument.
   static inline std::filesystem::path received;
 };
 
@@ -66,7 +66,7 @@ class WorkspaceTest : public testing::Test {
   Linux::Workspace workspace{log};
 };
 
-TEST_F(WorkspaceTest, LogsASchemeThatNobodyHandles) {
+TEST_F(WorkspaceTest, LogsASchemeWithoutAHandler) {
   open("nobody-handles-this:x");
   EXPECT_THAT(log.messages, ElementsAre(HasSubstr("no application is registered for its scheme")));
 }
@@ -109,7 +109,7 @@ TEST_F(WorkspaceTest, RefusesAURLThatNoArrayOfTheBusHoldsAndHandsTheLongestThatF
   open(url);
   EXPECT_THAT(log.messages, IsEmpty());
 
-  // The host answers before it writes: the next answer comes after what it wrote.
+  // The host answers before it writes, so the next answer comes after that writing.
   TestSupport::openURL("com.quillary.Deskloom", "deskloom://next");
   std::ifstream file(hostLog);
   std::string line;
@@ -117,7 +117,7 @@ TEST_F(WorkspaceTest, RefusesAURLThatNoArrayOfTheBusHoldsAndHandsTheLongestThatF
   EXPECT_TRUE(line == url);
 }
 
-TEST_F(WorkspaceTest, ReportsNothingWhereNothingIsUnderWay) {
+TEST_F(WorkspaceTest, ReportsNothingIfNothingIsUnderWay) {
   workspace.finishHandOvers();
   EXPECT_THAT(log.messages, IsEmpty());
 }

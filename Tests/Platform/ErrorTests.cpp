@@ -1,3 +1,5 @@
+#include <csignal>
+
 #include <gmock/gmock.h>
 
 #include "Platform/Error.h"
@@ -13,8 +15,13 @@ TEST(Error, CarriesItsDomainItsCodeAndExactlyTwoEntries) {
                                             Error::UserInfoEntry{Platform::localizedFailureReasonKey, "Why"}));
 }
 
-TEST(Error, HasItsFailureReasonEvenWhereItIsEmpty) {
+TEST(Error, HasItsFailureReasonEvenIfItIsEmpty) {
   const Error error("com.example", 0, "What happened", "");
   ASSERT_EQ(error.userInfo().size(), 2U);
   EXPECT_EQ(error.localizedFailureReason(), "");
+}
+
+TEST(FatalErrorDeathTest, PrintsItsMessageAndPlaceAndAborts) {
+  EXPECT_EXIT(Platform::fatalError("Nothing works."), testing::KilledBySignal(SIGABRT),
+              "^Fatal error: Nothing works\\.: file ErrorTests\\.cpp, line [0-9]+\n$");
 }

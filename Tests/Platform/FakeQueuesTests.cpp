@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 
 class FakeQueuesTest : public testing::Test {
  protected:
-  /// Has the background sleep for so long and then the main thread note it.
+  /// Runs background work that sleeps for this time and then has the main thread record it.
   void noteAfter(double seconds, const std::string& what) {
     queues.runInBackground([this, seconds, what] {
       queues.sleep(FakeQueues::Seconds(seconds));

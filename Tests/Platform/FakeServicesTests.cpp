@@ -38,6 +38,16 @@ TEST_F(FakeServicesTest, LetATestActWhileAnAlertIsUp) {
               ElementsAre("alert Message", "terminate", "post NSApplicationWillTerminateNotification", "dismiss"));
 }
 
+TEST_F(FakeServicesTest, TerminateAgainAfterARestart) {
+  desktop.application.terminate();
+  desktop.application.restart();
+  EXPECT_EQ(desktop.application.terminateRequests, 0);
+  EXPECT_EQ(desktop.application.terminations, 0);
+  EXPECT_FALSE(desktop.application.isTerminating());
+  desktop.application.terminate();
+  EXPECT_EQ(desktop.application.terminations, 1);
+}
+
 TEST(FakeServices, RecordNothingOnTheirOwn) {
   Platform::AppleEventManager appleEvents;
   Platform::NotificationCenter notifications;

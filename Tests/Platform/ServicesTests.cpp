@@ -5,11 +5,11 @@
 
 using Platform::Fake::FakeServices;
 
-TEST(ServicesDeathTest, StopTheProcessWhereNoneAreInstalled) {
+TEST(ServicesDeathTest, StopTheProcessIfNoneAreInstalled) {
   EXPECT_DEATH(Platform::services(), "Fatal error: No platform services are installed\\.");
 }
 
-TEST(ServicesDeathTest, StopTheProcessWhereThereIsNoSharedApplication) {
+TEST(ServicesDeathTest, StopTheProcessIfThereIsNoSharedApplication) {
   FakeServices desktop;
   desktop.services.application = nullptr;
   EXPECT_DEATH(Platform::sharedApplication(), "Fatal error: There is no shared application object\\.");

@@ -44,7 +44,7 @@ TEST(URL, DecodesItsHostAndKeepsTheHostsCase) {
   EXPECT_EQ(URL::parse("http://192.0.2.1/")->host(), "192.0.2.1");
 }
 
-TEST(URL, HasNoHostWhereThereIsNoneOrAnEmptyOne) {
+TEST(URL, HasNoHostIfThereIsNoneOrAnEmptyOne) {
   EXPECT_EQ(URL::parse("deskloomplugin:run")->host(), std::nullopt);
   EXPECT_EQ(URL::parse("file:///tmp")->host(), std::nullopt);
   EXPECT_EQ(URL::parse("x://")->host(), std::nullopt);
@@ -118,7 +118,7 @@ TEST(FileURL, EncodesBytesThatAreNotUTF8) {
   EXPECT_EQ(URL::fileURL("/no-such/\xFF\n").absoluteString(), "file:///no-such/%FF%0A");
 }
 
-TEST(FileURL, EndsWithASlashWhereThePathIsADirectory) {
+TEST(FileURL, EndsWithASlashIfThePathIsADirectory) {
   const TestSupport::TemporaryFolder directory;
   directory.write("file", "x");
   std::filesystem::create_directory_symlink(directory.path(), directory.path() / "link");

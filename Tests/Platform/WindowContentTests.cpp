@@ -18,7 +18,7 @@ TEST(NumberField, TakesANumberOutsideItsBoundsToTheNearerOne) {
   EXPECT_EQ(field.nearest(INT_MAX), 7);
 }
 
-TEST(NumberField, HasItsMinimumAloneWhereTheBoundsAreTheWrongWayRound) {
+TEST(NumberField, HasItsMinimumAloneIfTheBoundsAreTheWrongWayRound) {
   const NumberField field{.label = "", .minimum = 5, .maximum = 1};
   for (const int number : {0, 1, 3, 5, 9})
     EXPECT_EQ(field.nearest(number), 5);

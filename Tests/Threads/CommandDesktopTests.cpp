@@ -1,4 +1,4 @@
-// Commands sent from several threads to a real host. What is ours in this program is built with the thread sanitizer.
+// Commands sent from several threads to a real host. Our own code in this program is built with the thread sanitizer.
 
 #include <atomic>
 #include <string>

@@ -10,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include "DeskloomSDK/Configuration/DelayedActionController.h"
-#include "Linux/Clock.h"
 #include "Linux/Queues.h"
 #include "Platform/Fake/FakeServices.h"
 
@@ -20,7 +19,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// A desktop of fakes but for the queues and the clock.
+/// A desktop of fakes, except for the queues and the clock.
 class DelayedActionControllerTest : public testing::Test {
  protected:
   template <typename Condition>
@@ -73,7 +72,7 @@ TEST_F(DelayedActionControllerTest, RequestsAndReleasesMayComeInAnyOrder) {
       controller->perform();
     g_main_context_iteration(nullptr, FALSE);
   }
-  // Released while their checks are on the way: these never run.
+  // Released before their checks come: their actions never run.
   for (std::size_t index = 0; index < controllers; index += 2)
     all[index].reset();
   auto last = make();

@@ -23,7 +23,7 @@ END
   cat >"$1/main.cpp" <<'END'
 #include <DeskloomSDK/Resources/Command.h>
 #include <DeskloomSDK/DeskloomPlugin.h>
-#include <Platform/ApplicationMain.h>
+#include <Platform/Application.h>
 #include <Platform/Services.h>
 
 class Delegate : public Platform::ApplicationDelegate {
