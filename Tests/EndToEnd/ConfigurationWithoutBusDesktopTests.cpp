@@ -26,7 +26,7 @@ TEST_F(ConfiguredPluginTest, TheBusMayGoAwayWithAWritePending) {
   ChildProcess bus({"dbus-daemon", "--session", "--nofork", "--print-address=1"});
   const auto address = bus.readLine();
   ASSERT_TRUE(address);
-  const EnvironmentVariable variable("DBUS_SESSION_BUS_ADDRESS", *address);
+  const EnvironmentVariable variable("DBUS_SESSION_BUS_ADDRESS", address);
   const HostProcess host(DESKLOOM_HOST_PROGRAM);
   const auto provider = DeskloomSDK::LocalConfigProvider<Options>::make("A", {});
   ASSERT_TRUE(provider);

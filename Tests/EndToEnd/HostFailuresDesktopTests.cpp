@@ -239,7 +239,7 @@ class AbsentHostTest : public PluginTest {
                                  nullptr, G_VARIANT_TYPE("(as)"), atOnce);
     const char** list = nullptr;
     g_variant_get(reply->get(), "(^a&s)", &list);
-    const std::unique_ptr<const char*, DesktopSupport::ReleasedBy<g_free>> owner(list);
+    const std::unique_ptr<void, DesktopSupport::ReleasedBy<g_free>> owner(static_cast<void*>(list));
     std::vector<std::string> names;
     for (; *list != nullptr; ++list)
       names.emplace_back(*list);
