@@ -133,7 +133,7 @@ TEST(DevToolsPort, IsNotConnectedToWhereAnotherProcessListens) {
   const DevToolsPort devTools = {other.port(), FakeDevTools::path};
   const auto socket = connectDevTools(devTools, getpid(), farAway());
   ASSERT_FALSE(socket);
-  EXPECT_EQ(socket.error(), "The browser is not asked through its DevTools: another program has their port, " +
+  EXPECT_EQ(socket.error(), "The browser's DevTools are not asked: another program has their port, " +
                                 std::to_string(other.port()) + '.');
   const auto ofOther = connectDevTools(devTools, other.pid(), farAway());
   EXPECT_TRUE(ofOther && ofOther->has_value());
