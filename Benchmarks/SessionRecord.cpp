@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "BrowserSessions/Chromium/PickleReader.h"
-#include "BrowserSessions/LittleEndian.h"
+#include "BrowserSessions/BrowserFiles.h"
+#include "BrowserSessions/Chromium/SessionLog.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 
 namespace Benchmarks {

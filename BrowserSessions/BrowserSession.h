@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <expected>
 #include <string>
 #include <vector>
 
@@ -7,9 +9,9 @@ namespace BrowserSessions {
 
 /// A page that a browser has open.
 struct BrowserTab {
-  /// As the browser has it, cut after some length (see `DesktopSupport::shortened`); empty where it knows none.
+  /// The page's title, shortened (see `DesktopSupport::shortened`); empty if the browser knows none.
   std::string title;
-  /// What the address bar shows, as the browser has it; empty where there is none.
+  /// The text in the address bar; empty if there is none.
   std::string url;
 
   bool operator==(const BrowserTab&) const = default;
@@ -24,7 +26,7 @@ struct BrowserWindow {
   bool operator==(const BrowserWindow&) const = default;
 };
 
-/// What a browser has open: its windows, the one in front first where the browser tells.
+/// The windows that a browser has open, the one in front first if the browser tells which one that is.
 using BrowserSession = std::vector<BrowserWindow>;
 
 /// What could be read of a browser's session.
@@ -35,5 +37,15 @@ struct SessionReading {
 
   bool operator==(const SessionReading&) const = default;
 };
+
+/// The answer of every family of browsers: a reading, or a sentence that says why there is none.
+using SessionResult = std::expected<SessionReading, std::string>;
+
+/// The length of the longest address that is listed, in bytes.
+inline constexpr std::size_t longestAddress = 64 << 10;
+
+/// Leaves out the tabs whose addresses are longer than `longestAddress`, and the windows that have no other tab. The
+/// number of these tabs becomes a further problem.
+void leaveOutLongAddresses(SessionReading& reading);
 
 }  // namespace BrowserSessions

@@ -3,8 +3,8 @@
 
 #include "BrimlaceTextView/Lines.h"
 #include "BrowserSessions/Chromium/DevTools/DevToolsSession.h"
-#include "BrowserSessions/Chromium/DevTools/HTTPAnswer.h"
-#include "BrowserSessions/LoggedSession.h"
+#include "BrowserSessions/Chromium/DevTools/LocalConnection.h"
+#include "BrowserSessions/Chromium/LoggedSession.h"
 #include "Fuzz/SoundSession.h"
 #include "Fuzz/Target.h"
 #include "Fuzz/ToldWebSocket.h"
@@ -32,7 +32,7 @@ void readAnswer(std::string_view answer) {
           "The content comes after the head.");
 }
 
-void requireSoundTabs(const BrowserSessions::LiveSession& session, std::size_t inputSize) {
+void requireSoundTabs(const BrowserSessions::DevToolsSession& session, std::size_t inputSize) {
   require(session.tabs.size() <= inputSize / (place.size() + window.size()), "Each tab was received with its window.");
   Fuzz::requireUTF8(session.mainProfile);
   for (const auto& tab : session.tabs)

@@ -4,7 +4,8 @@
 #include <vector>
 
 #include "BrimlaceTextView/Lines.h"
-#include "BrowserSessions/PageNames.h"
+#include "BrowserSessions/Chromium/PageNames.h"
+#include "BrowserSessions/Firefox/FirefoxSession.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "Fuzz/Target.h"
 #include "Platform/Text/UTF8.h"

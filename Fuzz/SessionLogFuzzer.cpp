@@ -1,8 +1,8 @@
 #include <cstdint>
 #include <set>
 
-#include "BrowserSessions/Chromium/ChromiumSession.h"
 #include "BrowserSessions/Chromium/SessionLog.h"
+#include "BrowserSessions/Chromium/SessionReplay.h"
 #include "Fuzz/SoundSession.h"
 #include "Fuzz/Target.h"
 

@@ -5,9 +5,9 @@
 
 namespace BrowserSessions {
 
-/// A browser of the Chromium family: by what it is recognised, and where it keeps its user data.
+/// A browser of the Chromium family: how to recognise it, and where it keeps its user data.
 struct ChromiumBrowser {
-  /// A folder below the configuration folder that a Flatpak application has of its own.
+  /// A folder below the configuration folder of a Flatpak application.
   struct FlatpakFolder {
     std::string_view application;
     std::string_view folder;
@@ -23,7 +23,7 @@ struct ChromiumBrowser {
   std::vector<std::string_view> snapFolders;
 };
 
-/// All that are known.
+/// All known browsers of the family. A further one is one more row.
 const std::vector<ChromiumBrowser>& chromiumBrowsers();
 
 }  // namespace BrowserSessions

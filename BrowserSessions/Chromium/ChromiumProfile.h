@@ -7,20 +7,26 @@
 #include <string>
 #include <vector>
 
-#include "BrowserSessions/Chromium/BrowserRun.h"
-#include "BrowserSessions/LoggedSession.h"
+#include "BrowserSessions/Chromium/LoggedSession.h"
+#include "BrowserSessions/Chromium/SessionFiles.h"
 
 namespace BrowserSessions {
 
-/// What a running browser of the Chromium family has open with the profile in a folder, as it was a few seconds ago;
-/// see `chromiumSession`. Fails if the profile has no session log, or none of this run if that is given, as shortly
-/// after the browser's start; also if the current log cannot be read or understood, is not complete, or is kept
-/// encrypted: an older log does not stand in for it.
-std::expected<LoggedSession, std::string> chromiumProfileSession(const std::filesystem::path& profile,
-                                                                 const std::optional<BrowserRun>& run = std::nullopt);
+/// The folders of the profiles that have windows in a browser of the Chromium family, given its user data folder, the
+/// one that was used last first. The browser notes this every ten seconds or so; without a note, only the profile that
+/// was used last, or the first one that the browser makes. A browser with a single profile may keep it in the user data
+/// folder itself. Only folders that exist are listed.
+std::vector<std::filesystem::path> openChromiumProfiles(const std::filesystem::path& userData);
 
-/// The numbers of the windows that the profile has of web applications, which have a log of their own. None where that
-/// cannot be read.
+/// What a running browser of the Chromium family has open with the profile in a folder, as its session log had it a few
+/// seconds ago; see `chromiumSession`. Fails with a sentence if the profile has no session log, or none of `run` if
+/// that is given, as shortly after the browser's start; also if the current log cannot be read or understood, is
+/// incomplete, or is kept encrypted: an older log does not replace it.
+std::expected<LoggedSession, std::string> chromiumProfileSession(const std::filesystem::path& profile,
+                                                                 const std::optional<ChromiumRun>& run = std::nullopt);
+
+/// The numbers of the profile's windows of web applications, which have a log of their own. Empty if that cannot be
+/// read.
 std::vector<std::int32_t> chromiumApplicationWindows(const std::filesystem::path& profile);
 
 }  // namespace BrowserSessions

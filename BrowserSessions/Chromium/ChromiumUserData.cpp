@@ -1,20 +1,16 @@
 #include "BrowserSessions/Chromium/ChromiumUserData.h"
 
 #include <algorithm>
+#include <expected>
 #include <iterator>
-#include <optional>
-#include <string>
 #include <utility>
-#include <vector>
 
-#include "BrowserSessions/Chromium/BrowserRun.h"
 #include "BrowserSessions/Chromium/ChromiumProfile.h"
 #include "BrowserSessions/Chromium/DevTools/DevToolsSession.h"
-#include "BrowserSessions/Chromium/DevTools/LiveSession.h"
-#include "BrowserSessions/Chromium/OpenProfiles.h"
+#include "BrowserSessions/Chromium/LoggedSession.h"
+#include "BrowserSessions/Chromium/PageNames.h"
+#include "BrowserSessions/Chromium/SessionFiles.h"
 #include "BrowserSessions/Chromium/TitleHistory.h"
-#include "BrowserSessions/LoggedSession.h"
-#include "BrowserSessions/PageNames.h"
 
 namespace BrowserSessions {
 
@@ -22,79 +18,110 @@ namespace {
 
 using std::filesystem::path;
 
+// A running browser, with the arguments of `chromiumUserDataSession`.
+struct Browser {
+  const path& userData;
+  std::optional<pid_t> process;
+  const std::vector<std::string>& titles;
+};
+
+// A source of a browser's session: a reading, nothing if the browser does not offer this source, or a sentence if the
+// source cannot be used.
+using Answer = std::expected<std::optional<SessionReading>, std::string>;
+using Source = Answer (*)(const Browser& browser);
+
+// The session logs of a browser's profiles, as far as they can be read.
+struct Logs {
+  LoggedSession session;
+  std::vector<std::string> problems;
+  std::size_t profiles = 0;
+  bool isAnyRead = false;
+};
+
 template <typename T>
 void append(std::vector<T>& all, std::vector<T> more) {
   std::ranges::move(more, std::back_inserter(all));
 }
 
-// The logs of several profiles, read as far as they can be.
-struct Logs {
-  LoggedSession session;
-  std::vector<std::string> problems;
-  bool isAnyRead = false;
-};
-
-std::string leftOut(std::size_t tabs, const path& profile) {
-  return "Tabs of the profile " + profile.string() +
-         " that are left out, since their addresses are too long for the browser's session log: " +
-         std::to_string(tabs) + '.';
-}
-
-// Titles are added where nobody else has any, and web applications told apart where somebody else takes them for
-// windows. The browser itself also tells the tabs that the log leaves out.
-void read(Logs& logs, const path& profile, const std::optional<BrowserRun>& run, bool isLive) {
-  auto session = chromiumProfileSession(profile, run);
-  if (!session) {
-    logs.problems.push_back(std::move(session.error()));
-    return;
+// `complete` adds to each profile's session what its log lacks.
+Logs readLogs(const Browser& browser, void (*complete)(Logs& logs, LoggedSession& session, const path& profile)) {
+  const auto run = browser.process ? std::optional(ChromiumRun(browser.userData, *browser.process)) : std::nullopt;
+  Logs logs;
+  for (const path& profile : openChromiumProfiles(browser.userData)) {
+    ++logs.profiles;
+    auto session = chromiumProfileSession(profile, run);
+    if (!session) {
+      logs.problems.push_back(std::move(session.error()));
+      continue;
+    }
+    logs.isAnyRead = true;
+    complete(logs, *session, profile);
+    append(logs.session.windows, std::move(session->windows));
+    append(logs.session.otherWindows, std::move(session->otherWindows));
+    logs.session.tabsWithoutAddress += session->tabsWithoutAddress;
   }
-  logs.isAnyRead = true;
-  if (isLive)
-    append(logs.session.otherWindows, chromiumApplicationWindows(profile));
-  else
-    addTitles(session->windows, profile);
-  if (!isLive && session->tabsWithoutAddress > 0)
-    logs.problems.push_back(leftOut(session->tabsWithoutAddress, profile));
-  append(logs.session.windows, std::move(session->windows));
-  append(logs.session.otherWindows, std::move(session->otherWindows));
-  logs.session.tabsWithoutAddress += session->tabsWithoutAddress;
+  return logs;
 }
 
-// A tab that is left out may be the one whose title a window has.
-void addNames(LoggedSession& session, const std::vector<std::string>& titles) {
-  if (session.tabsWithoutAddress == 0)
-    addWindowTitles(session.windows, titles);
-  addChromiumNames(session.windows);
+// The DevTools do not tell a web application's window from a normal one.
+void addApplicationWindows(Logs& /*logs*/, LoggedSession& session, const path& profile) {
+  append(session.otherWindows, chromiumApplicationWindows(profile));
 }
 
-// The browser itself tells what it has open with the profile that was used last, whatever its log is like.
-SessionReading withLive(const LiveSession& live, Logs logs, std::size_t profiles) {
-  if (profiles == 1)
+Answer readDevTools(const Browser& browser) {
+  if (!browser.process)
+    return std::nullopt;
+  const auto live = devToolsSession(browser.userData, *browser.process);
+  if (!live)
+    return std::unexpected(live.error());
+  if (!*live)
+    return std::nullopt;
+  Logs logs = readLogs(browser, addApplicationWindows);
+  // The DevTools tell everything about the profile that was used last, whether its log can be read or not.
+  if (logs.profiles == 1)
     logs.problems.clear();
-  return {joined(live, logs.session), std::move(logs.problems)};
+  return SessionReading{joined(**live, logs.session), std::move(logs.problems)};
 }
+
+void addTitlesAndProblems(Logs& logs, LoggedSession& session, const path& profile) {
+  addTitles(session.windows, profile);
+  if (session.tabsWithoutAddress > 0)
+    logs.problems.push_back("Tabs of the profile " + profile.string() +
+                            " left out because their addresses are too long for the browser's session log: " +
+                            std::to_string(session.tabsWithoutAddress) + '.');
+}
+
+Answer readSessionLogs(const Browser& browser) {
+  Logs logs = readLogs(browser, addTitlesAndProblems);
+  if (!logs.isAnyRead)
+    return std::unexpected(logs.profiles == 0 ? "There is no profile in " + browser.userData.string() + '.'
+                                              : std::move(logs.problems.front()));
+  // A tab that is left out may be the one whose title a window has.
+  if (logs.session.tabsWithoutAddress == 0)
+    addWindowTitles(logs.session.windows, browser.titles);
+  addChromiumNames(logs.session.windows);
+  return SessionReading{browserSession(std::move(logs.session)), std::move(logs.problems)};
+}
+
+// The most current one comes first. The first one that has a reading is used.
+constexpr Source sources[] = {readDevTools, readSessionLogs};
 
 }  // namespace
 
-std::expected<SessionReading, std::string> chromiumUserDataSession(const path& userData, std::optional<pid_t> process,
-                                                                   const std::vector<std::string>& titles) {
-  const auto run = process ? std::optional(BrowserRun(userData, *process)) : std::nullopt;
-  using Told = std::expected<std::optional<LiveSession>, std::string>;
-  const Told told = process ? devToolsSession(userData, *process) : Told();
-  const std::optional<LiveSession> live = told.value_or(std::nullopt);
-  const std::vector<path> profiles = openChromiumProfiles(userData);
-  Logs logs;
-  for (const path& profile : profiles)
-    read(logs, profile, run, live.has_value());
-  if (live)
-    return withLive(*live, std::move(logs), profiles.size());
-  if (!told)
-    logs.problems.push_back(told.error());
-  if (!logs.isAnyRead)
-    return std::unexpected(profiles.empty() ? "There is no profile in " + userData.string() + '.'
-                                            : std::move(logs.problems.front()));
-  addNames(logs.session, titles);
-  return SessionReading{browserSession(std::move(logs.session)), std::move(logs.problems)};
+SessionResult chromiumUserDataSession(const path& userData, std::optional<pid_t> process,
+                                      const std::vector<std::string>& titles) {
+  const Browser browser = {.userData = userData, .process = process, .titles = titles};
+  std::vector<std::string> problems;
+  for (const Source read : sources) {
+    Answer answer = read(browser);
+    if (!answer) {
+      problems.push_back(std::move(answer.error()));
+    } else if (std::optional<SessionReading>& reading = *answer) {
+      append(reading->problems, std::move(problems));
+      return std::move(*reading);
+    }
+  }
+  return std::unexpected(std::move(problems.back()));
 }
 
 }  // namespace BrowserSessions

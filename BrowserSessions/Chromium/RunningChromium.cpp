@@ -26,7 +26,7 @@ std::optional<pid_t> processNumber(std::string_view text) {
   return isWhole && number > 0 ? std::optional(number) : std::nullopt;
 }
 
-// The lock is a link to "<host>-<process>"; a host's name may have a '-' as well.
+// The lock is a link to "<host>-<process>"; the host's name may contain a '-' too.
 std::optional<pid_t> lockHolder(const path& userData) {
   std::error_code error;
   const std::string target = std::filesystem::read_symlink(userData / "SingletonLock", error).string();
@@ -34,7 +34,7 @@ std::optional<pid_t> lockHolder(const path& userData) {
   return !error && dash != std::string::npos ? processNumber(std::string_view(target).substr(dash + 1)) : std::nullopt;
 }
 
-// Once it runs, a browser shows its arguments as a single one, with spaces between them.
+// A running browser shows all its arguments as a single one, with spaces between them.
 std::string commandLine(const ProcessInfo& process) {
   std::string line;
   for (const std::string& argument : process.arguments())
@@ -42,7 +42,7 @@ std::string commandLine(const ProcessInfo& process) {
   return line;
 }
 
-// Whether the process is one of the browser's programs, and not one of the helpers that it starts of the same program.
+// Whether the process runs the browser's program and is not one of its helpers, which run the same program.
 bool isBrowser(const ProcessInfo& process, const ChromiumBrowser& browser) {
   const std::string line = commandLine(process);
   const path program = process.executable().value_or(line.substr(0, line.find(' ')));
@@ -50,7 +50,7 @@ bool isBrowser(const ProcessInfo& process, const ChromiumBrowser& browser) {
   return isProgram && line.find(" --type=") == std::string::npos;
 }
 
-// The number that the process has for itself and the others in its sandbox.
+// The number of the process inside of its sandbox.
 std::optional<pid_t> innermostNumber(const path& process) {
   constexpr std::size_t maximumSize = 1 << 16;
   const auto status = DesktopSupport::fileContents(process / "status", maximumSize);
@@ -78,7 +78,7 @@ std::optional<pid_t> sandboxedProcess(pid_t number, const ChromiumBrowser& brows
 
 struct UserDataFolder {
   path folder;
-  // The Flatpak application that it belongs to.
+  // The Flatpak application that has the folder.
   std::optional<std::string_view> flatpak;
 };
 
@@ -101,8 +101,8 @@ std::optional<pid_t> processWith(const UserDataFolder& userData, const ChromiumB
   return holder && isBrowser(ProcessInfo(holder, processes), browser) ? holder : std::nullopt;
 }
 
-// The folder that the option names and whose lock the process holds. As the name may have spaces in it, and so has the
-// line behind it, it ends where there is such a folder.
+// The folder that the option names, if the process holds its lock. Both the folder's name and the rest of the command
+// line may have spaces, so each space is tried as the end of the name.
 std::optional<path> givenUserData(const ProcessInfo& process) {
   constexpr std::string_view option = " --user-data-dir=/";
   const std::string line = commandLine(process);

@@ -14,22 +14,45 @@ struct SessionCommand {
   std::string_view payload;
 };
 
-/// The records of a Chromium session log (an SNSS file), taken one after the other. They point into the bytes of the
-/// log, which must outlive them.
+/// Reads the records of a Chromium session log (an SNSS file) in their order. They point into the bytes of the log,
+/// which must outlive them.
 class SessionLog {
  public:
-  /// Starts at the first record. A log that ends within its header has none yet. Fails where the bytes are no session
-  /// log, an encrypted one, or one of a version that is not known.
+  /// Starts at the first record. A log that ends within its header has no records yet. Fails with a sentence if the
+  /// bytes are not a session log, or are an encrypted one or one of an unknown version.
   static std::expected<SessionLog, std::string> open(std::string_view bytes);
 
-  /// The next record; none at the end, and where the log ends within the record.
+  /// The next record; `nullopt` at the end, and if the log ends within the record.
   std::optional<SessionCommand> next();
 
-  /// Whether the rest has the mark that the browser sets once all that was open at the start of the log is in it.
+  /// Whether the remaining records contain the mark that the browser writes after everything that was open when it began
+  /// the log.
   [[nodiscard]] bool isComplete() const;
 
  private:
   explicit SessionLog(std::string_view records) : rest_(records) {}
+
+  std::string_view rest_;
+};
+
+/// Reads the fields of a Chromium pickle in their order. A pickle, as in the payload of some records, is a small header
+/// and then a sequence of values, each padded to a multiple of four bytes. The texts point into the pickle's bytes.
+class PickleReader {
+ public:
+  /// Starts at the first field; `nullopt` if the header contradicts the pickle's length.
+  static std::optional<PickleReader> open(std::string_view pickle);
+
+  /// The next field; `nullopt` if it is incomplete or has an impossible length.
+  std::optional<std::int32_t> integer();
+  /// The bytes of a text in UTF-8.
+  std::optional<std::string_view> text();
+  /// The bytes of a text in UTF-16, the lower byte of each unit first.
+  std::optional<std::string_view> text16();
+
+ private:
+  explicit PickleReader(std::string_view fields) : rest_(fields) {}
+  std::optional<std::string_view> take(std::uint64_t size);
+  std::optional<std::string_view> takeUnits(std::uint64_t unitSize);
 
   std::string_view rest_;
 };

@@ -4,16 +4,14 @@
 #include <iterator>
 #include <utility>
 
-#include "BrowserSessions/BrowserText.h"
-#include "BrowserSessions/Chromium/PickleReader.h"
-#include "BrowserSessions/LittleEndian.h"
+#include "BrowserSessions/BrowserFiles.h"
 #include "DesktopSupport/System/DisplayableText.h"
 
 namespace BrowserSessions {
 
 namespace {
 
-enum CommandId : std::uint8_t {
+enum CommandID : std::uint8_t {
   setTabWindow = 0,
   setTabIndexInWindow = 2,
   prunedFromBack = 5,
@@ -31,18 +29,56 @@ enum CommandId : std::uint8_t {
 
 constexpr std::int32_t normalWindow = 0;
 
-// A log that speaks of more is damaged, and would take up more and more memory.
+// A log with more than this is damaged, and would use up the memory.
 constexpr std::size_t maximumTabsAndWindows = 100'000;
 
-// Of the records that carry a time, which is aligned.
+// The layout of the records with a time, which is aligned.
 constexpr std::size_t timedSize = 16;
 constexpr std::size_t timeOffset = 8;
+
+// Browsers keep 50 pages for each tab. A log with many more would slow down each removal.
+constexpr std::size_t maximumPages = 128;
 
 std::int32_t integer(std::string_view payload, std::size_t position) {
   return littleEndian<std::int32_t>(payload.substr(position * sizeof(std::int32_t)));
 }
 
 }  // namespace
+
+std::vector<TabHistory::Entry>::const_iterator TabHistory::firstFrom(std::int64_t place) const {
+  return std::ranges::lower_bound(entries_, place, {}, &Entry::place);
+}
+
+void TabHistory::put(std::int32_t place, const Page& page) {
+  const auto found = entries_.begin() + std::distance(entries_.cbegin(), firstFrom(place));
+  if (found != entries_.end() && found->place == place)
+    found->page = page;
+  else if (place >= 0 && entries_.size() < maximumPages)
+    entries_.insert(found, Entry{place, page});
+}
+
+void TabHistory::remove(std::int32_t first, std::int32_t count) {
+  if (first < 0 || count <= 0)
+    return;
+  const std::int64_t end = std::int64_t{first} + count;
+  if (selected_ >= end)
+    selected_ -= count;
+  else if (selected_ >= first)
+    selected_ = first - 1;
+  for (auto entry = entries_.erase(firstFrom(first), firstFrom(end)); entry != entries_.end(); ++entry)
+    entry->place -= count;
+}
+
+void TabHistory::removeFrom(std::int32_t place) {
+  entries_.erase(firstFrom(place), entries_.cend());
+}
+
+std::optional<TabHistory::Page> TabHistory::current() const {
+  if (entries_.empty())
+    return std::nullopt;
+  const auto entry = firstFrom(selected_);
+  return entry != entries_.end() ? entry->page : entries_.back().page;
+}
 
 void SessionReplay::apply(const SessionCommand& command) {
   if (tabs_.size() + windows_.size() >= maximumTabsAndWindows)
@@ -56,11 +92,11 @@ void SessionReplay::apply(const SessionCommand& command) {
     windows_.erase(integer(payload, 0));
   else if (id == lastActiveTime && payload.size() == timedSize)
     applyLastActive(integer(payload, 0), littleEndian<std::int64_t>(payload.substr(timeOffset)));
-  else if (id == setActiveWindow && payload.size() == sizeof(Id))
+  else if (id == setActiveWindow && payload.size() == sizeof(ID))
     activeWindow_ = integer(payload, 0);
-  else if (id == pruned && payload.size() == 3 * sizeof(Id))
+  else if (id == pruned && payload.size() == 3 * sizeof(ID))
     tabs_[integer(payload, 0)].history.remove(integer(payload, 1), integer(payload, 2));
-  else if (payload.size() == 2 * sizeof(Id))
+  else if (payload.size() == 2 * sizeof(ID))
     applyPair(id, integer(payload, 0), integer(payload, 1));
 }
 
@@ -102,13 +138,13 @@ void SessionReplay::applyNavigation(std::string_view payload) {
     tabs_[*tab].history.put(*place, {*url, *title});
 }
 
-void SessionReplay::applyLastActive(Id tab, std::int64_t time) {
+void SessionReplay::applyLastActive(ID tab, std::int64_t time) {
   if (const auto known = tabs_.find(tab); known != tabs_.end())
     known->second.lastActive = time;
 }
 
 std::vector<SessionReplay::Shown> SessionReplay::shownWindows() const {
-  std::map<Id, Shown> windows;
+  std::map<ID, Shown> windows;
   for (const auto& [id, tab] : tabs_) {
     const auto window = tab.window ? windows_.find(*tab.window) : windows_.end();
     const auto page = tab.history.current();
@@ -137,16 +173,16 @@ BrowserWindow SessionReplay::contents(const Shown& window) {
     if (index == window.shownIndex)
       contents.activeTab = contents.tabs.size();
     if (!page.url.empty())
-      contents.tabs.push_back({DesktopSupport::shortened(utf8FromUtf16(page.title)), validUtf8(page.url)});
+      contents.tabs.push_back({DesktopSupport::shortened(utf8FromUTF16(page.title)), validUTF8(page.url)});
   }
-  // If the tab that is shown is left out, and was the last one.
+  // If the shown tab is left out, and was the last one.
   if (contents.activeTab == contents.tabs.size() && !contents.tabs.empty())
     --contents.activeTab;
   return contents;
 }
 
-std::vector<SessionReplay::Id> SessionReplay::otherWindows() const {
-  std::vector<Id> others;
+std::vector<SessionReplay::ID> SessionReplay::otherWindows() const {
+  std::vector<ID> others;
   for (const auto& [id, window] : windows_)
     if (window.type && window.type != normalWindow)
       others.push_back(id);
@@ -164,6 +200,13 @@ LoggedSession SessionReplay::session() const {
     session.tabsWithoutAddress += window.pages.size() - session.windows.back().contents.tabs.size();
   }
   return session;
+}
+
+LoggedSession chromiumSession(SessionLog log) {
+  SessionReplay replay;
+  while (const auto command = log.next())
+    replay.apply(*command);
+  return replay.session();
 }
 
 }  // namespace BrowserSessions

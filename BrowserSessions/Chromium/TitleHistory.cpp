@@ -5,7 +5,7 @@
 
 #include <sqlite3.h>
 
-#include "BrowserSessions/BrowserText.h"
+#include "BrowserSessions/BrowserFiles.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
 
@@ -16,8 +16,8 @@ namespace {
 using DesktopSupport::shortened;
 using std::filesystem::path;
 
-// Looking up a page takes some twenty of the database's steps. One without the index that is for that, or whose
-// "table" is a calculation, would take any number.
+// A lookup takes some twenty steps of the database. Without an index, or with a "table" that is computed, it could take
+// any number.
 constexpr int maximumSteps = 1000;
 constexpr int maximumTextSize = 1 << 20;
 
@@ -25,7 +25,7 @@ int giveUp(void*) {
   return 1;
 }
 
-// SQLite waits for somebody who writes into a pipe.
+// If the file is a pipe, SQLite would wait for a writer.
 bool isFile(const path& file) {
   std::error_code error;
   return std::filesystem::is_regular_file(file, error);
@@ -82,7 +82,7 @@ std::string TitleHistory::lookUp(const std::string& url) {
   sqlite3_bind_text(query, 1, url.data(), static_cast<int>(url.size()), SQLITE_STATIC);
   if (sqlite3_step(query) == SQLITE_ROW)
     if (const auto* text = static_cast<const char*>(sqlite3_column_blob(query, 0)))
-      title = validUtf8(shortened({text, static_cast<std::size_t>(sqlite3_column_bytes(query, 0))}));
+      title = validUTF8(shortened({text, static_cast<std::size_t>(sqlite3_column_bytes(query, 0))}));
   sqlite3_reset(query);
   return title;
 }

@@ -4,19 +4,21 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
-#include "BrowserSessions/LoggedSession.h"
+#include "BrowserSessions/Chromium/LoggedSession.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
 
 namespace BrowserSessions {
 
-/// The titles that pages had when a browser of the Chromium family last showed them: the History database of a profile,
-/// which the browser writes every ten seconds. It is read as it lies there, past the browser's lock on it; nothing is
-/// written, not even beside it. A page has an empty title where the database does not know it, or is missing, damaged
-/// or of another make. It is opened once it is needed, and each page looked up once, in the same short time however
-/// many pages the database has.
+/// The titles that pages had when a browser of the Chromium family last showed them, from the History database of a
+/// profile, which the browser writes every ten seconds. The file is read in spite of the browser's lock on it, and
+/// nothing is written, not even next to it. A page's title is empty if the database does not have the page, is missing
+/// or damaged, or has another form. The database is opened when the first title is needed. Each page is looked up once,
+/// and that takes the same short time however many pages there are.
 class TitleHistory {
  public:
   explicit TitleHistory(std::filesystem::path profile) : profile_(std::move(profile)) {}
@@ -40,7 +42,7 @@ class TitleHistory {
   std::unordered_map<std::string, std::string> titles_;
 };
 
-/// Gives the tabs that have no title the one of the profile's history.
+/// Gives each tab without a title the one in the profile's history.
 void addTitles(std::vector<ChromiumWindow>& windows, const std::filesystem::path& profile);
 
 }  // namespace BrowserSessions

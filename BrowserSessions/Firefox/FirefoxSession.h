@@ -1,20 +1,27 @@
 #pragma once
 
-#include <expected>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "BrowserSessions/BrowserSession.h"
 
 namespace BrowserSessions {
 
 /// What the running Firefox with this profile folder has open, the window in front first; see `runningFirefoxes`.
-/// Firefox saves it with a delay: that a tab was closed after some 2 to 15 seconds, a new page, title or address after
-/// 17 as a rule and sometimes half a minute, and all of that up to an hour later while nobody uses the computer. It
-/// takes notice of the order of windows whenever it saves something else. Private windows are never saved. Where what
-/// it saved last cannot be read, this is what it saved before. What was saved before the profile was locked is from an
-/// earlier run, which has crashed, and does not count. Fails with a sentence that names the file if neither can be
-/// read, as in the first seconds after Firefox's start, or if the user has set that all windows are private.
-std::expected<BrowserSession, std::string> firefoxSession(const std::filesystem::path& profile);
+/// Firefox saves it with a delay: a closed tab after 2 to 15 seconds; a new page, title or address usually after 17
+/// seconds, sometimes after half a minute; and all of these up to an hour later while nobody uses the computer. The
+/// order of the windows is updated only when something else is saved. Private windows are never saved. If the last save
+/// cannot be read, the one before it is used. A save from before the profile was locked comes from an earlier run that
+/// crashed, and is ignored. Fails with a sentence that names the file if there is no usable save, as in the first
+/// seconds after Firefox's start, or if the user has made all windows private.
+SessionResult firefoxSession(const std::filesystem::path& profile);
+
+/// The title that Firefox shows for a page without one: the address without its scheme.
+std::string firefoxPageName(std::string_view url);
+
+/// Gives each tab without a title the name that Firefox shows for it, and shortens titles (see
+/// `DesktopSupport::shortened`). Firefox saves the address as the title of a page that has none.
+void addFirefoxNames(BrowserSession& session);
 
 }  // namespace BrowserSessions

@@ -7,46 +7,14 @@
 #include <string_view>
 #include <utility>
 
-#include "BrowserSessions/BrowserText.h"
+#include "BrowserSessions/BrowserFiles.h"
 #include "BrowserSessions/Firefox/FirefoxStateReader.h"
-#include "BrowserSessions/Firefox/LongTokens.h"
-#include "BrowserSessions/LongAddresses.h"
+#include "BrowserSessions/Firefox/SessionText.h"
 #include "DesktopSupport/System/GLibHandles.h"
 
 namespace BrowserSessions {
 
 namespace {
-
-constexpr std::size_t escapeLength = std::string_view("\\ud83d").size();
-
-enum class Escape { other, highSurrogate, lowSurrogate };
-
-// Which half of a surrogate pair the escape at `position`, which begins with a backslash, is.
-Escape escapeAt(std::string_view json, std::size_t position) {
-  const std::string_view escape = json.substr(std::min(position, json.size()), escapeLength);
-  if (escape.size() < escapeLength || !escape.starts_with("\\u") || (escape[2] != 'd' && escape[2] != 'D'))
-    return Escape::other;
-  const std::string_view high = "89abAB";
-  const std::string_view low = "cdefCDEF";
-  if (high.contains(escape[3]))
-    return Escape::highSurrogate;
-  return low.contains(escape[3]) ? Escape::lowSurrogate : Escape::other;
-}
-
-// A title may hold half of a surrogate pair. JavaScript writes it as an escape, at which JSON's readers give up.
-void replaceLoneSurrogates(std::string& json) {
-  for (auto position = json.find('\\'); position != std::string::npos; position = json.find('\\', position)) {
-    const Escape escape = escapeAt(json, position);
-    if (escape == Escape::other) {
-      position += 2;
-    } else if (escape == Escape::highSurrogate && escapeAt(json, position + escapeLength) == Escape::lowSurrogate) {
-      position += 2 * escapeLength;
-    } else {
-      json.replace(position, escapeLength, "\\ufffd");
-      position += escapeLength;
-    }
-  }
-}
 
 std::string withoutReadingView(std::string address) {
   constexpr std::string_view readingView = "about:reader?url=";
@@ -54,17 +22,17 @@ std::string withoutReadingView(std::string address) {
     return address;
   const std::string page = address.substr(readingView.size(), address.find('&') - readingView.size());
   const DesktopSupport::CharsHandle unescaped(g_uri_unescape_string(page.c_str(), nullptr));
-  return unescaped ? validUtf8(unescaped.get()) : address;
+  return unescaped ? validUTF8(unescaped.get()) : address;
 }
 
-// Escapes may stand for NUL.
+// The texts are made valid once more, since the escape \u0000 yields a NUL.
 BrowserTab shownPage(const FirefoxTab& tab) {
   if (tab.history.empty())
-    return {.title = "", .url = tab.isLoadingTypedAddress ? validUtf8(tab.typedAddress) : ""};
+    return {.title = "", .url = tab.isLoadingTypedAddress ? validUTF8(tab.typedAddress) : ""};
   const std::int64_t last = std::ssize(tab.history);
   const std::int64_t number = tab.index == 0 ? last : std::clamp<std::int64_t>(tab.index, 1, last);
   const BrowserTab& page = tab.history[static_cast<std::size_t>(number - 1)];
-  return {.title = validUtf8(page.title), .url = withoutReadingView(validUtf8(page.url))};
+  return {.title = validUTF8(page.title), .url = withoutReadingView(validUTF8(page.url))};
 }
 
 BrowserWindow shownTabs(const FirefoxWindow& window) {
@@ -76,7 +44,7 @@ BrowserWindow shownTabs(const FirefoxWindow& window) {
     if (!tab.isHidden && !tab.isPrivate)
       shown.tabs.push_back(shownPage(tab));
   }
-  // Where the tab that was selected is left out, and was the last one.
+  // If the selected tab is left out, and was the last one.
   if (shown.activeTab == shown.tabs.size() && !shown.tabs.empty())
     --shown.activeTab;
   return shown;
@@ -87,10 +55,10 @@ BrowserSession shownWindows(const FirefoxStateReader& state) {
   std::int64_t number = 0;
   for (const FirefoxWindow& window : state.windows()) {
     const bool isSelected = ++number == state.selectedWindow();
-    const std::int64_t behindAll = std::numeric_limits<std::int64_t>::max();
+    const std::int64_t afterAll = std::numeric_limits<std::int64_t>::max();
     BrowserWindow shown = window.isPrivate ? BrowserWindow() : shownTabs(window);
     if (!shown.tabs.empty())
-      placed.emplace(window.place.value_or(isSelected ? 0 : behindAll), std::move(shown));
+      placed.emplace(window.place.value_or(isSelected ? 0 : afterAll), std::move(shown));
   }
   BrowserSession session;
   for (auto& [place, window] : placed)
@@ -101,16 +69,16 @@ BrowserSession shownWindows(const FirefoxStateReader& state) {
 }  // namespace
 
 std::expected<BrowserSession, std::string> firefoxState(std::string json) {
-  // One that is cut is still too long for an address, whether it is written in escapes or not.
+  // An address that is cut here is still too long to be listed, even if it consists of escapes.
   cutLongTokens(json, (longestAddress + 1) * escapeLength);
   if (g_utf8_validate_len(json.data(), json.size(), nullptr) == FALSE)
-    json = validUtf8(json);
+    json = validUTF8(json);
   replaceLoneSurrogates(json);
   FirefoxStateReader state;
   if (!nlohmann::json::sax_parse(json, &state) || !state.isSession())
     return std::unexpected("It is not the JSON of a session.");
   if (!state.isKnownVersion())
-    return std::unexpected("It is of a version that is not known.");
+    return std::unexpected("It has an unknown version.");
   return shownWindows(state);
 }
 

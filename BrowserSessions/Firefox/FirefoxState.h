@@ -7,11 +7,11 @@
 
 namespace BrowserSessions {
 
-/// The windows and tabs that the JSON text of Firefox's session store tells of. A tab is at the page of its history at
-/// which it was last, whether that was loaded again after a restart or not; one that has no history yet is at the
-/// address that it is about to load. In the reading view the address is that of the page. Hidden tabs, private ones and
-/// windows without a tab are left out. Fails with a sentence where the text is not JSON, is of a version that is not
-/// known, or holds more than anybody has open. Texts are cut after some hundred thousand bytes.
+/// The windows and tabs in the JSON text of Firefox's session store. A tab shows the current page of its history, even
+/// if that has not been loaded since a restart; a tab without a history shows the address that it is about to load. In
+/// the reader view the address is that of the page. Leaves out hidden and private tabs, and windows without a tab. Cuts
+/// titles and addresses after some hundred thousand bytes. Fails with a sentence if the text is not JSON, has an
+/// unknown version, or has more windows, tabs and pages than anybody has open.
 std::expected<BrowserSession, std::string> firefoxState(std::string json);
 
 }  // namespace BrowserSessions

@@ -10,21 +10,21 @@ namespace BrowserSessions {
 
 namespace {
 
-// Frames in a page's history nest; this is more than any page has.
+// Frames in a page's history nest, but no page has this many levels.
 constexpr std::size_t maximumDepth = 512;
-// Windows, tabs and pages in histories.
+// Of windows, tabs and pages in histories together.
 constexpr std::size_t maximumCount = 1'000'000;
 
 struct Container {
   bool isArray;
-  // Its key in the object around it; an array's element has none.
+  // Its key in the object around it; empty for an element of an array.
   std::string_view key;
 };
 
-// The containers that lead to a page of a tab's history, the outermost one first, …
+// The containers that lead to a page of a tab's history, the outermost first.
 constexpr std::array<Container, 7> way = {
     {{false, ""}, {true, "windows"}, {false, ""}, {true, "tabs"}, {false, ""}, {true, "entries"}, {false, ""}}};
-// … and how many of them are open in which.
+// How many of them are open at each level.
 constexpr std::size_t inSession = 1;
 constexpr std::size_t windowList = 2;
 constexpr std::size_t inWindow = 3;

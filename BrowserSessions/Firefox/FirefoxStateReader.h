@@ -11,19 +11,19 @@
 
 namespace BrowserSessions {
 
-/// A tab as Firefox's session store has it.
+/// A tab in Firefox's session store.
 struct FirefoxTab {
   std::vector<BrowserTab> history;
-  /// The number of the page that is shown, from 1; 0 where it is the last one.
+  /// The number of the page that is shown, from 1; 0 for the last page.
   std::int64_t index = 0;
   bool isHidden = false;
   bool isPrivate = false;
-  /// What is in the address bar but not yet shown, and whether it is being loaded.
+  /// The text in the address bar whose page is not shown yet, and whether that page is being loaded.
   std::string typedAddress;
   bool isLoadingTypedAddress = false;
 };
 
-/// A window as Firefox's session store has it.
+/// A window in Firefox's session store.
 struct FirefoxWindow {
   std::vector<FirefoxTab> tabs;
   /// The number of the tab that is shown, from 1.
@@ -33,17 +33,18 @@ struct FirefoxWindow {
   std::optional<std::int64_t> place;
 };
 
-/// Takes the windows out of the JSON text of Firefox's session store while it is parsed, and lets everything else (form
-/// data, cookies, closed windows) go by. The parse fails where the text is nested too deeply or holds too much.
+/// Picks the windows out of the JSON text of Firefox's session store while it is parsed, and skips everything else
+/// (form data, cookies, closed windows). The parse fails if the text is nested too deeply or has too many windows, tabs
+/// and pages.
 class FirefoxStateReader final : public nlohmann::json_sax<nlohmann::json> {
  public:
-  /// What was read so far; after a parse that succeeded, everything.
+  /// The windows read so far: all of them after a successful parse.
   [[nodiscard]] const std::vector<FirefoxWindow>& windows() const { return windows_; }
-  /// The number of the window in front, from 1; 0 where the text does not tell.
+  /// The number of the window in front, from 1; 0 if the text has none.
   [[nodiscard]] std::int64_t selectedWindow() const { return selectedWindow_; }
-  /// Whether there was a list of windows, empty or not.
+  /// Whether the text has a list of windows, empty or not.
   [[nodiscard]] bool isSession() const { return isSession_; }
-  /// Whether the format is one that this class knows, as far as the text names it.
+  /// Whether this class knows the format that the text names. A text without one counts as known.
   [[nodiscard]] bool isKnownVersion() const { return isKnownFormat_ && version_ <= newestVersion; }
 
   bool null() override { return true; }
@@ -66,7 +67,7 @@ class FirefoxStateReader final : public nlohmann::json_sax<nlohmann::json> {
   bool open(bool isArray);
   bool close();
   void add();
-  /// How many of the containers on the way to a page are open, where the current value is in the innermost one; else 0.
+  /// How many containers on the way to a page are open, if the current value is in the innermost of them; else 0.
   [[nodiscard]] std::size_t level() const { return depth_ == onTheWay_ ? depth_ : 0; }
   [[nodiscard]] bool isInVersion() const { return depth_ == 2 && onTheWay_ == 1 && key_ == "version"; }
 
@@ -76,7 +77,7 @@ class FirefoxStateReader final : public nlohmann::json_sax<nlohmann::json> {
   bool isKnownFormat_ = true;
   std::int64_t version_ = 0;
 
-  /// The containers that are open, and how many of them, from the outermost on, are on the way to a page.
+  /// The number of open containers, and how many of them, counted from the outermost, are on the way to a page.
   std::size_t depth_ = 0;
   std::size_t onTheWay_ = 0;
   std::size_t count_ = 0;

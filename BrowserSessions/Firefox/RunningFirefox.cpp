@@ -4,8 +4,10 @@
 #include <memory>
 #include <string>
 
-#include "BrowserSessions/Firefox/ProfileLock.h"
+#include <fcntl.h>
+
 #include "DesktopSupport/System/FileContents.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "DesktopSupport/System/SearchPath.h"
 
@@ -16,7 +18,7 @@ namespace {
 using std::filesystem::path;
 using KeyFileHandle = std::unique_ptr<GKeyFile, DesktopSupport::ReleasedBy<g_key_file_unref>>;
 
-// A location is a row: a folder of profiles, with its profiles.ini.
+// A folder of profiles, with its profiles.ini.
 struct Location {
   path FirefoxHome::* base;
   const char* folder;
@@ -24,7 +26,7 @@ struct Location {
 
 constexpr Location locations[] = {
     {&FirefoxHome::home, ".mozilla/firefox"},
-    // Where a home has no folder of the older kind, since version 147.
+    // Used since version 147 if the user has no folder of the older kind.
     {&FirefoxHome::configuration, "mozilla/firefox"},
     {&FirefoxHome::home, ".var/app/org.mozilla.firefox/.mozilla/firefox"},
     {&FirefoxHome::home, ".var/app/org.mozilla.firefox/config/mozilla/firefox"},
@@ -38,7 +40,7 @@ std::string value(GKeyFile* file, const char* group, const char* key) {
   return text ? text.get() : "";
 }
 
-// The profiles that profiles.ini names: in the folder itself, or anywhere.
+// The profiles in profiles.ini. They may lie in the folder itself, or anywhere.
 std::vector<path> namedProfiles(const path& folder) {
   const std::string text = DesktopSupport::fileContents(folder / "profiles.ini", maximumSize).value_or("");
   const KeyFileHandle file(g_key_file_new());
@@ -52,7 +54,8 @@ std::vector<path> namedProfiles(const path& folder) {
   return profiles;
 }
 
-// Of the profiles among which a user switches while Firefox runs, profiles.ini names one only.
+// All folders in the folder: if a user can switch between profiles while Firefox runs, profiles.ini names only one of
+// them.
 std::vector<path> foldersIn(const path& folder) {
   std::vector<path> folders;
   std::error_code error;
@@ -62,13 +65,13 @@ std::vector<path> foldersIn(const path& folder) {
   return folders;
 }
 
-// One that is reached on several ways, through links, is there once.
+// Adds a profile only once, even if links lead to it in several ways.
 void addIfRunning(std::vector<RunningFirefox>& running, const path& profile) {
   std::error_code error;
   const path folder = std::filesystem::canonical(profile, error);
   if (error || std::ranges::find(running, folder, &RunningFirefox::profile) != running.end())
     return;
-  if (const auto lock = profileLock(folder))
+  if (const auto lock = firefoxLock(folder))
     running.push_back({.profile = folder, .process = lock->holder});
 }
 
@@ -77,6 +80,18 @@ bool isProfileOption(const std::string& argument) {
 }
 
 }  // namespace
+
+std::optional<FirefoxLock> firefoxLock(const std::filesystem::path& profile) {
+  const std::filesystem::path file = profile / ".parentlock";
+  const DesktopSupport::FileDescriptor descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+  struct flock lock = {};
+  lock.l_type = F_WRLCK;
+  lock.l_whence = SEEK_SET;
+  if (!descriptor.isOpen() || fcntl(descriptor.number(), F_GETLK, &lock) != 0 || lock.l_type == F_UNLCK)
+    return std::nullopt;
+  // 0 stands for a process outside of this PID namespace, a negative number for one on another computer.
+  return FirefoxLock{.holder = lock.l_pid > 0 ? std::optional(lock.l_pid) : std::nullopt};
+}
 
 FirefoxHome FirefoxHome::ofUser() {
   const path home = g_get_home_dir();
@@ -102,7 +117,7 @@ std::optional<path> firefoxProfileGivenTo(const DesktopSupport::ProcessInfo& pro
   if (process.flatpakId() || option == arguments.end() || option + 1 == arguments.end())
     return std::nullopt;
   const path profile = *(option + 1);
-  const auto lock = profile.is_absolute() ? profileLock(profile) : std::nullopt;
+  const auto lock = profile.is_absolute() ? firefoxLock(profile) : std::nullopt;
   return lock && lock->holder == process.pid() ? std::optional(profile) : std::nullopt;
 }
 

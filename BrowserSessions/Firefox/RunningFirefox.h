@@ -10,33 +10,45 @@
 
 namespace BrowserSessions {
 
+/// The lock of a running Firefox on its profile.
+struct FirefoxLock {
+  /// The process that holds it; `nullopt` if that is outside of this program's sandbox or on another computer.
+  std::optional<pid_t> holder;
+
+  bool operator==(const FirefoxLock&) const = default;
+};
+
+/// The lock that another process has on the Firefox profile in this folder; `nullopt` if there is none, or its file
+/// does not exist or cannot be opened. A Firefox holds the lock for as long as it runs, and the kernel releases it
+/// however the process ends. The lock's file stays, so its existence means nothing. Never blocks.
+std::optional<FirefoxLock> firefoxLock(const std::filesystem::path& profile);
+
 /// A Firefox that runs.
 struct RunningFirefox {
   /// The folder of its profile.
   std::filesystem::path profile;
-  /// None where this program is in a sandbox that keeps it from knowing the process.
+  /// `nullopt` if this program's sandbox hides the process.
   std::optional<pid_t> process;
 
   bool operator==(const RunningFirefox&) const = default;
 };
 
-/// Below which folders the installations of Firefox keep their profiles.
+/// The folders below which installations of Firefox keep their profiles.
 struct FirefoxHome {
   std::filesystem::path home;
-  /// Where programs of this user keep their configuration: $XDG_CONFIG_HOME.
+  /// The folder for configuration files, $XDG_CONFIG_HOME.
   std::filesystem::path configuration;
 
-  /// The user's.
+  /// The folders of the user.
   static FirefoxHome ofUser();
 };
 
-/// Each Firefox that runs: an ordinary one or an ESR, in a Flatpak or in a Snap. Each profile is there once, and one
-/// that no Firefox has locked is not. These are the profiles that Firefox itself offers; a folder elsewhere that was
-/// only named when Firefox was started is not among them; see `firefoxProfileGivenTo`.
+/// The Firefoxes that run (ordinary or ESR, also as a Flatpak or a Snap): one for each profile that is locked. Only the
+/// profiles that Firefox itself offers are looked at; see `firefoxProfileGivenTo` for the others.
 std::vector<RunningFirefox> runningFirefoxes(const FirefoxHome& home = FirefoxHome::ofUser());
 
-/// The profile folder that a process was told to use (--profile, with an absolute path), where it has locked that. None
-/// for a process in a sandbox, whose paths are its own.
+/// The profile folder that a process was told to use (--profile with an absolute path) and has locked; `nullopt` if
+/// there is none, or the process is in a sandbox, which has paths of its own.
 std::optional<std::filesystem::path> firefoxProfileGivenTo(const DesktopSupport::ProcessInfo& process);
 
 }  // namespace BrowserSessions

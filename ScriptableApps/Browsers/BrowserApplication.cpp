@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "BrowserSessions/LongAddresses.h"
+#include "BrowserSessions/BrowserSession.h"
 #include "DesktopSupport/System/SystemLog.h"
 #include "DesktopSupport/Windows/X11/WindowReader.h"
 #include "ScriptableApps/Errors/ApplicationErrors.h"

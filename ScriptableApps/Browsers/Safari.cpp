@@ -2,13 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <utility>
 
 #include "BrowserSessions/Firefox/FirefoxSession.h"
 #include "BrowserSessions/Firefox/RunningFirefox.h"
-#include "BrowserSessions/GNOMEWeb/RunningWeb.h"
-#include "BrowserSessions/GNOMEWeb/WebSession.h"
+#include "BrowserSessions/GNOMEWeb/GNOMEWebSession.h"
+#include "BrowserSessions/GNOMEWeb/RunningGNOMEWeb.h"
 
 namespace ScriptableApps {
 
@@ -20,7 +19,6 @@ using AppleScript::Object;
 using AppleScript::PropertyDescription;
 using AppleScript::Value;
 using BrowserSessions::RunningFirefox;
-using BrowserSessions::SessionReading;
 
 using Answer = AppleScript::Result<Value>;
 
@@ -64,27 +62,6 @@ std::vector<RunningFirefox> allRunningFirefoxes(const std::vector<pid_t>& proces
   return running;
 }
 
-using Reading = std::expected<SessionReading, std::string>;
-
-Reading readFirefox(const std::filesystem::path& profile) {
-  auto session = BrowserSessions::firefoxSession(profile);
-  if (!session)
-    return std::unexpected(std::move(session.error()));
-  return SessionReading{.session = std::move(*session)};
-}
-
-Reading readWeb(const std::filesystem::path& profile, const std::vector<std::string>& windowTitles) {
-  auto session = BrowserSessions::webSession(profile);
-  if (!session)
-    return std::unexpected(std::move(session.error()));
-  SessionReading reading = {.session = std::move(*session)};
-  if (BrowserSessions::isBehind(reading.session, windowTitles))
-    reading.problems.emplace_back(
-        "The tabs of GNOME Web may be out of date: a window shows a page that is not yet saved in " + profile.string() +
-        '.');
-  return reading;
-}
-
 }  // namespace
 
 std::string_view Safari::name() const {
@@ -103,13 +80,13 @@ const BrowserClasses& Safari::classes() const {
 
 std::vector<RunningBrowser> Safari::runningBrowsers(const std::vector<pid_t>& processes) const {
   std::vector<RunningBrowser> browsers;
-  if (const auto web = BrowserSessions::runningWeb())
+  if (const auto web = BrowserSessions::runningGNOMEWeb())
     browsers.push_back({web->process, [profile = web->profile](const std::vector<std::string>& titles) {
-                          return readWeb(profile, titles);
+                          return BrowserSessions::gnomeWebSession(profile, titles);
                         }});
   for (const RunningFirefox& firefox : allRunningFirefoxes(processes))
     browsers.push_back({firefox.process, [profile = firefox.profile](const std::vector<std::string>& /*titles*/) {
-                          return readFirefox(profile);
+                          return BrowserSessions::firefoxSession(profile);
                         }});
   return browsers;
 }

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "Benchmarks/CopiedSession.h"
-#include "BrowserSessions/Chromium/ChromiumSession.h"
+#include "BrowserSessions/Chromium/SessionReplay.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 

@@ -25,7 +25,7 @@ std::string completeLog(const std::string& url) {
 
 class ChromiumProfile : public testing::Test {
  protected:
-  // The address of the only tab, or what went wrong.
+  // The address of the only tab, or the error.
   [[nodiscard]] std::string openAddress() const {
     const auto session = chromiumProfileSession(folder_.path());
     if (!session)
@@ -43,8 +43,8 @@ class ChromiumProfile : public testing::Test {
 };
 
 TEST_F(ChromiumProfile, IsNotKnownWithoutALog) {
-  const std::string complaint = "What the browser has open with the profile " + folder_.path().string() +
-                                " is not known: it has written no session log since it was started.";
+  const std::string complaint = "The session of the profile " + folder_.path().string() +
+                                " is unknown: the browser has not written a session log since it was started.";
   EXPECT_EQ(openAddress(), complaint);
   folder_.write("Sessions/Tabs_1", completeLog("closed"));
   folder_.write("Sessions/Apps_1", completeLog("application"));
@@ -72,13 +72,13 @@ TEST_F(ChromiumProfile, HasOpenWhatTheLogBeforeTellsWhileTheNewestIsBegun) {
 TEST_F(ChromiumProfile, CannotBeReadWhereNoLogIsComplete) {
   folder_.write("Sessions/Session_1", tabAt("a").bytes());
   folder_.write("Sessions/Session_2", "");
-  EXPECT_EQ(openAddress(), sentence("Sessions/Session_2", " is not complete, nor is an older session log."));
+  EXPECT_EQ(openAddress(), sentence("Sessions/Session_2", " is not complete, and neither is an older session log."));
 }
 
 TEST_F(ChromiumProfile, CannotBeReadWhereTheNewestLogIsSomethingElse) {
   folder_.write("Sessions/Session_1", completeLog("before"));
   folder_.write("Sessions/Session_2", "<html>");
-  EXPECT_EQ(openAddress(), sentence("Sessions/Session_2", ": The file is no session log."));
+  EXPECT_EQ(openAddress(), sentence("Sessions/Session_2", ": The file is not a session log."));
 }
 
 TEST_F(ChromiumProfile, CannotBeReadWhereTheNewestLogIsOfAnUnknownVersion) {

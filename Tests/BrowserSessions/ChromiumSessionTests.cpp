@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/Chromium/ChromiumSession.h"
+#include "BrowserSessions/Chromium/SessionReplay.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 
@@ -14,7 +14,7 @@ BrowserSession session(const SessionLogWriter& log) {
   return opened ? browserSession(chromiumSession(*opened)) : BrowserSession{{{{"not a log", ""}}}};
 }
 
-// Window 1 with the tabs a, b, c (11, 12, 13), of which b is shown.
+// Window 1 with the tabs a, b and c (11, 12 and 13). It shows b.
 SessionLogWriter threeTabs() {
   return SessionLogWriter().window(1).tab(1, 11, 0, "a").tab(1, 12, 1, "b").tab(1, 13, 2, "c").shown(1, 1);
 }
@@ -43,7 +43,7 @@ TEST(ChromiumSession, HasAWindowsTabsWithTheirTitlesAndAddresses) {
   EXPECT_EQ(session(log), expected);
 }
 
-TEST(ChromiumSession, CountsWhatHappensBeforeAndBehindTheMarker) {
+TEST(ChromiumSession, CountsWhatHappensBeforeAndAfterTheMarker) {
   EXPECT_EQ(session(threeTabs().marker().tab(1, 14, 3, "d")), BrowserSession{window("abcd", 1)});
 }
 
@@ -103,9 +103,9 @@ TEST(ChromiumSession, FollowsHistoriesThatArePruned) {
         .page(11, 3, "d")
         .goTo(11, 2);
   };
-  EXPECT_EQ(session(history().removed(11, 0, 2)), BrowserSession{window("c", 0)}) << "in front of it";
+  EXPECT_EQ(session(history().removed(11, 0, 2)), BrowserSession{window("c", 0)}) << "before it";
   EXPECT_EQ(session(history().removed(11, 2, 1)), BrowserSession{window("b", 0)}) << "the page itself";
-  EXPECT_EQ(session(history().removed(11, 3, 1)), BrowserSession{window("c", 0)}) << "behind it";
+  EXPECT_EQ(session(history().removed(11, 3, 1)), BrowserSession{window("c", 0)}) << "after it";
   EXPECT_EQ(session(history().record(11, number(11) + number(1))), BrowserSession{window("c", 0)});
   EXPECT_EQ(session(history().record(5, number(11) + number(1))), BrowserSession{window("a", 0)});
 }

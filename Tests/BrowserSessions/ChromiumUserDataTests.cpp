@@ -64,7 +64,7 @@ TEST_F(ChromiumUserData, SaysHowManyTabsAreLeftOut) {
   const SessionReading expected = {
       .session = {{{{"a", "a"}}, 0}},
       .problems = {"Tabs of the profile " + (folder_.path() / "Default").string() +
-                   " that are left out, since their addresses are too long for the browser's session log: 1."}};
+                   " left out because their addresses are too long for the browser's session log: 1."}};
   EXPECT_EQ(chromiumUserDataSession(folder_.path()), expected);
 }
 
@@ -163,8 +163,8 @@ TEST_F(ChromiumUserData, CannotBeReadFromTheLogsOfAnEarlierRun) {
   std::filesystem::create_symlink("host-" + std::to_string(getpid()), folder_.path() / "SingletonLock");
   EXPECT_EQ(chromiumUserDataSession(folder_.path()), (SessionReading{{{{{"before", "before"}}, 0}}}));
   EXPECT_EQ(chromiumUserDataSession(folder_.path(), getpid()).error(),
-            "What the browser has open with the profile " + (folder_.path() / "Default").string() +
-                " is not known: it has written no session log since it was started.");
+            "The session of the profile " + (folder_.path() / "Default").string() +
+                " is unknown: the browser has not written a session log since it was started.");
 }
 
 }  // namespace

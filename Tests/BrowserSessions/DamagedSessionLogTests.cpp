@@ -5,14 +5,14 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/Chromium/ChromiumSession.h"
+#include "BrowserSessions/Chromium/SessionReplay.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 
 namespace BrowserSessions {
 namespace {
 
-// Two windows, a history that was pruned, a tab that was moved and one that was closed.
+// Two windows, a history that was pruned, a tab that was moved and a tab that was closed.
 std::string someLog() {
   return SessionLogWriter()
       .window(1)
@@ -33,7 +33,7 @@ std::string someLog() {
       .bytes();
 }
 
-// Whether what can be made of the bytes is a session as the layers above rely on, or an error with a reason.
+// Whether the bytes yield a session that the layers above can rely on, or an error with a reason.
 testing::AssertionResult isSound(std::string_view bytes) {
   const auto log = SessionLog::open(bytes);
   if (!log)

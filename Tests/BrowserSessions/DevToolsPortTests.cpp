@@ -31,14 +31,14 @@ std::optional<DevToolsPort> noted(const std::string& note) {
   return devToolsPort(userData.path());
 }
 
-// Whether this process is taken for the browser that has noted this.
+// Whether this process is taken for the browser that wrote this note.
 bool isConnected(const DevToolsPort& devTools, WebSocket::Deadline deadline = farAway()) {
   const auto socket = connectDevTools(devTools, getpid(), deadline);
   EXPECT_TRUE(socket) << socket.error();
   return socket && socket->has_value();
 }
 
-// Whether a server that answers so to the question for the browser's version is taken for the browser.
+// Whether a server with this answer to the question for the browser's version is taken for the browser.
 bool isBrowser(const std::string& answer) {
   const FakeServer server([&](const FakeServer::Connection& client) {
     const std::string request = client.readTo("\r\n\r\n");
@@ -121,7 +121,7 @@ TEST(DevToolsPort, IsAskedWithoutOpeningAWebSocketForPermission) {
   EXPECT_EQ(webSockets, 0);
 }
 
-// What another process does whose DevTools answer as the browser's would.
+// The work of another process, whose DevTools answer like the browser's.
 void answerAsTheBrowser(const OtherProcess::Tell& tell, int listener) {
   const FakeDevTools devTools([](const FakeDevTools::json&) { return FakeDevTools::Messages(); }, listener);
   tell(FakeServer::portOf(listener));
@@ -133,7 +133,7 @@ TEST(DevToolsPort, IsNotConnectedToWhereAnotherProcessListens) {
   const DevToolsPort devTools = {other.port(), FakeDevTools::path};
   const auto socket = connectDevTools(devTools, getpid(), farAway());
   ASSERT_FALSE(socket);
-  EXPECT_EQ(socket.error(), "The browser is not asked through its DevTools: another program has their port, " +
+  EXPECT_EQ(socket.error(), "The browser's DevTools are not asked: another program has their port, " +
                                 std::to_string(other.port()) + '.');
   const auto ofOther = connectDevTools(devTools, other.pid(), farAway());
   EXPECT_TRUE(ofOther && ofOther->has_value());

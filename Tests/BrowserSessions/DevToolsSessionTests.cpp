@@ -13,13 +13,13 @@
 
 namespace BrowserSessions {
 
-static void PrintTo(const LiveTab& tab, std::ostream* stream) {
+static void PrintTo(const DevToolsTab& tab, std::ostream* stream) {
   *stream << "tab " << tab.index << (tab.isShown ? ", shown," : "") << " of window " << tab.window << " of "
           << tab.profile << ": ";
   PrintTo(tab.page, stream);
 }
 
-static void PrintTo(const LiveSession& session, std::ostream* stream) {
+static void PrintTo(const DevToolsSession& session, std::ostream* stream) {
   *stream << "main profile " << session.mainProfile << ", " << testing::PrintToString(session.tabs);
 }
 
@@ -33,9 +33,9 @@ json tab(const Arguments&... arguments) {
   return FakeDevTools::tab(arguments...);
 }
 
-class DevToolsSession : public testing::Test {
+class DevToolsSessionTest : public testing::Test {
  protected:
-  [[nodiscard]] std::optional<LiveSession> toldBy(const FakeDevTools& devTools) const {
+  [[nodiscard]] std::optional<DevToolsSession> toldBy(const FakeDevTools& devTools) const {
     devTools.noteIn(userData_);
     return devToolsSession(userData_.path(), getpid()).value_or(std::nullopt);
   }
@@ -43,7 +43,7 @@ class DevToolsSession : public testing::Test {
   TestSupport::TemporaryFolder userData_;
 };
 
-// Answers as a browser with one tab, but for one method.
+// Answers like a browser with one tab, except for one method.
 FakeDevTools::Answer except(const std::string& method, const std::function<std::string(const json& id)>& answer) {
   return [=](const json& call) {
     if (call["method"] == method)
@@ -57,8 +57,8 @@ std::string answer(const json& id, const json& result) {
   return json{{"id", id}, {"result", result}}.dump();
 }
 
-TEST_F(DevToolsSession, HasTheTabsWithTheirPlaces) {
-  const LiveSession expected = {
+TEST_F(DevToolsSessionTest, HasTheTabsWithTheirPlaces) {
+  const DevToolsSession expected = {
       .tabs = {{.window = 7, .index = 1, .isShown = true, .profile = "main", .page = {"Tür", "https://b.example/"}},
                {.window = 3, .index = 0, .isShown = false, .profile = "other", .page = {"", "about:blank"}}},
       .mainProfile = "main"};
@@ -67,11 +67,11 @@ TEST_F(DevToolsSession, HasTheTabsWithTheirPlaces) {
             expected);
 }
 
-TEST_F(DevToolsSession, HasNoTabsWhereNoneAreOpen) {
-  EXPECT_EQ(toldBy(FakeDevTools::withTabs({})), (LiveSession{.tabs = {}, .mainProfile = "main"}));
+TEST_F(DevToolsSessionTest, HasNoTabsWhereNoneAreOpen) {
+  EXPECT_EQ(toldBy(FakeDevTools::withTabs({})), (DevToolsSession{.tabs = {}, .mainProfile = "main"}));
 }
 
-TEST_F(DevToolsSession, AsksForAnyNumberOfWindows) {
+TEST_F(DevToolsSessionTest, AsksForAnyNumberOfWindows) {
   std::vector<json> tabs;
   for (int index = 0; index < 300; ++index)
     tabs.push_back(tab("", std::to_string(index), index % 3, index));
@@ -84,7 +84,7 @@ TEST_F(DevToolsSession, AsksForAnyNumberOfWindows) {
   }
 }
 
-TEST_F(DevToolsSession, LeavesOutWhatIsInNoTabStripOrInNoWindow) {
+TEST_F(DevToolsSessionTest, LeavesOutWhatIsInNoTabStripOrInNoWindow) {
   json devTools = tab("DevTools", "devtools://", 1, 0);
   devTools.erase("embedderData");
   json closed = tab("Closed", "closed", 1, 1);
@@ -95,13 +95,13 @@ TEST_F(DevToolsSession, LeavesOutWhatIsInNoTabStripOrInNoWindow) {
   EXPECT_EQ(session->tabs.front().page.title, "A");
 }
 
-TEST_F(DevToolsSession, IsNoneWhereTheBrowserDoesNotTellTheOrderOfTheTabs) {
+TEST_F(DevToolsSessionTest, IsNoneWhereTheBrowserDoesNotTellTheOrderOfTheTabs) {
   json older = tab("A", "a", 1, 0);
   older.erase("embedderData");
   EXPECT_EQ(toldBy(FakeDevTools::withTabs({older})), std::nullopt);
 }
 
-TEST_F(DevToolsSession, TakesAnswersInAnyOrderAmongOtherMessages) {
+TEST_F(DevToolsSessionTest, TakesAnswersInAnyOrderAmongOtherMessages) {
   const std::vector<json> tabs = {tab("A", "a", 1, 0), tab("B", "b", 2, 0)};
   std::string first;
   const auto session = toldBy(FakeDevTools([&](const json& call) {
@@ -117,7 +117,7 @@ TEST_F(DevToolsSession, TakesAnswersInAnyOrderAmongOtherMessages) {
   EXPECT_EQ(session->tabs[1].window, 2);
 }
 
-TEST_F(DevToolsSession, CountsAnAnswerOnce) {
+TEST_F(DevToolsSessionTest, CountsAnAnswerOnce) {
   const auto twice = [](const json& call) {
     const std::vector<json> tabs = {tab("A", "a", 1, 0)};
     const std::string message = answer(call["id"], FakeDevTools::result(call, tabs, "main"));
@@ -126,7 +126,7 @@ TEST_F(DevToolsSession, CountsAnAnswerOnce) {
   EXPECT_TRUE(toldBy(FakeDevTools(twice)));
 }
 
-TEST_F(DevToolsSession, IsNoneWhereItIsToldSomethingElse) {
+TEST_F(DevToolsSessionTest, IsNoneWhereItIsToldSomethingElse) {
   using Wrong = std::pair<const char*, std::function<std::string(const json& id)>>;
   const std::vector<Wrong> targets = {
       {"an error", [](const json& id) { return json{{"id", id}, {"error", {{"code", -32601}}}}.dump(); }},
@@ -144,7 +144,7 @@ TEST_F(DevToolsSession, IsNoneWhereItIsToldSomethingElse) {
     EXPECT_EQ(toldBy(FakeDevTools(except("Target.getTargets", wrong))), std::nullopt) << what;
 }
 
-TEST_F(DevToolsSession, TakesFieldsOfAnyKind) {
+TEST_F(DevToolsSessionTest, TakesFieldsOfAnyKind) {
   json odd = tab("A", "a", 1, 0);
   odd["title"] = 7;
   odd["url"] = json::array({1});
@@ -152,10 +152,10 @@ TEST_F(DevToolsSession, TakesFieldsOfAnyKind) {
   odd["embedderData"]["tabActive"] = "yes";
   const auto session = toldBy(FakeDevTools::withTabs({odd}));
   ASSERT_TRUE(session);
-  EXPECT_EQ(session->tabs, (std::vector<LiveTab>{{.window = 1}}));
+  EXPECT_EQ(session->tabs, (std::vector<DevToolsTab>{{.window = 1}}));
 }
 
-TEST_F(DevToolsSession, TakesFieldsOfAnyDepth) {
+TEST_F(DevToolsSessionTest, TakesFieldsOfAnyDepth) {
   constexpr std::size_t depth = 1'000'000;
   const std::string nested = std::string(depth, '[') + std::string(depth, ']');
   const auto targets = [&](const json& id) {
@@ -163,17 +163,17 @@ TEST_F(DevToolsSession, TakesFieldsOfAnyDepth) {
            R"(,"embedderData":{"tabStripIndex":0}}]}})";
   };
   EXPECT_EQ(toldBy(FakeDevTools(except("Target.getTargets", targets))),
-            (LiveSession{.tabs = {}, .mainProfile = "main"}));
+            (DevToolsSession{.tabs = {}, .mainProfile = "main"}));
 }
 
-TEST_F(DevToolsSession, CutsLongTitles) {
+TEST_F(DevToolsSessionTest, CutsLongTitles) {
   const auto session = toldBy(FakeDevTools::withTabs({tab(std::string(5000, 'x'), "a", 1, 0)}));
   ASSERT_TRUE(session);
   EXPECT_EQ(session->tabs.at(0).page.title, std::string(999, 'x') + "…");
 }
 
-// The one test that takes as long as it says.
-TEST_F(DevToolsSession, IsWaitedForHalfASecond) {
+// The only test that waits for a deadline.
+TEST_F(DevToolsSessionTest, IsWaitedForHalfASecond) {
   const auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(toldBy(FakeDevTools([](const json&) { return Messages(); })), std::nullopt);
   const auto time = std::chrono::steady_clock::now() - start;
@@ -181,7 +181,7 @@ TEST_F(DevToolsSession, IsWaitedForHalfASecond) {
   EXPECT_LT(time, std::chrono::seconds(10));
 }
 
-TEST_F(DevToolsSession, IsNoneWhereNobodyAnswers) {
+TEST_F(DevToolsSessionTest, IsNoneWhereNobodyAnswers) {
   EXPECT_EQ(devToolsSession(userData_.path(), getpid()).value(), std::nullopt) << "no note";
   userData_.write("DevToolsActivePort", std::to_string(deadPort()) + "\n" + FakeDevTools::path);
   EXPECT_EQ(devToolsSession(userData_.path(), getpid()).value(), std::nullopt) << "crashed";

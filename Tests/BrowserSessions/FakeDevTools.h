@@ -12,7 +12,7 @@
 
 namespace BrowserSessions {
 
-/// A browser's DevTools on a port, as far as they can be asked for tabs and windows.
+/// A browser's DevTools on a port, with the calls for tabs and windows only.
 class FakeDevTools {
  public:
   using json = nlohmann::json;
@@ -22,7 +22,7 @@ class FakeDevTools {
 
   static constexpr const char* path = "/devtools/browser/0aba2e35-00c3";
 
-  /// Listens on a port of its own, or serves the connections to a socket that listens already.
+  /// Listens on a port of its own, or serves the connections to a listening socket.
   explicit FakeDevTools(Answer answer, int listener = FakeServer::listenOnAnyPort())
       : answer_(std::move(answer)),
         server_([this](const FakeServer::Connection& client) { serve(client); }, listener) {}
@@ -58,11 +58,11 @@ class FakeDevTools {
 
   [[nodiscard]] std::uint16_t port() const { return server_.port(); }
 
-  /// The browser's note of them in its user data folder.
+  /// The browser's note of the port in its user data folder.
   [[nodiscard]] std::string note() const { return std::to_string(server_.port()) + '\n' + path; }
   void noteIn(const TestSupport::TemporaryFolder& userData) const { userData.write("DevToolsActivePort", note()); }
 
-  /// How many WebSockets have been opened so far.
+  /// The number of WebSockets opened so far.
   [[nodiscard]] int webSockets() const { return webSockets_; }
 
  private:

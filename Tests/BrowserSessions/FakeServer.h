@@ -17,11 +17,11 @@
 
 namespace BrowserSessions {
 
-/// A server on a port of this machine, on a thread of its own: it accepts one connection after the other and handles
-/// each as the test says.
+/// A server on a port of this machine, on a thread of its own. It accepts one connection after the other, and passes
+/// each to the test's handler.
 class FakeServer {
  public:
-  /// The server's end of a connection. Reads come short where the client has gone.
+  /// The server's end of a connection. Reads return fewer bytes if the client has gone.
   class Connection {
    public:
     explicit Connection(int socket) : socket_(socket) {}
@@ -44,7 +44,7 @@ class FakeServer {
       return bytes;
     }
 
-    /// False where the client has gone.
+    /// Returns whether the client took the bytes.
     bool write(std::string_view bytes) const {  // NOLINT(modernize-use-nodiscard): of interest to few
       while (!bytes.empty()) {
         const ssize_t count = send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL);
@@ -55,7 +55,7 @@ class FakeServer {
       return true;
     }
 
-    /// Says nothing until the client goes.
+    /// Waits until the client goes.
     void awaitEnd() const {
       while (!read(1).empty()) {
       }
@@ -67,7 +67,7 @@ class FakeServer {
 
   using Handler = std::function<void(const Connection&)>;
 
-  /// Serves the connections to a socket that listens, and closes it in the end.
+  /// Serves the connections to a listening socket, and closes it in the end.
   explicit FakeServer(Handler handler, int listener = listenOnAnyPort())
       : handler_(std::move(handler)), listener_(listener), port_(portOf(listener)) {
     thread_ = std::jthread([this] { serve(); });
@@ -95,7 +95,7 @@ class FakeServer {
     return listener;
   }
 
-  /// The port of this end of a socket, whether it is of IPv4 or IPv6.
+  /// The port of this end of a socket, IPv4 or IPv6.
   static std::uint16_t portOf(int socket) {
     sockaddr_in6 address = {};  // has the port where sockaddr_in has it
     socklen_t size = sizeof(address);

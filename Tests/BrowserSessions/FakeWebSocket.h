@@ -27,7 +27,7 @@ class FakeWebSocket {
 
   explicit FakeWebSocket(const FakeServer::Connection& connection) : connection_(connection) {}
 
-  /// Takes the client's request, and answers it as a server must.
+  /// Reads the client's request and accepts it. Returns the request.
   std::string shakeHands() const {  // NOLINT(modernize-use-nodiscard): of interest to few
     std::string request = connection_.readTo("\r\n\r\n");
     connection_.write(
@@ -37,7 +37,7 @@ class FakeWebSocket {
     return request;
   }
 
-  /// What a server has to answer to the key in a request.
+  /// The answer that a server must give to the key in a request.
   static std::string acceptance(const std::string& request) {
     constexpr std::string_view field = "Sec-WebSocket-Key: ";
     const auto start = request.find(field) + field.size();
@@ -74,7 +74,7 @@ class FakeWebSocket {
     return connection_.write(frame(text, message));
   }
 
-  /// The next frame of the client; one with an opcode of 0 and nothing in it where the client has gone.
+  /// The next frame of the client; an empty one with the opcode 0 if the client has gone.
   [[nodiscard]] Frame receive() const {
     const std::string head = connection_.read(2);
     if (head.size() < 2)

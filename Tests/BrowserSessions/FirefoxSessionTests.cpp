@@ -26,7 +26,7 @@ std::string sessionAt(const std::string& url) {
                         R"("}],"index":1}],"selected":1}],"selectedWindow":1})");
 }
 
-/// A profile that was locked an hour ago.
+// A profile that was locked an hour ago.
 class FirefoxSession : public testing::Test {
  protected:
   FirefoxSession() {
@@ -34,7 +34,7 @@ class FirefoxSession : public testing::Test {
     setTime("lock", std::chrono::hours(-1));
   }
 
-  /// Gives a file a time, counted from the start of the test; a link has its own.
+  // Sets the time of a file, or of a link itself, relative to the start of the test.
   void setTime(const std::filesystem::path& file, std::chrono::nanoseconds fromStart) const {
     const auto time = (start_ + fromStart).time_since_epoch();
     const auto seconds = std::chrono::floor<std::chrono::seconds>(time);
@@ -45,10 +45,10 @@ class FirefoxSession : public testing::Test {
         0);
   }
 
-  // The address of the only tab, where the session can be read.
+  // The address of the only tab; `nullopt` if the session cannot be read.
   [[nodiscard]] std::optional<std::string> url() const {
     const auto session = firefoxSession(folder_.path());
-    return session ? std::optional(session->at(0).tabs.at(0).url) : std::nullopt;
+    return session ? std::optional(session->session.at(0).tabs.at(0).url) : std::nullopt;
   }
 
   std::chrono::sys_time<std::chrono::nanoseconds> start_ = std::chrono::system_clock::now();
@@ -63,7 +63,7 @@ TEST_F(FirefoxSession, IsWhatWasSavedLast) {
 
 TEST_F(FirefoxSession, HasANameForAPageWithoutATitle) {
   folder_.write(newest, sessionAt("http://example.com/a"));
-  EXPECT_EQ(firefoxSession(folder_.path())->at(0).tabs.at(0).title, "example.com/a");
+  EXPECT_EQ(firefoxSession(folder_.path())->session.at(0).tabs.at(0).title, "example.com/a");
 }
 
 TEST_F(FirefoxSession, IsWhatWasSavedBeforeWhileThereIsNothingElse) {

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "BrowserSessions/BrowserSession.h"
 #include "BrowserSessions/Firefox/FirefoxState.h"
-#include "BrowserSessions/LongAddresses.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 
 namespace {
@@ -50,7 +50,7 @@ BrowserTab readTab(const std::string& json) {
   return session.empty() || session[0].tabs.empty() ? BrowserTab() : session[0].tabs[0];
 }
 
-// As version 153 wrote it, while a private window was in front; cookies and some of the many keys are taken out.
+// Written by version 153 while a private window was in front. Cookies and some of the many keys are removed.
 const std::string twoWindowsAndAPrivateOne =
     R"({"version":["sessionrestore",1],"windows":[{"tabs":[{"entries":[{"url":"http://127.0.0.1:8765/a.html",)"
     R"("title":"Page a – ü 😀","cacheKey":0,"ID":9,"docshellUUID":"{a8423f5e-d353-4101-936b-cff32e22efd0}",)"
@@ -108,7 +108,7 @@ TEST(FirefoxState, LeavesHiddenAndPrivateTabsOut) {
   const std::string tabs = tab("a", R"(,"hidden":true)") + "," + tab("b", R"(,"hidden":false)") + "," +
                            tab("c", R"(,"isPrivate":true)") + "," + tab("d");
   EXPECT_THAT(read(state(window(tabs, R"(,"selected":4)"))), ElementsAre(windowOf("bd", 1)));
-  EXPECT_THAT(read(state(window(tabs, R"(,"selected":3)"))), ElementsAre(windowOf("bd", 1))) << "the one behind";
+  EXPECT_THAT(read(state(window(tabs, R"(,"selected":3)"))), ElementsAre(windowOf("bd", 1))) << "the next one";
 }
 
 TEST(FirefoxState, ShowsTheLastTabWhereTheOneBehindItIsLeftOut) {

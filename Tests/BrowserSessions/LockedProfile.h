@@ -12,8 +12,8 @@
 
 namespace BrowserSessions::Testing {
 
-/// A Firefox profile, made where there is none, that another process has locked, as a running Firefox has, until the
-/// end of the scope. Throws where that fails.
+/// A Firefox profile that another process keeps locked, like a running Firefox, until the end of the scope. Makes the
+/// profile if there is none. Throws on failure.
 class LockedProfile {
  public:
   explicit LockedProfile(const std::filesystem::path& profile) {

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "BrowserSessions/LongAddresses.h"
+#include "BrowserSessions/BrowserSession.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 
 namespace {
@@ -13,7 +13,7 @@ using BrowserSessions::longestAddress;
 using BrowserSessions::SessionReading;
 using testing::ElementsAre;
 
-// A window with a tab for each letter; those of a capital letter have an address that is too long.
+// A window with a tab for each letter. The address of a capital letter is too long.
 BrowserWindow windowOf(const std::string& letters, std::size_t activeTab = 0) {
   BrowserWindow window{.tabs = {}, .activeTab = activeTab};
   for (const char letter : letters)
@@ -31,7 +31,7 @@ TEST(LongAddresses, AreLeftOutAndCounted) {
   const auto reading = read({windowOf("aBcD"), windowOf("e"), windowOf("fG")});
   EXPECT_EQ(reading.session, BrowserSession({windowOf("ac"), windowOf("e"), windowOf("f")}));
   EXPECT_THAT(reading.problems,
-              ElementsAre("Another.", "Tabs that are left out, since their addresses are longer than 65536 bytes: 3."));
+              ElementsAre("Another.", "Tabs left out because their addresses are longer than 65536 bytes: 3."));
 }
 
 TEST(LongAddresses, ChangeNothingIfThereAreNone) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/Firefox/LongTokens.h"
+#include "BrowserSessions/Firefox/SessionText.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 
 namespace BrowserSessions::Testing {
 
-/// The bytes of a file that begins as Firefox's compressed ones do, with any size and block.
+/// The bytes of a file that starts like those that Firefox compresses, with any size and block.
 inline std::string mozillaLZ4File(std::size_t size, std::string_view block) {
   std::string file("mozLz40\0", 8);
   for (int shift = 0; shift < 32; shift += 8)
@@ -16,7 +16,7 @@ inline std::string mozillaLZ4File(std::size_t size, std::string_view block) {
   return file.append(block);
 }
 
-/// The bytes of a file in which Firefox has compressed the contents.
+/// The bytes of a file with these contents, compressed as by Firefox.
 inline std::string mozillaLZ4File(std::string_view contents) {
   const int size = static_cast<int>(contents.size());
   std::string block(static_cast<std::size_t>(LZ4_compressBound(size)), '\0');

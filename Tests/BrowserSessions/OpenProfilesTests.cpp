@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/Chromium/OpenProfiles.h"
+#include "BrowserSessions/Chromium/ChromiumProfile.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 namespace BrowserSessions {
@@ -19,7 +19,7 @@ class OpenChromiumProfiles : public testing::Test {
 
   void state(const std::string& json) const { folder_.write("Local State", json); }
 
-  // The names of the folders.
+  // The names of the profiles' folders.
   [[nodiscard]] std::vector<std::string> profiles() const {
     std::vector<std::string> names;
     for (const auto& profile : openChromiumProfiles(folder_.path()))

@@ -12,13 +12,13 @@
 
 namespace BrowserSessions {
 
-/// A process that is forked from this one, which must have a single thread then. It is ended with the test.
+/// A process that is forked from this one, which must have a single thread at that time. The destructor kills it.
 class OtherProcess {
  public:
-  /// Tells the test a port and waits for the end.
+  /// Tells the test a port and waits to be killed.
   using Tell = std::function<void(std::uint16_t port)>;
 
-  /// Has the process do what `work` says, up to its telling a port.
+  /// Makes the process do `work`, and waits until it tells a port.
   explicit OtherProcess(const std::function<void(const Tell& tell)>& work) {
     int ends[2] = {};
     if (pipe(ends) != 0)
@@ -49,7 +49,7 @@ class OtherProcess {
   }
 
   [[nodiscard]] pid_t pid() const { return pid_; }
-  /// The port that it has told; 0 if it could tell none.
+  /// The port that it has told; 0 if it failed.
   [[nodiscard]] std::uint16_t port() const { return port_; }
 
  private:

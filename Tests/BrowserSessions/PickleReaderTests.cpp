@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/Chromium/PickleReader.h"
+#include "BrowserSessions/Chromium/SessionLog.h"
 #include "Tests/BrowserSessions/SessionLogWriter.h"
 
 namespace BrowserSessions {

@@ -31,7 +31,7 @@ using Owner = PortListener::Owner;
 const std::string heading =
     "  sl  local_address rem_address   st tx_queue rx_queue tr tm->when retrnsmt   uid  timeout inode\n";
 
-// A row of the table, as a machine with the lower byte first has it.
+// A row of the table on a little-endian machine.
 std::string row(const std::string& local, const std::string& remote, const std::string& state,
                 const std::string& user = "1000", const std::string& inode = "77") {
   return "   0: " + local + ' ' + remote + ' ' + state + " 00000000:00000000 00:00000000 00000000  " + user +
@@ -77,7 +77,7 @@ TEST(TCPSockets, AreNoneInLinesOfAnotherKind) {
     EXPECT_THAT(tcpSockets(line), IsEmpty()) << line;
 }
 
-// A socket that listens on a port of 127.0.0.1, or on the one that is given, with others if they may.
+// A socket that listens on a port of 127.0.0.1: on any, or on the given one together with others that allow it.
 int listenOn(std::uint16_t port, bool isShared) {
   const int listener = socket(AF_INET, SOCK_STREAM, 0);
   const int yes = 1;
@@ -103,7 +103,7 @@ int connectTo(std::uint16_t port) {
   return client;
 }
 
-// Has another process listen, and accept what comes once it has told its port.
+// Makes another process listen, and accept connections as soon as it has told its port.
 void listenAndTell(const OtherProcess::Tell& tell) {
   tell(FakeServer::portOf(FakeServer::listenOnAnyPort()));
 }
@@ -124,7 +124,7 @@ TEST(PortListener, IsSomebodyElseIfAnotherProcessListens) {
   EXPECT_EQ(PortListener(other.pid()).listener(other.port()), Owner::process);
 }
 
-// Where the test may not change the user, the process is another one of the same user.
+// If the test is not allowed to change the user, the other process has the same user.
 TEST(PortListener, IsSomebodyElseIfItIsOfAnotherUser) {
   constexpr uid_t nobody = 65534;
   const bool mayChangeUser = geteuid() == 0;

@@ -18,7 +18,7 @@ using std::filesystem::path;
 
 class RunningChromiumBrowsers : public testing::Test {
  protected:
-  // A process with this program and these further arguments, each ended by a '|'.
+  // Makes a process with this program and these further arguments, each with a '|' at its end.
   void process(int number, const path& program, std::string arguments = "") const {
     std::ranges::replace(arguments, '|', '\0');
     const path folder = path("proc") / std::to_string(number);
@@ -33,7 +33,7 @@ class RunningChromiumBrowsers : public testing::Test {
     folder_.write(folder / "root/.flatpak-info", "[Application]\nname=" + application + "\n");
   }
 
-  // Has the lock of a user data folder say that somebody holds it; yields the folder.
+  // Makes a user data folder with a lock that names this holder, and returns the folder.
   [[nodiscard]] path lock(const path& userData, const std::string& holder) const {
     const path folder = folder_.path() / userData;
     std::filesystem::create_directories(folder);
@@ -155,7 +155,7 @@ TEST_F(RunningChromiumBrowsers, MayHaveTheirUserDataWhereTheyAreTold) {
   EXPECT_EQ(given(4711), (RunningChromium{"Chromium", 4711, userData}));
 }
 
-// As a browser that runs shows its command line.
+// This is how a running browser shows its command line.
 TEST_F(RunningChromiumBrowsers, MayShowTheirArgumentsAsOne) {
   const path userData = lock("else where", "host-4711");
   process(4711, "/usr/lib/chromium/chromium");

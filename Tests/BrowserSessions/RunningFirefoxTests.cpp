@@ -111,7 +111,7 @@ TEST_F(FirefoxesThatRun, AreLookedForInTheUsualFolderWhereTheVariableIsOfNoUse) 
 
 class ProfileGivenToFirefox : public FirefoxesThatRun {
  protected:
-  // What the process that has locked the profile, or another, is given with these arguments.
+  // The profile given to the process with these arguments: the process that has locked the profile, or another one.
   [[nodiscard]] std::optional<std::filesystem::path> givenIn(const std::vector<std::string>& arguments,
                                                              std::optional<pid_t> process = std::nullopt) const {
     std::string line;

@@ -15,7 +15,7 @@ constexpr std::int64_t minute = 60'000'000;
 
 class SessionFilesOfAProfile : public testing::Test {
  protected:
-  // Makes a log that was begun and last written these minutes after some moment.
+  // Makes a log that was begun and last written these numbers of minutes after a fixed time.
   void make(const std::string& folder, int begun, int written) const {
     const auto file = folder_.write(folder + "/Session_" + std::to_string(start + begun * minute), "");
     std::filesystem::last_write_time(file, std::filesystem::file_time_type() + minutes(written));

@@ -90,7 +90,7 @@ TEST(SessionLog, IsNothingElse) {
   for (const std::string_view bytes : {"X", "SNSX", "snss\3\0\0\0", "<html></html>"}) {
     const auto log = SessionLog::open(bytes);
     ASSERT_FALSE(log) << bytes;
-    EXPECT_EQ(log.error(), "The file is no session log.");
+    EXPECT_EQ(log.error(), "The file is not a session log.");
   }
 }
 

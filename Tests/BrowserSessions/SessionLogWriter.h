@@ -47,8 +47,7 @@ class PickleWriter {
   std::string fields_;
 };
 
-/// The bytes of a Chromium session log, record by record. Windows, tabs and pages are told by numbers of the test's
-/// choice.
+/// The bytes of a Chromium session log, record by record. The test chooses the numbers of windows, tabs and pages.
 class SessionLogWriter {
  public:
   explicit SessionLogWriter(std::int32_t version = 3) : bytes_("SNSS" + number(version)) {}
@@ -90,7 +89,7 @@ class SessionLogWriter {
     return inWindow(tab, window).atIndex(tab, index).page(tab, 0, url, title).goTo(tab, 0);
   }
 
-  /// The mark behind what was open when the log was begun.
+  /// The mark after everything that was open when the log was begun.
   SessionLogWriter& marker() { return record(255, ""); }
 
   [[nodiscard]] const std::string& bytes() const { return bytes_; }

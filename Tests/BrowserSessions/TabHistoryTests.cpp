@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/Chromium/TabHistory.h"
+#include "BrowserSessions/Chromium/SessionReplay.h"
 
 namespace BrowserSessions {
 namespace {
@@ -15,7 +15,7 @@ constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
 
 class History : public testing::Test {
  protected:
-  // Pages at these places, each named after its place.
+  // Puts a page at each of these places, named after its place.
   void pages(const std::vector<std::int32_t>& places) {
     for (const std::int32_t place : places)
       history_.put(place, {std::string_view("0123456789").substr(static_cast<std::size_t>(place), 1), {}});

@@ -19,7 +19,7 @@ namespace {
 
 using std::filesystem::path;
 
-// As the browser makes it.
+// The table that the browser makes.
 constexpr const char* makeTable =
     "CREATE TABLE urls(id INTEGER PRIMARY KEY AUTOINCREMENT, url LONGVARCHAR, title LONGVARCHAR, visit_count INTEGER);"
     "CREATE INDEX urls_url_index ON urls (url);";
@@ -28,7 +28,7 @@ constexpr const char* threePages =
     "INSERT INTO urls(url, title) VALUES ('https://a.example/', 'Tür 🎈'), ('https://b.example/', ''), "
     "('https://c.example/', NULL);";
 
-// A connection that writes into the database, as the browser's own.
+// A connection that writes into the database, like the browser's own.
 class Writer {
  public:
   explicit Writer(const path& file) {

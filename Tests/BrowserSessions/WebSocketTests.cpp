@@ -16,12 +16,12 @@ using namespace std::chrono_literals;
 using Connection = FakeServer::Connection;
 using Text = std::optional<std::string>;
 
-// Never reached where all is well.
+// Only reached if a test fails.
 WebSocket::Deadline farAway() {
   return std::chrono::steady_clock::now() + 60s;
 }
 
-// What the client receives from a server that writes these bytes behind the handshake, and then says nothing more.
+// The message that the client receives from a server that writes only these bytes after the handshake.
 Text receivedFrom(const std::string& bytes) {
   const FakeServer server([&](const Connection& connection) {
     FakeWebSocket(connection).shakeHands();
@@ -32,7 +32,7 @@ Text receivedFrom(const std::string& bytes) {
   return socket ? socket->receive() : "not connected";
 }
 
-// Whether the client takes this answer to its request.
+// Whether the client accepts this answer to its request.
 bool isOpenedBy(const std::function<std::string(const std::string& request)>& answer) {
   const FakeServer server(
       [&](const Connection& connection) { connection.write(answer(connection.readTo("\r\n\r\n"))); });
@@ -146,7 +146,7 @@ TEST(WebSocket, ReceivesNothingFromAServerThatBreaksTheProtocol) {
     EXPECT_EQ(receivedFrom(bytes), std::nullopt) << what;
 }
 
-// All bytes are sent, so that only the limit can be the reason why a message is not received.
+// All bytes are sent, so only the limit can be the reason why a message is not received.
 TEST(WebSocket, ReceivesMessagesOfUpTo64MiB) {
   const std::string longest(64 << 20, 'x');
   EXPECT_TRUE(receivedFrom(frame(FakeWebSocket::text, longest)) == longest);

@@ -163,7 +163,7 @@ class WindowsTest : public testing::Test, public Platform::WindowDelegate {
     return opened;
   }
 
-  static inline Platform::Fake::FakeLog log;
+  static inline Platform::Fake::FakeLog log{nullptr};
   Linux::Windows& windows = openWindows();
   std::vector<std::string> events;
   bool isClosed = false;

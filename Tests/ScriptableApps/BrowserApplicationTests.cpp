@@ -168,7 +168,7 @@ TEST(BrowserApplication, LeavesTabsWithLongAddressesOutAndLogsTheirNumber) {
                 "get name of every tab of every window"),
             "Two");
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "Tabs that are left out, since their addresses are longer than 65536 bytes: 2.\n");
+            "Tabs left out because their addresses are longer than 65536 bytes: 2.\n");
 }
 
 TEST(BrowserApplication, RunsIfTheBrowserHasNoWindow) {

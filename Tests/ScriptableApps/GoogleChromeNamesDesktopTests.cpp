@@ -135,8 +135,8 @@ TEST_F(GoogleChromeNames, AreNotKnownWithoutASessionLogOfThisRun) {
   browser.awaitPage(pages_.url("a"));
   const std::string profile = (TestChromium::userData() / "Default").string();
   EXPECT_EQ(textOfScript(listChromeTabs),
-            "-2700: Google Chrome got an error: What the browser has open with the profile " + profile +
-                " is not known: it has written no session log since it was started.");
+            "-2700: Google Chrome got an error: The session of the profile " + profile +
+                " is unknown: the browser has not written a session log since it was started.");
 }
 
 }  // namespace

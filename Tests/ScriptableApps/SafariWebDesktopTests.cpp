@@ -90,10 +90,10 @@ TEST_F(WebTest, IsNotListedInPrivate) {
 }
 
 TEST_F(WebTest, IsKnownWithItsProfileAndProcessWhileItRuns) {
-  EXPECT_EQ(BrowserSessions::runningWeb(), std::nullopt);
+  EXPECT_EQ(BrowserSessions::runningGNOMEWeb(), std::nullopt);
   const TestSupport::ChildProcess& web = start({url("a")});
-  TestSupport::awaitOwner(BrowserSessions::webBusName);
-  EXPECT_EQ(BrowserSessions::runningWeb(), (BrowserSessions::RunningWeb{profile_, web.pid()}));
+  TestSupport::awaitOwner(BrowserSessions::gnomeWebBusName);
+  EXPECT_EQ(BrowserSessions::runningGNOMEWeb(), (BrowserSessions::RunningGNOMEWeb{profile_, web.pid()}));
 }
 
 TEST_F(WebTest, HasNothingListedOnceItHasQuit) {
@@ -118,7 +118,7 @@ TEST_F(WebTest, IsSaidToBeOutOfDateWhileItSavesNothing) {
   testing::internal::CaptureStderr();
   EXPECT_THAT(textOfScript(listSafariTabs), testing::Not(testing::HasSubstr("Page b")));
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "The tabs of GNOME Web may be out of date: a window shows a page that is not yet saved in " +
+            "The list of GNOME Web's tabs may be out of date: a window shows a page that is not saved yet in " +
                 profile_.string() + ".\n");
 }
 

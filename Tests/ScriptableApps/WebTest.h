@@ -10,7 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/GNOMEWeb/RunningWeb.h"
+#include "BrowserSessions/GNOMEWeb/RunningGNOMEWeb.h"
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
@@ -31,7 +31,7 @@ class WebTest : public testing::Test {
   void TearDown() override {
     processes_.clear();
     EXPECT_TRUE(desktop_.waitForNoWindows());
-    awaitNoOwner(BrowserSessions::webBusName);
+    awaitNoOwner(BrowserSessions::gnomeWebBusName);
     std::filesystem::remove_all(profile_);
   }
 

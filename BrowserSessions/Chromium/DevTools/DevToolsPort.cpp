@@ -7,7 +7,6 @@
 #include <string_view>
 #include <system_error>
 
-#include "BrowserSessions/Chromium/DevTools/HTTPAnswer.h"
 #include "BrowserSessions/Chromium/DevTools/JSONFields.h"
 #include "BrowserSessions/Chromium/DevTools/LocalConnection.h"
 #include "BrowserSessions/Chromium/DevTools/PortListener.h"
@@ -29,13 +28,13 @@ std::optional<std::uint16_t> portNumber(std::string_view text) {
   return error == std::errc() && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
 }
 
-// What may be put into a request as it is.
+// Whether the text can be put into a request as it is.
 bool isPath(std::string_view text) {
   return text.starts_with("/devtools/browser/") &&
          std::ranges::all_of(text, [](char c) { return g_ascii_isalnum(c) || c == '/' || c == '-'; });
 }
 
-// The answer to the one question that every browser answers that needs no permission.
+// The answer to the question for the browser's version. A browser answers it unless it asks the user for permission.
 std::optional<std::string> version(std::uint16_t port, LocalConnection::Deadline deadline) {
   auto connection = LocalConnection::open(port, deadline);
   const std::string request =
@@ -44,11 +43,11 @@ std::optional<std::string> version(std::uint16_t port, LocalConnection::Deadline
   return isAsked ? readHTTPContent(*connection, maximumAnswerSize) : std::nullopt;
 }
 
-// Nobody is no failure: a browser that has crashed leaves its note behind.
+// It is not a failure if nobody has the port: a browser that crashes leaves its note.
 std::expected<std::optional<WebSocket>, std::string> notConnected(Owner owner, std::uint16_t port) {
   if (owner == Owner::none)
     return std::nullopt;
-  return std::unexpected("The browser is not asked through its DevTools: another program has their port, " +
+  return std::unexpected("The browser's DevTools are not asked: another program has their port, " +
                          std::to_string(port) + '.');
 }
 
@@ -79,7 +78,7 @@ std::expected<std::optional<WebSocket>, std::string> connectDevTools(const DevTo
   auto socket = WebSocket::open(devTools.port, devTools.path, deadline);
   if (!socket)
     return std::nullopt;
-  // The browser may have given the port up since.
+  // The browser may have given up the port meanwhile.
   if (const auto accepter = browser.accepter(devTools.port, socket->localPort()); accepter != Owner::process)
     return notConnected(accepter, devTools.port);
   return socket;

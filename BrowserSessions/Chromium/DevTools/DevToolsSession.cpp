@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "BrowserSessions/BrowserText.h"
+#include "BrowserSessions/BrowserFiles.h"
 #include "BrowserSessions/Chromium/DevTools/DevToolsPort.h"
 #include "BrowserSessions/Chromium/DevTools/JSONFields.h"
 #include "DesktopSupport/System/DisplayableText.h"
@@ -22,11 +22,11 @@ using DesktopSupport::shortened;
 using nlohmann::json;
 using namespace std::chrono_literals;
 
+// The time for connecting and listing the tabs, and then for asking for their windows.
 constexpr auto patience = 500ms;
-// With a browser that has told which tabs it has, until it has told which windows they are in.
 constexpr auto patienceForWindows = 2s;
 
-// So many questions are put at once.
+// The number of calls that are sent before their answers are read.
 constexpr std::size_t maximumBatch = 256;
 
 WebSocket::Deadline in(std::chrono::milliseconds time) {
@@ -46,7 +46,7 @@ bool send(WebSocket& devTools, std::span<json> calls) {
   return true;
 }
 
-// The answers to calls, in their order: each has a "result" or an "error".
+// The answers to the calls, in their order. Each has a "result" or an "error".
 std::optional<std::vector<json>> answers(WebSocket& devTools, std::span<json> calls) {
   std::vector<json> answers(calls.size());
   if (!send(devTools, calls))
@@ -66,21 +66,21 @@ std::optional<std::vector<json>> answers(WebSocket& devTools, std::span<json> ca
   return answers;
 }
 
-// A tab of a tab strip, in a window that is not known yet.
-std::optional<LiveTab> tab(const json& target) {
+// The tab, without its window; `nullopt` if it is not in a tab strip.
+std::optional<DevToolsTab> tab(const json& target) {
   const json& place = field(target, "embedderData");
   const auto index = integerField(place, "tabStripIndex");
   if (!index)
     return std::nullopt;
-  return LiveTab{.index = *index,
-                 .isShown = field(place, "tabActive") == true,
-                 .profile = textField(target, "browserContextId"),
-                 .page = {validUtf8(shortened(textField(target, "title"))), validUtf8(textField(target, "url"))}};
+  return DevToolsTab{.index = *index,
+                     .isShown = field(place, "tabActive") == true,
+                     .profile = textField(target, "browserContextId"),
+                     .page = {validUTF8(shortened(textField(target, "title"))), validUTF8(textField(target, "url"))}};
 }
 
-// The browser's tabs, and the calls that tell their windows.
+// The browser's tabs, and for each the call that asks for its window.
 struct Tabs {
-  LiveSession session;
+  DevToolsSession session;
   std::vector<json> windowCalls;
 };
 
@@ -102,9 +102,9 @@ std::optional<Tabs> tabs(WebSocket& devTools) {
   return isUnderstood ? std::optional(std::move(tabs)) : std::nullopt;
 }
 
-// Tabs that are closed at this moment have no window any more.
-std::optional<LiveSession> inTheirWindows(WebSocket& devTools, Tabs tabs) {
-  LiveSession session = {.tabs = {}, .mainProfile = std::move(tabs.session.mainProfile)};
+// The tabs with their windows. Tabs that were closed meanwhile have none and are left out.
+std::optional<DevToolsSession> inTheirWindows(WebSocket& devTools, Tabs tabs) {
+  DevToolsSession session = {.tabs = {}, .mainProfile = std::move(tabs.session.mainProfile)};
   for (std::size_t begin = 0; begin < tabs.windowCalls.size(); begin += maximumBatch) {
     const std::size_t count = std::min(maximumBatch, tabs.windowCalls.size() - begin);
     const auto told = answers(devTools, std::span(tabs.windowCalls).subspan(begin, count));
@@ -121,8 +121,8 @@ std::optional<LiveSession> inTheirWindows(WebSocket& devTools, Tabs tabs) {
 
 }  // namespace
 
-std::expected<std::optional<LiveSession>, std::string> devToolsSession(const std::filesystem::path& userData,
-                                                                       pid_t process) {
+std::expected<std::optional<DevToolsSession>, std::string> devToolsSession(const std::filesystem::path& userData,
+                                                                           pid_t process) {
   const auto port = devToolsPort(userData);
   if (!port)
     return std::nullopt;
@@ -133,7 +133,7 @@ std::expected<std::optional<LiveSession>, std::string> devToolsSession(const std
   return devTools ? devToolsSession(*devTools) : std::nullopt;
 }
 
-std::optional<LiveSession> devToolsSession(WebSocket& devTools) {
+std::optional<DevToolsSession> devToolsSession(WebSocket& devTools) {
   auto open = tabs(devTools);
   if (!open)
     return std::nullopt;

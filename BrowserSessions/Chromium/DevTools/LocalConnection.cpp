@@ -1,6 +1,9 @@
 #include "BrowserSessions/Chromium/DevTools/LocalConnection.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
+#include <system_error>
 #include <utility>
 
 #include <netinet/in.h>
@@ -13,6 +16,24 @@ namespace {
 using DesktopSupport::ErrorHandle;
 using DesktopSupport::ObjectHandle;
 using DesktopSupport::Out;
+
+std::optional<std::size_t> number(std::string_view text) {
+  std::size_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  return error == std::errc() && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
+}
+
+// The size of the content according to the head of a successful answer.
+std::optional<std::size_t> contentSize(std::string head) {
+  std::ranges::transform(head, head.begin(), g_ascii_tolower);
+  constexpr std::string_view field = "\r\ncontent-length:";
+  const auto start = head.find(field);
+  if (!head.starts_with("http/1.1 200 ") || start == std::string::npos)
+    return std::nullopt;
+  const std::string_view rest = std::string_view(head).substr(start + field.size());
+  const auto digits = rest.find_first_not_of(" \t");
+  return digits < rest.find('\r') ? number(rest.substr(digits, rest.find('\r') - digits)) : std::nullopt;
+}
 
 }  // namespace
 
@@ -70,7 +91,7 @@ bool LocalConnection::write(std::string_view bytes) {
 bool LocalConnection::readMore() {
   bytes_.erase(0, std::exchange(taken_, 0));
   while (await(G_IO_IN)) {
-    std::array<char, 16384> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): filled by what comes
+    std::array<char, 16384> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): g_socket_receive fills it
     ErrorHandle error;
     const gssize count = g_socket_receive(socket_.get(), buffer.data(), buffer.size(), nullptr, Out(error));
     if (count > 0)
@@ -101,6 +122,12 @@ std::optional<std::string> LocalConnection::readTo(std::string_view end, std::si
       return std::nullopt;
   const std::size_t count = position - taken_ + end.size();
   return count <= maximum ? std::optional(take(count)) : std::nullopt;
+}
+
+std::optional<std::string> readHTTPContent(LocalConnection& connection, std::size_t maximumSize) {
+  const auto head = connection.readTo("\r\n\r\n", maximumSize);
+  const auto size = head ? contentSize(*head) : std::nullopt;
+  return size && *size <= maximumSize ? connection.read(*size) : std::nullopt;
 }
 
 }  // namespace BrowserSessions

@@ -30,10 +30,10 @@ constexpr std::size_t maximumTableSize = 64 << 20;
 constexpr std::string_view established = "01";
 constexpr std::string_view listening = "0A";
 
-// The columns of a table that are looked at.
+// The columns of a table that are read.
 enum Column : std::size_t { local = 1, remote = 2, state = 3, user = 7, inode = 9, columnCount = 10 };
 
-// Four bytes of an address, as a table has them: a number in the order of this machine's bytes.
+// Four bytes of an address as they are in a table: a number in this machine's byte order.
 std::string word(std::uint32_t bytes) {
   std::array<char, 9> digits = {};
   std::snprintf(digits.data(), digits.size(), "%08X", bytes);
@@ -43,7 +43,7 @@ std::string word(std::uint32_t bytes) {
 struct Addresses {
   std::string loopback = word(htonl(INADDR_LOOPBACK));
   std::string any = word(htonl(INADDR_ANY));
-  // How a socket of IPv6 has an address of IPv4.
+  // The start of an IPv4 address in a socket of IPv6.
   std::string mapped = word(0) + word(0) + word(htonl(0xFFFF));
   std::string anyIPv6 = any + any + any + any;
 };
@@ -95,8 +95,8 @@ std::optional<TCPSocket> socketIn(std::string_view line) {
                    .inode = *file};
 }
 
-// The sockets of this machine that are on 127.0.0.1 and fit. The kernel takes milliseconds to make a table, so the one
-// of IPv6 is read only if the other has no such socket: two users cannot have the same port in both.
+// The sockets on 127.0.0.1 that meet the condition. The kernel takes milliseconds to make a table, so the one of IPv6
+// is read only if the other has no such socket. Two users cannot have the same port in both.
 template <typename Condition>
 std::vector<TCPSocket> localSockets(const std::filesystem::path& processes, Condition fits) {
   std::vector<TCPSocket> found;
@@ -130,7 +130,7 @@ PortListener::Owner PortListener::accepter(std::uint16_t port, std::uint16_t cli
   }));
 }
 
-// Who has the sockets.
+// Who has the sockets open.
 PortListener::Owner PortListener::owner(const std::vector<TCPSocket>& sockets) const {
   if (sockets.empty())
     return Owner::none;

@@ -15,7 +15,7 @@ constexpr std::uint8_t lastBit = 0x80;
 constexpr std::uint8_t opcodeBits = 0x0F;
 constexpr std::uint8_t reservedBits = 0x70;
 constexpr std::uint8_t maskedBit = 0x80;
-// In place of a size these say that it follows, in two bytes or in eight.
+// In place of a size, these announce that it follows in two bytes or in eight.
 constexpr std::uint8_t size16 = 126;
 constexpr std::uint8_t size64 = 127;
 
@@ -38,7 +38,7 @@ std::string randomKey() {
   return base64(bytes);
 }
 
-// What a server that has understood the key answers to it.
+// The answer of a server that has understood the key.
 std::string acceptance(const std::string& key) {
   const std::string text = key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11";
   const std::unique_ptr<GChecksum, DesktopSupport::ReleasedBy<g_checksum_free>> sum(g_checksum_new(G_CHECKSUM_SHA1));

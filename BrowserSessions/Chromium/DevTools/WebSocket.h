@@ -9,28 +9,28 @@
 
 namespace BrowserSessions {
 
-/// The client's end of a WebSocket (RFC 6455) to a program on this machine, for messages of text.
+/// The client of a WebSocket (RFC 6455) to a program on this machine, for text messages.
 class WebSocket {
  public:
   using Deadline = LocalConnection::Deadline;
 
-  /// Opens the WebSocket that the program on this port has at a path; none where it has none.
+  /// Opens the WebSocket that the program on this port has at a path; `nullopt` if there is none.
   static std::optional<WebSocket> open(std::uint16_t port, std::string_view path, Deadline deadline);
 
-  /// Opens the WebSocket at a path over a connection to the program on this port; none where it has none.
+  /// The same, over a connection to the program on this port.
   static std::optional<WebSocket> open(LocalConnection connection, std::uint16_t port, std::string_view path);
 
-  /// Until then must happen whatever is asked for from now on.
+  /// The deadline for every later read and write.
   void setDeadline(Deadline deadline) { connection_.setDeadline(deadline); }
 
-  /// The port of this end; 0 if it cannot be told.
+  /// The port of this end; 0 if it is unknown.
   [[nodiscard]] std::uint16_t localPort() const { return connection_.localPort(); }
 
-  /// Sends a message; false where the other side has gone, or takes it too slowly.
+  /// Sends a message. Returns whether that succeeded before the deadline.
   bool send(std::string_view message);
 
-  /// The next message. None where none comes until the deadline, the other side closes the WebSocket or goes, breaks
-  /// the protocol, or sends something else than text or more than 64 MiB.
+  /// The next message. `nullopt` if none comes before the deadline, or if the server closes the WebSocket or its
+  /// connection, violates the protocol, or sends something other than text or more than 64 MiB.
   std::optional<std::string> receive();
 
  private:

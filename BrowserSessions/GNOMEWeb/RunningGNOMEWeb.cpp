@@ -1,4 +1,4 @@
-#include "BrowserSessions/GNOMEWeb/RunningWeb.h"
+#include "BrowserSessions/GNOMEWeb/RunningGNOMEWeb.h"
 
 #include <chrono>
 #include <string>
@@ -14,16 +14,16 @@ namespace {
 
 using std::filesystem::path;
 
-// A location is a row: where GNOME Web has its profile when it runs in this sandbox, "" being none.
+// The profile of a GNOME Web in this sandbox, or in none if the sandbox is "".
 struct Location {
   const char* sandbox;
-  path WebHome::* base;
+  path GNOMEWebHome::* base;
   const char* folder;
 };
 
 constexpr Location locations[] = {
-    {"", &WebHome::data, "epiphany"},
-    {"org.gnome.Epiphany", &WebHome::home, ".var/app/org.gnome.Epiphany/data/epiphany"},
+    {"", &GNOMEWebHome::data, "epiphany"},
+    {"org.gnome.Epiphany", &GNOMEWebHome::home, ".var/app/org.gnome.Epiphany/data/epiphany"},
 };
 
 constexpr std::chrono::seconds busTimeout(2);
@@ -46,13 +46,13 @@ std::optional<pid_t> owner(const char* busName) {
 
 }  // namespace
 
-WebHome WebHome::ofUser() {
+GNOMEWebHome GNOMEWebHome::ofUser() {
   const path home = g_get_home_dir();
   const path data = DesktopSupport::environmentOr("XDG_DATA_HOME", "");
   return {.home = home, .data = data.is_absolute() ? data : home / ".local/share"};
 }
 
-std::optional<path> webProfile(const DesktopSupport::ProcessInfo& process, const WebHome& home) {
+std::optional<path> gnomeWebProfile(const DesktopSupport::ProcessInfo& process, const GNOMEWebHome& home) {
   const std::string sandbox = process.flatpakId().value_or("");
   for (const Location& location : locations)
     if (sandbox == location.sandbox)
@@ -60,12 +60,12 @@ std::optional<path> webProfile(const DesktopSupport::ProcessInfo& process, const
   return std::nullopt;
 }
 
-std::optional<RunningWeb> runningWeb(const WebHome& home) {
-  const DesktopSupport::ProcessInfo process(owner(webBusName));
-  auto profile = process.pid() ? webProfile(process, home) : std::nullopt;
+std::optional<RunningGNOMEWeb> runningGNOMEWeb(const GNOMEWebHome& home) {
+  const DesktopSupport::ProcessInfo process(owner(gnomeWebBusName));
+  auto profile = process.pid() ? gnomeWebProfile(process, home) : std::nullopt;
   if (!profile)
     return std::nullopt;
-  return RunningWeb{.profile = *std::move(profile), .process = process.flatpakId() ? std::nullopt : process.pid()};
+  return RunningGNOMEWeb{.profile = *std::move(profile), .process = process.flatpakId() ? std::nullopt : process.pid()};
 }
 
 }  // namespace BrowserSessions

@@ -1,4 +1,4 @@
-#include "BrowserSessions/LongAddresses.h"
+#include "BrowserSessions/BrowserSession.h"
 
 #include <algorithm>
 #include <string>
@@ -12,7 +12,7 @@ bool isListed(const BrowserTab& tab) {
   return tab.url.size() <= longestAddress;
 }
 
-// If the tab that is shown is left out, the next one counts as shown, or else the last.
+// If the shown tab is left out, the next one counts as shown, or the last if there is no next one.
 BrowserWindow listed(BrowserWindow window) {
   BrowserWindow rest;
   for (std::size_t index = 0; index < window.tabs.size(); ++index) {
@@ -41,7 +41,7 @@ void leaveOutLongAddresses(SessionReading& reading) {
   }
   reading.session = std::move(session);
   if (count > 0)
-    reading.problems.push_back("Tabs that are left out, since their addresses are longer than " +
+    reading.problems.push_back("Tabs left out because their addresses are longer than " +
                                std::to_string(longestAddress) + " bytes: " + std::to_string(count) + '.');
 }
 

@@ -1,9 +1,9 @@
-#include "BrowserSessions/BrowserText.h"
+#include "BrowserSessions/BrowserFiles.h"
 
 #include <array>
-#include <cstdint>
 
-#include "BrowserSessions/LittleEndian.h"
+#include <sys/stat.h>
+
 #include "DesktopSupport/System/GLibHandles.h"
 
 namespace BrowserSessions {
@@ -45,19 +45,26 @@ void append(std::string& text, char32_t character) {
 
 }  // namespace
 
-std::string validUtf8(std::string_view text) {
+std::string validUTF8(std::string_view text) {
   if (text.empty())
     return {};
   const DesktopSupport::CharsHandle valid(g_utf8_make_valid(text.data(), std::ssize(text)));
   return valid.get();
 }
 
-std::string utf8FromUtf16(std::string_view bytes) {
+std::string utf8FromUTF16(std::string_view bytes) {
   std::string text;
   text.reserve(bytes.size());
   while (bytes.size() >= 2)
     append(text, takeCharacter(bytes));
   return text;
+}
+
+std::optional<FileTime> fileTime(const std::filesystem::path& file) {
+  struct stat facts = {};
+  if (lstat(file.c_str(), &facts) != 0)
+    return std::nullopt;
+  return FileTime(std::chrono::seconds(facts.st_mtim.tv_sec) + std::chrono::nanoseconds(facts.st_mtim.tv_nsec));
 }
 
 }  // namespace BrowserSessions

@@ -1,4 +1,4 @@
-#include "BrowserSessions/PageNames.h"
+#include "BrowserSessions/Chromium/PageNames.h"
 
 #include <algorithm>
 #include <optional>
@@ -13,13 +13,11 @@ namespace {
 
 using DesktopSupport::shortened;
 
-constexpr std::string_view schemeEnd = "://";
-
 bool isText(std::string_view bytes) {
   return g_utf8_validate_len(bytes.data(), bytes.size(), nullptr) != FALSE;
 }
 
-// The character that an escape (%XX) at the start of the text stands for.
+// The character of the escape (%XX) at the start of the text.
 std::optional<char> escapedCharacter(std::string_view text) {
   constexpr int hexadecimal = 16;
   if (text.size() < 3 || text[0] != '%' || g_ascii_xdigit_value(text[1]) < 0 || g_ascii_xdigit_value(text[2]) < 0)
@@ -27,7 +25,7 @@ std::optional<char> escapedCharacter(std::string_view text) {
   return static_cast<char>(hexadecimal * g_ascii_xdigit_value(text[1]) + g_ascii_xdigit_value(text[2]));
 }
 
-// Whether an address means the same with this character in place of its escape, and can be read.
+// Whether an address is readable and means the same with this character in place of its escape.
 bool isReadable(char character) {
   constexpr std::string_view special = "#$%&+,/:;=?@\\";
   return g_ascii_iscntrl(character) == FALSE && !special.contains(character);
@@ -44,33 +42,22 @@ std::string unescaped(std::string_view address) {
   return isText(text) ? text : std::string(address);
 }
 
-// A host as it is read, without the user's name and password; the port is kept.
+// A host with its port as people read it, without a user name and a password.
 std::string readableHost(std::string_view authority) {
   const std::string_view withPort = authority.substr(authority.rfind('@') + 1);
   const std::string host(withPort.substr(0, withPort.rfind(':')));
-  // GLib reads beyond the end of bytes that are no text, and decodes some names into such.
+  // GLib reads past the end of a text that is not UTF-8, and may itself return such a text.
   const bool isEncoded = host.contains("xn--") && isText(host);
   const DesktopSupport::CharsHandle name(isEncoded ? g_hostname_to_unicode(host.c_str()) : nullptr);
   return (name && isText(name.get()) ? name.get() : host) + std::string(withPort.substr(host.size()));
 }
 
-// The name of a file together with what follows it in the address.
+// The name of a file, with the query and the fragment of the address.
 std::string_view fileName(std::string_view url) {
   return url.substr(url.substr(0, url.find_first_of("?#")).rfind('/') + 1);
 }
 
-// Whether a title is the address of its page. The host may be written in another way.
-bool isAddress(std::string_view title, std::string_view url) {
-  const auto scheme = url.find(schemeEnd);
-  if (title == url || scheme == std::string_view::npos)
-    return title == url;
-  const auto partsAfterHost = [start = scheme + schemeEnd.size()](std::string_view address) {
-    return address.substr(std::min(address.find('/', start), address.size()));
-  };
-  return title.starts_with(url.substr(0, scheme + schemeEnd.size())) && partsAfterHost(title) == partsAfterHost(url);
-}
-
-// The tabs that the windows show, in the order in which the windows were opened. None if one of them is not known.
+// The tabs that the windows show, in the order in which the windows were opened; empty if one of them is not known.
 std::vector<BrowserTab*> shownTabs(std::vector<ChromiumWindow>& windows) {
   std::vector<ChromiumWindow*> opened;
   for (ChromiumWindow& window : windows)
@@ -98,6 +85,7 @@ std::unordered_map<std::string, int> addressCounts(const std::vector<ChromiumWin
 std::string chromiumPageName(std::string_view url) {
   constexpr std::string_view source = "view-source:";
   constexpr std::string_view http = "http://";
+  constexpr std::string_view schemeEnd = "://";
   const std::string_view prefix = url.starts_with(source) ? source : "";
   const std::string_view page = url.substr(prefix.size());
   if (page.starts_with("file:"))
@@ -110,24 +98,6 @@ std::string chromiumPageName(std::string_view url) {
   const std::string_view rest = page.substr(start.size() + authority.size());
   return std::string(prefix) + std::string(start == http ? "" : start) + readableHost(authority) +
          (rest == "/" ? "" : unescaped(rest));
-}
-
-std::string firefoxPageName(std::string_view url) {
-  constexpr std::string_view usualHost = "www.";
-  const auto scheme = url.find(':');
-  if (scheme == std::string_view::npos || !url.substr(scheme).starts_with(schemeEnd))
-    return std::string(url);
-  url.remove_prefix(scheme + schemeEnd.size());
-  return std::string(url.substr(url.starts_with(usualHost) ? usualHost.size() : 0));
-}
-
-void addFirefoxNames(BrowserSession& session) {
-  for (BrowserWindow& window : session)
-    for (BrowserTab& tab : window.tabs)
-      if (tab.title.empty() || isAddress(tab.title, tab.url))
-        tab.title = shortened(firefoxPageName(tab.url));
-      else
-        tab.title = shortened(tab.title);
 }
 
 void addWindowTitles(std::vector<ChromiumWindow>& windows, const std::vector<std::string>& titles) {

@@ -1,14 +1,17 @@
-#include "BrowserSessions/GNOMEWeb/WebState.h"
+#include "BrowserSessions/GNOMEWeb/GNOMEWebSession.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
+#include <filesystem>
 #include <memory>
-#include <string_view>
+#include <set>
+#include <system_error>
 #include <utility>
 
-#include "BrowserSessions/BrowserText.h"
+#include "BrowserSessions/BrowserFiles.h"
 #include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/GLibHandles.h"
 
 namespace BrowserSessions {
@@ -17,10 +20,12 @@ namespace {
 
 using ParserHandle = std::unique_ptr<GMarkupParseContext, DesktopSupport::ReleasedBy<g_markup_parse_context_unref>>;
 
+constexpr std::size_t maximumSize = 32 << 20;
 constexpr std::size_t maximumDepth = 16;
-// Windows and tabs.
+// Of windows and tabs together.
 constexpr std::size_t maximumCount = 100'000;
 
+// The state of a parse.
 struct State {
   BrowserSession session;
   std::size_t depth = 0;
@@ -77,15 +82,24 @@ void finish(BrowserSession& session) {
     window.activeTab = std::min(window.activeTab, window.tabs.size() - 1);
 }
 
+// The session in the file; an empty one if there is no file.
+std::expected<BrowserSession, std::string> savedSession(const std::filesystem::path& file) {
+  const auto xml = DesktopSupport::fileContents(file, maximumSize);
+  std::error_code error;
+  if (!xml && std::filesystem::symlink_status(file, error).type() == std::filesystem::file_type::not_found)
+    return BrowserSession();
+  return xml ? gnomeWebState(*xml) : std::unexpected("It cannot be read or is too large.");
+}
+
 }  // namespace
 
-std::expected<BrowserSession, std::string> webState(std::string_view xml) {
+std::expected<BrowserSession, std::string> gnomeWebState(std::string_view xml) {
   static constexpr GMarkupParser callbacks = {.start_element = startElement,
                                               .end_element = endElement,
                                               .text = nullptr,
                                               .passthrough = nullptr,
                                               .error = nullptr};
-  const std::string text = validUtf8(xml);
+  const std::string text = validUTF8(xml);
   State state;
   const ParserHandle parser(g_markup_parse_context_new(&callbacks, {}, &state, nullptr));
   if (g_markup_parse_context_parse(parser.get(), text.data(), std::ssize(text), nullptr) == FALSE ||
@@ -93,6 +107,28 @@ std::expected<BrowserSession, std::string> webState(std::string_view xml) {
     return std::unexpected("It is not the XML of a session.");
   finish(state.session);
   return std::move(state.session);
+}
+
+SessionResult gnomeWebSession(const std::filesystem::path& profile, const std::vector<std::string>& windowTitles) {
+  const std::filesystem::path file = profile / "session_state.xml";
+  auto session = savedSession(file);
+  if (!session)
+    return std::unexpected("The session of GNOME Web in " + file.string() + " is unknown: " + session.error());
+  SessionReading reading = {.session = std::move(*session)};
+  if (isOutOfDate(reading.session, windowTitles))
+    reading.problems.emplace_back(
+        "The list of GNOME Web's tabs may be out of date: a window shows a page that is not saved yet in " +
+        profile.string() + '.');
+  return reading;
+}
+
+bool isOutOfDate(const BrowserSession& session, const std::vector<std::string>& windowTitles) {
+  std::set<std::string> titles;
+  for (const BrowserWindow& window : session)
+    for (const BrowserTab& tab : window.tabs)
+      titles.insert(tab.title);
+  return std::ranges::any_of(
+      windowTitles, [&](const std::string& title) { return !titles.contains(DesktopSupport::shortened(title)); });
 }
 
 }  // namespace BrowserSessions

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/GNOMEWeb/WebState.h"
+#include "BrowserSessions/GNOMEWeb/GNOMEWebSession.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
 
 namespace {
@@ -9,10 +9,10 @@ namespace {
 using BrowserSessions::BrowserSession;
 using BrowserSessions::BrowserTab;
 using BrowserSessions::BrowserWindow;
-using BrowserSessions::webState;
+using BrowserSessions::gnomeWebState;
 using testing::ElementsAre;
 
-// As version 43 writes it, with what else there may be.
+// Written like version 43 does it, with everything else that there may be.
 const std::string twoWindows = R"(<?xml version="1.0"?>
 <session>
 	 <window x="0" y="0" width="1024" height="768" is-maximized="0" is-fullscreen="0" active-tab="1">
@@ -26,7 +26,7 @@ const std::string twoWindows = R"(<?xml version="1.0"?>
 )";
 
 BrowserSession read(const std::string& xml) {
-  auto session = webState(xml);
+  auto session = gnomeWebState(xml);
   EXPECT_TRUE(session) << session.error();
   return session.value_or(BrowserSession());
 }
@@ -46,7 +46,7 @@ BrowserWindow windowOf(const std::string& letters, std::size_t activeTab = 0) {
   return window;
 }
 
-TEST(WebState, HasWindowsAndTabsInTheirOrder) {
+TEST(GNOMEWebState, HasWindowsAndTabsInTheirOrder) {
   EXPECT_THAT(read(twoWindows),
               ElementsAre(BrowserWindow{.tabs = {{.title = "Page a – ü 😀", .url = "http://127.0.0.1:8766/a.html"},
                                                  {.title = "", .url = "about:overview"}},
@@ -55,17 +55,17 @@ TEST(WebState, HasWindowsAndTabsInTheirOrder) {
                                         .activeTab = 0}));
 }
 
-TEST(WebState, KeepsTextsAsTheyAre) {
+TEST(GNOMEWebState, KeepsTextsAsTheyAre) {
   EXPECT_EQ(read("<session>" + window("<embed title=' a&#x1;\x01&#10;b '/>") + "</session>").at(0).tabs.at(0).title,
             " a\x01\x01\nb ");
 }
 
-TEST(WebState, CutsLongTitles) {
+TEST(GNOMEWebState, CutsLongTitles) {
   const std::string embed = "<embed title='" + std::string(5000, 'x') + "' url='a:'/>";
   EXPECT_EQ(read("<session>" + window(embed) + "</session>").at(0).tabs.at(0).title, std::string(999, 'x') + "…");
 }
 
-TEST(WebState, ShowsATabThatIsThere) {
+TEST(GNOMEWebState, ShowsATabThatIsThere) {
   const auto activeTab = [](const std::string& attributes) {
     return read("<session>" + window(embed("a") + embed("b") + embed("c"), attributes) + "</session>").at(0).activeTab;
   };
@@ -76,46 +76,46 @@ TEST(WebState, ShowsATabThatIsThere) {
     EXPECT_EQ(activeTab("active-tab='" + std::string(number) + "'"), 0) << number;
 }
 
-TEST(WebState, LeavesWindowsWithoutTabsOut) {
+TEST(GNOMEWebState, LeavesWindowsWithoutTabsOut) {
   EXPECT_THAT(read("<session>" + window("") + window(embed("a")) + "<window/></session>"), ElementsAre(windowOf("a")));
   EXPECT_THAT(read("<session/>"), ElementsAre());
 }
 
-TEST(WebState, LooksPastWhatItDoesNotKnow) {
+TEST(GNOMEWebState, LooksPastWhatItDoesNotKnow) {
   EXPECT_THAT(read("<session version='2'><!-- --><group><window>" + embed("x") + "</window>" + embed("y") + "</group>" +
                    window("text" + embed("a") + "<other>" + embed("z") + "</other>" + embed("b"), "active-tab='1'") +
                    embed("w") + "</session>"),
               ElementsAre(windowOf("ab", 1)));
 }
 
-TEST(WebState, HasEmptyTextsWhereAttributesAreMissing) {
+TEST(GNOMEWebState, HasEmptyTextsWhereAttributesAreMissing) {
   EXPECT_THAT(read("<session>" + window("<embed/>") + "</session>"),
               ElementsAre(BrowserWindow{.tabs = {BrowserTab()}, .activeTab = 0}));
 }
 
-TEST(WebState, ReplacesBytesThatAreNotUTF8) {
+TEST(GNOMEWebState, ReplacesBytesThatAreNotUTF8) {
   EXPECT_EQ(read("<session>" + window("<embed title='a\xff\xc3'/>") + "</session>").at(0).tabs.at(0).title,
             "a\xef\xbf\xbd\xef\xbf\xbd");
 }
 
-TEST(WebState, RefusesWhatIsNotASession) {
+TEST(GNOMEWebState, RefusesWhatIsNotASession) {
   for (const char* xml :
        {"", " ", "text", "<session>", "<session></window>", "<window></window>", "<html><window/></html>",
         "<session/><", "<session a=b/>", "<session>&unknown;</session>", "\xff"})
-    EXPECT_FALSE(webState(xml)) << xml;
+    EXPECT_FALSE(gnomeWebState(xml)) << xml;
 }
 
-TEST(WebState, RefusesATextThatWasCutOffAnywhere) {
+TEST(GNOMEWebState, RefusesATextThatWasCutOffAnywhere) {
   const std::size_t end = twoWindows.rfind('>') + 1;
   for (std::size_t length = 0; length < end; ++length)
-    EXPECT_FALSE(webState(twoWindows.substr(0, length))) << length;
+    EXPECT_FALSE(gnomeWebState(twoWindows.substr(0, length))) << length;
 }
 
-TEST(WebState, IsReadOrRefusedWhicheverBitIsWrong) {
+TEST(GNOMEWebState, IsReadOrRefusedWhicheverBitIsWrong) {
   for (std::size_t bit = 0; bit < twoWindows.size() * 8; ++bit) {
     std::string flipped = twoWindows;
     flipped[bit / 8] = static_cast<char>(flipped[bit / 8] ^ (1 << bit % 8));
-    const auto session = webState(flipped);
+    const auto session = gnomeWebState(flipped);
     if (!session) {
       EXPECT_FALSE(session.error().empty());
       continue;
@@ -132,16 +132,16 @@ std::string repeated(std::string_view text, int count) {
   return all;
 }
 
-TEST(WebState, RefusesEndlessNesting) {
-  EXPECT_FALSE(webState("<session>" + repeated("<window>", 1'000'000)));
+TEST(GNOMEWebState, RefusesEndlessNesting) {
+  EXPECT_FALSE(gnomeWebState("<session>" + repeated("<window>", 1'000'000)));
 }
 
-TEST(WebState, RefusesMoreThanAnybodyHasOpen) {
-  EXPECT_FALSE(webState("<session><window>" + repeated("<embed/>", 200'000) + "</window></session>"));
-  EXPECT_FALSE(webState("<session>" + repeated("<window/>", 200'000) + "</session>"));
+TEST(GNOMEWebState, RefusesMoreThanAnybodyHasOpen) {
+  EXPECT_FALSE(gnomeWebState("<session><window>" + repeated("<embed/>", 200'000) + "</window></session>"));
+  EXPECT_FALSE(gnomeWebState("<session>" + repeated("<window/>", 200'000) + "</session>"));
 }
 
-TEST(WebState, IsReadWithTensOfThousandsOfTabs) {
+TEST(GNOMEWebState, IsReadWithTensOfThousandsOfTabs) {
   const BrowserSession session =
       read("<session>" + window(repeated(embed("a"), 20'000), "active-tab='19999'") + "</session>");
   ASSERT_EQ(session.size(), 1);
@@ -149,14 +149,14 @@ TEST(WebState, IsReadWithTensOfThousandsOfTabs) {
   EXPECT_EQ(session[0].activeTab, 19'999);
 }
 
-TEST(WebState, TakesNoLongerForLongTexts) {
+TEST(GNOMEWebState, TakesNoLongerForLongTexts) {
   const BrowserSession session =
       read("<session>" + window("<embed url='" + repeated("&amp;", 1'000'000) + "'/>") + "</session>");
   EXPECT_EQ(session.at(0).tabs.at(0).url.size(), 1'000'000);
 }
 
-TEST(WebState, RefusesEndlessAttributes) {
-  EXPECT_FALSE(webState("<session><embed" + repeated(" a=''", 1'000'000) + "/></session>"));
+TEST(GNOMEWebState, RefusesEndlessAttributes) {
+  EXPECT_FALSE(gnomeWebState("<session><embed" + repeated(" a=''", 1'000'000) + "/></session>"));
 }
 
 }  // namespace

@@ -1,42 +1,46 @@
-#include "BrowserSessions/Chromium/DevTools/LiveSession.h"
+#include "BrowserSessions/Chromium/LoggedSession.h"
 
 #include <algorithm>
 #include <map>
 #include <set>
+#include <string>
 #include <utility>
+
+#include "BrowserSessions/Chromium/DevTools/DevToolsSession.h"
 
 namespace BrowserSessions {
 
 namespace {
 
-using Tabs = std::vector<LiveTab>;
+using Tabs = std::vector<DevToolsTab>;
 
-std::set<std::string> ordinaryProfiles(const LiveSession& live, const std::set<std::int32_t>& loggedWindows) {
+// The profiles, private windows excluded, whose new windows are listed.
+std::set<std::string> ordinaryProfiles(const DevToolsSession& live, const std::set<std::int32_t>& loggedWindows) {
   std::set<std::string> profiles = {live.mainProfile};
-  for (const LiveTab& tab : live.tabs)
+  for (const DevToolsTab& tab : live.tabs)
     if (loggedWindows.contains(tab.window))
       profiles.insert(tab.profile);
   return profiles;
 }
 
-// By the numbers of the windows.
-std::map<std::int32_t, Tabs> ordinaryWindows(const LiveSession& live, const LoggedSession& logged) {
+// The tabs of the ordinary windows, by the numbers of the windows.
+std::map<std::int32_t, Tabs> ordinaryWindows(const DevToolsSession& live, const LoggedSession& logged) {
   std::set<std::int32_t> normal;
   for (const ChromiumWindow& window : logged.windows)
     normal.insert(window.number);
   const std::set<std::int32_t> others(logged.otherWindows.begin(), logged.otherWindows.end());
   const auto profiles = ordinaryProfiles(live, normal);
   std::map<std::int32_t, Tabs> windows;
-  for (const LiveTab& tab : live.tabs)
+  for (const DevToolsTab& tab : live.tabs)
     if (!others.contains(tab.window) && profiles.contains(tab.profile))
       windows[tab.window].push_back(tab);
   return windows;
 }
 
 BrowserWindow contents(Tabs tabs) {
-  std::ranges::sort(tabs, {}, &LiveTab::index);
+  std::ranges::sort(tabs, {}, &DevToolsTab::index);
   BrowserWindow window;
-  for (LiveTab& tab : tabs) {
+  for (DevToolsTab& tab : tabs) {
     if (tab.isShown)
       window.activeTab = window.tabs.size();
     window.tabs.push_back(std::move(tab.page));
@@ -46,7 +50,15 @@ BrowserWindow contents(Tabs tabs) {
 
 }  // namespace
 
-BrowserSession joined(const LiveSession& live, const LoggedSession& logged) {
+BrowserSession browserSession(LoggedSession logged) {
+  BrowserSession session;
+  for (ChromiumWindow& window : logged.windows)
+    if (!window.contents.tabs.empty())
+      session.push_back(std::move(window.contents));
+  return session;
+}
+
+BrowserSession joined(const DevToolsSession& live, const LoggedSession& logged) {
   BrowserSession session;
   auto windows = ordinaryWindows(live, logged);
   for (const ChromiumWindow& known : logged.windows)

@@ -1,0 +1,111 @@
+#include "BrowserSessions/Firefox/SessionText.h"
+
+#include <algorithm>
+#include <cstdint>
+
+#include <lz4.h>
+
+#include "BrowserSessions/BrowserFiles.h"
+
+namespace BrowserSessions {
+
+namespace {
+
+constexpr std::string_view magic("mozLz40\0", 8);
+constexpr std::size_t sizeLength = 4;
+constexpr std::size_t maximumContentsSize = 128 << 20;
+// No byte of an LZ4 block yields more bytes than this.
+constexpr std::size_t highestRatio = 255;
+
+// Follows a JSON text byte by byte, and tells strings and numbers from what is between them.
+class TokenReader {
+ public:
+  explicit TokenReader(std::size_t maximumSize) : maximumSize_(maximumSize) {}
+
+  // Reads the next byte. Returns whether to keep it.
+  bool read(char byte) {
+    const bool isPart = isInString_ ? byte != '"' || escaped_ > 0 : isOfNumber(byte);
+    if (!isPart)
+      isInString_ = !isInString_ && byte == '"';
+    isCut_ = isPart && (isCut_ || (size_ >= maximumSize_ && escaped_ == 0));
+    size_ = isPart ? size_ + 1 : 0;
+    followEscape(byte);
+    return !isCut_;
+  }
+
+ private:
+  static bool isOfNumber(char byte) {
+    return (byte >= '0' && byte <= '9') || byte == '.' || byte == '-' || byte == '+' || byte == 'e' || byte == 'E';
+  }
+
+  void followEscape(char byte) {
+    constexpr int isBegun = 5;
+    if (escaped_ == isBegun)
+      escaped_ = byte == 'u' ? isBegun - 1 : 0;
+    else if (escaped_ > 0)
+      --escaped_;
+    else if (isInString_ && byte == '\\')
+      escaped_ = isBegun;
+  }
+
+  std::size_t maximumSize_;
+  bool isInString_ = false;
+  bool isCut_ = false;
+  std::size_t size_ = 0;
+  // The number of bytes that the current escape may still have.
+  int escaped_ = 0;
+};
+
+enum class Escape { other, highSurrogate, lowSurrogate };
+
+// The half of a surrogate pair that the escape at `position` is for. There is a backslash at `position`.
+Escape escapeAt(std::string_view json, std::size_t position) {
+  const std::string_view escape = json.substr(std::min(position, json.size()), escapeLength);
+  if (escape.size() < escapeLength || !escape.starts_with("\\u") || (escape[2] != 'd' && escape[2] != 'D'))
+    return Escape::other;
+  const std::string_view high = "89abAB";
+  const std::string_view low = "cdefCDEF";
+  if (high.contains(escape[3]))
+    return Escape::highSurrogate;
+  return low.contains(escape[3]) ? Escape::lowSurrogate : Escape::other;
+}
+
+}  // namespace
+
+std::expected<std::string, std::string> mozillaLZ4Contents(std::string_view file) {
+  if (!file.starts_with(magic) || file.size() < magic.size() + sizeLength)
+    return std::unexpected("It does not begin as Firefox's compressed files do.");
+  const std::size_t size = littleEndian<std::uint32_t>(file.substr(magic.size()));
+  const std::string_view block = file.substr(magic.size() + sizeLength);
+  if (size == 0)
+    return "";
+  if (size > maximumContentsSize || block.size() > maximumContentsSize || size / highestRatio > block.size())
+    return std::unexpected("It cannot hold the " + std::to_string(size) + " bytes that it claims.");
+  std::string contents(size, '\0');
+  const int written =
+      LZ4_decompress_safe(block.data(), contents.data(), static_cast<int>(block.size()), static_cast<int>(size));
+  if (written < 0 || static_cast<std::size_t>(written) != size)
+    return std::unexpected("Its compressed contents are damaged.");
+  return contents;
+}
+
+void cutLongTokens(std::string& json, std::size_t maximumSize) {
+  TokenReader reader(maximumSize);
+  std::erase_if(json, [&](char byte) { return !reader.read(byte); });
+}
+
+void replaceLoneSurrogates(std::string& json) {
+  for (auto position = json.find('\\'); position != std::string::npos; position = json.find('\\', position)) {
+    const Escape escape = escapeAt(json, position);
+    if (escape == Escape::other) {
+      position += 2;
+    } else if (escape == Escape::highSurrogate && escapeAt(json, position + escapeLength) == Escape::lowSurrogate) {
+      position += 2 * escapeLength;
+    } else {
+      json.replace(position, escapeLength, "\\ufffd");
+      position += escapeLength;
+    }
+  }
+}
+
+}  // namespace BrowserSessions
