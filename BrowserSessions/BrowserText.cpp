@@ -3,8 +3,9 @@
 #include <array>
 #include <cstdint>
 
+#include <glib.h>
+
 #include "BrowserSessions/LittleEndian.h"
-#include "DesktopSupport/System/GLibHandles.h"
 
 namespace BrowserSessions {
 
@@ -44,13 +45,6 @@ void append(std::string& text, char32_t character) {
 }
 
 }  // namespace
-
-std::string validUtf8(std::string_view text) {
-  if (text.empty())
-    return {};
-  const DesktopSupport::CharsHandle valid(g_utf8_make_valid(text.data(), std::ssize(text)));
-  return valid.get();
-}
 
 std::string utf8FromUtf16(std::string_view bytes) {
   std::string text;

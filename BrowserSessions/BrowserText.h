@@ -5,9 +5,6 @@
 
 namespace BrowserSessions {
 
-/// The text as it is, but for the bytes that are not UTF-8: each becomes U+FFFD, and so does NUL.
-std::string validUtf8(std::string_view text);
-
 /// The UTF-8 form of a text in UTF-16, given its bytes, the lower byte of each unit first. A surrogate without its
 /// partner becomes U+FFFD, and so does NUL; half a unit at the end is left out.
 std::string utf8FromUtf16(std::string_view bytes);

@@ -6,18 +6,16 @@
 
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
 
+using DesktopSupport::isUTF8;
 using DesktopSupport::shortened;
 
 constexpr std::string_view schemeEnd = "://";
-
-bool isText(std::string_view bytes) {
-  return g_utf8_validate_len(bytes.data(), bytes.size(), nullptr) != FALSE;
-}
 
 // The character that an escape (%XX) at the start of the text stands for.
 std::optional<char> escapedCharacter(std::string_view text) {
@@ -41,7 +39,7 @@ std::string unescaped(std::string_view address) {
     text += isTaken ? *character : address[position];
     position += isTaken ? 2 : 0;
   }
-  return isText(text) ? text : std::string(address);
+  return isUTF8(text) ? text : std::string(address);
 }
 
 // A host as it is read, without the user's name and password; the port is kept.
@@ -49,9 +47,9 @@ std::string readableHost(std::string_view authority) {
   const std::string_view withPort = authority.substr(authority.rfind('@') + 1);
   const std::string host(withPort.substr(0, withPort.rfind(':')));
   // GLib reads beyond the end of bytes that are no text, and decodes some names into such.
-  const bool isEncoded = host.contains("xn--") && isText(host);
+  const bool isEncoded = host.contains("xn--") && isUTF8(host);
   const DesktopSupport::CharsHandle name(isEncoded ? g_hostname_to_unicode(host.c_str()) : nullptr);
-  return (name && isText(name.get()) ? name.get() : host) + std::string(withPort.substr(host.size()));
+  return (name && isUTF8(name.get()) ? name.get() : host) + std::string(withPort.substr(host.size()));
 }
 
 // The name of a file together with what follows it in the address.

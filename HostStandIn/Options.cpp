@@ -1,11 +1,10 @@
 #include "HostStandIn/Options.h"
 
-#include <charconv>
 #include <cstdlib>
-#include <system_error>
 #include <utility>
 
-#include <glib.h>
+#include "DesktopSupport/System/Text.h"
+#include "DesktopSupport/System/UserFolders.h"
 
 namespace HostStandIn {
 
@@ -14,11 +13,8 @@ namespace {
 using Failure = std::optional<std::string>;
 
 std::optional<std::size_t> positiveNumber(std::string_view text) {
-  std::size_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size() || number == 0)
-    return std::nullopt;
-  return number;
+  const auto number = DesktopSupport::parseNumber<std::size_t>(text);
+  return number == 0 ? std::nullopt : number;
 }
 
 /// Takes an option without a value; false where there is no such option.
@@ -75,7 +71,7 @@ Options Options::fromEnvironment() {
   Options options;
   if (const char* log = std::getenv("DESKLOOM_HOST_LOG"); log != nullptr && *log != '\0')
     options.log = log;
-  options.setup.pluginFolder = std::string(g_get_user_data_dir()) + "/deskloom/plugins";
+  options.setup.pluginFolder = DesktopSupport::userDataFolder() / "deskloom/plugins";
   return options;
 }
 

@@ -13,7 +13,7 @@
 #include <glib-unix.h>
 #include <unistd.h>
 
-#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/System/FileDescriptor.h"
 #include "HostStandIn/ApplicationInterface.h"
 #include "HostStandIn/BusName.h"
@@ -77,9 +77,7 @@ void awaitTermination() {
 
 /// Receives all that was sent to the name, which has just been given up.
 void receiveTheRest(const SessionBus& bus) {
-  // What the bus answers now comes after everything that it has sent here before.
-  static_cast<void>(bus.call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId"},
-                             nullptr, nullptr, answerTime));
+  DesktopSupport::BusDaemon(bus, answerTime).synchronize();
   while (g_main_context_iteration(nullptr, /*may_block=*/FALSE)) {
   }
   g_dbus_connection_flush_sync(bus.connection(), nullptr, nullptr);

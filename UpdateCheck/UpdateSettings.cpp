@@ -1,12 +1,11 @@
 #include "UpdateCheck/UpdateSettings.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstdint>
-#include <system_error>
 
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/KeyFileGroup.h"
+#include "DesktopSupport/System/Text.h"
 #include "Platform/Text/UTF8.h"
 
 namespace UpdateCheck {
@@ -52,12 +51,10 @@ std::expected<std::chrono::seconds, std::string> parseInterval(const KeyFileGrou
   const auto text = updates.text("Interval");
   if (!text)
     return usualInterval;
-  std::uint32_t seconds = 0;
-  const char* const last = text->data() + text->size();
-  const auto [end, error] = std::from_chars(text->data(), last, seconds);
-  if (error != std::errc() || end != last)
+  const auto seconds = DesktopSupport::parseNumber<std::uint32_t>(*text);
+  if (!seconds)
     return std::unexpected("Interval is not a number of seconds");
-  const std::chrono::seconds interval(seconds);
+  const std::chrono::seconds interval(*seconds);
   return hasScheme(feed, "file") ? interval : std::max(interval, shortestInterval);
 }
 

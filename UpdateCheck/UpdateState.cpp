@@ -15,8 +15,8 @@ namespace {
 
 using DesktopSupport::CharsHandle;
 using DesktopSupport::ErrorHandle;
+using DesktopSupport::KeyFileHandle;
 using DesktopSupport::Out;
-using KeyFileHandle = std::unique_ptr<GKeyFile, DesktopSupport::ReleasedBy<g_key_file_unref>>;
 
 constexpr const char* group = "Updates";
 constexpr const char* lastCheckKey = "LastCheck";

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include <glib.h>
 #include <sys/utsname.h>
 
 #include "DesktopSupport/System/FileContents.h"
+#include "DesktopSupport/System/UserFolders.h"
 #include "Linux/LinuxBundle.h"
 #include "Linux/LinuxLog.h"
 #include "Linux/LinuxStrings.h"
@@ -45,7 +45,7 @@ void checkForUpdate() {
     return;
   const Platform::Linux::LinuxStrings strings(bundle);
   const UpdateCheck::UpdateChecker::Surroundings surroundings = {
-      .stateFolder = std::filesystem::path(g_get_user_state_dir()) / "deskloom",
+      .stateFolder = DesktopSupport::userStateFolder() / "deskloom",
       .now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()),
       .kernelRelease = kernelRelease(),
       .strings = strings,

@@ -8,6 +8,7 @@
 #include "BrowserSessions/Chromium/PickleReader.h"
 #include "BrowserSessions/LittleEndian.h"
 #include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
@@ -137,7 +138,8 @@ BrowserWindow SessionReplay::contents(const Shown& window) {
     if (index == window.shownIndex)
       contents.activeTab = contents.tabs.size();
     if (!page.url.empty())
-      contents.tabs.push_back({DesktopSupport::shortened(utf8FromUtf16(page.title)), validUtf8(page.url)});
+      contents.tabs.push_back(
+          {DesktopSupport::shortened(utf8FromUtf16(page.title)), DesktopSupport::validUTF8(page.url)});
   }
   // If the tab that is shown is left out, and was the last one.
   if (contents.activeTab == contents.tabs.size() && !contents.tabs.empty())

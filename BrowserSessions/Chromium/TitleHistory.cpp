@@ -5,15 +5,16 @@
 
 #include <sqlite3.h>
 
-#include "BrowserSessions/BrowserText.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
 
 using DesktopSupport::shortened;
+using DesktopSupport::validUTF8;
 using std::filesystem::path;
 
 // Looking up a page takes some twenty of the database's steps. One without the index that is for that, or whose
@@ -82,7 +83,7 @@ std::string TitleHistory::lookUp(const std::string& url) {
   sqlite3_bind_text(query, 1, url.data(), static_cast<int>(url.size()), SQLITE_STATIC);
   if (sqlite3_step(query) == SQLITE_ROW)
     if (const auto* text = static_cast<const char*>(sqlite3_column_blob(query, 0)))
-      title = validUtf8(shortened({text, static_cast<std::size_t>(sqlite3_column_bytes(query, 0))}));
+      title = validUTF8(shortened({text, static_cast<std::size_t>(sqlite3_column_bytes(query, 0))}));
   sqlite3_reset(query);
   return title;
 }

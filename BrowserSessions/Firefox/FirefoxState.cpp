@@ -7,15 +7,18 @@
 #include <string_view>
 #include <utility>
 
-#include "BrowserSessions/BrowserText.h"
 #include "BrowserSessions/Firefox/FirefoxStateReader.h"
 #include "BrowserSessions/Firefox/LongTokens.h"
 #include "BrowserSessions/LongAddresses.h"
 #include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
+
+using DesktopSupport::isUTF8;
+using DesktopSupport::validUTF8;
 
 constexpr std::size_t escapeLength = std::string_view("\\ud83d").size();
 
@@ -54,17 +57,17 @@ std::string withoutReadingView(std::string address) {
     return address;
   const std::string page = address.substr(readingView.size(), address.find('&') - readingView.size());
   const DesktopSupport::CharsHandle unescaped(g_uri_unescape_string(page.c_str(), nullptr));
-  return unescaped ? validUtf8(unescaped.get()) : address;
+  return unescaped ? validUTF8(unescaped.get()) : address;
 }
 
 // Escapes may stand for NUL.
 BrowserTab shownPage(const FirefoxTab& tab) {
   if (tab.history.empty())
-    return {.title = "", .url = tab.isLoadingTypedAddress ? validUtf8(tab.typedAddress) : ""};
+    return {.title = "", .url = tab.isLoadingTypedAddress ? validUTF8(tab.typedAddress) : ""};
   const std::int64_t last = std::ssize(tab.history);
   const std::int64_t number = tab.index == 0 ? last : std::clamp<std::int64_t>(tab.index, 1, last);
   const BrowserTab& page = tab.history[static_cast<std::size_t>(number - 1)];
-  return {.title = validUtf8(page.title), .url = withoutReadingView(validUtf8(page.url))};
+  return {.title = validUTF8(page.title), .url = withoutReadingView(validUTF8(page.url))};
 }
 
 BrowserWindow shownTabs(const FirefoxWindow& window) {
@@ -103,8 +106,8 @@ BrowserSession shownWindows(const FirefoxStateReader& state) {
 std::expected<BrowserSession, std::string> firefoxState(std::string json) {
   // One that is cut is still too long for an address, whether it is written in escapes or not.
   cutLongTokens(json, (longestAddress + 1) * escapeLength);
-  if (g_utf8_validate_len(json.data(), json.size(), nullptr) == FALSE)
-    json = validUtf8(json);
+  if (!isUTF8(json))
+    json = validUTF8(json);
   replaceLoneSurrogates(json);
   FirefoxStateReader state;
   if (!nlohmann::json::sax_parse(json, &state) || !state.isSession())

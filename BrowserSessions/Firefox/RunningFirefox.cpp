@@ -1,20 +1,19 @@
 #include "BrowserSessions/Firefox/RunningFirefox.h"
 
 #include <algorithm>
-#include <memory>
 #include <string>
 
 #include "BrowserSessions/Firefox/ProfileLock.h"
 #include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/GLibHandles.h"
-#include "DesktopSupport/System/SearchPath.h"
+#include "DesktopSupport/System/UserFolders.h"
 
 namespace BrowserSessions {
 
 namespace {
 
+using DesktopSupport::KeyFileHandle;
 using std::filesystem::path;
-using KeyFileHandle = std::unique_ptr<GKeyFile, DesktopSupport::ReleasedBy<g_key_file_unref>>;
 
 // A location is a row: a folder of profiles, with its profiles.ini.
 struct Location {
@@ -79,9 +78,7 @@ bool isProfileOption(const std::string& argument) {
 }  // namespace
 
 FirefoxHome FirefoxHome::ofUser() {
-  const path home = g_get_home_dir();
-  const path configuration = DesktopSupport::environmentOr("XDG_CONFIG_HOME", "");
-  return {.home = home, .configuration = configuration.is_absolute() ? configuration : home / ".config"};
+  return {.home = DesktopSupport::homeFolder(), .configuration = DesktopSupport::userConfigurationFolder()};
 }
 
 std::vector<RunningFirefox> runningFirefoxes(const FirefoxHome& home) {

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "DesktopSupport/Bus/ApplicationBus.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "Linux/Launching/LaunchCall.h"
 
@@ -10,7 +11,7 @@ namespace Platform::Linux {
 
 namespace {
 
-using DesktopSupport::BusMethod;
+using DesktopSupport::BusDaemon;
 using DesktopSupport::NodeInfoHandle;
 
 constexpr const char* introspection =
@@ -23,10 +24,6 @@ constexpr const char* introspection =
     "    </method>"
     "  </interface>"
     "</node>";
-
-BusMethod busMethod(const char* name) {
-  return {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", name};
-}
 
 }  // namespace
 
@@ -54,15 +51,9 @@ void BusPresence::exportObject(GMainContext* context) {
 }
 
 bool BusPresence::acquireName() {
-  constexpr guint32 doNotQueue = 4;
-  constexpr guint32 primaryOwner = 1;
-  const auto reply = bus_.call(busMethod("RequestName"), g_variant_new("(su)", identifier_.c_str(), doNotQueue),
-                               G_VARIANT_TYPE("(u)"), answerTime);
-  guint32 answer = 0;
-  if (reply)
-    g_variant_get(reply->get(), "(u)", &answer);
-  mayOwnName_ = !reply || answer == primaryOwner;  // an answer that is late may still be a yes
-  return answer == primaryOwner;
+  const auto isOwner = BusDaemon(bus_, answerTime).requestName(identifier_);
+  mayOwnName_ = isOwner.value_or(true);  // an answer that is late may still be a yes
+  return isOwner.value_or(false);
 }
 
 bool BusPresence::forward(std::vector<std::string>& launchURLs) const {
@@ -85,16 +76,12 @@ bool BusPresence::deliver(const char* method, GVariant* arguments) const {
 }
 
 void BusPresence::releaseName() {
-  if (!std::exchange(mayOwnName_, false))
-    return;
-  // The bus answers this after everything that it has sent to the name, so all of that is queued here by then.
-  [[maybe_unused]] const auto answer =
-      bus_.call(busMethod("ReleaseName"), g_variant_new("(s)", identifier_.c_str()), nullptr, answerTime);
+  if (std::exchange(mayOwnName_, false))
+    BusDaemon(bus_, answerTime).releaseName(identifier_);
 }
 
 void BusPresence::flush() const {
-  // Answered after everything that was sent before it.
-  [[maybe_unused]] const auto answer = bus_.call(busMethod("GetId"), nullptr, nullptr, answerTime);
+  BusDaemon(bus_, answerTime).synchronize();
 }
 
 void BusPresence::methodCalled(GDBusConnection* /*connection*/, const gchar* /*sender*/, const gchar* /*path*/,

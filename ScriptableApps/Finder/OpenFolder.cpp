@@ -10,6 +10,7 @@
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "DesktopSupport/System/TimeLimit.h"
+#include "DesktopSupport/System/UserFolders.h"
 #include "ScriptableApps/Finder/HomeFolderName.h"
 
 namespace ScriptableApps {
@@ -45,7 +46,7 @@ std::optional<std::string> pathOf(const std::string& uri, MountedPlaces& places)
 }
 
 std::string nameOf(const std::string& path) {
-  if (path == canonical(g_get_home_dir()))
+  if (path == canonical(DesktopSupport::homeFolder().c_str()))
     return homeFolderName();
   const CharsHandle name(g_filename_display_basename(path.c_str()));
   return DesktopSupport::displayableName(name.get());

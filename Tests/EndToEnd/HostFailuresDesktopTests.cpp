@@ -13,7 +13,7 @@
 #include <gmock/gmock.h>
 
 #include "DeskloomSDK/Host/DeskloomAPI.h"
-#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "Linux/LinuxServices.h"
 #include "Tests/Support/FakeDeskloomHost.h"
@@ -198,8 +198,7 @@ class RequestWatch {
   void awaitCall() {
     sent_.get_future().wait();
     // Messages keep their order: what the bus answers now comes behind the call.
-    static_cast<void>(bus_->call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId"},
-                                 nullptr, nullptr, atOnce));
+    DesktopSupport::BusDaemon(*bus_, atOnce).synchronize();
   }
 
  private:
@@ -236,8 +235,7 @@ class AbsentHostTest : public PluginTest {
  protected:
   static std::vector<std::string> names(const char* method) {
     const auto bus = SessionBus::connect();
-    const auto reply = bus->call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method},
-                                 nullptr, G_VARIANT_TYPE("(as)"), atOnce);
+    const auto reply = bus->call(DesktopSupport::busDaemonMethod(method), nullptr, G_VARIANT_TYPE("(as)"), atOnce);
     const char** list = nullptr;
     g_variant_get(reply->get(), "(^a&s)", &list);
     const std::unique_ptr<const char*, DesktopSupport::ReleasedBy<g_free>> owner(list);

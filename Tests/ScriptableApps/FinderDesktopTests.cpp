@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "ScriptableApps/Finder/Finder.h"
 #include "ScriptableApps/Finder/FinderObjects.h"
 #include "Tests/ScriptableApps/Scripts.h"
@@ -104,13 +104,7 @@ std::vector<std::string> openPathsAndLog(std::string& log, std::chrono::millisec
 
 // The connection that has a name on the bus.
 std::string ownerOf(const char* name) {
-  const auto reply = DesktopSupport::SessionBus::connect()->call(
-      {.destination = "org.freedesktop.DBus", .path = "/", .interface = "org.freedesktop.DBus", .name = "GetNameOwner"},
-      g_variant_new("(s)", name), G_VARIANT_TYPE("(s)"), 60s);
-  const char* owner = "none";
-  if (reply)
-    g_variant_get(reply->get(), "(&s)", &owner);
-  return owner;
+  return DesktopSupport::BusDaemon(*DesktopSupport::SessionBus::connect(), 60s).ownerOf(name).value_or("none");
 }
 
 class FinderTest : public testing::Test {

@@ -9,16 +9,17 @@
 #include <utility>
 #include <vector>
 
-#include "BrowserSessions/BrowserText.h"
 #include "BrowserSessions/Chromium/DevTools/DevToolsPort.h"
 #include "BrowserSessions/Chromium/DevTools/JSONFields.h"
 #include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
 
 using DesktopSupport::shortened;
+using DesktopSupport::validUTF8;
 using nlohmann::json;
 using namespace std::chrono_literals;
 
@@ -75,7 +76,7 @@ std::optional<LiveTab> tab(const json& target) {
   return LiveTab{.index = *index,
                  .isShown = field(place, "tabActive") == true,
                  .profile = textField(target, "browserContextId"),
-                 .page = {validUtf8(shortened(textField(target, "title"))), validUtf8(textField(target, "url"))}};
+                 .page = {validUTF8(shortened(textField(target, "title"))), validUTF8(textField(target, "url"))}};
 }
 
 // The browser's tabs, and the calls that tell their windows.

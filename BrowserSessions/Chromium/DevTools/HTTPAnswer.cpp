@@ -1,19 +1,13 @@
 #include "BrowserSessions/Chromium/DevTools/HTTPAnswer.h"
 
 #include <algorithm>
-#include <charconv>
 #include <string_view>
-#include <system_error>
+
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
-
-std::optional<std::size_t> number(std::string_view text) {
-  std::size_t value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return error == std::errc() && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
-}
 
 // The size that the head of a successful answer gives for its content.
 std::optional<std::size_t> contentSize(std::string head) {
@@ -24,7 +18,8 @@ std::optional<std::size_t> contentSize(std::string head) {
     return std::nullopt;
   const std::string_view rest = std::string_view(head).substr(start + field.size());
   const auto digits = rest.find_first_not_of(" \t");
-  return digits < rest.find('\r') ? number(rest.substr(digits, rest.find('\r') - digits)) : std::nullopt;
+  const auto end = rest.find('\r');
+  return digits < end ? DesktopSupport::parseNumber<std::size_t>(rest.substr(digits, end - digits)) : std::nullopt;
 }
 
 }  // namespace
