@@ -2,9 +2,8 @@
 
 #include <array>
 
+#include <glib.h>
 #include <sys/stat.h>
-
-#include "DesktopSupport/System/GLibHandles.h"
 
 namespace BrowserSessions {
 
@@ -44,13 +43,6 @@ void append(std::string& text, char32_t character) {
 }
 
 }  // namespace
-
-std::string validUTF8(std::string_view text) {
-  if (text.empty())
-    return {};
-  const DesktopSupport::CharsHandle valid(g_utf8_make_valid(text.data(), std::ssize(text)));
-  return valid.get();
-}
 
 std::string utf8FromUTF16(std::string_view bytes) {
   std::string text;

@@ -20,9 +20,6 @@ T littleEndian(std::string_view bytes) {
   return static_cast<T>(value);
 }
 
-/// The text with U+FFFD in place of each NUL and each byte that is not UTF-8.
-std::string validUTF8(std::string_view text);
-
 /// The UTF-8 form of a text in UTF-16, given its bytes, the lower byte of each unit first. A NUL and a surrogate
 /// without its partner become U+FFFD; half a unit at the end is ignored.
 std::string utf8FromUTF16(std::string_view bytes);

@@ -95,8 +95,7 @@ void readMessage(std::string_view bytes) {
 }
 
 void readValue(const char* type, std::string_view bytes) {
-  using BytesHandle = std::unique_ptr<GBytes, DesktopSupport::ReleasedBy<g_bytes_unref>>;
-  const BytesHandle copy(g_bytes_new(bytes.data(), bytes.size()));
+  const DesktopSupport::BytesHandle copy(g_bytes_new(bytes.data(), bytes.size()));
   read(DesktopSupport::owned(g_variant_new_from_bytes(G_VARIANT_TYPE(type), copy.get(), /*trusted=*/FALSE)).get());
 }
 

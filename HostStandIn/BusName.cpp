@@ -1,7 +1,8 @@
 #include "HostStandIn/BusName.h"
 
 #include <chrono>
-#include <cstdint>
+
+#include "DesktopSupport/Bus/BusDaemon.h"
 
 namespace HostStandIn {
 
@@ -9,33 +10,22 @@ using DesktopSupport::BusError;
 
 namespace {
 
-// The bus's own numbers for "in place of nobody, and not in a queue" and "you are the owner now".
-constexpr std::uint32_t doNotQueue = 4;
-constexpr std::uint32_t primaryOwner = 1;
-
-const char* const busPeer = "org.freedesktop.DBus";
-const char* const busPath = "/org/freedesktop/DBus";
+constexpr std::chrono::seconds answerTime(25);
 
 }  // namespace
 
 std::expected<BusName, BusError> BusName::acquire(const DesktopSupport::SessionBus& bus, std::string name) {
-  const auto reply =
-      bus.call({busPeer, busPath, busPeer, "RequestName"}, g_variant_new("(su)", name.c_str(), doNotQueue),
-               G_VARIANT_TYPE("(u)"), std::chrono::seconds(25));
-  if (!reply)
-    return std::unexpected(reply.error());
-  guint32 result = 0;
-  g_variant_get(reply->get(), "(u)", &result);
-  if (result != primaryOwner)
+  const auto isOwner = DesktopSupport::BusDaemon(bus, answerTime).requestName(name);
+  if (!isOwner)
+    return std::unexpected(isOwner.error());
+  if (!*isOwner)
     return std::unexpected(BusError{"org.freedesktop.DBus.Error.AddressInUse", name + " is running already"});
-  return BusName(bus.connection(), std::move(name));
+  return BusName(bus, std::move(name));
 }
 
 BusName::~BusName() {
-  if (connection_)
-    g_dbus_connection_call(connection_.get(), busPeer, busPath, busPeer, "ReleaseName",
-                           g_variant_new("(s)", name_.c_str()), nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr,
-                           nullptr);
+  if (bus_.connection() != nullptr)
+    DesktopSupport::BusDaemon(bus_, answerTime).releaseName(name_);
 }
 
 }  // namespace HostStandIn

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "DesktopSupport/Bus/SessionBus.h"
-#include "DesktopSupport/System/GLibHandles.h"
 
 namespace HostStandIn {
 
@@ -22,10 +21,9 @@ class BusName {
   ~BusName();
 
  private:
-  BusName(GDBusConnection* connection, std::string name)
-      : connection_(DesktopSupport::shared(connection)), name_(std::move(name)) {}
+  BusName(const DesktopSupport::SessionBus& bus, std::string name) : bus_(bus), name_(std::move(name)) {}
 
-  DesktopSupport::ObjectHandle<GDBusConnection> connection_;
+  DesktopSupport::SessionBus bus_;
   std::string name_;
 };
 

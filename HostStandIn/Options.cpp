@@ -1,24 +1,19 @@
 #include "HostStandIn/Options.h"
 
-#include <charconv>
 #include <cstdlib>
-#include <system_error>
 #include <utility>
 
-#include <glib.h>
-
 #include "DesktopSupport/System/ProgramOptions.h"
+#include "DesktopSupport/System/Text.h"
+#include "DesktopSupport/System/UserFolders.h"
 
 namespace HostStandIn {
 
 namespace {
 
 std::optional<std::size_t> positiveNumber(std::string_view text) {
-  std::size_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size() || number == 0)
-    return std::nullopt;
-  return number;
+  const auto number = DesktopSupport::parseNumber<std::size_t>(text);
+  return number == 0 ? std::nullopt : number;
 }
 
 constexpr const char* summary =
@@ -31,7 +26,7 @@ Options Options::fromEnvironment() {
   Options options;
   if (const char* log = std::getenv("DESKLOOM_HOST_LOG"); log != nullptr && *log != '\0')
     options.log = log;
-  options.setup.pluginFolder = std::string(g_get_user_data_dir()) + "/deskloom/plugins";
+  options.setup.pluginFolder = DesktopSupport::userDataFolder() / "deskloom/plugins";
   return options;
 }
 

@@ -72,7 +72,7 @@ void Workspace::openByProgram(Platform::URL url, const DesktopEntry& handler) {
     return reportFailure(schemeOf(url), "its handler " + handler.file.string() + " cannot be started");
   const std::string scheme(schemeOf(url));
   std::string text = std::move(url).absoluteString();
-  const std::unique_ptr<GList, DesktopSupport::ReleasedBy<g_list_free>> urls(g_list_append(nullptr, text.data()));
+  const DesktopSupport::ListHandle urls(g_list_append(nullptr, text.data()));
   ErrorHandle error;
   if (g_app_info_launch_uris(G_APP_INFO(application.get()), urls.get(), nullptr, Out(error)) == FALSE)
     reportFailure(scheme, error->message);

@@ -13,7 +13,7 @@
 #include <glib-unix.h>
 #include <unistd.h>
 
-#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/System/FileDescriptor.h"
 #include "HostStandIn/ApplicationInterface.h"
 #include "HostStandIn/BusName.h"
@@ -77,9 +77,7 @@ void awaitTermination() {
 
 /// Receives everything sent to the name, which has just been given up.
 void receiveTheRest(const SessionBus& bus) {
-  // The bus's answer to this call arrives after everything that it sent earlier.
-  static_cast<void>(bus.call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId"},
-                             nullptr, nullptr, answerTime));
+  DesktopSupport::BusDaemon(bus, answerTime).synchronize();
   while (g_main_context_iteration(nullptr, /*may_block=*/FALSE)) {
   }
   g_dbus_connection_flush_sync(bus.connection(), nullptr, nullptr);

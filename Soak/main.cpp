@@ -1,12 +1,12 @@
 // Runs one scenario on the current desktop and prints what it measured. script/soak gives each a private desktop.
 
-#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <map>
 #include <string>
 #include <string_view>
 
+#include "DesktopSupport/System/Text.h"
 #include "Soak/Host.h"
 #include "Soak/Scenarios.h"
 
@@ -17,12 +17,6 @@ using Soak::Settings;
 const std::map<std::string_view, Soak::Report (*)(const Settings&)> scenarios = {
     {"launches", Soak::launches}, {"restarts", Soak::restarts}, {"limits", Soak::limits},
     {"mount", Soak::mount},       {"stopped", Soak::stopped},   {"payloads", Soak::payloads}};
-
-int numberFrom(std::string_view text) {
-  int number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
-}
 
 }  // namespace
 
@@ -36,7 +30,7 @@ int main(int argumentCount, char** arguments) {
   }
   Settings settings;
   if (argumentCount == 3)
-    settings.launches = numberFrom(arguments[2]);
+    settings.launches = DesktopSupport::parseNumber<int>(arguments[2]).value_or(0);
   const Soak::Report report = scenario->second(settings);
   std::printf("%s: %s\n", arguments[1], report.line().c_str());
   return report.holds() ? 0 : 1;

@@ -59,7 +59,7 @@ class Timer {
     return G_SOURCE_REMOVE;
   }
 
-  std::unique_ptr<GSource, DesktopSupport::ReleasedBy<g_source_unref>> source_;
+  DesktopSupport::SourceHandle source_;
 };
 
 /// Sets a flag when nobody owns the service's name, or the bus is gone.

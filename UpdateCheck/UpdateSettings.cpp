@@ -1,11 +1,11 @@
 #include "UpdateCheck/UpdateSettings.h"
 
 #include <algorithm>
-
-#include <glib.h>
+#include <cstdint>
 
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/KeyFileGroup.h"
+#include "DesktopSupport/System/Text.h"
 #include "Platform/Text/UTF8.h"
 
 namespace UpdateCheck {
@@ -39,10 +39,10 @@ std::expected<std::chrono::seconds, std::string> parseInterval(const KeyFileGrou
   const auto text = updates.text("Interval");
   if (!text)
     return usualInterval;
-  guint64 seconds = 0;
-  if (g_ascii_string_to_unsigned(text->c_str(), 10, 0, G_MAXUINT32, &seconds, nullptr) == FALSE)
+  const auto seconds = DesktopSupport::parseNumber<std::uint32_t>(*text);
+  if (!seconds)
     return std::unexpected("Interval is not a number of seconds");
-  const std::chrono::seconds interval(seconds);
+  const std::chrono::seconds interval(*seconds);
   return hasScheme(feed, "file") ? interval : std::max(interval, shortestInterval);
 }
 

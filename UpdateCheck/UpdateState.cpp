@@ -22,8 +22,8 @@ namespace {
 using DesktopSupport::CharsHandle;
 using DesktopSupport::ErrorHandle;
 using DesktopSupport::FileDescriptor;
+using DesktopSupport::KeyFileHandle;
 using DesktopSupport::Out;
-using KeyFileHandle = std::unique_ptr<GKeyFile, DesktopSupport::ReleasedBy<g_key_file_unref>>;
 
 constexpr std::size_t maximumSize = 64UL * 1024;
 

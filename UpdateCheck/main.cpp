@@ -7,12 +7,12 @@
 #include <string_view>
 #include <system_error>
 
-#include <glib.h>
 #include <sys/utsname.h>
 
 #include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/MessageCatalogue.h"
 #include "DesktopSupport/System/SystemLog.h"
+#include "DesktopSupport/System/UserFolders.h"
 #include "Platform/Bundle.h"
 #include "Platform/Log.h"
 #include "UpdateCheck/UpdateChecker.h"
@@ -74,7 +74,7 @@ void checkForUpdate() {
     return;
   const BundleStrings strings(bundle, settings->identifier);
   const UpdateCheck::UpdateChecker::Surroundings surroundings = {
-      .stateFolder = path(g_get_user_state_dir()) / "deskloom",
+      .stateFolder = DesktopSupport::userStateFolder() / "deskloom",
       .now = std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now()),
       .kernelRelease = kernelRelease(),
       .strings = strings,

@@ -6,16 +6,14 @@
 
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
 
+using DesktopSupport::isUTF8;
 using DesktopSupport::shortened;
-
-bool isText(std::string_view bytes) {
-  return g_utf8_validate_len(bytes.data(), bytes.size(), nullptr) != FALSE;
-}
 
 // The character of the escape (%XX) at the start of the text.
 std::optional<char> escapedCharacter(std::string_view text) {
@@ -39,7 +37,7 @@ std::string unescaped(std::string_view address) {
     text += isTaken ? *character : address[position];
     position += isTaken ? 2 : 0;
   }
-  return isText(text) ? text : std::string(address);
+  return isUTF8(text) ? text : std::string(address);
 }
 
 // A host with its port as people read it, without a user name and a password.
@@ -47,9 +45,9 @@ std::string readableHost(std::string_view authority) {
   const std::string_view withPort = authority.substr(authority.rfind('@') + 1);
   const std::string host(withPort.substr(0, withPort.rfind(':')));
   // GLib reads past the end of a text that is not UTF-8, and may itself return such a text.
-  const bool isEncoded = host.contains("xn--") && isText(host);
+  const bool isEncoded = host.contains("xn--") && isUTF8(host);
   const DesktopSupport::CharsHandle name(isEncoded ? g_hostname_to_unicode(host.c_str()) : nullptr);
-  return (name && isText(name.get()) ? name.get() : host) + std::string(withPort.substr(host.size()));
+  return (name && isUTF8(name.get()) ? name.get() : host) + std::string(withPort.substr(host.size()));
 }
 
 // The name of a file, with the query and the fragment of the address.

@@ -1,15 +1,14 @@
 #include "BrowserSessions/Chromium/RunningChromium.h"
 
 #include <algorithm>
-#include <charconv>
 #include <climits>
 #include <string>
 #include <system_error>
 
 #include "BrowserSessions/Chromium/ChromiumBrowser.h"
 #include "DesktopSupport/System/FileContents.h"
-#include "DesktopSupport/System/GLibHandles.h"
-#include "DesktopSupport/System/SearchPath.h"
+#include "DesktopSupport/System/Text.h"
+#include "DesktopSupport/System/UserFolders.h"
 
 namespace BrowserSessions {
 
@@ -20,10 +19,8 @@ using std::filesystem::directory_iterator;
 using std::filesystem::path;
 
 std::optional<pid_t> processNumber(std::string_view text) {
-  pid_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  const bool isWhole = error == std::errc() && end == text.data() + text.size();
-  return isWhole && number > 0 ? std::optional(number) : std::nullopt;
+  const auto number = DesktopSupport::parseNumber<pid_t>(text);
+  return number > 0 ? number : std::nullopt;
 }
 
 // The lock is a link to "<host>-<process>"; the host's name may contain a '-' too.
@@ -119,10 +116,9 @@ std::optional<path> givenUserData(const ProcessInfo& process) {
 }  // namespace
 
 ChromiumPlaces chromiumPlaces() {
-  using DesktopSupport::environmentOr;
-  const path home = g_get_home_dir();
-  const std::string configuration = environmentOr("XDG_CONFIG_HOME", home / ".config");
-  return {.home = home, .configuration = environmentOr("CHROME_CONFIG_HOME", configuration)};
+  using namespace DesktopSupport;
+  return {.home = homeFolder(),
+          .configuration = folderNamedBy("CHROME_CONFIG_HOME").value_or(userConfigurationFolder())};
 }
 
 std::vector<RunningChromium> runningChromiumBrowsers(const ChromiumPlaces& places) {

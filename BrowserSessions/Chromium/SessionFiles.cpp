@@ -1,12 +1,12 @@
 #include "BrowserSessions/Chromium/SessionFiles.h"
 
 #include <algorithm>
-#include <charconv>
 #include <chrono>
 #include <string>
 #include <system_error>
 
 #include "BrowserSessions/BrowserFiles.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
@@ -21,11 +21,8 @@ constexpr std::chrono::minutes tolerance(5);
 std::optional<std::int64_t> timeInName(std::string_view name, std::string_view prefix) {
   if (!name.starts_with(prefix))
     return std::nullopt;
-  name.remove_prefix(prefix.size());
-  std::int64_t time = 0;
-  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), time);
-  const bool isWhole = error == std::errc() && end == name.data() + name.size();
-  return isWhole && time >= 0 ? std::optional(time) : std::nullopt;
+  const auto time = DesktopSupport::parseNumber<std::int64_t>(name.substr(prefix.size()));
+  return time >= 0 ? time : std::nullopt;
 }
 
 bool isWrittenLater(const path& file, const path& than) {

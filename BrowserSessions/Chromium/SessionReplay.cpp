@@ -6,6 +6,7 @@
 
 #include "BrowserSessions/BrowserFiles.h"
 #include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
@@ -173,7 +174,8 @@ BrowserWindow SessionReplay::contents(const Shown& window) {
     if (index == window.shownIndex)
       contents.activeTab = contents.tabs.size();
     if (!page.url.empty())
-      contents.tabs.push_back({DesktopSupport::shortened(utf8FromUTF16(page.title)), validUTF8(page.url)});
+      contents.tabs.push_back(
+          {DesktopSupport::shortened(utf8FromUTF16(page.title)), DesktopSupport::validUTF8(page.url)});
   }
   // If the shown tab is left out, and was the last one.
   if (contents.activeTab == contents.tabs.size() && !contents.tabs.empty())

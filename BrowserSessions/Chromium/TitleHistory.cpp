@@ -5,15 +5,16 @@
 
 #include <sqlite3.h>
 
-#include "BrowserSessions/BrowserFiles.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
 
 using DesktopSupport::shortened;
+using DesktopSupport::validUTF8;
 using std::filesystem::path;
 
 // A lookup takes some twenty steps of the database. Without an index, or with a "table" that is computed, it could take

@@ -11,10 +11,14 @@
 #include "BrowserSessions/Firefox/FirefoxStateReader.h"
 #include "BrowserSessions/Firefox/SessionText.h"
 #include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
+
+using DesktopSupport::isUTF8;
+using DesktopSupport::validUTF8;
 
 std::string withoutReadingView(std::string address) {
   constexpr std::string_view readingView = "about:reader?url=";
@@ -71,7 +75,7 @@ BrowserSession shownWindows(const FirefoxStateReader& state) {
 std::expected<BrowserSession, std::string> firefoxState(std::string json) {
   // An address that is cut here is still too long to be listed, even if it consists of escapes.
   cutLongTokens(json, (longestAddress + 1) * escapeLength);
-  if (g_utf8_validate_len(json.data(), json.size(), nullptr) == FALSE)
+  if (!isUTF8(json))
     json = validUTF8(json);
   replaceLoneSurrogates(json);
   FirefoxStateReader state;

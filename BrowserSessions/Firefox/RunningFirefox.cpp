@@ -1,7 +1,6 @@
 #include "BrowserSessions/Firefox/RunningFirefox.h"
 
 #include <algorithm>
-#include <memory>
 #include <string>
 
 #include <fcntl.h>
@@ -9,14 +8,14 @@
 #include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/FileDescriptor.h"
 #include "DesktopSupport/System/GLibHandles.h"
-#include "DesktopSupport/System/SearchPath.h"
+#include "DesktopSupport/System/UserFolders.h"
 
 namespace BrowserSessions {
 
 namespace {
 
+using DesktopSupport::KeyFileHandle;
 using std::filesystem::path;
-using KeyFileHandle = std::unique_ptr<GKeyFile, DesktopSupport::ReleasedBy<g_key_file_unref>>;
 
 // A folder of profiles, with its profiles.ini.
 struct Location {
@@ -94,9 +93,7 @@ std::optional<FirefoxLock> firefoxLock(const std::filesystem::path& profile) {
 }
 
 FirefoxHome FirefoxHome::ofUser() {
-  const path home = g_get_home_dir();
-  const path configuration = DesktopSupport::environmentOr("XDG_CONFIG_HOME", "");
-  return {.home = home, .configuration = configuration.is_absolute() ? configuration : home / ".config"};
+  return {.home = DesktopSupport::homeFolder(), .configuration = DesktopSupport::userConfigurationFolder()};
 }
 
 std::vector<RunningFirefox> runningFirefoxes(const FirefoxHome& home) {

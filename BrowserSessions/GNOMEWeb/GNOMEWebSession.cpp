@@ -1,7 +1,6 @@
 #include "BrowserSessions/GNOMEWeb/GNOMEWebSession.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
 #include <filesystem>
 #include <memory>
@@ -13,12 +12,14 @@
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
 
-using ParserHandle = std::unique_ptr<GMarkupParseContext, DesktopSupport::ReleasedBy<g_markup_parse_context_unref>>;
+using DesktopSupport::parseNumber;
+using DesktopSupport::validUTF8;
 
 constexpr std::size_t maximumSize = 32 << 20;
 constexpr std::size_t maximumDepth = 16;
@@ -41,12 +42,6 @@ std::string attribute(const char** names, const char** values, std::string_view 
   return "";
 }
 
-std::size_t numberIn(std::string_view text) {
-  std::size_t number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
-}
-
 void fail(GError** error) {
   g_set_error_literal(error, G_MARKUP_ERROR, G_MARKUP_ERROR_INVALID_CONTENT, "");
 }
@@ -63,7 +58,8 @@ void startElement(GMarkupParseContext* /*parser*/, const char* element, const ch
   if (depth == 1)
     state.isInWindow = name == "window";
   if (depth == 1 && state.isInWindow) {
-    state.session.push_back({.tabs = {}, .activeTab = numberIn(attribute(names, values, "active-tab"))});
+    state.session.push_back(
+        {.tabs = {}, .activeTab = parseNumber<std::size_t>(attribute(names, values, "active-tab")).value_or(0)});
     ++state.count;
   } else if (depth == 2 && state.isInWindow && name == "embed") {
     state.session.back().tabs.push_back({.title = DesktopSupport::shortened(attribute(names, values, "title")),
@@ -101,7 +97,7 @@ std::expected<BrowserSession, std::string> gnomeWebState(std::string_view xml) {
                                               .error = nullptr};
   const std::string text = validUTF8(xml);
   State state;
-  const ParserHandle parser(g_markup_parse_context_new(&callbacks, {}, &state, nullptr));
+  const DesktopSupport::MarkupParserHandle parser(g_markup_parse_context_new(&callbacks, {}, &state, nullptr));
   if (g_markup_parse_context_parse(parser.get(), text.data(), std::ssize(text), nullptr) == FALSE ||
       g_markup_parse_context_end_parse(parser.get(), nullptr) == FALSE || !state.isSession)
     return std::unexpected("It is not the XML of a session.");

@@ -4,9 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "DesktopSupport/Bus/SessionBus.h"
-#include "DesktopSupport/System/GLibHandles.h"
-#include "DesktopSupport/System/SearchPath.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
+#include "DesktopSupport/System/UserFolders.h"
 
 namespace BrowserSessions {
 
@@ -30,26 +29,13 @@ constexpr std::chrono::seconds busTimeout(2);
 
 std::optional<pid_t> owner(const char* busName) {
   const auto bus = DesktopSupport::SessionBus::connect();
-  if (!bus)
-    return std::nullopt;
-  const DesktopSupport::BusMethod ask = {.destination = "org.freedesktop.DBus",
-                                         .path = "/org/freedesktop/DBus",
-                                         .interface = "org.freedesktop.DBus",
-                                         .name = "GetConnectionUnixProcessID"};
-  const auto reply = bus->call(ask, g_variant_new("(s)", busName), G_VARIANT_TYPE("(u)"), busTimeout);
-  if (!reply)
-    return std::nullopt;
-  guint32 process = 0;
-  g_variant_get(reply->get(), "(u)", &process);
-  return static_cast<pid_t>(process);
+  return bus ? DesktopSupport::BusDaemon(*bus, busTimeout).processOf(busName) : std::nullopt;
 }
 
 }  // namespace
 
 GNOMEWebHome GNOMEWebHome::ofUser() {
-  const path home = g_get_home_dir();
-  const path data = DesktopSupport::environmentOr("XDG_DATA_HOME", "");
-  return {.home = home, .data = data.is_absolute() ? data : home / ".local/share"};
+  return {.home = DesktopSupport::homeFolder(), .data = DesktopSupport::userDataFolder()};
 }
 
 std::optional<path> gnomeWebProfile(const DesktopSupport::ProcessInfo& process, const GNOMEWebHome& home) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "DesktopSupport/System/Text.h"
+
 namespace DesktopSupport {
 
 namespace {
@@ -53,7 +55,7 @@ std::string applicationObjectPath(std::string_view busName) {
 GVariant* openArguments(std::string url, GVariant* platformData) {
   GVariantBuilder urls;
   g_variant_builder_init(&urls, G_VARIANT_TYPE("as"));
-  if (g_utf8_validate_len(url.data(), url.size(), nullptr) != FALSE)
+  if (isUTF8(url))
     g_variant_builder_add_value(&urls, stringOf(std::move(url)));
   return g_variant_new("(as@a{sv})", &urls, orNone(platformData));
 }

@@ -10,6 +10,8 @@
 #include <utility>
 
 #include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/Text.h"
+#include "DesktopSupport/System/UserFolders.h"
 
 namespace DesktopSupport {
 
@@ -19,9 +21,9 @@ namespace {
 bool isRunning() {
   if (std::getenv("DBUS_SESSION_BUS_ADDRESS") != nullptr)
     return true;
-  const char* runtimeFolder = std::getenv("XDG_RUNTIME_DIR");
+  const auto runtimeFolder = folderNamedBy("XDG_RUNTIME_DIR");
   std::error_code ignored;
-  return runtimeFolder != nullptr && std::filesystem::exists(std::filesystem::path(runtimeFolder) / "bus", ignored);
+  return runtimeFolder && std::filesystem::exists(*runtimeFolder / "bus", ignored);
 }
 
 /// Cancels what takes `cancellable` when it has lived for `limit`.
@@ -108,7 +110,7 @@ std::expected<VariantHandle, BusError> SessionBus::call(const BusMethod& method,
 }
 
 std::expected<VariantHandle, BusError> busString(const std::string& text) {
-  if (g_utf8_validate_len(text.data(), text.size(), nullptr) == FALSE)
+  if (!isUTF8(text))
     return std::unexpected(
         BusError{std::string(BusErrorName::invalidArguments), "The text cannot be sent over D-Bus."});
   return owned(g_variant_new_string(text.c_str()));

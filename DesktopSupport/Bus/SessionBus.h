@@ -51,6 +51,12 @@ class SessionBus {
   /// How long a bus is usually waited for that takes the connection and says nothing.
   static constexpr std::chrono::seconds connectTime{5};
 
+  SessionBus(SessionBus&&) noexcept = default;
+  SessionBus& operator=(SessionBus&&) noexcept = default;
+  SessionBus(const SessionBus& other) : connection_(shared(other.connection())) {}
+  SessionBus& operator=(const SessionBus& other) { return *this = SessionBus(other); }
+  ~SessionBus() = default;
+
   /// Connects to the running session bus. Fails with `noServer` if there is none, or none that answers within
   /// `patience`; none is started.
   static std::expected<SessionBus, BusError> connect(std::chrono::milliseconds patience = connectTime);

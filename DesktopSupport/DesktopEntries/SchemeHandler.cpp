@@ -11,7 +11,8 @@
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/KeyFileGroup.h"
-#include "DesktopSupport/System/SearchPath.h"
+#include "DesktopSupport/System/Text.h"
+#include "DesktopSupport/System/UserFolders.h"
 
 namespace DesktopSupport {
 
@@ -32,7 +33,7 @@ struct Associations {
 std::vector<path> listsIn(const path& folder) {
   std::vector<path> lists;
   const char* desktops = std::getenv("XDG_CURRENT_DESKTOP");
-  for (const std::string_view desktop : separated(desktops == nullptr ? "" : desktops))
+  for (const std::string_view desktop : separated(desktops == nullptr ? "" : desktops, ':'))
     lists.push_back(folder / (lowerCase(desktop) + "-mimeapps.list"));
   lists.push_back(folder / "mimeapps.list");
   return lists;

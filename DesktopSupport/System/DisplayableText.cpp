@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace DesktopSupport {
 
@@ -49,17 +50,17 @@ std::string codeOf(gunichar character) {
   return code.get();
 }
 
-CharsHandle validUtf8(std::string_view text) {
-  std::string withoutNul(text);
-  std::erase(withoutNul, '\0');
-  return CharsHandle(g_utf8_make_valid(withoutNul.data(), static_cast<gssize>(withoutNul.size())));
+std::string validWithoutNUL(std::string_view text) {
+  std::string rest(text);
+  std::erase(rest, '\0');
+  return validUTF8(rest);
 }
 
 }  // namespace
 
 std::string displayable(std::string_view text) {
-  const CharsHandle valid = validUtf8(text);
-  std::string_view rest = valid.get();
+  const std::string valid = validWithoutNUL(text);
+  std::string_view rest = valid;
   std::string line;
   line.reserve(rest.size());
   for (line += takePlain(rest); !rest.empty(); line += takePlain(rest))
@@ -99,11 +100,11 @@ std::string shortened(std::string_view text) {
   constexpr std::size_t bytesToLookAt = 4 * (longestName + 1);
   if (text.size() <= longestName)
     return std::string(text);
-  const std::string_view start = text.substr(0, bytesToLookAt);
-  const CharsHandle valid(g_utf8_make_valid(start.data(), std::ssize(start)));
-  if (g_utf8_strlen(valid.get(), -1) <= static_cast<glong>(longestName))
+  const std::string start = validUTF8(text.substr(0, bytesToLookAt));
+  if (g_utf8_strlen(start.c_str(), -1) <= static_cast<glong>(longestName))
     return std::string(text);
-  return std::string(valid.get(), g_utf8_offset_to_pointer(valid.get(), longestName - 1)) + "…";
+  const auto kept = g_utf8_offset_to_pointer(start.c_str(), longestName - 1) - start.c_str();
+  return start.substr(0, static_cast<std::size_t>(kept)) + "…";
 }
 
 std::string displayableName(std::string_view text) {
@@ -123,8 +124,7 @@ std::string utf8FromLatin1(std::string_view bytes) {
 }
 
 std::string lowerCase(std::string_view text) {
-  const CharsHandle valid = validUtf8(text);
-  const CharsHandle lower(g_utf8_strdown(valid.get(), -1));
+  const CharsHandle lower(g_utf8_strdown(validWithoutNUL(text).c_str(), -1));
   return lower.get();
 }
 

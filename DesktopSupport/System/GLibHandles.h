@@ -24,6 +24,13 @@ using CharsHandle = std::unique_ptr<gchar, ReleasedBy<g_free>>;
 using StringsHandle = std::unique_ptr<gchar*, ReleasedBy<g_strfreev>>;
 using MainContextHandle = std::unique_ptr<GMainContext, ReleasedBy<g_main_context_unref>>;
 using MainLoopHandle = std::unique_ptr<GMainLoop, ReleasedBy<g_main_loop_unref>>;
+using SourceHandle = std::unique_ptr<GSource, ReleasedBy<g_source_unref>>;
+using KeyFileHandle = std::unique_ptr<GKeyFile, ReleasedBy<g_key_file_unref>>;
+using MarkupParserHandle = std::unique_ptr<GMarkupParseContext, ReleasedBy<g_markup_parse_context_unref>>;
+using ChecksumHandle = std::unique_ptr<GChecksum, ReleasedBy<g_checksum_free>>;
+using BytesHandle = std::unique_ptr<GBytes, ReleasedBy<g_bytes_unref>>;
+/// Owns the list and not what is in it.
+using ListHandle = std::unique_ptr<GList, ReleasedBy<g_list_free>>;
 using NodeInfoHandle = std::unique_ptr<GDBusNodeInfo, ReleasedBy<g_dbus_node_info_unref>>;
 
 /// Lets a C function fill a handle through its `T**` parameter: `f(…, Out(error))`. The handle has its new pointer

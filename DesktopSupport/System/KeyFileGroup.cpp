@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
-#include "DesktopSupport/System/GLibHandles.h"
+#include <glib.h>
+
+#include "DesktopSupport/System/Text.h"
 
 namespace DesktopSupport {
 
@@ -91,7 +93,7 @@ std::optional<std::string_view> KeyFileGroup::value(std::string_view key) const 
 
 std::optional<std::string> KeyFileGroup::text(std::string_view key) const {
   const auto found = value(key);
-  if (!found || g_utf8_validate_len(found->data(), found->size(), nullptr) == FALSE)
+  if (!found || !isUTF8(*found))
     return std::nullopt;
   return withoutEscapes(*found);
 }

@@ -1,7 +1,8 @@
 #include "DesktopSupport/Windows/ApplicationUnit.h"
 
 #include <algorithm>
-#include <charconv>
+
+#include "DesktopSupport/System/Text.h"
 
 namespace DesktopSupport {
 
@@ -36,12 +37,10 @@ std::string unescaped(std::string_view text) {
   constexpr std::size_t escapeLength = 4;
   std::string plain;
   while (!text.empty()) {
-    unsigned char character = 0;
-    const bool isEscape =
-        text.size() >= escapeLength && text.starts_with("\\x") &&
-        std::from_chars(text.data() + 2, text.data() + escapeLength, character, 16).ptr == text.data() + escapeLength;
-    plain += isEscape ? static_cast<char>(character) : text.front();
-    text.remove_prefix(isEscape ? escapeLength : 1);
+    const bool mayBeEscape = text.size() >= escapeLength && text.starts_with("\\x");
+    const auto character = mayBeEscape ? parseNumber<unsigned char>(text.substr(2, 2), 16) : std::nullopt;
+    plain += character ? static_cast<char>(*character) : text.front();
+    text.remove_prefix(character ? escapeLength : 1);
   }
   return plain;
 }

@@ -8,13 +8,14 @@
 #include <utility>
 
 #include "DesktopSupport/Bus/ApplicationBus.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/System/GLibHandles.h"
 
 namespace Linux {
 
 namespace {
 
-using DesktopSupport::BusMethod;
+using DesktopSupport::BusDaemon;
 using DesktopSupport::NodeInfoHandle;
 using DesktopSupport::ObjectHandle;
 using DesktopSupport::VariantHandle;
@@ -68,10 +69,6 @@ std::optional<microseconds> callersDeadline(GVariant* arguments) {
   return microseconds(time);
 }
 
-BusMethod busMethod(const char* name) {
-  return {"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", name};
-}
-
 }  // namespace
 
 std::vector<Launch> launchesOf(GDBusMethodInvocation* invocation, Launch::Clock::time_point now) {
@@ -123,15 +120,9 @@ void BusPresence::exportObject(GMainContext* context) {
 }
 
 bool BusPresence::acquireName() {
-  constexpr guint32 doNotQueue = 4;
-  constexpr guint32 primaryOwner = 1;
-  const auto reply = bus_.call(busMethod("RequestName"), g_variant_new("(su)", identifier_.c_str(), doNotQueue),
-                               G_VARIANT_TYPE("(u)"), answerTime);
-  guint32 answer = 0;
-  if (reply)
-    g_variant_get(reply->get(), "(u)", &answer);
-  mayOwnName_ = !reply || answer == primaryOwner;  // a late answer may still be a yes
-  return answer == primaryOwner;
+  const auto isOwner = BusDaemon(bus_, answerTime).requestName(identifier_);
+  mayOwnName_ = isOwner.value_or(true);  // a late answer may still be a yes
+  return isOwner.value_or(false);
 }
 
 bool BusPresence::forward(std::vector<std::string>& launchURLs) const {
@@ -154,16 +145,12 @@ bool BusPresence::deliver(const char* method, GVariant* arguments) const {
 }
 
 void BusPresence::releaseName() {
-  if (!std::exchange(mayOwnName_, false))
-    return;
-  // The bus answers this after everything that it has sent to the name, so all of that is queued here by then.
-  [[maybe_unused]] const auto answer =
-      bus_.call(busMethod("ReleaseName"), g_variant_new("(s)", identifier_.c_str()), nullptr, answerTime);
+  if (std::exchange(mayOwnName_, false))
+    BusDaemon(bus_, answerTime).releaseName(identifier_);
 }
 
 void BusPresence::flush() const {
-  // The bus answers this after everything that was sent before it.
-  [[maybe_unused]] const auto answer = bus_.call(busMethod("GetId"), nullptr, nullptr, answerTime);
+  BusDaemon(bus_, answerTime).synchronize();
 }
 
 void BusPresence::methodCalled(GDBusConnection* /*connection*/, const gchar* /*sender*/, const gchar* /*path*/,

@@ -8,6 +8,7 @@
 
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace ScriptableApps {
 
@@ -95,7 +96,7 @@ bool isASCIIHost(std::string_view host) {
 // The ASCII form (xn--…) of an international host name. Empty if there is none, or if it converts back to a different
 // name: then it would be another host.
 std::string asciiHost(std::string_view host) {
-  if (isASCIIHost(host) || g_utf8_validate(host.data(), std::ssize(host), nullptr) == FALSE)
+  if (isASCIIHost(host) || !DesktopSupport::isUTF8(host))
     return {};
   const std::string name(host);
   const DesktopSupport::CharsHandle ascii(g_hostname_to_ascii(name.c_str()));

@@ -13,6 +13,7 @@
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "DesktopSupport/System/TimeLimit.h"
+#include "DesktopSupport/System/UserFolders.h"
 
 namespace ScriptableApps {
 
@@ -77,7 +78,7 @@ std::string homeFolderName() {
 }
 
 std::string nameOf(const std::string& path) {
-  if (path == canonical(g_get_home_dir()))
+  if (path == canonical(DesktopSupport::homeFolder().c_str()))
     return homeFolderName();
   const CharsHandle name(g_filename_display_basename(path.c_str()));
   return DesktopSupport::displayableName(name.get());

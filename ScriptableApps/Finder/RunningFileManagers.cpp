@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/ProcessInfo.h"
 
@@ -12,9 +13,7 @@ namespace ScriptableApps {
 
 namespace {
 
-using DesktopSupport::BusError;
 using DesktopSupport::SessionBus;
-using DesktopSupport::VariantHandle;
 using std::chrono::milliseconds;
 
 // Only one program can own the first name. The others are found by their own names.
@@ -29,33 +28,6 @@ void addNew(FileManagers& fileManagers, FileManager more) {
     fileManagers.push_back(std::move(more));
 }
 
-std::expected<VariantHandle, BusError> askBus(const SessionBus& bus, const char* method, const char* name,
-                                              const char* replyType, milliseconds patience) {
-  return bus.call({.destination = "org.freedesktop.DBus",
-                   .path = "/org/freedesktop/DBus",
-                   .interface = "org.freedesktop.DBus",
-                   .name = method},
-                  g_variant_new("(s)", name), G_VARIANT_TYPE(replyType), patience);
-}
-
-std::optional<std::string> ownerOf(const SessionBus& bus, const char* name, milliseconds patience) {
-  const auto reply = askBus(bus, "GetNameOwner", name, "(s)", patience);
-  if (!reply)
-    return std::nullopt;
-  const char* owner = nullptr;
-  g_variant_get(reply->get(), "(&s)", &owner);
-  return owner;
-}
-
-std::optional<pid_t> processOf(const SessionBus& bus, const std::string& connection, milliseconds patience) {
-  const auto reply = askBus(bus, "GetConnectionUnixProcessID", connection.c_str(), "(u)", patience);
-  if (!reply)
-    return std::nullopt;
-  guint32 pid = 0;
-  g_variant_get(reply->get(), "(u)", &pid);
-  return static_cast<pid_t>(pid);
-}
-
 bool isOfFileManager(const DesktopSupport::Window& window) {
   const std::string windowClass = DesktopSupport::lowerCase(window.windowClass);
   return window.isOrdinary && window.pid &&
@@ -65,10 +37,11 @@ bool isOfFileManager(const DesktopSupport::Window& window) {
 }  // namespace
 
 FileManagers fileManagersOn(const SessionBus& bus, milliseconds patience) {
+  const DesktopSupport::BusDaemon daemon(bus, patience);
   FileManagers fileManagers;
   for (const char* name : fileManagerNames)
-    if (const auto owner = ownerOf(bus, name, patience))
-      addNew(fileManagers, {.connection = *owner, .pid = processOf(bus, *owner, patience)});
+    if (const auto owner = daemon.ownerOf(name))
+      addNew(fileManagers, {.connection = *owner, .pid = daemon.processOf(*owner)});
   return fileManagers;
 }
 

@@ -7,16 +7,6 @@ namespace {
 
 using namespace std::string_literals;
 
-TEST(BrowserText, StaysAsItIsWhereItIsUtf8) {
-  EXPECT_EQ(validUTF8(""), "");
-  EXPECT_EQ(validUTF8("Grüße\n\t 🎈"), "Grüße\n\t 🎈");
-}
-
-TEST(BrowserText, HasAReplacementForEachByteThatIsNotUtf8) {
-  EXPECT_EQ(validUTF8("a\xFF\xC3"), "a\uFFFD\uFFFD");
-  EXPECT_EQ(validUTF8("a\0b"s), "a\uFFFDb");
-}
-
 TEST(BrowserText, ComesFromUtf16) {
   EXPECT_EQ(utf8FromUTF16(""), "");
   EXPECT_EQ(utf8FromUTF16("a\0\xE4\0\xAC\x20"s), "aä€");

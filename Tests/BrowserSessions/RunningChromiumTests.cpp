@@ -191,6 +191,12 @@ TEST(ChromiumPlaces, FollowTheEnvironment) {
   EXPECT_EQ(chromiumPlaces().processes, "/proc");
 }
 
+TEST(ChromiumPlaces, AreTheUsualOnesIfTheEnvironmentNamesARelativeFolder) {
+  const TestSupport::EnvironmentVariable own("CHROME_CONFIG_HOME", "relative/folder");
+  const TestSupport::EnvironmentVariable configuration("XDG_CONFIG_HOME", "relative/folder");
+  EXPECT_EQ(chromiumPlaces().configuration, chromiumPlaces().home / ".config");
+}
+
 TEST(ChromiumBrowsers, HaveNoUserDataFolderInCommon) {
   std::set<path> folders;
   std::size_t count = 0;

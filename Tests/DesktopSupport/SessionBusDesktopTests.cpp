@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 #include "Tests/Support/SilentServer.h"
@@ -15,10 +15,7 @@ using TestSupport::FakeDeskloomHost;
 namespace BusErrorName = DesktopSupport::BusErrorName;
 using namespace std::chrono_literals;
 
-const BusMethod listNames{.destination = "org.freedesktop.DBus",
-                          .path = "/org/freedesktop/DBus",
-                          .interface = "org.freedesktop.DBus",
-                          .name = "ListNames"};
+const BusMethod listNames = DesktopSupport::busDaemonMethod("ListNames");
 const BusMethod folderPath{.destination = "com.quillary.Deskloom",
                            .path = "/com/quillary/Deskloom",
                            .interface = "com.quillary.Deskloom.Scripting",

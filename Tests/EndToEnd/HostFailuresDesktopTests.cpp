@@ -12,7 +12,7 @@
 #include <gmock/gmock.h>
 
 #include "DeskloomSDK/Host/DeskloomAPI.h"
-#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "Linux/Services.h"
 #include "Tests/Support/FakeDeskloomHost.h"
@@ -196,9 +196,8 @@ class RequestWatch {
   /// Returns after the bus has passed the call on to the host.
   void awaitCall() {
     sent_.get_future().wait();
-    // Messages keep their order: the bus answers this after it has passed on the call.
-    static_cast<void>(bus_->call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "GetId"},
-                                 nullptr, nullptr, atOnce));
+    // Messages keep their order: the bus answers after it has passed on the call.
+    DesktopSupport::BusDaemon(*bus_, atOnce).synchronize();
   }
 
  private:
@@ -235,8 +234,7 @@ class AbsentHostTest : public PluginTest {
  protected:
   static std::vector<std::string> names(const char* method) {
     const auto bus = SessionBus::connect();
-    const auto reply = bus->call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", method},
-                                 nullptr, G_VARIANT_TYPE("(as)"), atOnce);
+    const auto reply = bus->call(DesktopSupport::busDaemonMethod(method), nullptr, G_VARIANT_TYPE("(as)"), atOnce);
     const char** list = nullptr;
     g_variant_get(reply->get(), "(^a&s)", &list);
     const std::unique_ptr<void, DesktopSupport::ReleasedBy<g_free>> owner(static_cast<void*>(list));

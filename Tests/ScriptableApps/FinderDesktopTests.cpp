@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "Tests/ScriptableApps/FinderTest.h"
 #include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/TestDesktop.h"
@@ -32,13 +32,7 @@ using TestSupport::textOfScript;
 
 /// The connection that owns a name on the bus.
 std::string ownerOf(const char* name) {
-  const auto reply = DesktopSupport::SessionBus::connect()->call(
-      {.destination = "org.freedesktop.DBus", .path = "/", .interface = "org.freedesktop.DBus", .name = "GetNameOwner"},
-      g_variant_new("(s)", name), G_VARIANT_TYPE("(s)"), 60s);
-  const char* owner = "none";
-  if (reply)
-    g_variant_get(reply->get(), "(&s)", &owner);
-  return owner;
+  return DesktopSupport::BusDaemon(*DesktopSupport::SessionBus::connect(), 60s).ownerOf(name).value_or("none");
 }
 
 TEST_F(FinderTest, HasAWindowForEachTabOfEachWindowInTheOrderReported) {

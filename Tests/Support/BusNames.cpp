@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "DesktopSupport/Bus/ApplicationBus.h"
-#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "Tests/Support/Patience.h"
 
@@ -68,9 +68,8 @@ bool call(const DesktopSupport::BusMethod& method, GVariant* arguments) {
 
 bool hasOwner(const std::string& busName) {
   const auto bus = DesktopSupport::SessionBus::connect().value();
-  const auto answer =
-      bus.call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameHasOwner"},
-               g_variant_new("(s)", busName.c_str()), G_VARIANT_TYPE("(b)"), patience);
+  const auto answer = bus.call(DesktopSupport::busDaemonMethod("NameHasOwner"), g_variant_new("(s)", busName.c_str()),
+                               G_VARIANT_TYPE("(b)"), patience);
   gboolean has = FALSE;
   g_variant_get(answer.value().get(), "(b)", &has);
   return has != FALSE;
@@ -93,8 +92,7 @@ void setActivationEnvironment(const std::string& variable, const std::string& va
   GVariantBuilder environment;
   g_variant_builder_init(&environment, G_VARIANT_TYPE("a{ss}"));
   g_variant_builder_add(&environment, "{ss}", variable.c_str(), value.c_str());
-  call({"org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", "UpdateActivationEnvironment"},
-       g_variant_new("(a{ss})", &environment));
+  call(DesktopSupport::busDaemonMethod("UpdateActivationEnvironment"), g_variant_new("(a{ss})", &environment));
 }
 
 }  // namespace TestSupport

@@ -14,8 +14,6 @@ namespace {
 
 using namespace DesktopSupport;
 
-using SourceHandle = std::unique_ptr<GSource, ReleasedBy<g_source_unref>>;
-
 std::string accessibilityBusAddress() {
   ErrorHandle error;
   const ObjectHandle<GDBusConnection> sessionBus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, Out(error)));

@@ -1,17 +1,16 @@
 #include "BrowserSessions/Chromium/DevTools/DevToolsPort.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
 #include <nlohmann/json.hpp>
 #include <string_view>
-#include <system_error>
 
 #include "BrowserSessions/Chromium/DevTools/JSONFields.h"
 #include "BrowserSessions/Chromium/DevTools/LocalConnection.h"
 #include "BrowserSessions/Chromium/DevTools/PortListener.h"
 #include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
@@ -21,12 +20,6 @@ using Owner = PortListener::Owner;
 
 constexpr std::size_t maximumNoteSize = 1 << 10;
 constexpr std::size_t maximumAnswerSize = 1 << 16;
-
-std::optional<std::uint16_t> portNumber(std::string_view text) {
-  std::uint16_t value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return error == std::errc() && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
-}
 
 // Whether the text can be put into a request as it is.
 bool isPath(std::string_view text) {
@@ -56,7 +49,9 @@ std::expected<std::optional<WebSocket>, std::string> notConnected(Owner owner, s
 std::optional<DevToolsPort> devToolsPort(const std::filesystem::path& userData) {
   const std::string note = DesktopSupport::fileContents(userData / "DevToolsActivePort", maximumNoteSize).value_or("");
   const auto end = note.find('\n');
-  const auto port = end != std::string::npos ? portNumber(std::string_view(note).substr(0, end)) : std::nullopt;
+  const auto port = end != std::string::npos
+                        ? DesktopSupport::parseNumber<std::uint16_t>(std::string_view(note).substr(0, end))
+                        : std::nullopt;
   if (!port || *port == 0)
     return std::nullopt;
   std::string path = note.substr(end + 1);

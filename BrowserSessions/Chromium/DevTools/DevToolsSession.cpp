@@ -13,12 +13,14 @@
 #include "BrowserSessions/Chromium/DevTools/DevToolsPort.h"
 #include "BrowserSessions/Chromium/DevTools/JSONFields.h"
 #include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
 
 using DesktopSupport::shortened;
+using DesktopSupport::validUTF8;
 using nlohmann::json;
 using namespace std::chrono_literals;
 

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <system_error>
 #include <utility>
 
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
@@ -16,12 +16,6 @@ namespace {
 using DesktopSupport::ErrorHandle;
 using DesktopSupport::ObjectHandle;
 using DesktopSupport::Out;
-
-std::optional<std::size_t> number(std::string_view text) {
-  std::size_t value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return error == std::errc() && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
-}
 
 // The size of the content according to the head of a successful answer.
 std::optional<std::size_t> contentSize(std::string head) {
@@ -32,7 +26,8 @@ std::optional<std::size_t> contentSize(std::string head) {
     return std::nullopt;
   const std::string_view rest = std::string_view(head).substr(start + field.size());
   const auto digits = rest.find_first_not_of(" \t");
-  return digits < rest.find('\r') ? number(rest.substr(digits, rest.find('\r') - digits)) : std::nullopt;
+  const auto end = rest.find('\r');
+  return digits < end ? DesktopSupport::parseNumber<std::size_t>(rest.substr(digits, end - digits)) : std::nullopt;
 }
 
 }  // namespace

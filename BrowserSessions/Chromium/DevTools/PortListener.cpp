@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstdio>
 #include <iterator>
 #include <optional>
@@ -15,12 +14,13 @@
 #include <unistd.h>
 
 #include "DesktopSupport/System/FileContents.h"
-#include "DesktopSupport/System/SearchPath.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
 
+using DesktopSupport::parseNumber;
 using DesktopSupport::separated;
 
 // A line has some 150 bytes.
@@ -58,19 +58,12 @@ bool isAny(std::string_view address) {
   return address == addresses.any || address == addresses.anyIPv6 || address == addresses.mapped + addresses.any;
 }
 
-template <typename Number>
-std::optional<Number> number(std::string_view text, int base) {
-  Number value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, base);
-  return error == std::errc() && end == text.data() + text.size() ? std::optional(value) : std::nullopt;
-}
-
 // The address and the port of "0100007F:1F90".
 std::optional<std::pair<std::string_view, std::uint16_t>> endpoint(std::string_view text) {
   const auto colon = text.find(':');
   if (colon == std::string_view::npos)
     return std::nullopt;
-  const auto port = number<std::uint16_t>(text.substr(colon + 1), 16);
+  const auto port = parseNumber<std::uint16_t>(text.substr(colon + 1), 16);
   return port ? std::optional(std::pair(text.substr(0, colon), *port)) : std::nullopt;
 }
 
@@ -80,8 +73,8 @@ std::optional<TCPSocket> socketIn(std::string_view line) {
     return std::nullopt;
   const auto here = endpoint(columns[local]);
   const auto there = endpoint(columns[remote]);
-  const auto owner = number<uid_t>(columns[user], 10);
-  const auto file = number<std::uint64_t>(columns[inode], 10);
+  const auto owner = parseNumber<uid_t>(columns[user]);
+  const auto file = parseNumber<std::uint64_t>(columns[inode]);
   if (!here || !there || !owner || !file)
     return std::nullopt;
   const bool isListening = columns[state] == listening;

@@ -41,7 +41,7 @@ std::string randomKey() {
 // The answer of a server that has understood the key.
 std::string acceptance(const std::string& key) {
   const std::string text = key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11";
-  const std::unique_ptr<GChecksum, DesktopSupport::ReleasedBy<g_checksum_free>> sum(g_checksum_new(G_CHECKSUM_SHA1));
+  const DesktopSupport::ChecksumHandle sum(g_checksum_new(G_CHECKSUM_SHA1));
   g_checksum_update(sum.get(), reinterpret_cast<const guchar*>(text.data()), std::ssize(text));
   std::array<guchar, 20> digest{};
   gsize size = digest.size();
