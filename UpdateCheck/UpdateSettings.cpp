@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdint>
 
+#include <glib.h>
+
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/KeyFileGroup.h"
 #include "DesktopSupport/System/Text.h"
