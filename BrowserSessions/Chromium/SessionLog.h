@@ -25,8 +25,8 @@ class SessionLog {
   /// The next record; `nullopt` at the end, and if the log ends within the record.
   std::optional<SessionCommand> next();
 
-  /// Whether the remaining records contain the mark that the browser writes after everything that was open when it began
-  /// the log.
+  /// Whether the remaining records contain the mark that the browser writes after everything that was open when it
+  /// began the log.
   [[nodiscard]] bool isComplete() const;
 
  private:

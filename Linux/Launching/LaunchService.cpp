@@ -128,14 +128,13 @@ void LaunchService::receiveAll() {
 
 void LaunchService::passOn(std::vector<Launch> launches) {
   std::vector<Launch> fromCommandLine;
-  for (Launch& launch : launches) {
+  for (Launch& launch : launches)
     if (launch.caller && launch.caller->helpsItself())
       launch.caller->refuse("The application is busy.");
     else if (launch.caller)
       freshProcesses_.start({std::move(launch)});
     else
       fromCommandLine.push_back(std::move(launch));
-  }
   if (!fromCommandLine.empty())
     freshProcesses_.start(std::move(fromCommandLine));
 }
