@@ -153,7 +153,6 @@ class WindowsTest : public testing::Test, public Platform::WindowDelegate {
             [this](std::size_t index) { events.push_back("option " + std::to_string(index)); }};
   }
 
-  TestDesktop desktop;
   /// The toolkit can be opened once in a process.
   static Linux::Windows& openWindows() {
     static const TestSupport::EnvironmentVariable accessibility(TestSupport::ScreenReader::accessibility.first,
@@ -164,6 +163,7 @@ class WindowsTest : public testing::Test, public Platform::WindowDelegate {
   }
 
   static inline Platform::Fake::FakeLog log{nullptr};
+  TestDesktop desktop;
   Linux::Windows& windows = openWindows();
   std::vector<std::string> events;
   bool isClosed = false;
