@@ -3,9 +3,8 @@
 #include <array>
 #include <cstdint>
 
-#include <glib.h>
-
 #include "BrowserSessions/LittleEndian.h"
+#include "DesktopSupport/System/GLibHandles.h"
 
 namespace BrowserSessions {
 

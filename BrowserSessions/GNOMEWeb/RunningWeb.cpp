@@ -39,7 +39,7 @@ WebHome WebHome::ofUser() {
 }
 
 std::optional<path> webProfile(const DesktopSupport::ProcessInfo& process, const WebHome& home) {
-  const std::string sandbox = process.flatpakId().value_or("");
+  const std::string sandbox = process.flatpakID().value_or("");
   for (const Location& location : locations)
     if (sandbox == location.sandbox)
       return home.*location.base / location.folder;
@@ -51,7 +51,7 @@ std::optional<RunningWeb> runningWeb(const WebHome& home) {
   auto profile = process.pid() ? webProfile(process, home) : std::nullopt;
   if (!profile)
     return std::nullopt;
-  return RunningWeb{.profile = *std::move(profile), .process = process.flatpakId() ? std::nullopt : process.pid()};
+  return RunningWeb{.profile = *std::move(profile), .process = process.flatpakID() ? std::nullopt : process.pid()};
 }
 
 }  // namespace BrowserSessions

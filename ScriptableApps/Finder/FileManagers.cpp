@@ -6,9 +6,8 @@
 #include <ranges>
 #include <utility>
 
+#include "DesktopSupport/Screen/Screen.h"
 #include "DesktopSupport/System/DisplayableText.h"
-#include "DesktopSupport/Windows/X11/GTKWindowStack.h"
-#include "DesktopSupport/Windows/X11/WindowReader.h"
 #include "ScriptableApps/Finder/RunningFileManagers.h"
 #include "ScriptableApps/Finder/ShownWindows.h"
 
@@ -99,7 +98,7 @@ Answers askAll(const SessionBus* bus, milliseconds patience) {
 void bringFrontFirst(ShownWindows& windows) {
   if (windows.size() < 2)
     return;
-  const auto stack = DesktopSupport::readGTKWindowStack();
+  const auto stack = DesktopSupport::readGTKWindows();
   const auto depth = [&](const ShownWindow& window) { return std::ranges::find(stack, window.name) - stack.begin(); };
   std::ranges::stable_sort(windows, {}, depth);
 }

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "DesktopSupport/System/GLibHandles.h"
-#include "DesktopSupport/Windows/X11/GTKWindowStack.h"
+#include "DesktopSupport/Windows/Window.h"
 #include "ScriptableApps/Finder/RunningFileManagers.h"
 
 namespace ScriptableApps {

@@ -44,7 +44,7 @@ bool isTunnel(const path& program) {
 }
 
 std::string classOf(const Window& window) {
-  for (const std::string& name : {window.windowClass, window.instance, window.applicationId})
+  for (const std::string& name : {window.windowClass, window.instance, window.applicationID})
     if (std::string text = DesktopSupport::displayableName(name); !text.empty())
       return text;
   return "";
@@ -124,7 +124,7 @@ class Builder {
     applications_[place->second].isVisible |= !origin.window->isHidden;
   }
 
-  void markFrontmost(DesktopSupport::WindowId window) {
+  void markFrontmost(DesktopSupport::WindowID window) {
     const auto owner = owners_.find(window);
     if (owner != owners_.end())
       applications_[owner->second].isFrontmost = true;
@@ -157,7 +157,7 @@ class Builder {
   std::unordered_map<std::string, int> sharers_;
   std::unordered_set<std::string> leftOut_;
   std::unordered_map<std::string, std::size_t> places_;
-  std::unordered_map<DesktopSupport::WindowId, std::size_t> owners_;
+  std::unordered_map<DesktopSupport::WindowID, std::size_t> owners_;
 };
 
 }  // namespace

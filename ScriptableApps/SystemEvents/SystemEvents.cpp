@@ -3,9 +3,9 @@
 #include <string>
 #include <utility>
 
-#include "DesktopSupport/DesktopEntries/ApplicationFolders.h"
+#include "DesktopSupport/DesktopEntries/DesktopEntries.h"
+#include "DesktopSupport/Screen/Screen.h"
 #include "DesktopSupport/System/SystemLog.h"
-#include "DesktopSupport/Windows/X11/WindowReader.h"
 #include "ScriptableApps/Common/ApplicationError.h"
 #include "ScriptableApps/SystemEvents/SystemEventsObjects.h"
 

@@ -2,22 +2,22 @@
 
 namespace ScriptableApps {
 
-using DesktopSupport::WindowId;
+using DesktopSupport::WindowID;
 
 WindowOwners::WindowOwners(const DesktopSupport::WindowList& list) {
   for (const DesktopSupport::Window& window : list.windows)
     parents_.emplace(window.id, window.transientFor);
 }
 
-std::optional<WindowId> WindowOwners::parentOf(WindowId window) const {
+std::optional<WindowID> WindowOwners::parentOf(WindowID window) const {
   const auto found = parents_.find(window);
   const auto parent = found == parents_.end() ? std::nullopt : found->second;
   return parent && parents_.contains(*parent) ? parent : std::nullopt;
 }
 
-WindowId WindowOwners::ownerOf(WindowId window) const {
+WindowID WindowOwners::ownerOf(WindowID window) const {
   constexpr int deepestDialog = 100;
-  WindowId owner = window;
+  WindowID owner = window;
   for (int depth = 0; depth < deepestDialog; ++depth) {
     const auto parent = parentOf(owner);
     if (!parent)

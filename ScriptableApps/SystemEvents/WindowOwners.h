@@ -14,13 +14,13 @@ class WindowOwners {
 
   /// The window that `window` counts for. Itself where the one it belongs to is not in the list, or where windows say
   /// that they belong to each other.
-  [[nodiscard]] DesktopSupport::WindowId ownerOf(DesktopSupport::WindowId window) const;
+  [[nodiscard]] DesktopSupport::WindowID ownerOf(DesktopSupport::WindowID window) const;
 
  private:
-  [[nodiscard]] std::optional<DesktopSupport::WindowId> parentOf(DesktopSupport::WindowId window) const;
+  [[nodiscard]] std::optional<DesktopSupport::WindowID> parentOf(DesktopSupport::WindowID window) const;
 
   // Each window of the list with the one that it says it belongs to.
-  std::unordered_map<DesktopSupport::WindowId, std::optional<DesktopSupport::WindowId>> parents_;
+  std::unordered_map<DesktopSupport::WindowID, std::optional<DesktopSupport::WindowID>> parents_;
 };
 
 }  // namespace ScriptableApps

@@ -51,7 +51,7 @@ class RunningApplicationsTest : public testing::Test {
   }
 
   Window& addWindow(const std::string& windowClass, std::optional<pid_t> pid = std::nullopt) {
-    const auto id = static_cast<DesktopSupport::WindowId>(list_.windows.size() + 1);
+    const auto id = static_cast<DesktopSupport::WindowID>(list_.windows.size() + 1);
     return list_.windows.emplace_back(
         Window{.id = id, .instance = windowClass, .windowClass = windowClass, .pid = pid});
   }
@@ -345,7 +345,7 @@ TEST_F(RunningApplicationsTest, HaveNamesOfAThousandCharactersAtMost) {
 TEST_F(RunningApplicationsTest, AreKnownByWhicheverNameTheirWindowsHave) {
   addProgram(7, "python3");
   addWindow("", 7).instance = "instance";
-  addWindow("", 7).applicationId = "org.example.Missing";
+  addWindow("", 7).applicationID = "org.example.Missing";
   EXPECT_EQ(names(), (Names{"instance", "org.example.Missing"}));
 }
 

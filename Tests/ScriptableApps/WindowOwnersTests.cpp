@@ -7,7 +7,7 @@ namespace {
 using DesktopSupport::WindowList;
 using ScriptableApps::WindowOwners;
 
-DesktopSupport::WindowId ownerOf(const WindowList& list, std::size_t index) {
+DesktopSupport::WindowID ownerOf(const WindowList& list, std::size_t index) {
   return WindowOwners(list).ownerOf(list.windows[index].id);
 }
 
