@@ -2,7 +2,6 @@
 #include <cstdlib>
 #include <string>
 
-#include "DesktopSupport/DesktopEntries/ApplicationFolders.h"
 #include "DesktopSupport/DesktopEntries/DesktopEntries.h"
 #include "DesktopSupport/DesktopEntries/SchemeHandler.h"
 #include "DesktopSupport/System/CommandLine.h"

@@ -9,8 +9,8 @@
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/ProcessInfo.h"
 #include "DesktopSupport/Windows/WindowMatcher.h"
-#include "DesktopSupport/Windows/WindowProcess.h"
-#include "DesktopSupport/Windows/X11/X11Property.h"
+#include "DesktopSupport/Windows/X11/X11Processes.h"
+#include "DesktopSupport/Windows/X11/X11Properties.h"
 #include "Fuzz/Target.h"
 #include "Tests/Support/TemporaryFolder.h"
 
@@ -99,7 +99,7 @@ void requireMatch(const X11Property& answer) {
   const DesktopSupport::Window window{.instance = first,
                                       .windowClass = texts.size() < 2 ? "" : texts[1],
                                       .title = first,
-                                      .applicationId = texts.size() < 3 ? "" : texts[2],
+                                      .applicationID = texts.size() < 3 ? "" : texts[2],
                                       .transientFor = answer.number()};
   const auto* entry = DesktopSupport::matchWindow(entries, window, DesktopSupport::ProcessInfo(std::nullopt));
   require(entry == nullptr || entry->file == file, "A window's application is one that is installed.");

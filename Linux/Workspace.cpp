@@ -9,7 +9,6 @@
 
 #include "DesktopSupport/Bus/ApplicationBus.h"
 #include "DesktopSupport/Bus/SessionBus.h"
-#include "DesktopSupport/DesktopEntries/ApplicationFolders.h"
 #include "DesktopSupport/DesktopEntries/DesktopEntries.h"
 #include "DesktopSupport/DesktopEntries/SchemeHandler.h"
 #include "DesktopSupport/System/GLibHandles.h"

@@ -67,7 +67,7 @@ std::optional<pid_t> sandboxedProcess(pid_t number, const ChromiumBrowser& brows
     if (!outer || innermostNumber(entry->path()) != number)
       continue;
     const ProcessInfo process(outer, processes);
-    if (process.flatpakId() == application && isBrowser(process, browser))
+    if (process.flatpakID() == application && isBrowser(process, browser))
       return outer;
   }
   return std::nullopt;

@@ -111,7 +111,7 @@ std::vector<RunningFirefox> runningFirefoxes(const FirefoxHome& home) {
 std::optional<path> firefoxProfileGivenTo(const DesktopSupport::ProcessInfo& process) {
   const std::vector<std::string> arguments = process.arguments();
   const auto option = std::ranges::find_if(arguments, isProfileOption);
-  if (process.flatpakId() || option == arguments.end() || option + 1 == arguments.end())
+  if (process.flatpakID() || option == arguments.end() || option + 1 == arguments.end())
     return std::nullopt;
   const path profile = *(option + 1);
   const auto lock = profile.is_absolute() ? firefoxLock(profile) : std::nullopt;

@@ -39,7 +39,7 @@ GNOMEWebHome GNOMEWebHome::ofUser() {
 }
 
 std::optional<path> gnomeWebProfile(const DesktopSupport::ProcessInfo& process, const GNOMEWebHome& home) {
-  const std::string sandbox = process.flatpakId().value_or("");
+  const std::string sandbox = process.flatpakID().value_or("");
   for (const Location& location : locations)
     if (sandbox == location.sandbox)
       return home.*location.base / location.folder;
@@ -51,7 +51,7 @@ std::optional<RunningGNOMEWeb> runningGNOMEWeb(const GNOMEWebHome& home) {
   auto profile = process.pid() ? gnomeWebProfile(process, home) : std::nullopt;
   if (!profile)
     return std::nullopt;
-  return RunningGNOMEWeb{.profile = *std::move(profile), .process = process.flatpakId() ? std::nullopt : process.pid()};
+  return RunningGNOMEWeb{.profile = *std::move(profile), .process = process.flatpakID() ? std::nullopt : process.pid()};
 }
 
 }  // namespace BrowserSessions

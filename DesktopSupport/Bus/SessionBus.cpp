@@ -17,7 +17,7 @@ namespace DesktopSupport {
 
 namespace {
 
-// GIO would start a bus of its own through dbus-launch where it finds none.
+// GIO would start a bus of its own through dbus-launch if it finds none.
 bool isRunning() {
   if (std::getenv("DBUS_SESSION_BUS_ADDRESS") != nullptr)
     return true;
@@ -26,7 +26,7 @@ bool isRunning() {
   return runtimeFolder && std::filesystem::exists(*runtimeFolder / "bus", ignored);
 }
 
-/// Cancels what takes `cancellable` when it has lived for `limit`.
+/// Cancels an operation once it has taken `limit`.
 class TimeLimit {
  public:
   TimeLimit(GCancellable* cancellable, std::chrono::milliseconds limit)
@@ -94,7 +94,7 @@ std::expected<VariantHandle, BusError> SessionBus::call(const BusMethod& method,
                                                         const GVariantType* replyType,
                                                         std::chrono::milliseconds timeout,
                                                         Activation activation) const {
-  // GIO would yield neither a reply nor an error.
+  // GIO would return neither a reply nor an error.
   if (!isValid(method)) {
     const VariantHandle unused(arguments == nullptr ? nullptr : g_variant_ref_sink(arguments));
     return std::unexpected(BusError{std::string(BusErrorName::invalidArguments), "D-Bus allows no such name."});

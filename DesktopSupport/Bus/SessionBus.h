@@ -11,12 +11,12 @@ namespace DesktopSupport {
 
 /// Why a call over D-Bus failed.
 struct BusError {
-  /// The D-Bus error name, one of `BusErrorName` or whatever the callee chose.
+  /// The D-Bus error name: one of `BusErrorName`, or the callee's own.
   std::string name;
   std::string message;
 };
 
-/// The error names that callers tell apart; the same whether the bus, the callee or this process noticed the failure.
+/// The error names that callers tell apart. They are the same whether the bus, the callee or this process failed.
 namespace BusErrorName {
 inline constexpr std::string_view noServer = "org.freedesktop.DBus.Error.NoServer";
 inline constexpr std::string_view disconnected = "org.freedesktop.DBus.Error.Disconnected";
@@ -30,10 +30,10 @@ inline constexpr std::string_view notSupported = "org.freedesktop.DBus.Error.Not
 inline constexpr std::string_view limitsExceeded = "org.freedesktop.DBus.Error.LimitsExceeded";
 }  // namespace BusErrorName
 
-/// The name under which D-Bus knows `error`, and its message, `displayable`, without the name GLib puts in front.
+/// The D-Bus name of `error`, and its message, `displayable` and without the name that GLib puts before it.
 BusError busErrorFrom(const GError& error);
 
-/// One method of an object that a program on the bus has.
+/// A method of an object of a program on the bus.
 struct BusMethod {
   std::string destination;
   std::string path;
@@ -41,14 +41,14 @@ struct BusMethod {
   std::string name;
 };
 
-/// Whether the bus may start the program that a call is for, if it does not run.
+/// Whether the bus may start the program that a call is for if it is not running.
 enum class Activation { never, ifNeeded };
 
-/// The user's session bus. There is one connection per process, made when it is first asked for; every SessionBus
-/// shares it. A bus that goes away fails the calls under way and does not end the process.
+/// The user's session bus. All of a process's objects share one connection, which the first one makes. If the bus goes
+/// away, the calls under way fail; the process does not end.
 class SessionBus {
  public:
-  /// How long a bus is usually waited for that takes the connection and says nothing.
+  /// The usual timeout for a bus that takes the connection and does not answer.
   static constexpr std::chrono::seconds connectTime{5};
 
   SessionBus(SessionBus&&) noexcept = default;
@@ -57,21 +57,21 @@ class SessionBus {
   SessionBus& operator=(const SessionBus& other) { return *this = SessionBus(other); }
   ~SessionBus() = default;
 
-  /// Connects to the running session bus. Fails with `noServer` if there is none, or none that answers within
-  /// `patience`; none is started.
+  /// Connects to the running session bus. Fails with `noServer` if there is none, or it does not answer within
+  /// `patience`. Starts none.
   static std::expected<SessionBus, BusError> connect(std::chrono::milliseconds patience = connectTime);
 
-  /// Calls `method` with the tuple `arguments` (none: nullptr; a floating variant is consumed) and yields the tuple
-  /// that it answers, which is of type `replyType`. A destination that does not run and may not or cannot be started
-  /// fails with `serviceUnknown` or `nameHasNoOwner`, and a name or path of `method` that D-Bus does not allow with
-  /// `invalidArguments`. Waits for `timeout` at most, then fails with `timeout`; a
-  /// destination that leaves the bus meanwhile fails with `noReply`. May be called on any thread.
+  /// Calls `method` with the tuple `arguments` (null if there are none; takes over a floating variant), and returns the
+  /// tuple that it answers, of type `replyType`. Fails with `serviceUnknown` or `nameHasNoOwner` if the destination is
+  /// not running and may not or cannot be started, with `noReply` if it leaves the bus before it answers, with
+  /// `timeout` if the answer takes longer than that, and with `invalidArguments` if D-Bus does not allow a name or path
+  /// in `method`. May be called on any thread.
   [[nodiscard]] std::expected<VariantHandle, BusError> call(const BusMethod& method, GVariant* arguments,
                                                             const GVariantType* replyType,
                                                             std::chrono::milliseconds timeout,
                                                             Activation activation = Activation::never) const;
 
-  /// The connection itself, to own names and export objects with.
+  /// The connection itself, for exporting objects.
   [[nodiscard]] GDBusConnection* connection() const { return connection_.get(); }
 
  private:
@@ -80,8 +80,7 @@ class SessionBus {
   ObjectHandle<GDBusConnection> connection_;
 };
 
-/// The text as a D-Bus string; fails with `invalidArguments` where it holds a NUL or is not UTF-8, which no D-Bus
-/// string can.
+/// The text as a D-Bus string. Fails with `invalidArguments` if it holds a NUL or is not UTF-8.
 std::expected<VariantHandle, BusError> busString(const std::string& text);
 
 }  // namespace DesktopSupport

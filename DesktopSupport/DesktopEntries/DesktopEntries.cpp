@@ -1,9 +1,11 @@
 #include "DesktopSupport/DesktopEntries/DesktopEntries.h"
 
 #include <algorithm>
+#include <set>
+#include <system_error>
 
-#include "DesktopSupport/DesktopEntries/DesktopEntryFiles.h"
 #include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/UserFolders.h"
 
 namespace DesktopSupport {
 
@@ -13,8 +15,8 @@ using std::filesystem::path;
 
 constexpr std::string_view extension = ".desktop";
 
-// Ids come from windows, too, so they may hold anything.
-bool isPossibleId(std::string_view id) {
+// Ids also come from windows, so they may hold anything.
+bool isPossibleID(std::string_view id) {
   constexpr std::size_t longestFileName = 255;
   return !id.empty() && id.size() + extension.size() <= longestFileName && !id.contains('/') && isDisplayable(id);
 }
@@ -32,7 +34,75 @@ bool isInside(const path& file, const path& folder) {
   return std::ranges::mismatch(folder, file).in1 == folder.end();
 }
 
+// The id of `file` as an entry of `folder`: its path in there, joined with '-', without ".desktop".
+std::string desktopFileID(const path& file, const path& folder) {
+  std::string id = file.lexically_relative(folder).replace_extension();
+  std::ranges::replace(id, '/', '-');
+  return id;
+}
+
+// A file that may hold a desktop entry, and the id that it gives the entry.
+struct EntryFile {
+  path file;
+  std::string id;
+};
+
+// Collects the ".desktop" files in a folder and its sub-folders in the order of their names, each real folder once,
+// whatever links lead to it. Leaves out files whose paths are not one line of text.
+class Walk {
+ public:
+  explicit Walk(path root) : root_(std::move(root)) { visit(root_); }
+
+  std::vector<EntryFile> files;
+
+ private:
+  void visit(const path& folder) {
+    std::error_code error;
+    const path real = std::filesystem::canonical(folder, error);
+    if (error || !visited_.insert(real).second)
+      return;
+    for (const auto& item : sortedItems(folder))
+      if (item.path().extension() == ".desktop" && !item.is_directory(error))
+        add(item.path());
+      else if (item.is_directory(error))
+        visit(item.path());
+  }
+
+  static std::vector<std::filesystem::directory_entry> sortedItems(const path& folder) {
+    std::vector<std::filesystem::directory_entry> items;
+    std::error_code error;
+    for (std::filesystem::directory_iterator item(folder, error); !error && item != end(item); item.increment(error))
+      items.push_back(*item);
+    std::ranges::sort(items);
+    return items;
+  }
+
+  void add(const path& file) {
+    if (isDisplayable(file.string()))
+      files.push_back({.file = file, .id = desktopFileID(file, root_)});
+  }
+
+  path root_;
+  std::set<path> visited_;
+};
+
+void addApplicationFolder(std::vector<path>& folders, const path& data) {
+  const path folder = (data / "applications").lexically_normal();
+  if (std::ranges::find(folders, folder) == folders.end())
+    folders.push_back(folder);
+}
+
 }  // namespace
+
+std::vector<path> applicationFolders() {
+  std::vector<path> folders;
+  for (const path& data : dataFolders())
+    addApplicationFolder(folders, data);
+  for (const path& exported : {userDataFolder() / "flatpak/exports/share", path("/var/lib/flatpak/exports/share")})
+    addApplicationFolder(folders, exported);
+  addApplicationFolder(folders, "/var/lib/snapd/desktop");
+  return folders;
+}
 
 DesktopEntries::DesktopEntries(std::vector<path> folders) : folders_(std::move(folders)) {}
 
@@ -41,7 +111,7 @@ std::optional<DesktopEntry> DesktopEntries::read(const path& file, std::string i
   return DesktopEntry::read(file, std::move(id));
 }
 
-// Each '-' may stand for a step into a sub-folder.
+// Each '-' may be a step into a sub-folder.
 std::optional<DesktopEntry> DesktopEntries::search(const path& folder, std::string_view rest, const std::string& id) {
   if (auto entry = read(folder / (std::string(rest) + std::string(extension)), id))
     return entry;
@@ -65,7 +135,7 @@ std::optional<DesktopEntry> DesktopEntries::search(const std::string& id) {
 const DesktopEntry* DesktopEntries::find(std::string_view id) {
   auto found = entries_.find(id);
   if (found == entries_.end()) {
-    if (index_ || !isPossibleId(id))
+    if (index_ || !isPossibleID(id))
       return nullptr;
     found = entries_.emplace(id, search(std::string(id))).first;
   }
@@ -77,7 +147,7 @@ const DesktopEntry* DesktopEntries::findFile(const path& file) {
     return nullptr;
   for (const path& folder : folders_)
     if (isInside(file, folder))
-      return find(desktopFileId(file, folder));
+      return find(desktopFileID(file, folder));
   auto found = others_.find(file);
   if (found == others_.end())
     found = others_.emplace(file, read(file, file.stem())).first;
@@ -86,7 +156,7 @@ const DesktopEntry* DesktopEntries::findFile(const path& file) {
 
 void DesktopEntries::readAll() {
   for (const path& folder : folders_)
-    for (DesktopEntryFile& each : desktopEntryFiles(folder)) {
+    for (const EntryFile& each : Walk(folder).files) {
       auto& entry = entries_[each.id];
       if (!entry)
         entry = read(each.file, each.id);

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "DesktopSupport/DesktopEntries/ApplicationFolders.h"
+#include "DesktopSupport/DesktopEntries/DesktopEntries.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/KeyFileGroup.h"
@@ -22,11 +22,11 @@ using std::filesystem::path;
 
 constexpr std::size_t maximumFileSize = 4 << 20;
 
-/// Where one folder says which applications open what.
+/// The files in which one folder says which applications open what.
 struct Associations {
-  /// The lists of the desktops in use, then the general one.
+  /// The lists for the current desktops, then the general list.
   std::vector<path> lists;
-  /// What the applications installed in the folder offer themselves for.
+  /// What the applications in the folder offer to open.
   std::optional<path> cache = {};
 };
 
@@ -48,7 +48,7 @@ std::vector<Associations> associations() {
   return all;
 }
 
-/// The desktop file ids, without ".desktop", that a group of a file has for a MIME type.
+/// The desktop file ids, without ".desktop", for a MIME type in a group of a file.
 std::vector<std::string> idsFor(const std::string& type, const path& file, std::string_view group) {
   constexpr std::string_view extension = ".desktop";
   const auto contents = fileContents(file, maximumFileSize);
@@ -79,7 +79,7 @@ const DesktopEntry* offered(const std::string& type, const std::vector<Associati
     return nullptr;
   };
   for (const Associations& each : all) {
-    // The desktops' own lists only choose.
+    // The desktops' own lists hold only defaults.
     if (const auto* entry = firstOf(idsFor(type, each.lists.back(), "Added Associations")))
       return entry;
     removed.merge([&] {

@@ -13,13 +13,13 @@ using Words = std::vector<std::string>;
 
 struct Interpreter {
   std::string_view name;
-  // Its options of one letter that take the next word: as an argument, as the program itself, and as a module's name.
+  // Its one-letter options that take the next word as an argument, as the program itself, or as a module's name.
   std::string_view argumentOptions = "";
   std::string_view codeOptions = "";
   std::string_view moduleOptions = "";
 };
 
-// With -s, a shell reads its program from its input.
+// With -s, a shell reads its program from standard input.
 constexpr auto interpreters = std::to_array<Interpreter>({
     {"bash", "oO", "cs"},
     {"cjs", "CI", "c"},
@@ -48,7 +48,7 @@ constexpr auto interpreters = std::to_array<Interpreter>({
     {"zsh", "o", "cs"},
 });
 
-// The interpreter with this base name, whatever its version; null if it is none.
+// The interpreter with this base name, whatever its version; null if there is none.
 const Interpreter* interpreterCalled(std::string_view program) {
   const auto* exact = std::ranges::find(interpreters, program, &Interpreter::name);
   if (exact != interpreters.end())
@@ -60,7 +60,7 @@ const Interpreter* interpreterCalled(std::string_view program) {
 }
 
 std::string baseName(const std::string& path) {
-  // A path object would take a hundred times the text's memory, and a process may have megabytes there.
+  // A path object takes a hundred times the text's memory, and a process may have megabytes of arguments.
   return path.substr(path.rfind('/') + 1);
 }
 
@@ -83,11 +83,11 @@ Words::const_iterator skipEnv(Words::const_iterator word, Words::const_iterator 
   return std::find_if_not(word + 1, end, [](const auto& each) { return isOption(each) || isAssignment(each); });
 }
 
-// What the word behind an option of an interpreter is.
+// What the word after an interpreter's option is.
 enum class NextWord { unrelated, argument, code, module };
 
 // One-letter options may share a dash, and the argument of the last may be in the same word: "-uWignore".
-NextWord wordBehind(const std::string& option, const Interpreter& interpreter) {
+NextWord wordAfter(const std::string& option, const Interpreter& interpreter) {
   if (option == "-")
     return NextWord::code;
   if (option.starts_with("--"))
@@ -104,7 +104,7 @@ NextWord wordBehind(const std::string& option, const Interpreter& interpreter) {
   return NextWord::unrelated;
 }
 
-// What an interpreter is to run, among the words behind its name.
+// What an interpreter runs: the word that names it.
 struct Started {
   Words::const_iterator word;
   bool isModule = false;
@@ -115,7 +115,7 @@ std::optional<Started> startedBy(const Interpreter& interpreter, Words::const_it
   for (NextWord next = NextWord::unrelated; word != end; ++word) {
     if (next == NextWord::module || (next == NextWord::unrelated && !isOption(*word)))
       return Started{word, next == NextWord::module};
-    next = next == NextWord::argument ? NextWord::unrelated : wordBehind(*word, interpreter);
+    next = next == NextWord::argument ? NextWord::unrelated : wordAfter(*word, interpreter);
     if (next == NextWord::code)
       break;
   }

@@ -14,7 +14,7 @@ bool becomesSpace(gunichar character) {
   return (character >= '\t' && character <= '\r') || lineSeparator;
 }
 
-// Cuts off the ASCII characters at the beginning that are neither breaks nor controls.
+// Removes the printable ASCII characters at the start, and returns them.
 std::string_view takePlain(std::string_view& text) {
   const auto isPlain = [](char character) { return character >= ' ' && character <= '~'; };
   const std::string_view plain(text.begin(), std::ranges::find_if_not(text, isPlain));
@@ -22,7 +22,7 @@ std::string_view takePlain(std::string_view& text) {
   return plain;
 }
 
-// Cuts the first character off a text that is valid UTF-8; CR LF is one.
+// Removes the first character of a text in valid UTF-8, and returns it. CR LF counts as one.
 std::string_view takeCharacter(std::string_view& text) {
   const std::size_t length = static_cast<unsigned char>(g_utf8_skip[static_cast<unsigned char>(text.front())]);
   const std::string_view character = text.substr(0, text.starts_with("\r\n") ? 2 : length);
@@ -96,7 +96,7 @@ std::string printableLines(std::string_view text) {
 }
 
 std::string shortened(std::string_view text) {
-  // More bytes than this are always more than the longest name, as a character has four at most.
+  // A character has four bytes at most, so these are enough to tell that a text is too long.
   constexpr std::size_t bytesToLookAt = 4 * (longestName + 1);
   if (text.size() <= longestName)
     return std::string(text);

@@ -13,7 +13,7 @@ namespace DesktopSupport {
 
 namespace {
 
-// How large a regular file says it is, which one in /proc doesn't; none for any other kind.
+// The size that a regular file states, 0 for one in /proc. `nullopt` for any other kind of file.
 std::optional<std::size_t> regularSize(const FileDescriptor& file) {
   struct stat facts = {};
   if (fstat(file.number(), &facts) != 0 || !S_ISREG(facts.st_mode))
@@ -32,7 +32,7 @@ ssize_t readSome(const FileDescriptor& file, char* bytes, std::size_t count) {
 }  // namespace
 
 std::optional<std::string> fileContents(const std::filesystem::path& file, std::size_t maximumSize) {
-  // Without O_NONBLOCK, opening a pipe waits for its writer.
+  // Opening a pipe would wait for its writer without O_NONBLOCK.
   const FileDescriptor descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
   const auto size = descriptor.isOpen() ? regularSize(descriptor) : std::nullopt;
   if (!size || *size > maximumSize)

@@ -4,7 +4,7 @@
 
 namespace DesktopSupport {
 
-/// Owns a file descriptor and closes it at the end of its scope.
+/// Owns a file descriptor.
 class FileDescriptor {
  public:
   explicit FileDescriptor(int number) : number_(number) {}
@@ -15,7 +15,7 @@ class FileDescriptor {
       close(number_);
   }
 
-  /// False where opening it failed.
+  /// False if opening the file failed.
   [[nodiscard]] bool isOpen() const { return number_ >= 0; }
   [[nodiscard]] int number() const { return number_; }
 

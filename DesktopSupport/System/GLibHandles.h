@@ -6,7 +6,7 @@
 
 namespace DesktopSupport {
 
-/// Deleter that hands the pointer to the C function `release`.
+/// Deleter that calls the C function `release`.
 template <auto release>
 struct ReleasedBy {
   template <typename T>
@@ -15,7 +15,7 @@ struct ReleasedBy {
   }
 };
 
-/// Owners of GLib's things: each gives up its one reference, or frees the memory, at the end of its scope.
+/// Owners of GLib's types. Each gives up one reference, or frees the memory.
 template <typename T>
 using ObjectHandle = std::unique_ptr<T, ReleasedBy<g_object_unref>>;
 using VariantHandle = std::unique_ptr<GVariant, ReleasedBy<g_variant_unref>>;
@@ -29,12 +29,12 @@ using KeyFileHandle = std::unique_ptr<GKeyFile, ReleasedBy<g_key_file_unref>>;
 using MarkupParserHandle = std::unique_ptr<GMarkupParseContext, ReleasedBy<g_markup_parse_context_unref>>;
 using ChecksumHandle = std::unique_ptr<GChecksum, ReleasedBy<g_checksum_free>>;
 using BytesHandle = std::unique_ptr<GBytes, ReleasedBy<g_bytes_unref>>;
-/// Owns the list and not what is in it.
+/// Owns the list, not its elements.
 using ListHandle = std::unique_ptr<GList, ReleasedBy<g_list_free>>;
 using NodeInfoHandle = std::unique_ptr<GDBusNodeInfo, ReleasedBy<g_dbus_node_info_unref>>;
 
-/// Lets a C function fill a handle through its `T**` parameter: `f(…, Out(error))`. The handle has its new pointer
-/// after the full expression.
+/// Lets a C function fill a handle through its `T**` parameter: `f(…, Out(error))`. The handle gets the pointer at the
+/// end of the full expression.
 template <typename Handle>
 class Out {
  public:
@@ -50,14 +50,14 @@ class Out {
   typename Handle::pointer pointer_ = nullptr;
 };
 
-/// A further owner of the GObject that `object` points to.
+/// Another owner of a GObject.
 template <typename T>
 ObjectHandle<T> shared(T* object) {
   g_object_ref(object);
   return ObjectHandle<T>(object);
 }
 
-/// Owns a variant that was just made (and is still floating).
+/// Takes over a variant that has just been made and is still floating.
 inline VariantHandle owned(GVariant* variant) {
   return VariantHandle(g_variant_ref_sink(variant));
 }

@@ -84,7 +84,7 @@ std::optional<KeyFileGroup> KeyFileGroup::parse(std::string_view text, std::stri
   return isInside ? std::optional(std::move(group)) : std::nullopt;
 }
 
-// A key that is given twice has its last value.
+// The last value counts if a key is given twice.
 std::optional<std::string_view> KeyFileGroup::value(std::string_view key) const {
   const auto found =
       std::ranges::find(values_.rbegin(), values_.rend(), key, [](const auto& pair) { return pair.first; });

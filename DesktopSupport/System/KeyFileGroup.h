@@ -8,19 +8,19 @@
 
 namespace DesktopSupport {
 
-/// One group of a key file ("[Desktop Entry]" and the lines below it), as desktop entries and sandboxes' information
-/// files have them. Keys and values are views into the text that was read.
+/// One group of a key file ("[Desktop Entry]" and the lines below it), such as a desktop entry. Keys and values are
+/// views into the text that was parsed.
 class KeyFileGroup {
  public:
-  /// Reads the group called `name`; the groups behind it are not looked at. None where there is no such group or a line
-  /// up to its end is neither a comment, a group's heading nor a key with a value.
+  /// Reads the group called `name`, and nothing after it. `nullopt` if there is no such group, or if a line up to its
+  /// end is neither a comment, nor a group's heading, nor a key with a value.
   static std::optional<KeyFileGroup> parse(std::string_view text, std::string_view name);
 
-  /// The value of `key` with its escapes (\s \n \t \r \\) resolved. None where the key is missing or its value is not
-  /// UTF-8.
+  /// The value of `key` with its escapes (\s \n \t \r \\) resolved. `nullopt` if the key is missing or its value is
+  /// not UTF-8.
   [[nodiscard]] std::optional<std::string> text(std::string_view key) const;
 
-  /// The value of `key` in the user's language (LANGUAGE, LC_ALL, LC_MESSAGES, LANG), else the untranslated one.
+  /// The value of `key` in the user's language (LANGUAGE, LC_ALL, LC_MESSAGES, LANG), or else the untranslated one.
   [[nodiscard]] std::optional<std::string> localizedText(std::string_view key) const;
 
   /// Whether the value of `key` is "true".

@@ -14,7 +14,7 @@ namespace {
 
 using std::filesystem::path;
 
-// Twice what the kernel lets arguments and environment have together by default.
+// Twice the kernel's default limit for arguments and environment together.
 constexpr std::size_t maximumSize = 4 << 20;
 
 std::vector<std::string> separatedByNul(std::string_view text) {
@@ -58,7 +58,7 @@ std::optional<path> ProcessInfo::executable() const {
   constexpr std::string_view deleted = " (deleted)";
   auto target = linked("exe");
   std::string file = target.value_or("").string();
-  // A file may also be called so.
+  // A file's own name may end like this.
   if (!file.ends_with(deleted) || isFile(file))
     return target;
   file.resize(file.size() - deleted.size());
@@ -68,7 +68,7 @@ std::optional<path> ProcessInfo::executable() const {
 std::optional<path> ProcessInfo::script() const {
   const auto program = executable();
   const auto script = program ? scriptOf(program->filename().string(), arguments()) : std::nullopt;
-  // Nothing is called so, and a path object of megabytes would take a hundred times as much memory.
+  // No file has such a name, and a path object takes a hundred times the text's memory.
   if (!script || script->size() > PATH_MAX)
     return std::nullopt;
   path file = *script;
@@ -102,7 +102,7 @@ const std::string& ProcessInfo::controlGroups() const {
   return cachedContents("cgroup", controlGroups_);
 }
 
-std::optional<std::string> ProcessInfo::flatpakId() const {
+std::optional<std::string> ProcessInfo::flatpakID() const {
   const auto information = contents("root/.flatpak-info");
   const auto application = information ? KeyFileGroup::parse(*information, "Application") : std::nullopt;
   return application ? application->text("name") : std::nullopt;

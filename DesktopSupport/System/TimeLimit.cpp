@@ -21,10 +21,10 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// The other process: says what it has found. It has none of this one's files, which would stay open with it, sockets
-/// and pipes among them.
+/// The other process: does the work and writes what it has found. It closes the files of this process, such as sockets
+/// and pipes, which would otherwise stay open as long as it lives.
 [[noreturn]] void workAside(const std::function<std::string()>& work, int output) {
-  prctl(PR_SET_PDEATHSIG, SIGKILL);  // nobody is there for its findings then
+  prctl(PR_SET_PDEATHSIG, SIGKILL);  // nobody needs the result then
   dup2(output, STDIN_FILENO);
   close_range(STDIN_FILENO + 1, UINT_MAX, 0);
   const std::string found = work();
@@ -38,7 +38,7 @@ using Clock = std::chrono::steady_clock;
   _exit(0);
 }
 
-/// All that comes until the end of the file; none if that does not come in time.
+/// Everything up to the end of the file; `nullopt` if that is not reached in time.
 std::optional<std::string> readWithin(std::chrono::milliseconds limit, int input) {
   const auto deadline = Clock::now() + limit;
   std::string text;

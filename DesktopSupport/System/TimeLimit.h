@@ -11,8 +11,8 @@
 
 namespace DesktopSupport {
 
-/// What `work` yields, if it does so within `limit`. Else it is left behind on a thread of its own, and nobody minds
-/// when the process ends; so it refers to nothing that may be gone by then.
+/// The result of `work`, or `nullopt` if it takes longer than `limit`. Then `work` goes on in a thread that nobody
+/// waits for, even when the process ends, so it must not refer to anything that may be gone.
 template <typename Work>
 auto resultWithin(std::chrono::milliseconds limit, Work work) -> std::optional<decltype(work())> {
   auto result = std::make_shared<std::promise<decltype(work())>>();
@@ -23,12 +23,12 @@ auto resultWithin(std::chrono::milliseconds limit, Work work) -> std::optional<d
   return received.get();
 }
 
-/// What `work` finds in the file system, if it does so within `limit`; also none if no process can be started. It runs
-/// in a process of its own, since even SIGKILL does not end the wait for a network mount whose server is silent: a
-/// process with a thread that waits for one stays.
+/// What `work` finds in the file system, or `nullopt` if it takes longer than `limit` or no process can be started. It
+/// runs in a process of its own: even SIGKILL does not end the wait for a network mount whose server is silent, so a
+/// process with a thread that waits for one would not end.
 std::optional<std::string> foundWithin(std::chrono::milliseconds limit, const std::function<std::string()>& work);
 
-/// How long a file system is waited for that may be another machine's.
+/// The time limit for a file system that may be on another machine.
 inline constexpr std::chrono::milliseconds fileSystemTime{1000};
 
 }  // namespace DesktopSupport

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <expected>
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,36 +10,60 @@
 
 namespace DesktopSupport {
 
-using WindowId = std::uint32_t;
+/// Identifies a window in its list. What the number means is the source's own affair.
+using WindowID = std::uint64_t;
 
-/// What a top-level window says about itself and its application. Texts are UTF-8 and otherwise as the window gave
-/// them; what it does not say is empty.
+/// What a top-level window says about itself and its application. Texts are as the window gave them, and UTF-8 if it
+/// kept its word; what it does not say is empty.
 struct Window {
-  WindowId id = 0;
-  /// WM_CLASS: the name of this instance of the program, often the one it was started by, and that of the program.
+  WindowID id = 0;
+  /// The name of this instance of the program, often the name it was started by (WM_CLASS on X11).
   std::string instance = {};
+  /// The class of the program's windows (WM_CLASS on X11).
   std::string windowClass = {};
-  /// _NET_WM_NAME.
   std::string title = {};
-  /// _GTK_APPLICATION_ID, the id of the application's desktop entry.
-  std::string applicationId = {};
-  /// The window for which this one is a dialog or the like.
-  std::optional<WindowId> transientFor = {};
-  /// The process behind it, where that is one of this machine.
+  /// The id of the application's desktop entry (_GTK_APPLICATION_ID on X11).
+  std::string applicationID = {};
+  /// The window that this one is a dialog or the like of.
+  std::optional<WindowID> transientFor = {};
+  /// The window's process, if it runs on this machine.
   std::optional<pid_t> pid = {};
-  /// False for panels, the desktop's own background, splash screens, and what asks task bars to pass over it.
+  /// False for panels, the desktop's background, splash screens, and windows that ask task bars to leave them out.
   bool isOrdinary = true;
-  /// Not to be seen on any workspace, as it is minimised.
+  /// Whether the window is minimised, hence on no workspace to be seen.
   bool isHidden = false;
 };
 
-/// The windows that the window manager lists, in the order in which they first appeared.
+/// The windows on the screen, in the order in which they first appeared.
 struct WindowList {
   std::vector<Window> windows;
-  /// The same ones as they lie above each other, the lowest first; empty where the window manager does not tell.
-  std::vector<WindowId> stack = {};
-  /// The one that has the user's attention.
-  std::optional<WindowId> active = {};
+  /// The same windows in stacking order, the lowest first. Empty if the source does not tell.
+  std::vector<WindowID> stack = {};
+  /// The window that has the user's attention.
+  std::optional<WindowID> active = {};
+};
+
+/// The name that a GTK program's window has on the session bus.
+struct GTKWindowName {
+  /// The program's connection, such as ":1.42".
+  std::string connection = {};
+  /// The path of the window's object.
+  std::string path = {};
+
+  bool operator==(const GTKWindowName&) const = default;
+};
+
+/// Why the desktop could not be read, as a sentence.
+struct DesktopError {
+  std::string message;
+};
+
+/// A way to learn about the windows on the screen, such as an X server.
+struct WindowSource {
+  /// The windows; fails if the source is not there or does not tell.
+  std::expected<WindowList, DesktopError> (*windows)();
+  /// The GTK windows, the topmost first; empty if the source is not there or does not tell.
+  std::vector<GTKWindowName> (*gtkWindows)();
 };
 
 }  // namespace DesktopSupport

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "DesktopSupport/System/ApplicationUnit.h"
 #include "DesktopSupport/System/DisplayableText.h"
-#include "DesktopSupport/Windows/ApplicationUnit.h"
 
 namespace DesktopSupport {
 
@@ -13,22 +13,22 @@ namespace {
 using std::filesystem::path;
 
 const DesktopEntry* bySandbox(DesktopEntries& entries, const Window&, const ProcessInfo& process) {
-  if (const auto id = process.flatpakId())
+  if (const auto id = process.flatpakID())
     return entries.find(*id);
   const std::string& groups = process.controlGroups();
   const auto unit = ApplicationUnit::find(groups);
   if (unit && unit->launcher == "flatpak")
-    return entries.find(unit->applicationId);
-  const auto snap = snapId(groups);
+    return entries.find(unit->applicationID);
+  const auto snap = snapID(groups);
   return snap ? entries.find(*snap) : nullptr;
 }
 
-const DesktopEntry* byApplicationId(DesktopEntries& entries, const Window& window, const ProcessInfo&) {
-  return entries.find(window.applicationId);
+const DesktopEntry* byApplicationID(DesktopEntries& entries, const Window& window, const ProcessInfo&) {
+  return entries.find(window.applicationID);
 }
 
 const DesktopEntry* byStartupClass(DesktopEntries& entries, const Window& window, const ProcessInfo&) {
-  // The entry called like the instance goes before all others that name it, so they need not be read.
+  // An entry with the instance's own name is preferred, so the other entries need not be read.
   const DesktopEntry* named = entries.find(window.instance);
   if (named != nullptr && named->startupClass == window.instance)
     return named;
@@ -48,7 +48,7 @@ std::string asFileName(const std::string& windowClass) {
   return name;
 }
 
-const DesktopEntry* calledLike(DesktopEntries& entries, const std::string& name) {
+const DesktopEntry* withName(DesktopEntries& entries, const std::string& name) {
   if (name.empty())
     return nullptr;
   for (const char* vendor : {"", "gnome-", "fedora-", "mozilla-", "debian-"})
@@ -57,10 +57,10 @@ const DesktopEntry* calledLike(DesktopEntries& entries, const std::string& name)
   return nullptr;
 }
 
-const DesktopEntry* calledLikeClass(DesktopEntries& entries, const std::string& windowClass) {
-  if (const auto* entry = calledLike(entries, windowClass))
+const DesktopEntry* withNameOfClass(DesktopEntries& entries, const std::string& windowClass) {
+  if (const auto* entry = withName(entries, windowClass))
     return entry;
-  return calledLike(entries, asFileName(windowClass));
+  return withName(entries, asFileName(windowClass));
 }
 
 std::string lastComponent(const std::string& windowClass) {
@@ -71,7 +71,7 @@ std::string lastComponent(const std::string& windowClass) {
 const DesktopEntry* byClassName(DesktopEntries& entries, const Window& window, const ProcessInfo&) {
   for (const std::string& name :
        {window.instance, window.windowClass, lastComponent(window.instance), lastComponent(window.windowClass)})
-    if (const auto* entry = calledLikeClass(entries, name))
+    if (const auto* entry = withNameOfClass(entries, name))
       return entry;
   return nullptr;
 }
@@ -79,7 +79,7 @@ const DesktopEntry* byClassName(DesktopEntries& entries, const Window& window, c
 const DesktopEntry* inAppImage(DesktopEntries& entries, const ProcessInfo& process) {
   const path folder = process.environment("APPDIR").value_or("");
   const path program = process.executable().value_or("");
-  // What an AppImage starts inherits the variable; only what lies inside is the AppImage itself.
+  // Programs that an AppImage starts inherit the variable; only those inside it belong to the AppImage.
   if (!folder.is_absolute() || !program.string().starts_with((folder / "").string()))
     return nullptr;
   std::error_code error;
@@ -94,7 +94,7 @@ const DesktopEntry* byEnvironment(DesktopEntries& entries, const Window&, const 
     if (const auto* entry = entries.findFile(*file))
       return entry;
   const auto launchedFile = process.environment("GIO_LAUNCHED_DESKTOP_FILE");
-  // Children inherit both variables; only the process that was launched has this id.
+  // Children inherit both variables, but only the launched process has this id.
   if (launchedFile && process.environment("GIO_LAUNCHED_DESKTOP_FILE_PID") == std::to_string(process.pid().value_or(0)))
     if (const auto* entry = entries.findFile(*launchedFile))
       return entry;
@@ -109,17 +109,17 @@ const DesktopEntry* byUnit(DesktopEntries& entries, const Window&, const Process
   const auto unit = ApplicationUnit::find(process.controlGroups());
   if (!unit)
     return nullptr;
-  // What a terminal starts is in the terminal's unit. A unit that tells the process it was made for tells them apart.
+  // A program started in a terminal is in the terminal's unit, which names the process that it was made for.
   const bool isForAnother =
       !unit->random.empty() && isNumber(unit->random) && unit->random != std::to_string(process.pid().value_or(0));
-  return isForAnother ? nullptr : entries.find(unit->applicationId);
+  return isForAnother ? nullptr : entries.find(unit->applicationID);
 }
 
 std::optional<CommandLine> commandOf(const ProcessInfo& process) {
   std::vector<std::string> arguments = process.arguments();
   if (arguments.empty())
     arguments.resize(1);
-  // The name in the command line is whatever the process likes.
+  // A process can put any name into its command line.
   if (const auto program = process.executable())
     arguments.front() = *program;
   return arguments.front().empty() ? std::nullopt : CommandLine::from(arguments);
@@ -133,7 +133,7 @@ const DesktopEntry* byProgram(DesktopEntries& entries, const Window&, const Proc
 }  // namespace
 
 const DesktopEntry* matchWindow(DesktopEntries& entries, const Window& window, const ProcessInfo& process) {
-  constexpr std::array steps = {bySandbox,     byApplicationId, byStartupClass, byClassName,
+  constexpr std::array steps = {bySandbox,     byApplicationID, byStartupClass, byClassName,
                                 byEnvironment, byUnit,          byProgram};
   for (const auto step : steps)
     if (const DesktopEntry* entry = step(entries, window, process))

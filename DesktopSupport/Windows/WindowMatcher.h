@@ -6,10 +6,10 @@
 
 namespace DesktopSupport {
 
-/// The desktop entry of the application that `window`, of the process `process`, belongs to; nullptr where none can be
-/// told. What is most certain is tried first: the sandbox the process runs in, the application id on the window,
-/// entries that name the window's class as theirs, entries called like the class, what the process was started with,
-/// the unit that its launcher made for it, and at last entries that run its program.
+/// The desktop entry of the application that `window` of `process` belongs to; null if it is unknown. The most reliable
+/// evidence is tried first: the sandbox of the process, the window's application id, entries that claim the window's
+/// class, entries with the name of the class, the environment that the process was started with, the systemd unit that
+/// its launcher made for it, and last, entries that run its program.
 const DesktopEntry* matchWindow(DesktopEntries& entries, const Window& window, const ProcessInfo& process);
 
 }  // namespace DesktopSupport

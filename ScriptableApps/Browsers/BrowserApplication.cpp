@@ -10,8 +10,8 @@
 #include <utility>
 
 #include "BrowserSessions/BrowserSession.h"
+#include "DesktopSupport/Screen/Screen.h"
 #include "DesktopSupport/System/SystemLog.h"
-#include "DesktopSupport/Windows/X11/WindowReader.h"
 #include "ScriptableApps/Errors/ApplicationErrors.h"
 
 namespace ScriptableApps {
@@ -24,12 +24,12 @@ using DesktopSupport::WindowList;
 
 // The processes that show windows, in the order of their topmost windows.
 std::vector<pid_t> windowProcesses(const WindowList& list) {
-  std::unordered_map<DesktopSupport::WindowId, pid_t> owners;
+  std::unordered_map<DesktopSupport::WindowID, pid_t> owners;
   for (const Window& window : list.windows)
     if (window.pid)
       owners.emplace(window.id, *window.pid);
   std::vector<pid_t> processes;
-  for (const DesktopSupport::WindowId window : list.stack | std::views::reverse)
+  for (const DesktopSupport::WindowID window : list.stack | std::views::reverse)
     if (const auto owner = owners.find(window);
         owner != owners.end() && std::ranges::find(processes, owner->second) == processes.end())
       processes.push_back(owner->second);

@@ -5,8 +5,8 @@
 #include <ranges>
 #include <utility>
 
+#include "DesktopSupport/Screen/Screen.h"
 #include "DesktopSupport/System/DisplayableText.h"
-#include "DesktopSupport/Windows/X11/WindowReader.h"
 
 namespace ScriptableApps {
 
@@ -118,7 +118,7 @@ Answers askAll(const SessionBus* bus, milliseconds patience) {
 void sortTopmostFirst(FileManagerWindows& windows) {
   if (windows.size() < 2)
     return;
-  const auto stack = DesktopSupport::readGTKWindowStack();
+  const auto stack = DesktopSupport::readGTKWindows();
   const auto depth = [&](const FileManagerWindow& window) {
     return std::ranges::find(stack, window.name) - stack.begin();
   };

@@ -8,7 +8,7 @@
 
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/GLibHandles.h"
-#include "DesktopSupport/Windows/X11/GTKWindowStack.h"
+#include "DesktopSupport/Windows/Window.h"
 #include "ScriptableApps/Finder/RunningFileManagers.h"
 
 namespace ScriptableApps {

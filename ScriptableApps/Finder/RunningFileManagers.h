@@ -9,7 +9,6 @@
 #include <sys/types.h>
 
 #include "DesktopSupport/Bus/SessionBus.h"
-#include "DesktopSupport/System/DesktopError.h"
 #include "DesktopSupport/Windows/Window.h"
 
 namespace ScriptableApps {

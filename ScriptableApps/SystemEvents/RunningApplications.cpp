@@ -20,7 +20,7 @@ using DesktopSupport::displayable;
 using DesktopSupport::isDisplayable;
 using DesktopSupport::ProcessInfo;
 using DesktopSupport::Window;
-using WindowID = DesktopSupport::WindowId;
+using WindowID = DesktopSupport::WindowID;
 using std::filesystem::path;
 
 // Which window stands for which: the topmost parent for a dialog, any other window for itself.
@@ -76,7 +76,7 @@ bool isTunnel(const path& program) {
 }
 
 std::string classOf(const Window& window) {
-  for (const std::string& name : {window.windowClass, window.instance, window.applicationId})
+  for (const std::string& name : {window.windowClass, window.instance, window.applicationID})
     if (std::string text = DesktopSupport::displayableName(name); !text.empty())
       return text;
   return "";

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "AppleScript/Values/Value.h"
-#include "DesktopSupport/DesktopEntries/ApplicationFolders.h"
+#include "DesktopSupport/DesktopEntries/DesktopEntries.h"
+#include "DesktopSupport/Screen/Screen.h"
 #include "DesktopSupport/System/SystemLog.h"
-#include "DesktopSupport/Windows/X11/WindowReader.h"
 #include "ScriptableApps/Errors/ApplicationErrors.h"
 
 namespace ScriptableApps {

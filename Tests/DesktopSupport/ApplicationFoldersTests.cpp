@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/DesktopEntries/ApplicationFolders.h"
+#include "DesktopSupport/DesktopEntries/DesktopEntries.h"
 #include "Tests/Support/EnvironmentVariable.h"
 
 namespace {
@@ -27,7 +27,7 @@ TEST(ApplicationFolders, AreTheUsersThenTheSystemsInTheirOrder) {
   EXPECT_EQ(folders[2], "/a/applications");
 }
 
-TEST(ApplicationFolders, HaveTheUsualOnesWhereNothingIsSaid) {
+TEST(ApplicationFolders, AreTheUsualOnesIfTheEnvironmentNamesNone) {
   for (const auto& nothing : {std::optional<std::string>(), std::optional<std::string>("")}) {
     const auto folders = foldersFor(nothing, nothing);
     ASSERT_GE(folders.size(), 3U);

@@ -1,21 +1,21 @@
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/Windows/ApplicationUnit.h"
+#include "DesktopSupport/System/ApplicationUnit.h"
 
 namespace {
 
 using DesktopSupport::ApplicationUnit;
-using DesktopSupport::snapId;
+using DesktopSupport::snapID;
 
 std::optional<ApplicationUnit> unitIn(const std::string& path) {
   return ApplicationUnit::find("0::" + path + '\n');
 }
 
-TEST(ApplicationUnit, OfAScopeHasLauncherIdAndProcess) {
+TEST(ApplicationUnit, OfAScopeHasLauncherIDAndProcess) {
   const auto unit = unitIn("/user.slice/user@1000.service/app.slice/app-gnome-org.gnome.Terminal-4242.scope");
   ASSERT_TRUE(unit);
   EXPECT_EQ(unit->launcher, "gnome");
-  EXPECT_EQ(unit->applicationId, "org.gnome.Terminal");
+  EXPECT_EQ(unit->applicationID, "org.gnome.Terminal");
   EXPECT_EQ(unit->random, "4242");
 }
 
@@ -23,31 +23,31 @@ TEST(ApplicationUnit, MayHaveNoLauncher) {
   const auto unit = unitIn("/app.slice/app-org.kde.konsole-8a1b.scope");
   ASSERT_TRUE(unit);
   EXPECT_EQ(unit->launcher, "");
-  EXPECT_EQ(unit->applicationId, "org.kde.konsole");
+  EXPECT_EQ(unit->applicationID, "org.kde.konsole");
 }
 
-TEST(ApplicationUnit, OfAServiceHasItsInstanceBehindAnAt) {
+TEST(ApplicationUnit, OfAServiceHasItsInstanceAfterAnAt) {
   const auto unit = unitIn("/app.slice/app-gnome-org.example.Files@12ab.service");
   ASSERT_TRUE(unit);
-  EXPECT_EQ(unit->applicationId, "org.example.Files");
+  EXPECT_EQ(unit->applicationID, "org.example.Files");
   EXPECT_EQ(unit->random, "12ab");
-  EXPECT_EQ(unitIn("/app.slice/app-org.example.Files.service")->applicationId, "org.example.Files");
+  EXPECT_EQ(unitIn("/app.slice/app-org.example.Files.service")->applicationID, "org.example.Files");
 }
 
-TEST(ApplicationUnit, HasItsIdUnescaped) {
-  EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-debian\x2dxterm-1.scope)")->applicationId, "debian-xterm");
-  EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-a\xzz-1.scope)")->applicationId, R"(a\xzz)");
-  EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-a\x2-1.scope)")->applicationId, R"(a\x2)");
+TEST(ApplicationUnit, HasItsIDUnescaped) {
+  EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-debian\x2dxterm-1.scope)")->applicationID, "debian-xterm");
+  EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-a\xzz-1.scope)")->applicationID, R"(a\xzz)");
+  EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-a\x2-1.scope)")->applicationID, R"(a\x2)");
 }
 
 TEST(ApplicationUnit, IsTheInnermost) {
-  EXPECT_EQ(unitIn("/app-gnome-outer-1.scope/app-gnome-inner-2.scope/deeper")->applicationId, "inner");
+  EXPECT_EQ(unitIn("/app-gnome-outer-1.scope/app-gnome-inner-2.scope/deeper")->applicationID, "inner");
 }
 
 TEST(ApplicationUnit, IsFoundInWhicheverHierarchyHasIt) {
   const auto unit = ApplicationUnit::find("12:cpu:/\n1:name=systemd:/app-gnome-a-1.scope\n0::/\n");
   ASSERT_TRUE(unit);
-  EXPECT_EQ(unit->applicationId, "a");
+  EXPECT_EQ(unit->applicationID, "a");
 }
 
 TEST(ApplicationUnit, IsNoneInOtherUnits) {
@@ -58,16 +58,16 @@ TEST(ApplicationUnit, IsNoneInOtherUnits) {
   EXPECT_FALSE(ApplicationUnit::find("rubbish"));
 }
 
-TEST(SnapId, JoinsSnapAndApplication) {
-  EXPECT_EQ(snapId("0::/app.slice/snap.firefox.firefox-0a1b2c3d-0011-2233-4455-66778899aabb.scope\n"),
+TEST(SnapID, JoinsSnapAndApplication) {
+  EXPECT_EQ(snapID("0::/app.slice/snap.firefox.firefox-0a1b2c3d-0011-2233-4455-66778899aabb.scope\n"),
             "firefox_firefox");
-  EXPECT_EQ(snapId("0::/app.slice/snap.code.url-handler.1234.scope\n"), "code_url-handler");
+  EXPECT_EQ(snapID("0::/app.slice/snap.code.url-handler.1234.scope\n"), "code_url-handler");
 }
 
-TEST(SnapId, IsNoneElsewhere) {
-  EXPECT_EQ(snapId("0::/app.slice/app-gnome-a-1.scope\n"), std::nullopt);
-  EXPECT_EQ(snapId("0::/system.slice/snap.firefox.mount\n"), std::nullopt);
-  EXPECT_EQ(snapId("0::/snap.firefox.scope\n"), std::nullopt);
+TEST(SnapID, IsNoneElsewhere) {
+  EXPECT_EQ(snapID("0::/app.slice/app-gnome-a-1.scope\n"), std::nullopt);
+  EXPECT_EQ(snapID("0::/system.slice/snap.firefox.mount\n"), std::nullopt);
+  EXPECT_EQ(snapID("0::/snap.firefox.scope\n"), std::nullopt);
 }
 
 }  // namespace

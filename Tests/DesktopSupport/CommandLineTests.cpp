@@ -34,7 +34,7 @@ TEST(CommandLine, RunsNothingWithoutWords) {
   EXPECT_EQ(programOfExec("   "), "none");
 }
 
-TEST(CommandLine, RunsWhatIsBehindEnv) {
+TEST(CommandLine, RunsWhatFollowsEnv) {
   EXPECT_EQ(program({"env", "A=1", "-u", "B=2", "tool"}), "tool");
   EXPECT_EQ(program({"/usr/bin/env", "python3", "/usr/bin/tool"}), "tool");
   EXPECT_EQ(program({"env", "A=1"}), "none");
@@ -46,7 +46,7 @@ TEST(CommandLine, RunsTheScriptOfAnInterpreter) {
   EXPECT_EQ(program({"java", "-jar", "/opt/app.jar"}), "app.jar");
 }
 
-TEST(CommandLine, RunsNothingWhereAnInterpreterIsByItself) {
+TEST(CommandLine, RunsNothingIfAnInterpreterIsByItself) {
   EXPECT_EQ(program({"bash"}), "none");
   EXPECT_EQ(program({"python3", "-i"}), "none");
   EXPECT_EQ(program({"sh", "-c", "tool"}), "none");
@@ -67,7 +67,7 @@ TEST(CommandLine, OfAnEntryHasItsFixedArguments) {
   EXPECT_EQ(command->arguments, (Words{"--new", "a b", "100%%"}));
 }
 
-TEST(CommandLine, OfAnEntryIsNoneWhereItsQuotesAreNotClosed) {
+TEST(CommandLine, OfAnEntryIsNoneIfItsQuotesAreNotClosed) {
   EXPECT_EQ(programOfExec("\"tool"), "none");
 }
 
@@ -108,7 +108,7 @@ TEST(ScriptOf, IsTheFirstWordThatIsNeitherAnOptionNorItsArgument) {
     EXPECT_EQ(DesktopSupport::scriptOf(program, arguments), "s") << testing::PrintToString(arguments);
 }
 
-TEST(ScriptOf, IsNoneWhereTheCommandLineNamesNoFile) {
+TEST(ScriptOf, IsNoneIfTheCommandLineNamesNoFile) {
   const std::vector<std::pair<std::string, Words>> commandLines = {
       {"python3", {}},
       {"python3", {"python3"}},

@@ -14,7 +14,7 @@ std::string entryCalled(std::string_view name, std::string_view more = "") {
 
 class DesktopEntriesTest : public testing::Test {
  protected:
-  // The name of the entry that is found, once by itself and once with all entries read before.
+  // The name of the entry that is found. It is looked up twice: alone, and after all entries have been read.
   std::string find(std::string_view id) {
     DesktopEntries fresh(folders());
     const DesktopEntry* alone = fresh.find(id);
@@ -43,7 +43,7 @@ TEST_F(DesktopEntriesTest, AreFoundByTheirFileNames) {
   EXPECT_EQ(find("Files"), "none");
 }
 
-TEST_F(DesktopEntriesTest, OfTheFirstFolderGoBeforeThoseBehind) {
+TEST_F(DesktopEntriesTest, OfTheFirstFolderArePreferred) {
   folder_.write("own/a.desktop", entryCalled("Own"));
   folder_.write("system/a.desktop", entryCalled("System"));
   EXPECT_EQ(find("a"), "Own");
@@ -57,7 +57,7 @@ TEST_F(DesktopEntriesTest, InSubFoldersHaveTheirPathsAsIds) {
   EXPECT_EQ(find("konsole"), "none");
 }
 
-TEST_F(DesktopEntriesTest, ThatAreHiddenMaskThoseBehind) {
+TEST_F(DesktopEntriesTest, ThatAreHiddenMaskThoseInLaterFolders) {
   folder_.write("own/a.desktop", "[Desktop Entry]\nHidden=true\n");
   folder_.write("system/a.desktop", entryCalled("System"));
   EXPECT_EQ(find("a"), "none");
@@ -77,7 +77,7 @@ TEST_F(DesktopEntriesTest, ThatAreFoldersOrDanglingLinksAreNone) {
     EXPECT_EQ(find(id), "none") << id;
 }
 
-TEST_F(DesktopEntriesTest, BehindALinkAreThoseItLeadsTo) {
+TEST_F(DesktopEntriesTest, MayBeReachedThroughALink) {
   folder_.write("elsewhere/real.desktop", entryCalled("Real"));
   std::filesystem::create_directories(folder_.path() / "own");
   std::filesystem::create_symlink(folder_.path() / "elsewhere/real.desktop", folder_.path() / "own/alias.desktop");

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/DesktopEntries/DesktopEntryIndex.h"
+#include "DesktopSupport/DesktopEntries/DesktopEntry.h"
 
 namespace {
 

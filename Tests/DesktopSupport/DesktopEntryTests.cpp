@@ -46,7 +46,7 @@ TEST_F(DesktopEntryTest, NeedsATypeAndAName) {
   EXPECT_FALSE(read("[Desktop Entry]\nType=Application\nName=\n"));
 }
 
-TEST_F(DesktopEntryTest, IsNoneWhereTheFileIsRubbish) {
+TEST_F(DesktopEntryTest, IsNoneIfTheFileIsRubbish) {
   EXPECT_FALSE(read(""));
   EXPECT_FALSE(read("Type=Application\nName=A\n"));
   EXPECT_FALSE(read("[Desktop Entry]\nType=Application\nName=A\nwhat is this\n"));

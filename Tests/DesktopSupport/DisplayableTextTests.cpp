@@ -47,11 +47,11 @@ TEST(DisplayableText, DropsOtherControlCharacters) {
   EXPECT_EQ(displayable("a\u009bb"), "ab");
 }
 
-TEST(DisplayableText, DropsNulAndKeepsWhatFollows) {
+TEST(DisplayableText, DropsNULAndKeepsWhatFollows) {
   EXPECT_EQ(displayable("a\0b\0"sv), "ab");
 }
 
-TEST(DisplayableText, ReplacesEachByteThatIsNotUtf8) {
+TEST(DisplayableText, ReplacesEachByteThatIsNotUTF8) {
   EXPECT_EQ(displayable("a\xff"), "a\uFFFD");
   EXPECT_EQ(displayable("\xc3"), "\uFFFD");
   EXPECT_EQ(displayable("\xe2\x82 x"), "\uFFFD\uFFFD x");
@@ -123,7 +123,7 @@ TEST(DisplayableText, CutsLongerTextsBetweenTwoCharacters) {
               std::string(start) + repeated("🙂", 999 - start.size()) + "…");
 }
 
-TEST(DisplayableText, CutsTextsThatAreNotUtf8) {
+TEST(DisplayableText, CutsTextsThatAreNotUTF8) {
   EXPECT_EQ(shortened(repeated("\xff", 1001)), repeated("\uFFFD", 999) + "…");
   EXPECT_EQ(shortened(repeated("\x80", 5000)), repeated("\uFFFD", 999) + "…");
   EXPECT_EQ(shortened(std::string(5000, '\0')), repeated("\uFFFD", 999) + "…");
@@ -150,7 +150,7 @@ TEST(DisplayableText, LowersLettersOfAnyScript) {
   EXPECT_EQ(lowerCase("ÄÖ Ω"), "äö ω");
 }
 
-TEST(DisplayableText, LowersWhatIsNotUtf8WithoutHarm) {
+TEST(DisplayableText, LowersWhatIsNotUTF8WithoutHarm) {
   EXPECT_EQ(lowerCase("A\xff"), "a\uFFFD");
 }
 

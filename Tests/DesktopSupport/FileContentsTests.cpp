@@ -28,7 +28,7 @@ TEST_F(FileContents, AreThoseOfFilesWithoutASizeToo) {
   EXPECT_TRUE(fileContents("/proc/self/cmdline", 1 << 20));
 }
 
-// A file that grows while it is read says too little as well.
+// The same holds for a file that grows while it is read.
 TEST_F(FileContents, AreReadUpToTheMaximumOnlyWhateverTheFileSaysOfItsSize) {
   const auto size = fileContents("/proc/self/cmdline", 1 << 20).value().size();
   EXPECT_TRUE(fileContents("/proc/self/cmdline", size));
@@ -40,7 +40,7 @@ TEST_F(FileContents, AreAbsentWithoutAFile) {
   EXPECT_EQ(fileContents(folder_.path(), 10), std::nullopt) << "a folder";
 }
 
-TEST_F(FileContents, AreAbsentBehindALinkToNothingOrToItself) {
+TEST_F(FileContents, AreAbsentIfTheFileIsALinkToNothingOrToItself) {
   std::filesystem::create_symlink("nowhere", folder_.path() / "dangling");
   std::filesystem::create_symlink("loop", folder_.path() / "loop");
   EXPECT_EQ(fileContents(folder_.path() / "dangling", 10), std::nullopt);

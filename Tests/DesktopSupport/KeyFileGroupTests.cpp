@@ -36,7 +36,7 @@ TEST(KeyFileGroup, RefusesLinesThatMeanNothing) {
                           "Group"));
 }
 
-TEST(KeyFileGroup, DoesNotLookBehindItsGroup) {
+TEST(KeyFileGroup, IgnoresWhatFollowsItsGroup) {
   EXPECT_TRUE(KeyFileGroup::parse("[Group]\nKey=1\n[Other]\nnonsense\n", "Group"));
 }
 
@@ -69,7 +69,7 @@ TEST(KeyFileGroup, TakesTheLastOfSeveralValues) {
   EXPECT_EQ(valueOf("Key=1\nKey=2"), "2");
 }
 
-TEST(KeyFileGroup, HasNoValueThatIsNotUtf8) {
+TEST(KeyFileGroup, HasNoValueThatIsNotUTF8) {
   EXPECT_EQ(valueOf("Key=Caf\xe9"), std::nullopt);
 }
 

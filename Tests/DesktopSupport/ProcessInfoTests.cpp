@@ -19,7 +19,7 @@ class ProcessInfoTest : public testing::Test {
   }
   void linkExecutable(const std::string& target) { link("exe", target); }
 
-  /// What a process of Python with this as its first argument runs.
+  /// The script of a Python process with this as its first argument.
   std::optional<std::filesystem::path> scriptOf(const std::string& argument) {
     if (!std::filesystem::is_symlink(folder_.path() / "7/exe"))
       linkExecutable("/usr/bin/python3.11");
@@ -63,7 +63,7 @@ TEST_F(ProcessInfoTest, TellsTheScript) {
   EXPECT_EQ(scriptOf("file"), folder_.path() / "other/file");
 }
 
-TEST_F(ProcessInfoTest, TellsTheScriptByItsOwnNameWhereThatIsALink) {
+TEST_F(ProcessInfoTest, KeepsTheNameOfAScriptThatIsALink) {
   std::filesystem::create_symlink(folder_.write("scripts/viewer.py", ""), folder_.path() / "viewer");
   std::filesystem::create_directory_symlink("scripts", folder_.path() / "link");
   EXPECT_EQ(scriptOf(folder_.path() / "viewer"), folder_.path() / "viewer");
@@ -109,19 +109,19 @@ TEST_F(ProcessInfoTest, FindsVariables) {
 
 TEST_F(ProcessInfoTest, FindsTheSandbox) {
   folder_.write("7/root/.flatpak-info", "[Instance]\nname=no\n[Application]\nname=org.example.App\n");
-  EXPECT_EQ(process().flatpakId(), "org.example.App");
+  EXPECT_EQ(process().flatpakID(), "org.example.App");
 }
 
-TEST_F(ProcessInfoTest, HasNothingWhereTheProcessIsGone) {
+TEST_F(ProcessInfoTest, HasNothingIfTheProcessIsGone) {
   EXPECT_EQ(process().executable(), std::nullopt);
   EXPECT_EQ(process().script(), std::nullopt);
   EXPECT_TRUE(process().arguments().empty());
   EXPECT_EQ(process().environment("A"), std::nullopt);
   EXPECT_EQ(process().controlGroups(), "");
-  EXPECT_EQ(process().flatpakId(), std::nullopt);
+  EXPECT_EQ(process().flatpakID(), std::nullopt);
 }
 
-TEST_F(ProcessInfoTest, HasNothingWhereTheProcessIsUnknown) {
+TEST_F(ProcessInfoTest, HasNothingIfTheProcessIsUnknown) {
   folder_.write("cmdline", "tool");
   folder_.write("cgroup", "0::/");
   const ProcessInfo unknown(std::nullopt, folder_.path());

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/DesktopEntries/ApplicationFolders.h"
+#include "DesktopSupport/DesktopEntries/DesktopEntries.h"
 #include "DesktopSupport/DesktopEntries/SchemeHandler.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
@@ -24,7 +24,7 @@ class SchemeHandlerTest : public testing::Test {
     folder.write(file, "[" + group + "]\nx-scheme-handler/test=" + ids + "\n");
   }
 
-  /// The id of the handler; empty where there is none.
+  /// The id of the handler; empty if there is none.
   std::string handler(const std::string& scheme = "test") {
     DesktopSupport::DesktopEntries entries(DesktopSupport::applicationFolders());
     const auto* entry = DesktopSupport::handlerOfScheme(scheme, entries);
@@ -39,7 +39,7 @@ class SchemeHandlerTest : public testing::Test {
   EnvironmentVariable desktop{"XDG_CURRENT_DESKTOP", "One:TWO"};
 };
 
-TEST_F(SchemeHandlerTest, IsNoneWhereNobodyOffersItself) {
+TEST_F(SchemeHandlerTest, IsNoneIfNoApplicationOffersItself) {
   install("own", "a");
   EXPECT_EQ(handler(), "");
 }

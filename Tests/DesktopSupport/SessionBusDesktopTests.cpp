@@ -31,7 +31,7 @@ std::string errorOf(const BusMethod& method, const char* replyType = "(bs)",
   return reply ? "none" : reply.error().name;
 }
 
-TEST(SessionBus, IsAbsentWhereNothingTellsOfOne) {
+TEST(SessionBus, IsAbsentIfTheEnvironmentNamesNone) {
   const EnvironmentVariable runtimeFolder("XDG_RUNTIME_DIR", "/no/such/folder");
   const EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
   const auto bus = SessionBus::connect();
@@ -39,7 +39,7 @@ TEST(SessionBus, IsAbsentWhereNothingTellsOfOne) {
   EXPECT_EQ(bus.error().name, BusErrorName::noServer);
 }
 
-TEST(SessionBus, IsAbsentWhereItDoesNotAnswer) {
+TEST(SessionBus, IsAbsentIfItCannotBeReached) {
   const EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", "unix:path=/no/such/socket");
   const auto bus = SessionBus::connect();
   ASSERT_FALSE(bus);

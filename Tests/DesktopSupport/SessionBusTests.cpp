@@ -9,7 +9,7 @@ using namespace std::string_literals;
 using DesktopSupport::busString;
 namespace BusErrorName = DesktopSupport::BusErrorName;
 
-TEST(BusString, TakesAnyUtf8Text) {
+TEST(BusString, TakesAnyUTF8Text) {
   for (const std::string& text : {""s, "Größe\n🙂"s, std::string(1 << 20, 'x')}) {
     const auto string = busString(text);
     ASSERT_TRUE(string);

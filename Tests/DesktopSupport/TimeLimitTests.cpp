@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// More than anything here takes.
+/// Longer than anything here takes.
 constexpr std::chrono::milliseconds plenty = 60s;
 
 TEST(ResultWithin, IsWhatTheWorkYields) {
@@ -49,7 +49,7 @@ TEST(FoundWithin, IsNoneIfTheWorkFails) {
   EXPECT_EQ(foundWithin(plenty, []() -> std::string { _exit(1); }), std::nullopt);
 }
 
-TEST(FoundWithin, LeavesAProcessBehindThatWaitsForADeadMount) {
+TEST(FoundWithin, DoesNotWaitForAProcessThatWaitsForADeadMount) {
   const TestSupport::TemporaryFolder folder;
   const TestSupport::DeadMount mount(folder.path());
   EXPECT_EQ(foundWithin(20ms,

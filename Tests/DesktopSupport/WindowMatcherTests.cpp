@@ -51,7 +51,7 @@ TEST_F(WindowMatcherTest, TrustsTheSandboxFirst) {
   addEntry("other", "StartupWMClass=other");
   setProcessFile("root/.flatpak-info", "[Application]\nname=org.example.Sandboxed\n");
   Window window = windowOf("other", "other");
-  window.applicationId = "other";
+  window.applicationID = "other";
   EXPECT_EQ(match(window), "org.example.Sandboxed");
 }
 
@@ -64,22 +64,22 @@ TEST_F(WindowMatcherTest, KnowsTheSandboxByItsUnit) {
   EXPECT_EQ(match(windowOf("a", "A")), "firefox_firefox");
 }
 
-TEST_F(WindowMatcherTest, GoesOnWhereTheSandboxHasNoEntry) {
+TEST_F(WindowMatcherTest, GoesOnIfTheSandboxHasNoEntry) {
   addEntry("a");
   setProcessFile("root/.flatpak-info", "[Application]\nname=org.example.Missing\n");
   EXPECT_EQ(match(windowOf("a", "A")), "a");
 }
 
-TEST_F(WindowMatcherTest, TrustsTheApplicationIdBeforeTheClass) {
+TEST_F(WindowMatcherTest, TrustsTheApplicationIDBeforeTheClass) {
   addEntry("org.gnome.Epiphany");
   addEntry("epiphany", "StartupWMClass=epiphany");
   Window window = windowOf("epiphany", "Epiphany");
-  window.applicationId = "org.gnome.Epiphany";
+  window.applicationID = "org.gnome.Epiphany";
   EXPECT_EQ(match(window), "org.gnome.Epiphany");
   EXPECT_EQ(filesRead_, 1U) << "nothing but the entry needed";
 }
 
-TEST_F(WindowMatcherTest, ReadsOneEntryWhereItIsCalledLikeTheInstanceAndNamesIt) {
+TEST_F(WindowMatcherTest, ReadsOneEntryIfThatHasTheNameOfTheInstanceAndClaimsIt) {
   addEntry("chromium", "StartupWMClass=chromium");
   addEntry("a", "StartupWMClass=chromium");
   EXPECT_EQ(match(windowOf("chromium", "Chromium")), "chromium");

@@ -167,7 +167,7 @@ TEST_F(RunningApplicationsTest, HaveNamesOfAThousandCharactersAtMost) {
 TEST_F(RunningApplicationsTest, AreKnownByWhicheverNameTheirWindowsHave) {
   addProgram(7, "python3");
   addWindow("", 7).instance = "instance";
-  addWindow("", 7).applicationId = "org.example.Missing";
+  addWindow("", 7).applicationID = "org.example.Missing";
   EXPECT_EQ(names(), (Names{"instance", "org.example.Missing"}));
 }
 

@@ -46,7 +46,7 @@ class RunningApplicationsTest : public testing::Test {
   }
 
   DesktopSupport::Window& addWindow(const std::string& windowClass, std::optional<pid_t> pid = std::nullopt) {
-    const auto id = static_cast<DesktopSupport::WindowId>(list_.windows.size() + 1);
+    const auto id = static_cast<DesktopSupport::WindowID>(list_.windows.size() + 1);
     return list_.windows.emplace_back(
         DesktopSupport::Window{.id = id, .instance = windowClass, .windowClass = windowClass, .pid = pid});
   }

@@ -25,7 +25,7 @@ const xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
 std::expected<X11Connection, DesktopError> X11Connection::connect(std::chrono::milliseconds patience) {
   if (std::getenv("DISPLAY") == nullptr)
     return std::unexpected(DesktopError{"There is no X display: DISPLAY is not set."});
-  // A server that hangs takes the connection and says nothing.
+  // A server that hangs takes the connection and does not answer.
   const auto connected = resultWithin(patience, [] {
     int number = 0;
     xcb_connection_t* const made = xcb_connect(nullptr, &number);

@@ -2,14 +2,15 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <expected>
 #include <memory>
 
 #include <xcb/xcb.h>
 
-#include "DesktopSupport/System/DesktopError.h"
 #include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/Windows/Window.h"
 
 namespace DesktopSupport {
 
@@ -17,45 +18,44 @@ namespace DesktopSupport {
 template <typename T>
 using Reply = std::unique_ptr<T, ReleasedBy<std::free>>;
 
-/// A connection to the X server. Requests are sent first, all of them, and their replies collected then: that is one
-/// round trip however many they are.
+/// A connection to the X server. If all requests are sent before their replies are collected, they take one round trip
+/// together.
 class X11Connection {
  public:
-  /// How long the server is usually waited for: somebody may hold it for a while, as a program that takes a screenshot
-  /// does.
+  /// The usual timeout for the server. A program may hold it for a while, as one that takes a screenshot does.
   static constexpr std::chrono::seconds longestSilence{30};
 
-  /// Connects to the server that DISPLAY names. Fails if it is unset, or the server refuses or does not answer within
-  /// `patience`.
+  /// Connects to the server that DISPLAY names. Fails if DISPLAY is unset, or the server refuses the connection or does
+  /// not answer within `patience`.
   static std::expected<X11Connection, DesktopError> connect(std::chrono::milliseconds patience = longestSilence);
 
   [[nodiscard]] xcb_connection_t* handle() const { return connection_.get(); }
   [[nodiscard]] xcb_window_t root() const { return screen_->root; }
 
-  /// The bits of a window's id that tell which client made it.
+  /// The bits of a window's id that identify the client that made it.
   [[nodiscard]] std::uint32_t clientOf(xcb_window_t window) const;
 
-  /// Whether the server runs on this machine, so that its process ids mean something here.
+  /// Whether the server runs on this machine, so that its process ids are valid here.
   [[nodiscard]] bool isLocal() const;
 
-  /// False once the connection broke or the server was silent for too long: replies are missing then.
+  /// False after the connection broke or the server did not answer in time. Replies are missing then.
   [[nodiscard]] bool isAlive() const { return !isSilent_ && xcb_connection_has_error(connection_.get()) == 0; }
 
-  /// Notes a request that was just made: `sent(xcb_get_property(…))`.
+  /// Records a request that has just been made: `sent(xcb_get_property(…))`.
   template <typename Cookie>
   Cookie sent(Cookie cookie) {
     lastSent_ = cookie.sequence;
     return cookie;
   }
 
-  /// Waits for the reply to a request that was noted. Empty where the server answers with an error, as it does for a
-  /// window that is gone.
+  /// Waits for the reply to a recorded request. Null if the server answers with an error, as it does for a window that
+  /// is gone.
   template <typename T, typename Cookie>
   Reply<T> reply(Cookie cookie) {
     return Reply<T>(static_cast<T*>(await(cookie.sequence)));
   }
 
-  /// How often a reply was waited for that only a new exchange with the server could bring.
+  /// How many round trips the replies have taken so far.
   [[nodiscard]] std::size_t roundTrips() const { return roundTrips_; }
 
  private:

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/Windows/X11/GTKWindowStack.h"
+#include "DesktopSupport/Windows/X11/X11Windows.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TestDesktop.h"
 #include "Tests/Support/TestWindow.h"
@@ -10,7 +10,7 @@
 namespace {
 
 using DesktopSupport::GTKWindowName;
-using DesktopSupport::readGTKWindowStack;
+using DesktopSupport::readX11GTKWindows;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using TestSupport::TestDesktop;
@@ -27,40 +27,40 @@ GTKWindowName named(const std::string& path) {
   return {.connection = ":1.7", .path = path};
 }
 
-TEST(GTKWindowStack, HasTheTopmostWindowFirst) {
+TEST(X11GTKWindows, HasTheTopmostWindowFirst) {
   const TestDesktop desktop;
   GTKWindow first(desktop, "/window/1");
   GTKWindow second(desktop, "/window/2");
   ASSERT_TRUE(first.show());
   ASSERT_TRUE(second.show());
   ASSERT_TRUE(desktop.waitUntil([&] { return desktop.stackedClients().back() == second.id(); }));
-  EXPECT_THAT(readGTKWindowStack(), ElementsAre(named("/window/2"), named("/window/1")));
+  EXPECT_THAT(readX11GTKWindows(), ElementsAre(named("/window/2"), named("/window/1")));
   desktop.askWindowManager(first.id(), "_NET_ACTIVE_WINDOW");
   ASSERT_TRUE(desktop.waitUntil([&] { return desktop.stackedClients().back() == first.id(); }));
-  EXPECT_THAT(readGTKWindowStack(), ElementsAre(named("/window/1"), named("/window/2")));
+  EXPECT_THAT(readX11GTKWindows(), ElementsAre(named("/window/1"), named("/window/2")));
 }
 
-TEST(GTKWindowStack, LeavesOutWindowsWithoutAName) {
+TEST(X11GTKWindows, LeavesOutWindowsWithoutAName) {
   const TestDesktop desktop;
   TestWindow other(desktop);
   GTKWindow window(desktop, "/window/1");
   ASSERT_TRUE(other.show());
   ASSERT_TRUE(window.show());
-  EXPECT_THAT(readGTKWindowStack(), ElementsAre(named("/window/1")));
+  EXPECT_THAT(readX11GTKWindows(), ElementsAre(named("/window/1")));
 }
 
-TEST(GTKWindowStack, IsEmptyWithoutWindows) {
-  EXPECT_THAT(readGTKWindowStack(), IsEmpty());
+TEST(X11GTKWindows, IsEmptyWithoutWindows) {
+  EXPECT_THAT(readX11GTKWindows(), IsEmpty());
 }
 
-TEST(GTKWindowStack, IsEmptyWithoutAnXServer) {
+TEST(X11GTKWindows, IsEmptyWithoutAnXServer) {
   const TestSupport::EnvironmentVariable display("DISPLAY", std::nullopt);
-  EXPECT_THAT(readGTKWindowStack(), IsEmpty());
+  EXPECT_THAT(readX11GTKWindows(), IsEmpty());
 }
 
-TEST(GTKWindowStack, IsEmptyWithoutAWindowManager) {
+TEST(X11GTKWindows, IsEmptyWithoutAWindowManager) {
   const TestSupport::TestXServer server;
-  EXPECT_THAT(readGTKWindowStack(), IsEmpty());
+  EXPECT_THAT(readX11GTKWindows(), IsEmpty());
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/Windows/WindowProcess.h"
+#include "DesktopSupport/Windows/X11/X11Processes.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ TEST(WindowProcess, IsTheOneThatTheWindowTellsForThisMachine) {
   EXPECT_EQ(saidByWindow(7, "desk"), 7);
 }
 
-TEST(WindowProcess, IsNoneWhereTheWindowIsOfAnotherMachine) {
+TEST(WindowProcess, IsNoneIfTheWindowIsOfAnotherMachine) {
   EXPECT_EQ(saidByWindow(7, "server"), std::nullopt);
   EXPECT_EQ(saidByWindow(7, ""), std::nullopt) << "nobody knows of which";
   EXPECT_EQ(saidByWindow(7, "", ""), std::nullopt);
@@ -33,7 +33,7 @@ TEST(WindowProcess, KnowsThisMachineWithItsDomainOrWithout) {
   EXPECT_EQ(saidByWindow(7, "desk.example.com", "desk.example.org"), std::nullopt);
 }
 
-TEST(WindowProcess, IsNoneWhereTheNumberIsNoProcess) {
+TEST(WindowProcess, IsNoneIfTheNumberIsNoProcess) {
   EXPECT_EQ(saidByWindow(0, "desk"), std::nullopt);
   EXPECT_EQ(saidByWindow(std::numeric_limits<std::uint32_t>::max(), "desk"), std::nullopt);
 }

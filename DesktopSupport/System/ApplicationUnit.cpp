@@ -1,4 +1,4 @@
-#include "DesktopSupport/Windows/ApplicationUnit.h"
+#include "DesktopSupport/System/ApplicationUnit.h"
 
 #include <algorithm>
 
@@ -22,7 +22,7 @@ bool removeSuffix(std::string_view& text, std::string_view suffix) {
   return true;
 }
 
-// Cuts the text behind the last `separator` off, and the separator; nothing where there is none.
+// Removes the last `separator` and the text after it, and returns that text. Empty if there is no separator.
 std::string_view takeLast(std::string_view& text, char separator) {
   const auto position = text.rfind(separator);
   if (position == std::string_view::npos)
@@ -54,9 +54,9 @@ std::optional<ApplicationUnit> parse(std::string_view unit) {
   ApplicationUnit found;
   found.random = takeLast(unit, isScope ? '-' : '@');
   const std::string_view id = takeLast(unit, '-');
-  found.applicationId = unescaped(id.empty() ? unit : id);
+  found.applicationID = unescaped(id.empty() ? unit : id);
   found.launcher = unescaped(id.empty() ? "" : unit);
-  return found.applicationId.empty() ? std::nullopt : std::optional(found);
+  return found.applicationID.empty() ? std::nullopt : std::optional(found);
 }
 
 std::optional<std::string> parseSnap(std::string_view unit) {
@@ -91,7 +91,7 @@ std::optional<ApplicationUnit> ApplicationUnit::find(std::string_view controlGro
   return innermost(controlGroups, parse);
 }
 
-std::optional<std::string> snapId(std::string_view controlGroups) {
+std::optional<std::string> snapID(std::string_view controlGroups) {
   return innermost(controlGroups, parseSnap);
 }
 

@@ -2,14 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/Windows/X11/WindowReader.h"
+#include "DesktopSupport/Windows/X11/X11Connection.h"
+#include "DesktopSupport/Windows/X11/X11Windows.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeWindowManager.h"
 #include "Tests/Support/TestXServer.h"
 
 namespace {
 
-using DesktopSupport::readWindows;
+using DesktopSupport::readX11Windows;
 using DesktopSupport::X11Connection;
 using TestSupport::EnvironmentVariable;
 using TestSupport::FakeWindowManager;
@@ -17,15 +18,15 @@ using TestSupport::TestDesktop;
 
 TEST(ReadingWindows, FailsWithoutADisplay) {
   const EnvironmentVariable display("DISPLAY", std::nullopt);
-  const auto list = readWindows();
+  const auto list = readX11Windows();
   ASSERT_FALSE(list);
   EXPECT_NE(list.error().message.find("DISPLAY"), std::string::npos);
 }
 
-TEST(ReadingWindows, FailsWhereNoServerAnswers) {
+TEST(ReadingWindows, FailsIfNoServerAnswers) {
   for (const char* name : {":987", "", "rubbish", ":", "localhost:987", "/no/such/socket"}) {
     const EnvironmentVariable display("DISPLAY", name);
-    EXPECT_FALSE(readWindows()) << name;
+    EXPECT_FALSE(readX11Windows()) << name;
   }
 }
 
@@ -37,7 +38,7 @@ class WindowManagersTest : public testing::Test {
 
   static std::size_t roundTrips() {
     auto connection = X11Connection::connect();
-    EXPECT_TRUE(readWindows(*connection));
+    EXPECT_TRUE(readX11Windows(*connection));
     return connection->roundTrips();
   }
 
@@ -54,24 +55,24 @@ class WindowManagersTest : public testing::Test {
 };
 
 TEST_F(WindowManagersTest, AreNeededToReadWindows) {
-  const auto list = readWindows();
+  const auto list = readX11Windows();
   ASSERT_FALSE(list);
   EXPECT_EQ(list.error().message, "There is no window manager.");
 }
 
-TEST_F(WindowManagersTest, AreNeededStillWhereOneLeftItsListBehind) {
+TEST_F(WindowManagersTest, AreNeededEvenIfOneHasLeftItsList) {
   FakeWindowManager manager(desktop_);
   manager.list(makeWindows(1));
-  ASSERT_TRUE(readWindows());
+  ASSERT_TRUE(readX11Windows());
   manager.crash();
-  const auto list = readWindows();
+  const auto list = readX11Windows();
   ASSERT_FALSE(list);
   EXPECT_EQ(list.error().message, "There is no window manager.");
 }
 
 TEST_F(WindowManagersTest, MustListTheirWindows) {
   const FakeWindowManager manager(desktop_);
-  const auto list = readWindows();
+  const auto list = readX11Windows();
   ASSERT_FALSE(list);
   EXPECT_EQ(list.error().message, "The window manager does not list its windows.");
 }
@@ -79,7 +80,7 @@ TEST_F(WindowManagersTest, MustListTheirWindows) {
 TEST_F(WindowManagersTest, MayListNoWindows) {
   const FakeWindowManager manager(desktop_);
   manager.list({});
-  const auto list = readWindows();
+  const auto list = readX11Windows();
   ASSERT_TRUE(list);
   EXPECT_TRUE(list->windows.empty());
 }
@@ -90,7 +91,7 @@ TEST_F(WindowManagersTest, MayListWindowsThatAreGone) {
   manager.list(windows);
   xcb_destroy_window(desktop_.connection(), windows[1]);
   desktop_.synchronize();
-  const auto list = readWindows();
+  const auto list = readX11Windows();
   ASSERT_TRUE(list);
   ASSERT_EQ(list->windows.size(), 2U);
   EXPECT_EQ(list->windows[0].id, windows[0]);
@@ -100,7 +101,7 @@ TEST_F(WindowManagersTest, MayListWindowsThatAreGone) {
 TEST_F(WindowManagersTest, MayListWhatNeverWasAWindow) {
   const FakeWindowManager manager(desktop_);
   manager.list({0, 0xffffffff, 0x1fffffff});
-  const auto list = readWindows();
+  const auto list = readX11Windows();
   ASSERT_TRUE(list);
   EXPECT_TRUE(list->windows.empty());
 }
@@ -109,12 +110,12 @@ TEST_F(WindowManagersTest, TellWhichWindowIsActive) {
   const FakeWindowManager manager(desktop_);
   const auto windows = makeWindows(2);
   manager.list(windows);
-  EXPECT_EQ(readWindows()->active, std::nullopt);
+  EXPECT_EQ(readX11Windows()->active, std::nullopt);
   manager.activate(windows[1]);
-  EXPECT_EQ(readWindows()->active, windows[1]);
+  EXPECT_EQ(readX11Windows()->active, windows[1]);
 }
 
-TEST_F(WindowManagersTest, AreAskedInThreeRoundTripsHoweverManyWindowsTheyList) {
+TEST_F(WindowManagersTest, AreAskedInThreeRoundTripsWhateverTheNumberOfWindows) {
   const FakeWindowManager manager(desktop_);
   manager.list({});
   EXPECT_EQ(roundTrips(), 3U);
@@ -123,7 +124,7 @@ TEST_F(WindowManagersTest, AreAskedInThreeRoundTripsHoweverManyWindowsTheyList) 
   const auto windows = makeWindows(2000);
   manager.list(windows);
   EXPECT_EQ(roundTrips(), 3U);
-  EXPECT_EQ(readWindows()->windows.size(), windows.size());
+  EXPECT_EQ(readX11Windows()->windows.size(), windows.size());
 }
 
 }  // namespace

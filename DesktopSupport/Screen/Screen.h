@@ -1,0 +1,20 @@
+#pragma once
+
+#include <expected>
+#include <span>
+#include <vector>
+
+#include "DesktopSupport/Windows/Window.h"
+
+namespace DesktopSupport {
+
+/// The sources that know about windows, the preferred one first. A new source is one more row of the table.
+std::span<const WindowSource> windowSources();
+
+/// The windows on the screen, from the first source that tells. Fails as the last one does if none tells.
+std::expected<WindowList, DesktopError> readWindows(std::span<const WindowSource> sources = windowSources());
+
+/// The GTK windows on the screen, the topmost first, from the first source that knows any.
+std::vector<GTKWindowName> readGTKWindows(std::span<const WindowSource> sources = windowSources());
+
+}  // namespace DesktopSupport

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <unordered_map>
+
+#include <sys/types.h>
+#include <xcb/res.h>
+
+#include "DesktopSupport/Windows/X11/X11Connection.h"
+
+namespace DesktopSupport {
+
+/// The processes of windows, as the X server knows them from its sockets, through its XRes extension. They are right
+/// for windows that tell no process id too, and for programs in containers, whose own process ids are others.
+class X11ClientProcesses {
+ public:
+  /// Asks for the processes of all `windows` at once; they are known after `collect`. Needs `prefetch` in an earlier
+  /// round trip.
+  X11ClientProcesses(X11Connection& connection, std::span<const xcb_window_t> windows);
+  void collect(X11Connection& connection);
+
+  static void prefetch(X11Connection& connection);
+
+  /// The process that made `window`. `nullopt` if the server cannot tell, or runs on another machine.
+  [[nodiscard]] std::optional<pid_t> processOf(const X11Connection& connection, xcb_window_t window) const;
+
+ private:
+  std::optional<xcb_res_query_client_ids_cookie_t> request_;
+  std::unordered_map<std::uint32_t, pid_t> processes_;
+};
+
+/// What a window and the X server say about the window's process.
+struct WindowProcess {
+  /// What the server knows, if it runs on this machine.
+  std::optional<pid_t> ofServer = {};
+  /// _NET_WM_PID, a process id on the machine that WM_CLIENT_MACHINE names.
+  std::optional<std::uint32_t> ofWindow = {};
+  std::string machine = {};
+};
+
+/// The process, if it runs on this machine, whose name is `hostName`. The server is believed rather than the window.
+std::optional<pid_t> localProcess(const WindowProcess& told, const std::string& hostName);
+
+/// The name of this machine.
+std::string hostName();
+
+}  // namespace DesktopSupport
