@@ -102,10 +102,15 @@ constexpr auto phraseTable = std::to_array<OperatorPhrase>({
     {"^", power, Precedence::power},
 });
 
+/// An order that is quick to find, since most words differ in length.
+constexpr bool isBefore(std::string_view left, std::string_view right) {
+  return left.size() == right.size() ? left < right : left.size() < right.size();
+}
+
 /// The same, ordered by their first words.
 constexpr auto sortedPhrases = [] {
   auto phrases = phraseTable;
-  std::ranges::sort(phrases, {}, &OperatorPhrase::firstWord);
+  std::ranges::sort(phrases, isBefore, &OperatorPhrase::firstWord);
   return phrases;
 }();
 
@@ -115,8 +120,11 @@ constexpr std::array<std::string_view, 5> freeWords{"comes", "greater", "less", 
 }  // namespace
 
 std::span<const OperatorPhrase> operatorPhrases(std::string_view firstWord) {
+  if (firstWord.size() > sortedPhrases.back().firstWord.size())
+    return {};
   const std::string lower = lowerCase(firstWord);
-  const auto found = std::ranges::equal_range(sortedPhrases, std::string_view(lower), {}, &OperatorPhrase::firstWord);
+  const auto found =
+      std::ranges::equal_range(sortedPhrases, std::string_view(lower), isBefore, &OperatorPhrase::firstWord);
   return {found.begin(), found.end()};
 }
 

@@ -28,8 +28,7 @@ struct OperatorPhrase {
   std::string_view phrase;
   Operator meaning;
   Precedence precedence;
-
-  [[nodiscard]] constexpr std::string_view firstWord() const { return phrase.substr(0, phrase.find(' ')); }
+  std::string_view firstWord = phrase.substr(0, phrase.find(' '));
 };
 
 /// The binary operators whose phrases begin with `firstWord`, in upper or lower case, or are that symbol. If several

@@ -1,9 +1,7 @@
 #include "AppleScript/Text/Keywords.h"
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
-#include <string>
 
 #include "AppleScript/Text/CaseFolding.h"
 
@@ -94,8 +92,15 @@ constexpr bool isInOrder() {
 }
 static_assert(isInOrder());
 
-constexpr std::size_t longestWord =
-    std::ranges::max(table, {}, [](const Entry& one) { return one.word.size(); }).word.size();
+/// For each letter, the index of the first entry that begins with it or a later one; last the number of entries.
+constexpr auto starts = [] {
+  std::array<std::size_t, 27> result{};
+  for (std::size_t letter = 0; letter < result.size(); ++letter)
+    while (result[letter] < table.size() &&
+           table[result[letter]].word < std::string_view(&"abcdefghijklmnopqrstuvwxyz{"[letter], 1))
+      ++result[letter];
+  return result;
+}();
 
 const Entry& entry(Keyword keyword) {
   return table[static_cast<std::size_t>(keyword)];
@@ -104,11 +109,13 @@ const Entry& entry(Keyword keyword) {
 }  // namespace
 
 Keyword keywordFrom(std::string_view word) {
-  if (word.size() > longestWord)
+  const auto letter = word.empty() ? table.size() : static_cast<std::size_t>((word[0] | 0x20) - 'a');
+  if (letter >= starts.size() - 1)
     return Keyword::none;
-  const std::string lower = lowerCase(word);
-  const auto found = std::ranges::lower_bound(table, lower, {}, &Entry::word);
-  return found != table.end() && found->word == lower ? found->keyword : Keyword::none;
+  for (std::size_t i = starts[letter]; i < starts[letter + 1]; ++i)
+    if (sameName(table[i].word, word))
+      return table[i].keyword;
+  return Keyword::none;
 }
 
 std::string_view spelling(Keyword keyword) {
