@@ -25,6 +25,7 @@ ORDERS = {"<": ("less", "<="), "<=": ("lessOrEqual", "<"), ">": ("greater", ">="
 SUMS = {"+": ("plus", "-"), "-": ("minus", "+")}
 OPPOSITES = {"==": "!=", "!=": "=="}
 CONDITIONS = {CursorKind.IF_STMT, CursorKind.WHILE_STMT, CursorKind.CONDITIONAL_OPERATOR}
+BRANCHES = {CursorKind.IF_STMT, CursorKind.WHILE_STMT, CursorKind.FOR_STMT, CursorKind.CXX_FOR_RANGE_STMT}
 STATEMENTS = {CursorKind.CALL_EXPR, CursorKind.BINARY_OPERATOR, CursorKind.COMPOUND_ASSIGNMENT_OPERATOR,
               CursorKind.UNARY_OPERATOR, CursorKind.UNEXPOSED_EXPR, CursorKind.BREAK_STMT, CursorKind.CONTINUE_STMT}
 NOTHING = ("{}", "false", "nullptr", "std::nullopt", "0", "FALSE", "G_SOURCE_REMOVE", "")
@@ -118,8 +119,15 @@ class Finder:
       self._add(cursor, f"{self._slice(cursor)} plus 1", [self._frame(cursor, "Planted::offByOne(NUMBER, ", ")")])
     elif kind == CursorKind.RETURN_STMT:
       self._look_at_return(cursor, function, children)
-    if kind in STATEMENTS and parent.kind == CursorKind.COMPOUND_STMT and not CHANGES_NOTHING.match(self._slice(cursor)):
-      self._add_statement(cursor, "statement removed", "if (!Planted::in(NUMBER)) { ")
+    if kind in STATEMENTS and self._is_statement(cursor, parent) and not CHANGES_NOTHING.match(self._slice(cursor)):
+      self._add_statement(cursor, "statement removed", "{ if (!Planted::in(NUMBER)) ")
+
+  def _is_statement(self, cursor, parent):
+    """Whether it is a statement of a block, or the only one after a condition or a loop's head."""
+    if parent.kind == CursorKind.COMPOUND_STMT:
+      return True
+    before = self.text[:cursor.extent.start.offset].rstrip()
+    return parent.kind in BRANCHES and before.endswith((b")", b"else")) and self._semicolon(cursor) is not None
 
   def _look_at_operator(self, cursor, children):
     if len(children) != 2:

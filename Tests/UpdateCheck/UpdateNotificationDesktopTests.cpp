@@ -159,7 +159,7 @@ TEST_F(UpdateNotificationTest, SaysThatTheNotificationWasRefused) {
   notifications.refuse();
   offer(itemOf("2.0"));
   for (int attempt = 0; attempt < 2; ++attempt)
-    EXPECT_EQ(finish(start()), "could not check for an update of Plugin: the user cannot be told: It has no answer.\n");
+    EXPECT_EQ(finish(start()), "could not check for an update of Plugin: the user cannot be told: No answer is set.\n");
 }
 
 }  // namespace

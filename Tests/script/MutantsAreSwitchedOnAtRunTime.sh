@@ -21,12 +21,21 @@ std::optional<int> sum(int left, int right) {
   return left + right;
 }
 
+int clamped(int number, int least) {
+  if (number < least)
+    number = least;
+  else
+    number *= number;
+  return number;
+}
+
 }  // namespace
 
 int main() {
   for (int number : {2, 3, 4, 5})
     std::printf("%d", isInside(number, 3, 5));
   std::printf(" %d %d %d", sum(4, 4).value_or(1), sum(3, 4).value_or(1), isLimited(4));
+  std::printf(" %d %d %d", clamped(2, 3), clamped(3, 3), clamped(4, 3));
 }
 END_OF_PROGRAM
 
@@ -55,7 +64,12 @@ expect "$(cut --delimiter=' ' --fields=2- "$scratch/planted" | LC_ALL=C sort --k
 10 returns the opposite
 14 == to !=
 16 + to -
-16 returns an empty value"
+16 returns an empty value
+20 < reversed
+20 < to <=
+21 statement removed
+23 statement removed
+24 returns an empty value"
 
 g++ -std=c++23 -include "$1/Mutants/Planted.h" "$scratch/planted.cpp" -o "$scratch/program"
 g++ -std=c++23 "$scratch/program.cpp" -o "$scratch/original"
