@@ -4,7 +4,7 @@
 
 #include "DesktopSupport/DesktopEntries/DesktopEntries.h"
 #include "DesktopSupport/DesktopEntries/SchemeHandler.h"
-#include "DesktopSupport/System/CommandLine.h"
+#include "DesktopSupport/Processes/CommandLine.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "Fuzz/Target.h"
 #include "Tests/Support/TemporaryFolder.h"

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "DesktopSupport/DesktopEntries/DesktopEntries.h"
+#include "DesktopSupport/Processes/ProcessInfo.h"
 #include "DesktopSupport/System/DisplayableText.h"
-#include "DesktopSupport/System/ProcessInfo.h"
 #include "DesktopSupport/Windows/WindowMatcher.h"
 #include "DesktopSupport/Windows/X11/X11Processes.h"
 #include "DesktopSupport/Windows/X11/X11Properties.h"

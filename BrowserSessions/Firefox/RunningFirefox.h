@@ -6,7 +6,7 @@
 
 #include <sys/types.h>
 
-#include "DesktopSupport/System/ProcessInfo.h"
+#include "DesktopSupport/Processes/ProcessInfo.h"
 
 namespace BrowserSessions {
 

@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "DesktopSupport/System/CommandLine.h"
+#include "DesktopSupport/Processes/CommandLine.h"
 
 namespace DesktopSupport {
 

@@ -8,6 +8,7 @@
 #include <glib.h>
 
 #include "DesktopSupport/System/FileContents.h"
+#include "DesktopSupport/System/Text.h"
 
 namespace DesktopSupport {
 
@@ -43,8 +44,7 @@ std::optional<std::string> textAt(std::string_view file, std::size_t entry) {
   // Of a text with a plural form, which follows a NUL, only the first counts.
   const std::string_view text = file.substr(*start, *length);
   const std::string_view first = text.substr(0, text.find('\0'));
-  return g_utf8_validate_len(first.data(), first.size(), nullptr) != FALSE ? std::optional(std::string(first))
-                                                                           : std::nullopt;
+  return isUTF8(first) ? std::optional(std::string(first)) : std::nullopt;
 }
 
 bool hasKnownFormat(std::string_view file) {

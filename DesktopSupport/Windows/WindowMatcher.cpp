@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "DesktopSupport/System/ApplicationUnit.h"
+#include "DesktopSupport/Processes/ApplicationUnit.h"
 #include "DesktopSupport/System/DisplayableText.h"
 
 namespace DesktopSupport {

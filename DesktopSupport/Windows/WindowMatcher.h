@@ -1,7 +1,7 @@
 #pragma once
 
 #include "DesktopSupport/DesktopEntries/DesktopEntries.h"
-#include "DesktopSupport/System/ProcessInfo.h"
+#include "DesktopSupport/Processes/ProcessInfo.h"
 #include "DesktopSupport/Windows/Window.h"
 
 namespace DesktopSupport {

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "DesktopSupport/Bus/BusDaemon.h"
+#include "DesktopSupport/Processes/ProcessInfo.h"
 #include "DesktopSupport/System/DisplayableText.h"
-#include "DesktopSupport/System/ProcessInfo.h"
 
 namespace ScriptableApps {
 

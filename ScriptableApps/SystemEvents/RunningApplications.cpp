@@ -6,9 +6,9 @@
 #include <unordered_set>
 #include <utility>
 
-#include "DesktopSupport/System/CommandLine.h"
+#include "DesktopSupport/Processes/CommandLine.h"
+#include "DesktopSupport/Processes/ProcessInfo.h"
 #include "DesktopSupport/System/DisplayableText.h"
-#include "DesktopSupport/System/ProcessInfo.h"
 #include "DesktopSupport/System/TimeLimit.h"
 #include "DesktopSupport/Windows/WindowMatcher.h"
 

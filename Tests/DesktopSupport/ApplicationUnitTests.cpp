@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/System/ApplicationUnit.h"
+#include "DesktopSupport/Processes/ApplicationUnit.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/System/CommandLine.h"
+#include "DesktopSupport/Processes/CommandLine.h"
 
 namespace {
 

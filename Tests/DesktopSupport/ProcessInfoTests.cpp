@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "DesktopSupport/System/ProcessInfo.h"
+#include "DesktopSupport/Processes/ProcessInfo.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 namespace {

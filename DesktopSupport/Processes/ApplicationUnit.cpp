@@ -1,4 +1,4 @@
-#include "DesktopSupport/System/ApplicationUnit.h"
+#include "DesktopSupport/Processes/ApplicationUnit.h"
 
 #include <algorithm>
 

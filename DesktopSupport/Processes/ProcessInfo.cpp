@@ -1,9 +1,9 @@
-#include "DesktopSupport/System/ProcessInfo.h"
+#include "DesktopSupport/Processes/ProcessInfo.h"
 
 #include <algorithm>
 #include <climits>
 
-#include "DesktopSupport/System/CommandLine.h"
+#include "DesktopSupport/Processes/CommandLine.h"
 #include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/KeyFileGroup.h"
 #include "DesktopSupport/System/TimeLimit.h"

@@ -1,4 +1,4 @@
-#include "DesktopSupport/System/CommandLine.h"
+#include "DesktopSupport/Processes/CommandLine.h"
 
 #include <algorithm>
 #include <array>
