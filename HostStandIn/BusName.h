@@ -21,7 +21,7 @@ class BusName {
   ~BusName();
 
  private:
-  BusName(const DesktopSupport::SessionBus& bus, std::string name) : bus_(bus), name_(std::move(name)) {}
+  BusName(DesktopSupport::SessionBus bus, std::string name) : bus_(std::move(bus)), name_(std::move(name)) {}
 
   DesktopSupport::SessionBus bus_;
   std::string name_;

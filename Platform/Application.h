@@ -44,6 +44,7 @@ class LaunchedApplication : public Application {
       : appleEvents_(appleEvents), notifications_(notifications) {}
   LaunchedApplication(const LaunchedApplication&) = delete;
   LaunchedApplication& operator=(const LaunchedApplication&) = delete;
+  ~LaunchedApplication() override = default;
 
   void terminate() override { isTerminating_ = true; }
   /// Whether the application was asked to terminate. May be called on any thread.

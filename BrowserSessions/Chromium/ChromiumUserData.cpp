@@ -71,16 +71,17 @@ void addApplicationWindows(Logs& /*logs*/, LoggedSession& session, const path& p
 Answer readDevTools(const Browser& browser) {
   if (!browser.process)
     return std::nullopt;
-  const auto live = devToolsSession(browser.userData, *browser.process);
+  const auto answer = devToolsSession(browser.userData, *browser.process);
+  if (!answer)
+    return std::unexpected(answer.error());
+  const std::optional<DevToolsSession>& live = *answer;
   if (!live)
-    return std::unexpected(live.error());
-  if (!*live)
     return std::nullopt;
   Logs logs = readLogs(browser, addApplicationWindows);
   // The DevTools tell everything about the profile that was used last, whether its log can be read or not.
   if (logs.profiles == 1)
     logs.problems.clear();
-  return SessionReading{joined(**live, logs.session), std::move(logs.problems)};
+  return SessionReading{joined(*live, logs.session), std::move(logs.problems)};
 }
 
 void addTitlesAndProblems(Logs& logs, LoggedSession& session, const path& profile) {

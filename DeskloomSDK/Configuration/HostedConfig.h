@@ -72,7 +72,7 @@ class HostedConfig : public ConfigProvider, public std::enable_shared_from_this<
       return false;
     config = decoded(*text, fallback);
     keepUntilProcessEnds(this->shared_from_this());
-    appTerminationObserver_.emplace([this] { static_cast<void>(write(encodedConfig())); });
+    appTerminationObserver_.emplace([this] { [[maybe_unused]] const auto result = write(encodedConfig()); });
     return true;
   }
 
