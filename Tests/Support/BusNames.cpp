@@ -20,7 +20,7 @@ using DesktopSupport::Out;
 using DesktopSupport::VariantHandle;
 
 struct Wait {
-  bool wanted;
+  bool wanted = false;
   bool over = false;
   bool isLate = false;
 };

@@ -29,14 +29,14 @@ void applyEnvironment(const std::map<std::string, std::string>& environment) {
       setenv(name.c_str(), value.c_str(), /*overwrite=*/1);
 }
 
-[[noreturn]] void become(const std::vector<std::string>& arguments, const ChildProcess::Options& options, int output) {
+[[noreturn]] void become(std::vector<std::string> arguments, const ChildProcess::Options& options, int output) {
   dup2(output, STDOUT_FILENO);
   if (options.captureErrors)
     dup2(output, STDERR_FILENO);
   applyEnvironment(options.environment);
   std::vector<char*> argv;
-  for (const std::string& argument : arguments)
-    argv.push_back(const_cast<char*>(argument.c_str()));
+  for (std::string& argument : arguments)
+    argv.push_back(argument.data());
   argv.push_back(nullptr);
   execvp(argv[0], argv.data());
   _exit(127);

@@ -54,13 +54,17 @@ void ignoreSignal(GDBusConnection*, const gchar*, const gchar*, const gchar*, co
 }  // namespace
 
 ScreenReader::ScreenReader() : context_(g_main_context_new()) {
+  subscribe();
+  askForEvents(bus_.get());
+}
+
+void ScreenReader::subscribe() {
   // Signals arrive in the context that is the thread's default when they are subscribed to.
   g_main_context_push_thread_default(context_.get());
   bus_ = connectTo(accessibilityBusAddress());
   subscription_ = g_dbus_connection_signal_subscribe(bus_.get(), nullptr, nullptr, nullptr, nullptr, nullptr,
                                                      G_DBUS_SIGNAL_FLAGS_NONE, ignoreSignal, nullptr, nullptr);
   g_main_context_pop_thread_default(context_.get());
-  askForEvents(bus_.get());
 }
 
 ScreenReader::~ScreenReader() {

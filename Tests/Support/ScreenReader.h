@@ -36,6 +36,8 @@ class ScreenReader {
   [[nodiscard]] bool waitUntil(const std::function<bool()>& condition) const;
 
  private:
+  void subscribe();
+
   DesktopSupport::MainContextHandle context_;
   DesktopSupport::ObjectHandle<GDBusConnection> bus_;
   guint subscription_ = 0;
