@@ -18,7 +18,7 @@ class DeskloomPluginURL {
 
   /// Always "deskloomplugin".
   [[nodiscard]] const std::string& scheme() const { return scheme_; }
-  /// The URL's host, its case unchanged. It may be an action that nobody knows.
+  /// The URL's host, its case unchanged. It may be an unknown action.
   [[nodiscard]] const std::string& action() const { return action_; }
 
   /// The path segment after the host; `nullopt` if there is none or more than one. May be changed.

@@ -11,8 +11,8 @@
 
 namespace DesktopSupport {
 
-/// The result of `work`, or `nullopt` if it takes longer than `limit`. Then `work` goes on in a thread that nobody
-/// waits for, even when the process ends, so it must not refer to anything that may be gone.
+/// The result of `work`, or `nullopt` if it takes longer than `limit`. In that case `work` continues in a detached
+/// thread, even while the process ends, so it must not refer to anything that may be destroyed before.
 template <typename Work>
 auto resultWithin(std::chrono::milliseconds limit, Work work) -> std::optional<decltype(work())> {
   auto result = std::make_shared<std::promise<decltype(work())>>();
