@@ -12,21 +12,27 @@ bool isListed(const BrowserTab& tab) {
   return tab.url.size() <= longestAddress;
 }
 
-// If the shown tab is left out, the next one counts as shown, or the last if there is no next one.
-BrowserWindow listed(BrowserWindow window) {
-  BrowserWindow rest;
-  for (std::size_t index = 0; index < window.tabs.size(); ++index) {
-    if (index == window.activeTab)
-      rest.activeTab = rest.tabs.size();
-    if (isListed(window.tabs[index]))
-      rest.tabs.push_back(std::move(window.tabs[index]));
-  }
-  if (rest.activeTab == rest.tabs.size() && !rest.tabs.empty())
-    --rest.activeTab;
-  return rest;
+BrowserWindow withoutLongAddresses(BrowserWindow window) {
+  std::vector<std::optional<BrowserTab>> tabs;
+  for (BrowserTab& tab : window.tabs)
+    tabs.push_back(isListed(tab) ? std::optional(std::move(tab)) : std::nullopt);
+  return listedTabs(std::move(tabs), window.activeTab);
 }
 
 }  // namespace
+
+BrowserWindow listedTabs(std::vector<std::optional<BrowserTab>> tabs, std::size_t shown) {
+  BrowserWindow window;
+  for (std::size_t index = 0; index < tabs.size(); ++index) {
+    if (index == shown)
+      window.activeTab = window.tabs.size();
+    if (tabs[index])
+      window.tabs.push_back(*std::move(tabs[index]));
+  }
+  if (window.activeTab == window.tabs.size() && !window.tabs.empty())
+    --window.activeTab;
+  return window;
+}
 
 void leaveOutLongAddresses(SessionReading& reading) {
   std::size_t count = 0;
@@ -34,7 +40,7 @@ void leaveOutLongAddresses(SessionReading& reading) {
   for (BrowserWindow& window : reading.session) {
     const std::size_t before = window.tabs.size();
     if (!std::ranges::all_of(window.tabs, isListed))
-      window = listed(std::move(window));
+      window = withoutLongAddresses(std::move(window));
     count += before - window.tabs.size();
     if (before == 0 || !window.tabs.empty())
       session.push_back(std::move(window));

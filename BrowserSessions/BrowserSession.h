@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <expected>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,10 @@ struct BrowserWindow {
 
   bool operator==(const BrowserWindow&) const = default;
 };
+
+/// A window with those of `tabs` that have a value; `shown` is the index in `tabs` of the tab that is shown. If that
+/// tab has no value, the next one counts as shown, or the last if there is no next one.
+[[nodiscard]] BrowserWindow listedTabs(std::vector<std::optional<BrowserTab>> tabs, std::size_t shown);
 
 /// The windows that a browser has open, the one in front first if the browser tells which one that is.
 using BrowserSession = std::vector<BrowserWindow>;

@@ -169,18 +169,16 @@ std::vector<SessionReplay::Shown>::iterator SessionReplay::frontWindow(std::vect
 }
 
 BrowserWindow SessionReplay::contents(const Shown& window) {
-  BrowserWindow contents;
+  std::vector<std::optional<BrowserTab>> tabs;
+  std::size_t shown = window.pages.size();
   for (const auto& [index, page] : window.pages) {
     if (index == window.shownIndex)
-      contents.activeTab = contents.tabs.size();
-    if (!page.url.empty())
-      contents.tabs.push_back(
-          {DesktopSupport::shortened(utf8FromUTF16(page.title)), DesktopSupport::validUTF8(page.url)});
+      shown = tabs.size();
+    tabs.push_back(page.url.empty() ? std::nullopt
+                                    : std::optional(BrowserTab{DesktopSupport::shortened(utf8FromUTF16(page.title)),
+                                                               DesktopSupport::validUTF8(page.url)}));
   }
-  // If the shown tab is left out, and was the last one.
-  if (contents.activeTab == contents.tabs.size() && !contents.tabs.empty())
-    --contents.activeTab;
-  return contents;
+  return listedTabs(std::move(tabs), shown);
 }
 
 std::vector<SessionReplay::ID> SessionReplay::otherWindows() const {

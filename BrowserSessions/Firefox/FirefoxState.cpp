@@ -40,18 +40,11 @@ BrowserTab shownPage(const FirefoxTab& tab) {
 }
 
 BrowserWindow shownTabs(const FirefoxWindow& window) {
-  BrowserWindow shown;
-  std::int64_t number = 0;
-  for (const FirefoxTab& tab : window.tabs) {
-    if (++number == window.selected)
-      shown.activeTab = shown.tabs.size();
-    if (!tab.isHidden && !tab.isPrivate)
-      shown.tabs.push_back(shownPage(tab));
-  }
-  // If the selected tab is left out, and was the last one.
-  if (shown.activeTab == shown.tabs.size() && !shown.tabs.empty())
-    --shown.activeTab;
-  return shown;
+  std::vector<std::optional<BrowserTab>> tabs;
+  for (const FirefoxTab& tab : window.tabs)
+    tabs.push_back(tab.isHidden || tab.isPrivate ? std::nullopt : std::optional(shownPage(tab)));
+  // It counts from 1. Any number that is not a tab's means that none is selected.
+  return listedTabs(std::move(tabs), static_cast<std::size_t>(window.selected) - 1);
 }
 
 BrowserSession shownWindows(const FirefoxStateReader& state) {
