@@ -90,7 +90,7 @@ AppleScript::Result<AppleScript::ObjectPointer> BrowserApplication::open() {
     return std::unexpected(applicationError(name(), AppleScript::ErrorNumber::genericError, reading.error()));
   for (const std::string& problem : reading->problems)
     DesktopSupport::writeToSystemLog(problem);
-  return std::make_shared<const BrowserRoot>(classes(), reading->session);
+  return std::make_shared<const BrowserRoot>(*dictionary().application, reading->session);
 }
 
 }  // namespace ScriptableApps

@@ -36,8 +36,6 @@ class BrowserApplication : public AppleScript::Application {
   /// The running browsers. `processes` are those that show windows, each once, the topmost first. Some browsers can
   /// only be found among these.
   [[nodiscard]] virtual std::vector<RunningBrowser> runningBrowsers(const std::vector<pid_t>& processes) const = 0;
-
-  [[nodiscard]] virtual const BrowserClasses& classes() const = 0;
 };
 
 }  // namespace ScriptableApps

@@ -7,6 +7,7 @@ namespace ScriptableApps {
 
 namespace {
 
+using AppleScript::ClassDescription;
 using AppleScript::Object;
 using AppleScript::Value;
 
@@ -30,26 +31,31 @@ std::shared_ptr<const BrowserTabObject> activeTabOf(const Object& window) {
   return active < tabs.size() ? tabs[active] : nullptr;
 }
 
+const ClassDescription& elementClassOf(const ClassDescription& container) {
+  return *container.elements.front().elementClass;
+}
+
 }  // namespace
 
-BrowserTabObject::BrowserTabObject(const BrowserClasses& classes, const BrowserSessions::BrowserTab& tab)
-    : class_(classes.tab), title_(DesktopSupport::displayableName(tab.title)), url_(tabAddress(tab.url)) {
+BrowserTabObject::BrowserTabObject(const ClassDescription& tabClass, const BrowserSessions::BrowserTab& tab)
+    : class_(&tabClass), title_(DesktopSupport::displayableName(tab.title)), url_(tabAddress(tab.url)) {
   if (title_.empty())
     title_ = DesktopSupport::shortened(url_);
 }
 
-BrowserWindowObject::BrowserWindowObject(const BrowserClasses& classes, const BrowserSessions::BrowserWindow& window)
-    : class_(classes.window), activeTab_(window.activeTab) {
+BrowserWindowObject::BrowserWindowObject(const ClassDescription& windowClass,
+                                         const BrowserSessions::BrowserWindow& window)
+    : class_(&windowClass), activeTab_(window.activeTab) {
   tabs_.reserve(window.tabs.size());
   for (const BrowserSessions::BrowserTab& tab : window.tabs)
-    tabs_.push_back(std::make_shared<const BrowserTabObject>(classes, tab));
+    tabs_.push_back(std::make_shared<const BrowserTabObject>(elementClassOf(windowClass), tab));
 }
 
-BrowserRoot::BrowserRoot(const BrowserClasses& classes, const BrowserSessions::BrowserSession& session)
-    : class_(classes.application) {
+BrowserRoot::BrowserRoot(const ClassDescription& browserClass, const BrowserSessions::BrowserSession& session)
+    : class_(&browserClass) {
   windows_.reserve(session.size());
   for (const BrowserSessions::BrowserWindow& window : session)
-    windows_.emplace_back(classes, window);
+    windows_.emplace_back(elementClassOf(browserClass), window);
 }
 
 Answer tabTitle(const Object& tab) {

@@ -11,17 +11,10 @@
 
 namespace ScriptableApps {
 
-/// The classes of a browser's objects. Some properties have a different name in each browser's dictionary.
-struct BrowserClasses {
-  const AppleScript::ClassDescription* application;
-  const AppleScript::ClassDescription* window;
-  const AppleScript::ClassDescription* tab;
-};
-
 /// A tab of a browser.
 class BrowserTabObject : public AppleScript::Object {
  public:
-  BrowserTabObject(const BrowserClasses& classes, const BrowserSessions::BrowserTab& tab);
+  BrowserTabObject(const AppleScript::ClassDescription& tabClass, const BrowserSessions::BrowserTab& tab);
 
   [[nodiscard]] const AppleScript::ClassDescription& classDescription() const override { return *class_; }
   /// One line of UTF-8 of at most 1,000 characters; the address if the page has no title.
@@ -38,7 +31,7 @@ class BrowserTabObject : public AppleScript::Object {
 /// A window of a browser, with its tabs.
 class BrowserWindowObject : public AppleScript::Object {
  public:
-  BrowserWindowObject(const BrowserClasses& classes, const BrowserSessions::BrowserWindow& window);
+  BrowserWindowObject(const AppleScript::ClassDescription& windowClass, const BrowserSessions::BrowserWindow& window);
 
   [[nodiscard]] const AppleScript::ClassDescription& classDescription() const override { return *class_; }
   [[nodiscard]] const std::vector<std::shared_ptr<const BrowserTabObject>>& tabs() const { return tabs_; }
@@ -54,8 +47,8 @@ class BrowserWindowObject : public AppleScript::Object {
 /// A browser itself, with its windows.
 class BrowserRoot : public AppleScript::Object {
  public:
-  /// The classes must outlive the tree.
-  BrowserRoot(const BrowserClasses& classes, const BrowserSessions::BrowserSession& session);
+  /// The only elements of the class `browserClass` are windows, and theirs are tabs.
+  BrowserRoot(const AppleScript::ClassDescription& browserClass, const BrowserSessions::BrowserSession& session);
 
   [[nodiscard]] const AppleScript::ClassDescription& classDescription() const override { return *class_; }
   [[nodiscard]] const std::vector<BrowserWindowObject>& windows() const { return windows_; }

@@ -86,11 +86,6 @@ const AppleScript::Dictionary& GoogleChrome::dictionary() const {
   return dictionary;
 }
 
-const BrowserClasses& GoogleChrome::classes() const {
-  static constexpr BrowserClasses classes{.application = &rootClass, .window = &windowClass, .tab = &tabClass};
-  return classes;
-}
-
 std::vector<RunningBrowser> GoogleChrome::runningBrowsers(const std::vector<pid_t>& processes) const {
   std::vector<RunningBrowser> browsers;
   for (const RunningChromium& running : runningChromiums(processes))

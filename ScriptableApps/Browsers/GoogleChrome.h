@@ -12,7 +12,6 @@ class GoogleChrome : public BrowserApplication {
 
  private:
   [[nodiscard]] std::vector<RunningBrowser> runningBrowsers(const std::vector<pid_t>& processes) const override;
-  [[nodiscard]] const BrowserClasses& classes() const override;
 };
 
 }  // namespace ScriptableApps

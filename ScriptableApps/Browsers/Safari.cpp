@@ -73,11 +73,6 @@ const AppleScript::Dictionary& Safari::dictionary() const {
   return dictionary;
 }
 
-const BrowserClasses& Safari::classes() const {
-  static constexpr BrowserClasses classes{.application = &rootClass, .window = &windowClass, .tab = &tabClass};
-  return classes;
-}
-
 std::vector<RunningBrowser> Safari::runningBrowsers(const std::vector<pid_t>& processes) const {
   std::vector<RunningBrowser> browsers;
   if (const auto web = BrowserSessions::runningGNOMEWeb())
