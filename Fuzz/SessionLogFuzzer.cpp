@@ -44,6 +44,6 @@ void Fuzz::run(std::string_view input) {
     hasMarker = hasMarker || command->id == marker;
     recordBytes += recordHead + command->payload.size();
   }
-  require(recordBytes <= input.size(), "The records lie one behind the other.");
-  require(hasMarker == log->isComplete(), "A log is complete where it has the mark.");
+  require(recordBytes <= input.size(), "The records do not overlap.");
+  require(hasMarker == log->isComplete(), "A log is complete if it has the mark.");
 }

@@ -13,8 +13,7 @@ namespace DesktopSupport {
 /// The non-empty parts of `list`, a text with a separator between them.
 std::vector<std::string_view> separated(std::string_view list, char separator);
 
-/// The number that the whole text spells in digits of `base`. `nullopt` if it spells none, or one that `Number` cannot
-/// hold.
+/// Parses the whole text as a number in digits of `base`. `nullopt` if it is not a number or does not fit in `Number`.
 template <std::integral Number>
 std::optional<Number> parseNumber(std::string_view text, int base = 10) {
   Number number = 0;

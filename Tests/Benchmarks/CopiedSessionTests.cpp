@@ -29,14 +29,14 @@ std::vector<BrowserTab> tabsOf(const std::string& bytes) {
   return tabs;
 }
 
-/// Logs of the two tabs a and b, with the mark before, between and behind them.
+/// Logs of the two tabs a and b, with the mark before, between and after them.
 std::vector<SessionLogWriter> realLogs() {
   return {SessionLogWriter().marker().window(11).tab(11, 11, 0, "a", u"A").tab(11, 12, 1, "b"),
           SessionLogWriter().window(11).tab(11, 11, 0, "a", u"A").marker().tab(11, 12, 1, "b"),
           SessionLogWriter().window(11).tab(11, 11, 0, "a", u"A").tab(11, 12, 1, "b").marker()};
 }
 
-TEST(CopiedSession, HasTheMarkAndSoManyTabsWhereverTheRealLogHasTheMark) {
+TEST(CopiedSession, HasTheMarkAndTheGivenNumberOfTabsWhereverTheRealLogHasTheMark) {
   for (const SessionLogWriter& real : realLogs()) {
     const CopiedSession session(real.bytes());
     for (const std::size_t tabs : {0UL, 1UL, 2UL, 3UL, 4UL, 101UL})
@@ -44,7 +44,7 @@ TEST(CopiedSession, HasTheMarkAndSoManyTabsWhereverTheRealLogHasTheMark) {
   }
 }
 
-TEST(CopiedSession, HasTheRealLogsTabsWithANumberBehindTheAddress) {
+TEST(CopiedSession, HasTheRealLogsTabsWithANumberAfterTheAddress) {
   for (const SessionLogWriter& real : realLogs())
     EXPECT_THAT(tabsOf(CopiedSession(real.bytes()).log(5, {{"b", "B"}})),
                 ElementsAre(BrowserTab{"A", "a"}, BrowserTab{"B", "b"}, BrowserTab{"A", "a#1"}, BrowserTab{"B", "b#1"},
@@ -62,7 +62,7 @@ TEST(CopiedSession, HasNoTabThatWasClosed) {
   EXPECT_THAT(tabsOf(CopiedSession(real.bytes()).log(2, {})), ElementsAre(BrowserTab{"", "b"}, BrowserTab{"", "b#1"}));
 }
 
-TEST(CopiedSession, HasSoManyTabsWhereAWindowWasClosedToo) {
+TEST(CopiedSession, HasTheGivenNumberOfTabsIfAWindowWasClosed) {
   const auto real =
       SessionLogWriter().window(11).tab(11, 11, 0, "a").window(12).tab(12, 13, 0, "b").marker().windowClosed(12);
   EXPECT_EQ(tabsOf(CopiedSession(real.bytes()).log(3, {})).size(), 3U);

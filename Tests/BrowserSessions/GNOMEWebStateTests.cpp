@@ -88,7 +88,7 @@ TEST(GNOMEWebState, LooksPastWhatItDoesNotKnow) {
               ElementsAre(windowOf("ab", 1)));
 }
 
-TEST(GNOMEWebState, HasEmptyTextsWhereAttributesAreMissing) {
+TEST(GNOMEWebState, HasEmptyTextsIfAttributesAreMissing) {
   EXPECT_THAT(read("<session>" + window("<embed/>") + "</session>"),
               ElementsAre(BrowserWindow{.tabs = {BrowserTab()}, .activeTab = 0}));
 }

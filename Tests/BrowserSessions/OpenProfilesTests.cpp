@@ -43,14 +43,14 @@ TEST_F(OpenChromiumProfiles, HasTheProfileThatWasUsedLastFirst) {
   EXPECT_EQ(profiles(), (Names{"Profile 2", "Profile 1", "Default"}));
 }
 
-TEST_F(OpenChromiumProfiles, StandsInWithTheProfileThatWasUsedLast) {
+TEST_F(OpenChromiumProfiles, FallsBackOnTheProfileThatWasUsedLast) {
   state(R"({"profile": {"last_used": "Profile 2"}})");
   EXPECT_EQ(profiles(), Names{"Profile 2"});
   state(R"({"profile": {"last_used": "Profile 2", "last_active_profiles": []}})");
   EXPECT_EQ(profiles(), Names{"Profile 2"});
 }
 
-TEST_F(OpenChromiumProfiles, StandsInWithTheFirstProfileWhereItTellsNothing) {
+TEST_F(OpenChromiumProfiles, FallsBackOnTheFirstProfileIfTheStateIsUseless) {
   EXPECT_EQ(profiles(), Names{"Default"}) << "no file";
   for (const char* json : {"", "{}", "[]", "null", "7", "{\"profile\"", R"({"profile": []})", R"({"profile": {}})",
                            R"({"last_used": "Profile 2"})", R"({"a": {"profile": {"last_used": "Profile 2"}}})",

@@ -76,7 +76,7 @@ TEST(SessionLog, StaysAtItsRecordWhenAskedWhetherItIsComplete) {
   EXPECT_EQ(log->next()->payload, "window");
 }
 
-TEST(SessionLog, HasNoRecordsYetWhereItEndsWithinItsHeader) {
+TEST(SessionLog, HasNoRecordsYetIfItEndsWithinItsHeader) {
   const std::string header = SessionLogWriter().bytes();
   for (std::size_t size = 0; size <= header.size(); ++size) {
     auto log = SessionLog::open(std::string_view(header).substr(0, size));

@@ -142,7 +142,7 @@ TEST_F(ConfigProviderTest, FallsBackInSilenceIfTheTextIsNotSuchAValue) {
   EXPECT_THAT(desktop.alerts.shown, IsEmpty());
 }
 
-TEST_F(ConfigProviderTest, FallsBackOverAMistypedNumberAndWritesNoneBack) {
+TEST_F(ConfigProviderTest, FallsBackOverAMistypedNumberAndDoesNotWriteItBack) {
   for (const auto* number : {"true", "1.75", "99999999999", "1e300", "-1e300", "null", "\"3\"", "[3]", "2147483648"}) {
     const auto provider = makeLocal(R"({"count":)" + std::string(number) + R"(,"kind":"images"})", {.count = 7});
     EXPECT_EQ(provider->config.count, 7) << number;
@@ -168,7 +168,7 @@ TEST_F(ConfigProviderTest, KeepsResourcesAndOtherStructs) {
                                                                  R"(\"url\":\"file:\\/\\/\\/a\"}],\"small\":255})"));
 }
 
-TEST_F(ConfigProviderTest, FallsBackOverAResourceOrAStructThatIsNone) {
+TEST_F(ConfigProviderTest, FallsBackOverAnInvalidResourceOrStruct) {
   for (const auto* text : {R"({"resources":[{"type":"link","name":"n","url":"x:y"}],"options":[],"small":2})",
                            R"({"resources":[],"options":[{"count":3.5,"kind":""}],"small":2})",
                            R"({"resources":[],"options":[],"small":256})"}) {

@@ -122,7 +122,7 @@ TEST_F(DeskloomAPITest, TakesAPluginAsInstalledOnlyIfTheAnswerIsExactlyTrue) {
   EXPECT_EQ(api.isPluginInstalled("/p"), true);
 }
 
-TEST_F(DeskloomAPITest, FailsIfThereIsNoAnswerWhereOneIsNeeded) {
+TEST_F(DeskloomAPITest, FailsWithoutAnAnswerIfOneIsNeeded) {
   for (const auto noText :
        {&FakeScriptEngine::answerNothing, &FakeScriptEngine::answerWithoutText, &FakeScriptEngine::refuse}) {
     (desktop.scripts.*noText)();

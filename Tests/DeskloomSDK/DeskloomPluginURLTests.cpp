@@ -61,13 +61,13 @@ TEST(DeskloomPluginURL, DecodesPercentEscapes) {
   EXPECT_EQ(url->actionID, "a b");
 }
 
-TEST(DeskloomPluginURL, IsNoneOfAnotherScheme) {
+TEST(DeskloomPluginURL, RequiresItsScheme) {
   for (const auto* text : {"deskloomplugins://run/ID", "deskloom://run/ID", "other://run/ABC-1",
                            "Deskloomplugin://run/ID", "run/ID", "//run/ID"})
     EXPECT_FALSE(parse(text)) << text;
 }
 
-TEST(DeskloomPluginURL, IsNoneWithoutAHost) {
+TEST(DeskloomPluginURL, RequiresAHost) {
   EXPECT_FALSE(parse("deskloomplugin:run"));
   EXPECT_FALSE(parse("deskloomplugin:///run"));
   EXPECT_FALSE(parse("deskloomplugin:/run/ID"));

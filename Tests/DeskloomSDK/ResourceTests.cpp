@@ -106,7 +106,7 @@ TEST(ResourceDecoding, FailsOverAScalar) {
     EXPECT_EQ(decodeResources(scalar).error().kind, Kind::typeMismatch) << scalar;
 }
 
-TEST(ResourceDecoding, FailsOverATypeOrAURLThatIsNone) {
+TEST(ResourceDecoding, FailsOverAnInvalidTypeOrURL) {
   EXPECT_EQ(failure(R"({"type":"link","name":"n","url":"x:y"})").kind, Kind::dataCorrupted);
   EXPECT_EQ(failure(R"({"type":"url","name":"n","url":""})").kind, Kind::dataCorrupted);
   EXPECT_EQ(failure(R"({"type":"url","name":"n","url":"a b"})").key, "url");
@@ -216,7 +216,7 @@ TEST(ResourceType, GoesToItsRawStringAndBack) {
   }
 }
 
-TEST(ResourceType, IsNoneOfAnyOtherString) {
+TEST(ResourceType, IsAbsentForOtherStrings) {
   for (const auto* text : {"Website", "URL", "", " file", "File", "files"})
     EXPECT_EQ(DeskloomSDK::resourceType(text), std::nullopt) << text;
 }

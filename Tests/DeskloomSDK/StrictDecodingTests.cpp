@@ -189,12 +189,12 @@ TEST(StrictDecoding, TakesForAFloatingPointNumberTheNearestThatThereIs) {
   EXPECT_EQ(decoded<long double>("0.1"), 0.1);
 }
 
-TEST(StrictDecoding, RefusesForAFloatingPointNumberWhatIsNone) {
+TEST(StrictDecoding, RefusesOtherValuesForAFloatingPointNumber) {
   EXPECT_THAT(readable<double>({"true", "false", "null", "\"1\"", "[1]"}), IsEmpty());
   EXPECT_THAT(readable<float>({"true", "false", "null", "1e300", "-1e300"}), IsEmpty());
 }
 
-TEST(StrictDecoding, RefusesForABooleanWhatIsNone) {
+TEST(StrictDecoding, RefusesOtherValuesForABoolean) {
   EXPECT_THAT(readable<bool>({"0", "1", "1.0", "\"true\"", "null"}), IsEmpty());
   EXPECT_EQ(decoded<bool>("true"), true);
 }

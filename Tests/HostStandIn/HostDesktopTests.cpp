@@ -81,7 +81,7 @@ TEST(Host, ReceivesFiveMegabytesWhole) {
   EXPECT_EQ(host.wait(), 0);
 }
 
-TEST(Host, RefusesWhatIsNoHostURLAndHandsOnNoneOfTheCall) {
+TEST(Host, RefusesACallWithAnInvalidURLAndPassesOnNoneOfItsURLs) {
   ChildProcess host = start({"--exit-after", "1"});
   const Reply reply = open({"deskloom://first", "file:///etc/passwd"});
   ASSERT_FALSE(reply);

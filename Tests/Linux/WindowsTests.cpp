@@ -30,7 +30,7 @@ TEST_F(WindowsTest, SayWhyTheirModuleCannotBeLoaded) {
   EXPECT_THAT(toolkit.error(), HasSubstr("deskloom-windows.so"));
 }
 
-TEST_F(WindowsTest, RefuseAModuleThatIsNone) {
+TEST_F(WindowsTest, RefuseAFileThatIsNoModule) {
   folder.write("deskloom-windows.so", "rubbish");
   EXPECT_FALSE(windows.toolkit());
 }

@@ -101,7 +101,7 @@ TEST_F(OpenFolderTest, MayBeALinkToAFolder) {
   expectFolder("file://" + link, "Link", link + '/');
 }
 
-TEST_F(OpenFolderTest, IsNoneIfThereIsNoFolder) {
+TEST_F(OpenFolderTest, IsAbsentIfThereIsNoFolder) {
   const std::string file = folder_.write("file", "contents");
   EXPECT_FALSE(at("file://" + file));
   EXPECT_FALSE(at("file://" + folder_.path().string() + "/none"));
@@ -109,17 +109,17 @@ TEST_F(OpenFolderTest, IsNoneIfThereIsNoFolder) {
   EXPECT_FALSE(at("file://" + folder_.path().string() + "/loop"));
 }
 
-TEST_F(OpenFolderTest, IsNoneOnAnotherMachine) {
+TEST_F(OpenFolderTest, IsAbsentOnAnotherMachine) {
   EXPECT_FALSE(at("file://elsewhere.example" + make("Reports")));
 }
 
-TEST_F(OpenFolderTest, IsNoneForWhatIsNoLocation) {
+TEST_F(OpenFolderTest, IsAbsentForATextThatIsNoLocation) {
   for (const char* uri :
        {"", "/", "/tmp", "file:", "file:tmp", "file:///%", "file:///tmp%00", "file:///tmp%2F..", "://", "%", "\n"})
     EXPECT_FALSE(at(uri)) << uri;
 }
 
-TEST_F(OpenFolderTest, IsNoneForPlacesOutsideTheFileSystem) {
+TEST_F(OpenFolderTest, IsAbsentForPlacesOutsideTheFileSystem) {
   for (const char* uri : {"trash:///", "recent:///", "starred:///", "other-locations:///", "network:///",
                           "x-nautilus-search://0/", "sftp://nowhere.invalid/home", "admin:///", "unheard-of:///"})
     EXPECT_FALSE(at(uri)) << uri;

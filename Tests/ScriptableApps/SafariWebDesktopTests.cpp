@@ -30,7 +30,7 @@ TEST_F(WebTest, HasItsTabsListedForEachWindow) {
   EXPECT_EQ(textOfScript(listSafariTabs), lines);
 }
 
-TEST_F(WebTest, HasItsTabsWhereTheUserTakesThem) {
+TEST_F(WebTest, FollowsTheOrderThatTheUserGivesItsTabs) {
   start({url("a"), url("b"), url("c")});
   expectPages({{"c", "a", "b", "c"}});
   clickAtPage("Page c");
@@ -41,7 +41,7 @@ TEST_F(WebTest, HasItsTabsWhereTheUserTakesThem) {
   expectPages({{"c", "c", "b"}});
 }
 
-TEST_F(WebTest, HasItsTabsAtThePageToWhichTheUserWent) {
+TEST_F(WebTest, FollowsATabToThePageThatTheUserOpens) {
   start({url("a")});
   expectPages({{"a", "a"}});
   clickAtPage("Page a");

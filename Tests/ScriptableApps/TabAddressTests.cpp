@@ -128,7 +128,7 @@ TEST(TabAddress, EncodesAHostThatHasNoASCIIForm) {
     EXPECT_EQ(tabAddress(stored), address);
 }
 
-TEST(TabAddress, MakesNoSchemeOfWhatIsNone) {
+TEST(TabAddress, DoesNotTakeOtherColonsForTheEndOfAScheme) {
   for (const auto& [stored, address] : std::to_array<Example>({
            {"1:2", "1%3A2"},
            {":", "%3A"},
