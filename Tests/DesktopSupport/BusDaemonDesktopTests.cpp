@@ -1,10 +1,15 @@
 #include <atomic>
+#include <semaphore>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include "DesktopSupport/Bus/BusDaemon.h"
+#include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/FakeDeskloomHost.h"
+#include "Tests/Support/Patience.h"
 
 namespace {
 
@@ -15,6 +20,38 @@ using namespace std::chrono_literals;
 
 const char* const name = "com.quillary.BusDaemonTests";
 const char* const takenName = "com.quillary.Deskloom";  // by the fake host
+
+/// What a connection receives, on a thread of its own: the signals First and Second.
+struct Reception {
+  std::binary_semaphore hasFirst{0};
+  std::binary_semaphore mayGoOn{0};
+  std::atomic<bool> hasSecond = false;
+};
+
+/// Takes nothing else until `mayGoOn`.
+GDBusMessage* receive(GDBusConnection* /*bus*/, GDBusMessage* message, gboolean incoming, gpointer data) {
+  auto& reception = *static_cast<Reception*>(data);
+  const char* const member = incoming != FALSE ? g_dbus_message_get_member(message) : nullptr;
+  if (g_strcmp0(member, "First") == 0) {
+    reception.hasFirst.release();
+    reception.mayGoOn.acquire();
+  }
+  if (g_strcmp0(member, "Second") == 0)
+    reception.hasSecond = true;
+  return message;
+}
+
+/// Sends a connection a signal, in another process: in this one, all connections share a thread. Returns after the bus
+/// has taken it.
+void sendSignal(const std::string& receiver, const std::string& signal) {
+  EXPECT_EQ(TestSupport::run({"gdbus", "emit", "--session", "--dest", receiver, "--object-path", "/", "--signal",
+                              name + ("." + signal)}),
+            0);
+  // The bus has answered a later process.
+  EXPECT_EQ(TestSupport::run({"gdbus", "call", "--session", "--dest", "org.freedesktop.DBus", "--object-path",
+                              "/org/freedesktop/DBus", "--method", "org.freedesktop.DBus.GetId"}),
+            0);
+}
 
 class BusDaemonTest : public testing::Test {
  protected:
@@ -52,20 +89,16 @@ TEST_F(BusDaemonTest, KnowsTheProcessOfAName) {
 }
 
 TEST_F(BusDaemonTest, ReturnsAfterWhatTheBusHadSentHasArrived) {
-  std::atomic<bool> hasArrived = false;
-  const auto look = [](GDBusConnection*, GDBusMessage* message, gboolean incoming, gpointer data) {
-    // The bus sends it for the connection's own name too, which may come as late as this.
-    const bool isTheName = g_strcmp0(g_dbus_message_get_arg0(message), name) == 0;
-    if (incoming != FALSE && isTheName && g_strcmp0(g_dbus_message_get_member(message), "NameAcquired") == 0)
-      *static_cast<std::atomic<bool>*>(data) = true;
-    return message;
-  };
-  const guint filter = g_dbus_connection_add_filter(bus_.connection(), look, &hasArrived, nullptr);
-  EXPECT_TRUE(daemon_.requestName(name).value());
+  Reception reception;
+  const guint filter = g_dbus_connection_add_filter(bus_.connection(), receive, &reception, nullptr);
+  const std::string receiver = g_dbus_connection_get_unique_name(bus_.connection());
+  sendSignal(receiver, "First");
+  ASSERT_TRUE(reception.hasFirst.try_acquire_for(TestSupport::patience));
+  sendSignal(receiver, "Second");
+  reception.mayGoOn.release();
   daemon_.synchronize();
-  EXPECT_TRUE(hasArrived);
+  EXPECT_TRUE(reception.hasSecond);
   g_dbus_connection_remove_filter(bus_.connection(), filter);
-  daemon_.releaseName(name);
 }
 
 TEST_F(BusDaemonTest, IsAskedThroughACopyOfTheBusToo) {

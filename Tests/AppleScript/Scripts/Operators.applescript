@@ -116,6 +116,11 @@ not 5
 true or 1 div 0 = 1
 --> true
 
+-- OrderDoesNotChain
+1 < 2 < 3
+--! -2741 Expected the end of the line but found “<”.
+--@ 6 1
+
 -- OrderOfRecords
 {a:1} < 2
 --! -1700 Can’t make {a:1} into type number.
@@ -180,6 +185,10 @@ true or 1 div 0 = 1
 -- UnaryMinusOfExpression
 -(1 + 2)
 --> -3
+
+-- WordsInAnyCase
+{1 IS 1, 7 Mod 2, "ab" CONTAINS "b", 1 Is Less THAN 2}
+--> {true, 1, true, true}
 
 -- WordsOfEquality
 {1 is 1, 1 equals 1, 1 is equal to 2, 1 is not 2, 1 isn't 1, 1 is not equal to 1, 1 does not equal 2}
