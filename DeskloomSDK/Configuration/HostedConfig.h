@@ -43,8 +43,8 @@ class HostedConfig : public ConfigProvider, public std::enable_shared_from_this<
   /// The current value. Setting it writes nothing.
   ConfigValue config;
 
-  /// Has the value written to the host about a second after the last of a burst of calls, and returns at once. If the
-  /// write fails, the user sees an alert and `config` stays as it is.
+  /// Asks for the value to be written to the host about a second after the last of a burst of calls, and returns at
+  /// once. If the write fails, the user sees an alert and `config` stays as it is.
   void save() {
     if (!writeAction_) {
       constexpr double quietPeriod = 1.0;

@@ -11,7 +11,7 @@ namespace DesktopSupport {
 struct ApplicationUnit {
   std::string launcher;
   std::string applicationID;
-  /// Tells the unit from the application's other units. GNOME writes the process id of the started program.
+  /// Distinguishes the unit from the application's other units. GNOME writes the process id of the started program.
   std::string random;
 
   /// The innermost such unit in the text of /proc/<pid>/cgroup.

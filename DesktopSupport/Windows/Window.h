@@ -10,11 +10,11 @@
 
 namespace DesktopSupport {
 
-/// Identifies a window in its list. What the number means is the source's own affair.
+/// Identifies a window in its list. The meaning of the number depends on the source.
 using WindowID = std::uint64_t;
 
-/// What a top-level window says about itself and its application. Texts are as the window gave them, and UTF-8 if it
-/// kept its word; what it does not say is empty.
+/// What a top-level window says about itself and its application. Texts are as the window gave them: they
+/// should be UTF-8, and may not be. What it does not say is empty.
 struct Window {
   WindowID id = 0;
   /// The name of this instance of the program, often the name it was started by (WM_CLASS on X11).
@@ -24,7 +24,7 @@ struct Window {
   std::string title = {};
   /// The id of the application's desktop entry (_GTK_APPLICATION_ID on X11).
   std::string applicationID = {};
-  /// The window that this one is a dialog or the like of.
+  /// The window that this one belongs to, as a dialog does.
   std::optional<WindowID> transientFor = {};
   /// The window's process, if it runs on this machine.
   std::optional<pid_t> pid = {};

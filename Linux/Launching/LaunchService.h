@@ -20,7 +20,7 @@
 
 namespace Linux {
 
-/// Has each launch that comes by the bus done, even if the main thread is busy. A thread of its own receives the
+/// Sees to it that each launch from the bus is done, even if the main thread is busy. A thread of its own receives the
 /// launch, offers it to the main thread, and gives it to a fresh process if the main thread does not begin with it in
 /// time. A caller that does refused launches itself is refused instead.
 ///
@@ -39,7 +39,7 @@ class LaunchService {
   /// Passes on the launches that have come meanwhile.
   ~LaunchService();
 
-  /// Takes the application's name on the bus. Launches wait until `start`. False if the name can't be had.
+  /// Takes the application's name on the bus. Launches wait until `start`. False if the name cannot be taken.
   [[nodiscard]] bool acquireName(DesktopSupport::SessionBus bus, const std::string& identifier);
 
   /// Takes the name `timeWithoutName` from now, if it is free and the service was started.
