@@ -23,11 +23,12 @@ BrowserWindow withoutLongAddresses(BrowserWindow window) {
 
 BrowserWindow listedTabs(std::vector<std::optional<BrowserTab>> tabs, std::size_t shown) {
   BrowserWindow window;
-  for (std::size_t index = 0; index < tabs.size(); ++index) {
-    if (index == shown)
+  std::size_t index = 0;
+  for (std::optional<BrowserTab>& tab : tabs) {
+    if (index++ == shown)
       window.activeTab = window.tabs.size();
-    if (tabs[index])
-      window.tabs.push_back(*std::move(tabs[index]));
+    if (tab)
+      window.tabs.push_back(*std::move(tab));
   }
   if (window.activeTab == window.tabs.size() && !window.tabs.empty())
     --window.activeTab;
