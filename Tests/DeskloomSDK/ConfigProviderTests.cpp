@@ -1,8 +1,6 @@
 #include <array>
 #include <cstdint>
-#include <limits>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
@@ -10,28 +8,17 @@
 #include <gmock/gmock.h>
 
 #include "DeskloomSDK/Configuration/GlobalConfigProvider.h"
-#include "DeskloomSDK/Configuration/LocalConfigProvider.h"
 #include "DeskloomSDK/Resources/Resource.h"
-#include "Platform/Fake/FakeServices.h"
+#include "Tests/DeskloomSDK/ConfigProviderTest.h"
 
 using DeskloomSDK::ConfigProvider;
 using DeskloomSDK::GlobalConfigProvider;
 using DeskloomSDK::LocalConfigProvider;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using namespace TestSupport;
 
 namespace {
-
-struct Options {
-  int count = 10;
-  std::string kind = "all";
-};
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Options, count, kind)
-
-struct Measure {
-  double length = 1;
-};
-NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Measure, length)
 
 /// A value whose conversions throw something other than a standard exception.
 struct Stubborn {
@@ -58,44 +45,6 @@ struct Collection {
   std::uint8_t small = 1;
 };
 NLOHMANN_DEFINE_TYPE_NON_INTRUSIVE(Collection, resources, options, small)
-
-const std::string readTitle = "Could not read action data in Deskloom.";
-
-std::string command(const std::string& text) {
-  return "    tell application \"Deskloom\" to " + text;
-}
-
-/// The script that stores Options of this count for the action "A".
-std::string storing(int count, const std::string& kind = "all") {
-  return command(R"(set config "{\"count\":)" + std::to_string(count) + R"(,\"kind\":\")" + kind +
-                 R"(\"}" action "A")");
-}
-
-class ConfigProviderTest : public testing::Test {
- protected:
-  using Local = std::shared_ptr<LocalConfigProvider<Options>>;
-
-  /// A provider for the action "A", whose text in the host is `text`.
-  Local makeLocal(const std::string& text, Options defaultConfig = {}) {
-    desktop.scripts.answerText(text);
-    auto provider = LocalConfigProvider<Options>::make("A", std::move(defaultConfig));
-    desktop.scripts.answerNothing();
-    desktop.scripts.sources.clear();
-    return provider;
-  }
-
-  void pass(double seconds) { desktop.queues.advance(std::chrono::duration<double>(seconds)); }
-
-  void expectAlert(const std::string& reason) {
-    ASSERT_EQ(desktop.alerts.shown.size(), 1U);
-    const Platform::Alert& alert = desktop.alerts.shown[0];
-    EXPECT_EQ(alert.messageText, readTitle);
-    EXPECT_EQ(alert.informativeText, reason);
-    EXPECT_THAT(alert.buttons, ElementsAre("OK"));
-  }
-
-  Platform::Fake::FakeServices desktop;
-};
 
 TEST_F(ConfigProviderTest, ReadsTheConfigurationOfItsAction) {
   desktop.scripts.answerText(R"({"count":3,"kind":"images"})");
@@ -214,135 +163,6 @@ TEST_F(ConfigProviderTest, TellsTheUserInTheirLanguage) {
   EXPECT_THAT(desktop.alerts.shown[0].buttons, ElementsAre("Gut"));
   EXPECT_EQ(desktop.strings.comments[readTitle], "Alert title");
   EXPECT_EQ(desktop.strings.comments["OK"], "OK button title");
-}
-
-TEST_F(ConfigProviderTest, WritesNothingBeforeItIsAskedTo) {
-  const auto provider = makeLocal("");
-  provider->config.count = 3;
-  pass(100);
-  EXPECT_THAT(desktop.scripts.sources, IsEmpty());
-}
-
-TEST_F(ConfigProviderTest, WritesOnceASecondAfterTheLastOfABurstOfChanges) {
-  const auto provider = makeLocal("");
-  for (int count = 1; count <= 5; ++count) {
-    provider->config.count = count;
-    provider->save();
-    pass(0.9);
-  }
-  EXPECT_THAT(desktop.scripts.sources, IsEmpty());
-  pass(0.1);
-  EXPECT_THAT(desktop.scripts.sources, ElementsAre(storing(5)));
-  pass(100);
-  EXPECT_EQ(desktop.scripts.sources.size(), 1U);
-}
-
-TEST_F(ConfigProviderTest, HasOneControllerForAllItsWrites) {
-  const auto provider = makeLocal("");
-  desktop.queues.isMainBlocked = true;
-  for (int request = 0; request < 3; ++request)
-    provider->save();
-  pass(2);
-  desktop.queues.runMainQueue();
-  EXPECT_THAT(desktop.scripts.sources, ElementsAre(storing(10), storing(10), storing(10)))
-      << "each request has a check of its own, and all of them are late enough";
-}
-
-TEST_F(ConfigProviderTest, WritesTheValueOfTheTimeOfTheWriting) {
-  const auto provider = makeLocal("");
-  provider->config.count = 1;
-  provider->save();
-  provider->config.count = 2;
-  pass(1);
-  EXPECT_THAT(desktop.scripts.sources, ElementsAre(storing(2)));
-}
-
-TEST_F(ConfigProviderTest, WritesTheConfigurationOfThePlugin) {
-  desktop.scripts.answerText("");
-  const auto provider = GlobalConfigProvider<Options>::make();
-  desktop.scripts.sources.clear();
-  provider->config.kind = "a/b \"c\" \\ \n";
-  provider->save();
-  pass(1);
-  EXPECT_THAT(desktop.scripts.sources,
-              ElementsAre(command(R"(set global config "{\"count\":10,\"kind\":\"a\\/b \\\"c\\\" \\\\ \\n\"}")"
-                                  R"( action bundle id "com.example.Plugin")")));
-}
-
-TEST_F(ConfigProviderTest, AFailedWriteShowsTheTitleForReadingAndKeepsTheValue) {
-  const auto provider = makeLocal("");
-  desktop.scripts.fail(-600, "Application isn't running.");
-  provider->config.count = 3;
-  provider->save();
-  pass(1);
-  expectAlert("Could not run script");
-  EXPECT_EQ(provider->config.count, 3);
-  pass(100);
-  EXPECT_EQ(desktop.scripts.sources.size(), 1U) << "nothing is tried again by itself";
-
-  desktop.scripts.answerNothing();
-  provider->save();
-  pass(1);
-  EXPECT_EQ(desktop.scripts.sources.back(), storing(3));
-}
-
-TEST_F(ConfigProviderTest, WritesAtTheEndWhetherOrNotAnythingWasChanged) {
-  const auto provider = makeLocal("not JSON", {.count = 7});
-  desktop.application.terminate();
-  EXPECT_THAT(desktop.scripts.sources, ElementsAre(storing(7)));
-}
-
-TEST_F(ConfigProviderTest, WritesAtTheEndThoughNobodyHoldsIt) {
-  makeLocal("");
-  desktop.application.terminate();
-  EXPECT_THAT(desktop.scripts.sources, ElementsAre(storing(10)));
-}
-
-TEST_F(ConfigProviderTest, QuittingHalfASecondAfterASaveWritesOnce) {
-  const auto provider = makeLocal("");
-  provider->config.count = 3;
-  provider->save();
-  desktop.queues.isMainBlocked = true;  // the main thread runs nothing more
-  pass(0.5);
-  desktop.application.terminate();
-  pass(10);
-  EXPECT_THAT(desktop.scripts.sources, ElementsAre(storing(3)));
-}
-
-TEST_F(ConfigProviderTest, AFailedWriteAtTheEndIsNotShown) {
-  const auto provider = makeLocal("");
-  desktop.scripts.fail(-600, "Application isn't running.");
-  desktop.application.terminate();
-  EXPECT_EQ(desktop.scripts.sources.size(), 1U);
-  EXPECT_THAT(desktop.alerts.shown, IsEmpty());
-}
-
-TEST_F(ConfigProviderTest, OfTwoForOneActionEachWritesItsOwnValue) {
-  const auto first = makeLocal("");
-  const auto second = makeLocal("");
-  first->config.count = 1;
-  second->config.count = 2;
-  desktop.application.terminate();
-  EXPECT_THAT(desktop.scripts.sources, ElementsAre(storing(1), storing(2)));
-}
-
-TEST_F(ConfigProviderTest, WritesTheEmptyTextIfTheValueCannotBeEncoded) {
-  const auto provider = makeLocal("");
-  provider->config.kind = "\xff";
-  provider->save();
-  pass(1);
-  EXPECT_THAT(desktop.scripts.sources, ElementsAre(command(R"(set config "" action "A")")));
-
-  desktop.scripts.answerText("");
-  desktop.scripts.sources.clear();
-  const auto measure = LocalConfigProvider<Measure>::make("M", {});
-  for (const double number : {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
-    measure->config.length = number;
-    measure->save();
-    pass(1);
-    EXPECT_EQ(desktop.scripts.sources.back(), command(R"(set config "" action "M")"));
-  }
-  EXPECT_THAT(desktop.alerts.shown, IsEmpty());
 }
 
 TEST_F(ConfigProviderTest, ConversionsMayThrowWhateverTheyLike) {
