@@ -41,6 +41,10 @@ struct WindowList {
   std::vector<WindowID> stack = {};
   /// The window that has the user's attention.
   std::optional<WindowID> active = {};
+  /// Whether all windows are listed. A source that cannot see them all says why in `problems`.
+  bool isComplete = true;
+  /// What the list lacks and why, a sentence each, for the log.
+  std::vector<std::string> problems = {};
 };
 
 /// The name that a GTK program's window has on the session bus.
@@ -53,17 +57,28 @@ struct GTKWindowName {
   bool operator==(const GTKWindowName&) const = default;
 };
 
-/// Why the desktop could not be read, as a sentence.
+/// Why the desktop could not be read.
 struct DesktopError {
+  /// A sentence.
   std::string message;
+  /// Whether this desktop has no such thing, which is no fault of anybody's.
+  bool isAbsent = false;
 };
+
+class Compositor;
+
+/// What shows the windows.
+enum class DisplayServer { wayland, x11 };
 
 /// A way to learn about the windows on the screen, such as an X server.
 struct WindowSource {
-  /// The windows; fails if the source is not there or does not tell.
-  std::expected<WindowList, DesktopError> (*windows)();
-  /// The GTK windows, the topmost first; empty if the source is not there or does not tell.
-  std::vector<GTKWindowName> (*gtkWindows)();
+  /// The kind of desktop that has this source.
+  DisplayServer server;
+  /// The windows; fails if the source does not tell, and with `isAbsent` if it is not there. The compositor runs if the
+  /// desktop is a Wayland one.
+  std::expected<WindowList, DesktopError> (*windows)(Compositor& compositor);
+  /// The GTK windows, the topmost first; empty if the source is not there or does not tell. Null if it never does.
+  std::vector<GTKWindowName> (*gtkWindows)(Compositor& compositor) = nullptr;
 };
 
 }  // namespace DesktopSupport

@@ -11,17 +11,26 @@ using namespace DesktopSupport;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr WindowSource silent = {
-    .windows = []() -> std::expected<WindowList, DesktopError> { return std::unexpected(DesktopError{"Silent."}); },
-    .gtkWindows = [] { return std::vector<GTKWindowName>(); }};
-constexpr WindowSource absent = {
-    .windows = []() -> std::expected<WindowList, DesktopError> { return std::unexpected(DesktopError{"Absent."}); },
-    .gtkWindows = [] { return std::vector<GTKWindowName>(); }};
+constexpr WindowSource silent = {.server = DisplayServer::x11,
+                                 .windows = [](Compositor&) -> std::expected<WindowList, DesktopError> {
+                                   return std::unexpected(DesktopError{"Silent."});
+                                 },
+                                 .gtkWindows = [](Compositor&) { return std::vector<GTKWindowName>(); }};
+constexpr WindowSource absent = {.server = DisplayServer::x11,
+                                 .windows = [](Compositor&) -> std::expected<WindowList, DesktopError> {
+                                   return std::unexpected(DesktopError{"Absent."});
+                                 },
+                                 .gtkWindows = [](Compositor&) { return std::vector<GTKWindowName>(); }};
 constexpr WindowSource one = {
-    .windows = []() -> std::expected<WindowList, DesktopError> { return WindowList{.windows = {{.id = 1}}}; },
-    .gtkWindows = [] { return std::vector<GTKWindowName>{{.connection = ":1.1", .path = "/one"}}; }};
-constexpr WindowSource none = {.windows = []() -> std::expected<WindowList, DesktopError> { return WindowList(); },
-                               .gtkWindows = [] { return std::vector<GTKWindowName>(); }};
+    .server = DisplayServer::x11,
+    .windows = [](Compositor&) -> std::expected<WindowList, DesktopError> {
+      return WindowList{.windows = {{.id = 1}}};
+    },
+    .gtkWindows = [](Compositor&) { return std::vector<GTKWindowName>{{.connection = ":1.1", .path = "/one"}}; }};
+constexpr WindowSource none = {
+    .server = DisplayServer::x11,
+    .windows = [](Compositor&) -> std::expected<WindowList, DesktopError> { return WindowList(); },
+    .gtkWindows = [](Compositor&) { return std::vector<GTKWindowName>(); }};
 
 TEST(Screen, HasTheWindowsOfTheFirstSourceThatTells) {
   const auto list = readWindows(std::array{silent, one, none});

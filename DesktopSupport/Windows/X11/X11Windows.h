@@ -22,6 +22,8 @@ std::expected<WindowList, DesktopError> readX11Windows();
 std::vector<GTKWindowName> readX11GTKWindows();
 
 /// The X server that DISPLAY names.
-inline constexpr WindowSource x11Windows{.windows = readX11Windows, .gtkWindows = readX11GTKWindows};
+inline constexpr WindowSource x11Windows{.server = DisplayServer::x11,
+                                         .windows = [](Compositor&) { return readX11Windows(); },
+                                         .gtkWindows = [](Compositor&) { return readX11GTKWindows(); }};
 
 }  // namespace DesktopSupport
