@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "DesktopSupport/Windows/Wayland/Compositor.h"
+#include "DesktopSupport/Windows/Wayland/ListedToplevels.h"
+#include "DesktopSupport/Windows/Wayland/WlrootsWindows.h"
 #include "DesktopSupport/Windows/X11/X11Windows.h"
 
 namespace DesktopSupport {
@@ -19,7 +21,7 @@ DisplayServer serverOf(Compositor& compositor) {
 }  // namespace
 
 std::span<const WindowSource> windowSources() {
-  static constexpr std::array sources = {x11Windows};
+  static constexpr std::array sources = {wlrootsWindows, listedToplevels, x11Windows};
   return sources;
 }
 
