@@ -52,7 +52,7 @@ TEST(Screen, HasNoWindowsIfTheFirstSourceThatTellsHasNone) {
 TEST(Screen, IsUnknownIfNoSourceTells) {
   const auto list = readWindows(std::array{silent, absent});
   ASSERT_FALSE(list);
-  EXPECT_EQ(list.error().message, "Absent.");
+  EXPECT_EQ(list.error().message, "Silent. Absent.");
   EXPECT_FALSE(readWindows(std::span<const WindowSource>()));
 }
 
