@@ -6,7 +6,8 @@ needs+=(kwin_wayland kbuildsycoca5)
 
 # Where a container allows no capabilities, a program that has one in its file cannot be executed; its copy has none.
 start_session() {
-  prepare_wayland KDE
+  export XDG_CURRENT_DESKTOP=KDE
+  prepare_wayland
   cp "$(command -v kwin_wayland)" "$place/kwin_wayland"
   kbuildsycoca5 >"$place/kbuildsycoca5.log" 2>&1 || fail "the list of applications was not made:" "$place/kbuildsycoca5.log"
   run_compositor "$place/kwin_wayland" --virtual --width 1280 --height 800 --xwayland --no-lockscreen \

@@ -5,7 +5,8 @@ source "$(dirname "${BASH_SOURCE[0]}")/wayland.bash"
 needs+=(sway)
 
 start_session() {
-  prepare_wayland sway
+  export XDG_CURRENT_DESKTOP=sway
+  prepare_wayland
   cat >"$place/sway.conf" <<END
 output HEADLESS-1 resolution 1280x800
 xwayland enable
