@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "DesktopSupport/Screen/XwaylandWindows.h"
+#include "DesktopSupport/Windows/GNOMEShell/GNOMEShellWindows.h"
 #include "DesktopSupport/Windows/Wayland/Compositor.h"
 #include "DesktopSupport/Windows/Wayland/ListedToplevels.h"
 #include "DesktopSupport/Windows/Wayland/WlrootsWindows.h"
@@ -53,7 +54,7 @@ std::string joined(const std::vector<std::string>& sentences) {
 }  // namespace
 
 std::span<const WindowSource> windowSources() {
-  static constexpr std::array sources = {wlrootsWindows, listedToplevels, x11Windows};
+  static constexpr std::array sources = {wlrootsWindows, listedToplevels, gnomeShellWindows, x11Windows};
   return sources;
 }
 
