@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "DesktopSupport/Windows/KWin/KWinWindows.h"
 #include "DesktopSupport/Windows/Wayland/Compositor.h"
 #include "DesktopSupport/Windows/X11/X11Windows.h"
 
@@ -19,7 +20,7 @@ DisplayServer serverOf(Compositor& compositor) {
 }  // namespace
 
 std::span<const WindowSource> windowSources() {
-  static constexpr std::array sources = {x11Windows};
+  static constexpr std::array sources = {kwinWindows, x11Windows};
   return sources;
 }
 
