@@ -7,6 +7,8 @@
 
 #include "DesktopSupport/Windows/KWin/KWinWindows.h"
 #include "DesktopSupport/Windows/Wayland/Compositor.h"
+#include "DesktopSupport/Windows/Wayland/ListedToplevels.h"
+#include "DesktopSupport/Windows/Wayland/WlrootsWindows.h"
 #include "DesktopSupport/Windows/X11/X11Windows.h"
 
 namespace DesktopSupport {
@@ -20,7 +22,7 @@ DisplayServer serverOf(Compositor& compositor) {
 }  // namespace
 
 std::span<const WindowSource> windowSources() {
-  static constexpr std::array sources = {kwinWindows, x11Windows};
+  static constexpr std::array sources = {wlrootsWindows, listedToplevels, kwinWindows, x11Windows};
   return sources;
 }
 

@@ -12,23 +12,27 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr WindowSource silent = {.server = DisplayServer::x11,
+                                 .feature = "test",
                                  .windows = [](Compositor&) -> std::expected<WindowList, DesktopError> {
                                    return std::unexpected(DesktopError{"Silent."});
                                  },
                                  .gtkWindows = [](Compositor&) { return std::vector<GTKWindowName>(); }};
 constexpr WindowSource absent = {.server = DisplayServer::x11,
+                                 .feature = "test",
                                  .windows = [](Compositor&) -> std::expected<WindowList, DesktopError> {
                                    return std::unexpected(DesktopError{"Absent."});
                                  },
                                  .gtkWindows = [](Compositor&) { return std::vector<GTKWindowName>(); }};
 constexpr WindowSource one = {
     .server = DisplayServer::x11,
+    .feature = "test",
     .windows = [](Compositor&) -> std::expected<WindowList, DesktopError> {
       return WindowList{.windows = {{.id = 1}}};
     },
     .gtkWindows = [](Compositor&) { return std::vector<GTKWindowName>{{.connection = ":1.1", .path = "/one"}}; }};
 constexpr WindowSource none = {
     .server = DisplayServer::x11,
+    .feature = "test",
     .windows = [](Compositor&) -> std::expected<WindowList, DesktopError> { return WindowList(); },
     .gtkWindows = [](Compositor&) { return std::vector<GTKWindowName>(); }};
 
