@@ -103,13 +103,13 @@ TEST(KWinWindows, AreLeftOutIfTheyDisappearMeanwhile) {
 
 TEST(KWinWindows, MayBeNone) {
   FakeKWin kwin;
-  kwin.service().answer("Match", "(@a(sssuda{sv}) [],)");
+  kwin.service().answer("Match", "(@a(sssida{sv}) [],)");
   EXPECT_THAT(titles(), IsEmpty());
 }
 
 TEST(KWinWindows, MayNotBeAll) {
   FakeKWin kwin;
-  kwin.service().answer("Match", "(@a(sssuda{sv}) [],)");
+  kwin.service().answer("Match", "(@a(sssida{sv}) [],)");
   const auto list = readKWinWindows();
   ASSERT_TRUE(list);
   EXPECT_FALSE(list->isComplete);
@@ -132,6 +132,13 @@ TEST(KWinWindows, AreUnknownIfADescriptionLacksWhatIsNeeded) {
     EXPECT_EQ(errorOf().message, "KWin describes a window without \"" + name + "\".");
     EXPECT_FALSE(errorOf().isAbsent);
   }
+}
+
+TEST(KWinWindows, MayBeFoundAsTheInterfacePromises) {
+  FakeKWin kwin;
+  kwin.addWindow("1", FakeKWin::described("First"));
+  kwin.service().answerUnchecked("Match", "([('0_{1}', 'Title', 'icon', uint32 100, 0.8, @a{sv} {})],)");
+  EXPECT_THAT(titles(), ElementsAre("A First"));
 }
 
 TEST(KWinWindows, AreUnknownIfTheSearchIsAnsweredOtherwise) {
@@ -157,7 +164,7 @@ TEST(KWinWindows, AreUnknownIfKWinRefusesToSearch) {
 
 TEST(KWinWindows, AreUnknownIfThereAreMoreThanCanBe) {
   FakeKWin kwin;
-  std::string results = "('0_{0}', '', '', uint32 100, 0.8, @a{sv} {})";
+  std::string results = "('0_{0}', '', '', 100, 0.8, @a{sv} {})";
   for (int number = 1; number <= 10'000; ++number)
     results += ", ('0_{" + std::to_string(number) + "}', '', '', 100, 0.8, {})";
   kwin.service().answer("Match", "([" + results + "],)");

@@ -15,7 +15,7 @@ class FakeKWin {
       : service_("org.kde.KWin", {{.path = "/WindowsRunner", .description = R"xml(
 <node>
   <interface name="org.kde.krunner1">
-    <method name="Match"><arg type="s"/><arg type="a(sssuda{sv})" direction="out"/></method>
+    <method name="Match"><arg type="s"/><arg type="a(sssida{sv})" direction="out"/></method>
     <method name="Run"><arg type="s"/><arg type="s"/></method>
   </interface>
 </node>)xml"},
@@ -30,8 +30,8 @@ class FakeKWin {
 
   /// One more result of each later search.
   void addResult(const std::string& id) {
-    results_ += (results_.empty() ? "('" : ", ('") + id + "', 'Title <2>', 'icon', uint32 100, 0.8, @a{sv} {})";
-    service_.answer("Match", "(@a(sssuda{sv}) [" + results_ + "],)");
+    results_ += (results_.empty() ? "('" : ", ('") + id + "', 'Title <2>', 'icon', 100, 0.8, @a{sv} {})";
+    service_.answer("Match", "(@a(sssida{sv}) [" + results_ + "],)");
   }
 
   /// A window that the search finds, with what is said about it: "'caption': <'Title'>, …".

@@ -126,9 +126,9 @@ std::expected<WindowList, DesktopError> readKWinWindows(std::chrono::millisecond
   const auto bus = SessionBus::connect(patience);
   if (!bus)
     return std::unexpected(failure(bus.error()));
-  // Every title begins with an empty text.
+  // Every title begins with an empty text. One of the values is an integer of another type than KWin promises.
   const auto found =
-      bus->call(search, g_variant_new("(s)", ""), G_VARIANT_TYPE("(a(sssuda{sv}))"), timeUntil(deadline));
+      bus->call(search, g_variant_new("(s)", ""), G_VARIANT_TYPE("(a(sss?da{sv}))"), timeUntil(deadline));
   if (!found)
     return std::unexpected(failure(found.error()));
   const VariantHandle results(g_variant_get_child_value(found->get(), 0));
