@@ -62,10 +62,28 @@ bool isValid(const BusMethod& method) {
          g_dbus_is_member_name(method.name.c_str()) != FALSE;
 }
 
+BusError forbiddenName() {
+  return {.name = std::string(BusErrorName::invalidArguments), .message = "D-Bus allows no such name."};
+}
+
 int millisecondsFor(std::chrono::milliseconds timeout) {
   constexpr auto longest = std::numeric_limits<int>::max() - 1;
   return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(timeout.count(), 0, longest));
 }
+
+/// One of several calls. Its answer arrives in the main context that was the thread's default when it was made.
+struct PendingCall {
+  bool isUnderWay = false;
+  BusAnswer answer = std::unexpected(forbiddenName());
+
+  static void finish(GObject* connection, GAsyncResult* result, gpointer call) {
+    auto& self = *static_cast<PendingCall*>(call);
+    ErrorHandle error;
+    VariantHandle reply(g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, Out(error)));
+    self.answer = reply ? BusAnswer(std::move(reply)) : std::unexpected(busErrorFrom(*error));
+    self.isUnderWay = false;
+  }
+};
 
 }  // namespace
 
@@ -90,14 +108,12 @@ std::expected<SessionBus, BusError> SessionBus::connect(std::chrono::millisecond
   return SessionBus(std::move(connection));
 }
 
-std::expected<VariantHandle, BusError> SessionBus::call(const BusMethod& method, GVariant* arguments,
-                                                        const GVariantType* replyType,
-                                                        std::chrono::milliseconds timeout,
-                                                        Activation activation) const {
+BusAnswer SessionBus::call(const BusMethod& method, GVariant* arguments, const GVariantType* replyType,
+                           std::chrono::milliseconds timeout, Activation activation) const {
   // GIO would return neither a reply nor an error.
   if (!isValid(method)) {
     const VariantHandle unused(arguments == nullptr ? nullptr : g_variant_ref_sink(arguments));
-    return std::unexpected(BusError{std::string(BusErrorName::invalidArguments), "D-Bus allows no such name."});
+    return std::unexpected(forbiddenName());
   }
   const auto flags = activation == Activation::never ? G_DBUS_CALL_FLAGS_NO_AUTO_START : G_DBUS_CALL_FLAGS_NONE;
   ErrorHandle error;
@@ -107,6 +123,29 @@ std::expected<VariantHandle, BusError> SessionBus::call(const BusMethod& method,
   if (!reply)
     return std::unexpected(busErrorFrom(*error));
   return reply;
+}
+
+std::vector<BusAnswer> SessionBus::callWithEach(const BusMethod& method, const std::vector<VariantHandle>& tuples,
+                                                const GVariantType* replyType,
+                                                std::chrono::milliseconds timeout) const {
+  const MainContextHandle context(g_main_context_new());
+  g_main_context_push_thread_default(context.get());
+  std::vector<PendingCall> calls(tuples.size());
+  for (std::size_t index = 0; index < tuples.size() && isValid(method); ++index) {
+    calls[index].isUnderWay = true;
+    g_dbus_connection_call(connection_.get(), method.destination.c_str(), method.path.c_str(), method.interface.c_str(),
+                           method.name.c_str(), tuples[index].get(), replyType, G_DBUS_CALL_FLAGS_NO_AUTO_START,
+                           millisecondsFor(timeout), nullptr, &PendingCall::finish, &calls[index]);
+  }
+  std::vector<BusAnswer> answers;
+  answers.reserve(calls.size());
+  for (PendingCall& call : calls) {
+    while (call.isUnderWay)
+      g_main_context_iteration(context.get(), /*may_block=*/TRUE);
+    answers.push_back(std::move(call.answer));
+  }
+  g_main_context_pop_thread_default(context.get());
+  return answers;
 }
 
 std::expected<VariantHandle, BusError> busString(const std::string& text) {

@@ -4,6 +4,7 @@
 #include <expected>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "DesktopSupport/System/GLibHandles.h"
 
@@ -29,6 +30,9 @@ inline constexpr std::string_view accessDenied = "org.freedesktop.DBus.Error.Acc
 inline constexpr std::string_view notSupported = "org.freedesktop.DBus.Error.NotSupported";
 inline constexpr std::string_view limitsExceeded = "org.freedesktop.DBus.Error.LimitsExceeded";
 }  // namespace BusErrorName
+
+/// What a method answers: a tuple.
+using BusAnswer = std::expected<VariantHandle, BusError>;
 
 /// The D-Bus name of `error`, and its message, `displayable` and without the name that GLib puts before it.
 BusError busErrorFrom(const GError& error);
@@ -66,10 +70,14 @@ class SessionBus {
   /// not running and may not or cannot be started, with `noReply` if it leaves the bus before it answers, with
   /// `timeout` if the answer takes longer than that, and with `invalidArguments` if D-Bus does not allow a name or path
   /// in `method`. May be called on any thread.
-  [[nodiscard]] std::expected<VariantHandle, BusError> call(const BusMethod& method, GVariant* arguments,
-                                                            const GVariantType* replyType,
-                                                            std::chrono::milliseconds timeout,
-                                                            Activation activation = Activation::never) const;
+  [[nodiscard]] BusAnswer call(const BusMethod& method, GVariant* arguments, const GVariantType* replyType,
+                               std::chrono::milliseconds timeout, Activation activation = Activation::never) const;
+
+  /// Calls `method` with each of the tuples, all at once, and returns the answers in their order. Each is what `call`
+  /// would return; `timeout` is for all of them together.
+  [[nodiscard]] std::vector<BusAnswer> callWithEach(const BusMethod& method, const std::vector<VariantHandle>& tuples,
+                                                    const GVariantType* replyType,
+                                                    std::chrono::milliseconds timeout) const;
 
   /// The connection itself, for exporting objects.
   [[nodiscard]] GDBusConnection* connection() const { return connection_.get(); }

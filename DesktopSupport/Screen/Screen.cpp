@@ -7,6 +7,7 @@
 
 #include "DesktopSupport/Screen/XwaylandWindows.h"
 #include "DesktopSupport/Windows/GNOMEShell/GNOMEShellWindows.h"
+#include "DesktopSupport/Windows/KWin/KWinWindows.h"
 #include "DesktopSupport/Windows/Wayland/Compositor.h"
 #include "DesktopSupport/Windows/Wayland/ListedToplevels.h"
 #include "DesktopSupport/Windows/Wayland/WlrootsWindows.h"
@@ -54,7 +55,7 @@ std::string joined(const std::vector<std::string>& sentences) {
 }  // namespace
 
 std::span<const WindowSource> windowSources() {
-  static constexpr std::array sources = {wlrootsWindows, listedToplevels, gnomeShellWindows, x11Windows};
+  static constexpr std::array sources = {wlrootsWindows, listedToplevels, gnomeShellWindows, kwinWindows, x11Windows};
   return sources;
 }
 

@@ -10,6 +10,7 @@ namespace {
 
 using DesktopSupport::BusMethod;
 using DesktopSupport::SessionBus;
+using DesktopSupport::VariantHandle;
 using TestSupport::EnvironmentVariable;
 using TestSupport::FakeDeskloomHost;
 namespace BusErrorName = DesktopSupport::BusErrorName;
@@ -122,6 +123,60 @@ TEST(SessionBus, PassesTheOtherSidesErrorOn) {
   ASSERT_FALSE(reply);
   EXPECT_EQ(reply.error().name, "org.example.Refusal");
   EXPECT_EQ(reply.error().message, "Not today.");
+}
+
+std::vector<VariantHandle> tuplesWith(std::initializer_list<const char*> texts) {
+  std::vector<VariantHandle> tuples;
+  for (const char* text : texts)
+    tuples.push_back(DesktopSupport::owned(g_variant_new("(s)", text)));
+  return tuples;
+}
+
+TEST(SessionBus, BringsTheAnswersToSeveralCallsInTheirOrder) {
+  const auto answers = SessionBus::connect()->callWithEach(
+      DesktopSupport::busDaemonMethod("GetNameOwner"),
+      tuplesWith({"org.freedesktop.DBus", "com.example.Nobody", "org.freedesktop.DBus"}), G_VARIANT_TYPE("(s)"),
+      plenty);
+  ASSERT_EQ(answers.size(), 3U);
+  EXPECT_TRUE(answers[0]);
+  ASSERT_FALSE(answers[1]);
+  EXPECT_EQ(answers[1].error().name, BusErrorName::nameHasNoOwner);
+  EXPECT_TRUE(answers[2]);
+}
+
+TEST(SessionBus, MakesSeveralCallsAtOnce) {
+  FakeDeskloomHost host;
+  std::vector<GDBusMethodInvocation*> invocations;
+  // Answers none before it has both.
+  host.answer("GetPluginFolderPath", [&](auto* invocation) {
+    invocations.push_back(invocation);
+    if (invocations.size() == 2)
+      for (auto* each : invocations)
+        g_dbus_method_invocation_return_value(each, g_variant_new("(bs)", TRUE, "text"));
+  });
+  std::vector<VariantHandle> tuples(2);
+  for (VariantHandle& tuple : tuples)
+    tuple = DesktopSupport::owned(g_variant_new("()"));
+  const auto answers = SessionBus::connect()->callWithEach(folderPath, tuples, G_VARIANT_TYPE("(bs)"), plenty);
+  EXPECT_TRUE(answers[0] && answers[1]);
+}
+
+TEST(SessionBus, WaitsForSeveralAnswersNoLongerThanAllowed) {
+  FakeDeskloomHost host;
+  host.answer("GetPluginFolderPath", [](auto* invocation) { g_object_unref(invocation); });
+  std::vector<VariantHandle> tuples(1);
+  tuples.front() = DesktopSupport::owned(g_variant_new("()"));
+  const auto answers = SessionBus::connect()->callWithEach(folderPath, tuples, G_VARIANT_TYPE("(bs)"), 50ms);
+  ASSERT_FALSE(answers.front());
+  EXPECT_EQ(answers.front().error().name, BusErrorName::timeout);
+}
+
+TEST(SessionBus, MakesNoneOfSeveralCallsWithANameThatDBusDoesNotAllow) {
+  BusMethod method = listNames;
+  method.name = "no-such name";
+  const auto answers = SessionBus::connect()->callWithEach(method, tuplesWith({"one", "two"}), nullptr, plenty);
+  ASSERT_EQ(answers.size(), 2U);
+  EXPECT_EQ(answers[1].error().name, BusErrorName::invalidArguments);
 }
 
 }  // namespace

@@ -32,6 +32,7 @@ std::vector<GTKWindowName> readGNOMEShellGTKWindows();
 
 /// GNOME Shell with the extension.
 inline constexpr WindowSource gnomeShellWindows{.server = DisplayServer::wayland,
+                                                .feature = "com.quillary.Gleanery.Windows",
                                                 .windows = [](Compositor&) { return readGNOMEShellWindows(); },
                                                 .gtkWindows = [](Compositor&) { return readGNOMEShellGTKWindows(); }};
 
