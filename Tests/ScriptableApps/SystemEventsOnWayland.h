@@ -1,0 +1,131 @@
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "Tests/ScriptableApps/OpenProcesses.h"
+#include "Tests/Support/Compositor.h"
+#include "Tests/Support/EnvironmentVariable.h"
+#include "Tests/Support/TemporaryFolder.h"
+#include "Tests/Support/WindowPrograms.h"
+
+// What System Events promises on every compositor that tells about its windows. Included by a test program for each.
+
+namespace {
+
+using ScriptableApps::RunningApplication;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+using TestSupport::ChildProcess;
+using TestSupport::startGTKWindows;
+using TestSupport::WindowSystem;
+
+/// The desktop of a compositor, with the test's own desktop entries.
+class SystemEventsOnWaylandTest : public testing::Test {
+ protected:
+  SystemEventsOnWaylandTest() {
+    for (const std::string name : {"Native", "Xwayland"})
+      folder_.write("applications/com.example." + name + ".desktop",
+                    "[Desktop Entry]\nType=Application\nName=" + name + '\n');
+  }
+
+  ~SystemEventsOnWaylandTest() override {
+    programs.clear();
+    EXPECT_TRUE(compositor->waitForNoWindows());
+  }
+
+  void start(const std::string& name, const std::vector<std::string>& titles,
+             WindowSystem windowSystem = WindowSystem::wayland) {
+    programs.push_back(startGTKWindows("com.example." + name, titles, windowSystem));
+  }
+
+  // Waits until the compositor shows windows with these titles.
+  void await(const std::vector<std::string>& titles) {
+    for (const std::string& title : titles)
+      EXPECT_TRUE(compositor->awaitWindow(title)) << title;
+  }
+
+  // The only application that is listed.
+  static RunningApplication onlyProcess() {
+    const auto processes = openProcesses();
+    EXPECT_EQ(processes.size(), 1U);
+    return processes.empty() ? RunningApplication() : processes.front();
+  }
+
+  const std::unique_ptr<TestSupport::Compositor> compositor = TestSupport::Compositor::running();
+  std::vector<ChildProcess> programs;
+
+ private:
+  TestSupport::TemporaryFolder folder_;
+  TestSupport::EnvironmentVariable dataHome_{"XDG_DATA_HOME", folder_.path()};
+  TestSupport::EnvironmentVariable language_{"LANGUAGE", "C"};
+};
+
+TEST_F(SystemEventsOnWaylandTest, ListsNothingOnAnEmptyDesktop) {
+  EXPECT_THAT(openProcesses(), IsEmpty());
+}
+
+TEST_F(SystemEventsOnWaylandTest, ListsEachProgramOnceByItsDesktopEntry) {
+  start("Native", {"GTK"});
+  start("Xwayland", {"GTK under X"}, WindowSystem::x11);
+  programs.push_back(TestSupport::startXTerm("a terminal"));
+  programs.push_back(TestSupport::startFeatherPad());
+  await({"a terminal", "Untitled"});
+  const auto processes = openProcesses();
+  std::vector<std::string> entries;
+  for (const RunningApplication& process : processes) {
+    entries.push_back(process.entryID.value_or("none"));
+    EXPECT_TRUE(process.file.ends_with(entries.back() + ".desktop")) << process.file;
+    EXPECT_TRUE(process.isVisible) << process.name;
+  }
+  EXPECT_THAT(entries, UnorderedElementsAre("com.example.Native", "com.example.Xwayland", "debian-xterm", "featherpad"));
+}
+
+TEST_F(SystemEventsOnWaylandTest, ListsAProgramWithSeveralWindowsOnce) {
+  start("Native", {"one", "two"});
+  start("Xwayland", {"three", "four"}, WindowSystem::x11);
+  EXPECT_THAT(namesOfOpenProcesses(), UnorderedElementsAre("Native", "Xwayland"));
+}
+
+TEST_F(SystemEventsOnWaylandTest, KnowsTheProcessesOfProgramsUnderX) {
+  start("Xwayland", {"one", "two"}, WindowSystem::x11);
+  EXPECT_EQ(onlyProcess().pid, programs.front().pid());
+}
+
+TEST_F(SystemEventsOnWaylandTest, ForgetsAProgramWhoseWindowsAreClosed) {
+  start("Native", {"one", "two"});
+  EXPECT_TRUE(compositor->close("one"));
+  EXPECT_THAT(namesOfOpenProcesses(), ElementsAre("Native"));
+  EXPECT_TRUE(compositor->close("two"));
+  EXPECT_THAT(openProcesses(), IsEmpty());
+}
+
+TEST_F(SystemEventsOnWaylandTest, MakesATitleOfAnyKindHarmless) {
+  const std::string longTitle(100'000, 'x');
+  start("Native", {"line\nbreak\ttab", "\x1b[31m \u202e reversed", "\xff not UTF-8", longTitle});
+  start("Xwayland", {"line\nbreak\ttab", "\x1b[31m \u202e reversed", "\xff not UTF-8", longTitle}, WindowSystem::x11);
+  EXPECT_THAT(namesOfOpenProcesses(), UnorderedElementsAre("Native", "Xwayland"));
+}
+
+TEST_F(SystemEventsOnWaylandTest, ReadsWhileWindowsComeAndGo) {
+  start("Native", {"stays"});
+  std::atomic<bool> isOver = false;
+  std::thread visitor([&] {
+    for (int round = 0; round < 10; ++round)
+      for (const auto windowSystem : {WindowSystem::wayland, WindowSystem::x11})
+        startGTKWindows("com.example.Xwayland", {"comes", "and goes"}, windowSystem);
+    isOver = true;
+  });
+  while (!isOver)
+    EXPECT_THAT(namesOfOpenProcesses(), testing::Contains("Native"));
+  visitor.join();
+}
+
+}  // namespace
