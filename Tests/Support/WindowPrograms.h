@@ -11,8 +11,8 @@ namespace TestSupport {
 enum class WindowSystem { wayland, x11 };
 
 /// Starts a program of the tests' own, with GTK 4, that has a window for each title. Its windows have this application
-/// id, or this class under X, and their program needs no desktop entry. Waits until the compositor has put all of them
-/// on screen. Throws if it takes too long. The program ends when its windows have been closed.
+/// id, or this class under X. Waits until a Wayland compositor has put all of them on screen; windows under X may get
+/// there a moment later. Throws if it takes too long. The program ends when its windows have been closed.
 ChildProcess startGTKWindows(const std::string& applicationID, const std::vector<std::string>& titles,
                              WindowSystem windowSystem = WindowSystem::wayland);
 

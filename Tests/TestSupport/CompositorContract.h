@@ -72,6 +72,7 @@ TEST_F(CompositorTest, HasAWindowAsSoonAsItsProgramSaysSo) {
 TEST_F(CompositorTest, FocusesMinimizesAndClosesWindows) {
   for (const auto windowSystem : {WindowSystem::wayland, WindowSystem::x11}) {
     programs.push_back(startGTKWindows("com.example.A", {"1", "2"}, windowSystem));
+    ASSERT_TRUE(compositor->waitUntil([this] { return compositor->windows().size() == 2; }));
     for (const auto* title : {"1", "2", "1"})
       EXPECT_TRUE(compositor->focus(title));
     EXPECT_TRUE(compositor->minimize("1"));
