@@ -8,6 +8,7 @@
 #include "DesktopSupport/Windows/KWin/KWinWindows.h"
 #include "DesktopSupport/Windows/Wayland/Compositor.h"
 #include "DesktopSupport/Windows/Wayland/ListedToplevels.h"
+#include "DesktopSupport/Windows/Wayland/PlasmaWindows.h"
 #include "DesktopSupport/Windows/Wayland/WlrootsWindows.h"
 #include "DesktopSupport/Windows/X11/X11Windows.h"
 
@@ -22,7 +23,7 @@ DisplayServer serverOf(Compositor& compositor) {
 }  // namespace
 
 std::span<const WindowSource> windowSources() {
-  static constexpr std::array sources = {wlrootsWindows, listedToplevels, kwinWindows, x11Windows};
+  static constexpr std::array sources = {wlrootsWindows, listedToplevels, plasmaWindows, kwinWindows, x11Windows};
   return sources;
 }
 
