@@ -70,6 +70,7 @@ lib/deskloom/sdk/libDesktopSystem.a
 lib/deskloom/sdk/libDesktopWindows.a
 lib/deskloom/sdk/libFinderApplication.a
 lib/deskloom/sdk/libFirefoxSessions.a
+lib/deskloom/sdk/libGNOMEShellWindows.a
 lib/deskloom/sdk/libGNOMEWebSessions.a
 lib/deskloom/sdk/libLinux.a
 lib/deskloom/sdk/libLinuxLaunching.a
@@ -88,9 +89,15 @@ share/deskloom/locale/fr/LC_MESSAGES/DeskloomSDK.mo
 share/deskloom/locale/ja/LC_MESSAGES/DeskloomSDK.mo
 share/deskloom/locale/zh_CN/LC_MESSAGES/DeskloomSDK.mo"
 
-# By default, both are installed.
+# The extension of GNOME Shell, and the setting that enables it.
+install_to "$scratch/shell" --component gnome-shell
+expect "$(files_in "$scratch/shell")" 'share/glib-2.0/schemas/00_com.quillary.Gleanery.gschema.override
+share/gnome-shell/extensions/gleanery@quillary.com/extension.js
+share/gnome-shell/extensions/gleanery@quillary.com/metadata.json'
+
+# By default, all three are installed.
 install_to "$scratch/all"
-expect "$(files_in "$scratch/all")" "$({ files_in "$scratch/prefix" && files_in "$scratch/sdk"; } | LC_ALL=C sort)"
+expect "$(files_in "$scratch/all")" "$(for part in prefix sdk shell; do files_in "$scratch/$part"; done | LC_ALL=C sort)"
 
 # The host's entries are installed on request.
 install_to "$scratch/development" --component development
