@@ -1,22 +1,19 @@
 // Lets tests see and change what GNOME Shell has on screen. Never installed.
-const {Gio, Shell} = imports.gi;
+const {Gio} = imports.gi;
 
 const description = `
   <node><interface name="com.quillary.Tests.Evaluate">
     <method name="Evaluate"><arg type="s" direction="in"/><arg type="s" direction="out"/></method>
   </interface></node>`;
 
-/* exported windows, tracker */
-const windows = () => global.get_window_actors().map(actor => actor.meta_window);
-const tracker = Shell.WindowTracker.get_default();
+const windows = () => global.get_window_actors().map(actor => actor.meta_window).filter(window => !window.skip_taskbar);
 
 let object;
 
-/* exported init, enable, disable */
 function init() {}
 
 function enable() {
-  object = Gio.DBusExportedObject.wrapJSObject(description, {Evaluate: text => JSON.stringify(eval(text)) ?? ''});
+  object = Gio.DBusExportedObject.wrapJSObject(description, {Evaluate: text => JSON.stringify(eval(text) ?? null)});
   object.export(Gio.DBus.session, '/com/quillary/Tests/Evaluate');
 }
 
