@@ -10,6 +10,7 @@
 #include "DesktopSupport/Windows/KWin/KWinWindows.h"
 #include "DesktopSupport/Windows/Wayland/Compositor.h"
 #include "DesktopSupport/Windows/Wayland/ListedToplevels.h"
+#include "DesktopSupport/Windows/Wayland/PlasmaWindows.h"
 #include "DesktopSupport/Windows/Wayland/WlrootsWindows.h"
 #include "DesktopSupport/Windows/X11/X11Connection.h"
 #include "DesktopSupport/Windows/X11/X11Windows.h"
@@ -55,7 +56,8 @@ std::string joined(const std::vector<std::string>& sentences) {
 }  // namespace
 
 std::span<const WindowSource> windowSources() {
-  static constexpr std::array sources = {wlrootsWindows, listedToplevels, gnomeShellWindows, kwinWindows, x11Windows};
+  static constexpr std::array sources = {wlrootsWindows,    listedToplevels, plasmaWindows,
+                                         gnomeShellWindows, kwinWindows,     x11Windows};
   return sources;
 }
 
