@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "DesktopSupport/Windows/Accessible/AccessibleWindows.h"
 #include "DesktopSupport/Windows/GNOMEShell/GNOMEShellWindows.h"
 #include "DesktopSupport/Windows/Wayland/Compositor.h"
 #include "DesktopSupport/Windows/X11/X11Windows.h"
@@ -20,7 +21,7 @@ DisplayServer serverOf(Compositor& compositor) {
 }  // namespace
 
 std::span<const WindowSource> windowSources() {
-  static constexpr std::array sources = {gnomeShellWindows, x11Windows};
+  static constexpr std::array sources = {gnomeShellWindows, accessibleWindows, x11Windows};
   return sources;
 }
 

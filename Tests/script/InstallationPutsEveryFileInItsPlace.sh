@@ -42,6 +42,7 @@ $package/plugin/merge-catalogues.cmake
 $package/plugin/plugin.desktop.in
 $package/plugin/plugin.service.in
 lib/deskloom/sdk/deskloom-windows.so
+lib/deskloom/sdk/libAccessibleWindows.a
 lib/deskloom/sdk/libAppleScript.a
 lib/deskloom/sdk/libAppleScriptExpressions.a
 lib/deskloom/sdk/libAppleScriptOperators.a
