@@ -81,6 +81,7 @@ lib/deskloom/sdk/libPlatformText.a
 lib/deskloom/sdk/libScriptableApps.a
 lib/deskloom/sdk/libScriptableAppsErrors.a
 lib/deskloom/sdk/libSystemEventsApplication.a
+lib/deskloom/sdk/libWaylandWindows.a
 lib/deskloom/sdk/libX11Windows.a
 lib/deskloom/sdk/update-check
 lib/pkgconfig/deskloom-sdk.pc
