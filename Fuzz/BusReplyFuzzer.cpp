@@ -7,6 +7,7 @@
 #include "AppleScript/Values/Value.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/Windows/GNOMEShell/GNOMEShellWindows.h"
 #include "Fuzz/Target.h"
 #include "ScriptableApps/Deskloom/DeskloomHost.h"
 #include "ScriptableApps/Finder/FileManagerWindows.h"
@@ -56,6 +57,22 @@ void readFileManager(GVariant* properties) {
   }
 }
 
+void readShell(GVariant* answer) {
+  const auto list = DesktopSupport::gnomeShellWindowsIn(answer);
+  if (!list) {
+    require(DesktopSupport::isDisplayable(list.error().message), "An error is one line.");
+    return;
+  }
+  require(list->windows.size() == list->stack.size(), "Each window has a place in the stack.");
+  for (const DesktopSupport::Window& window : list->windows) {
+    require(window.id != 0 && window.pid.value_or(1) > 0, "A window has an id, and a process if it is known.");
+    for (const std::string& text : {window.title, window.windowClass, window.instance, window.applicationID})
+      Fuzz::requireUTF8(text);
+  }
+  for (const auto& [connection, path] : DesktopSupport::gnomeShellGTKWindowsIn(answer))
+    Fuzz::requireUTF8(connection + path);
+}
+
 // Looks up locations without asking another process.
 void leaveBus() {
   unsetenv("DBUS_SESSION_BUS_ADDRESS");
@@ -71,6 +88,8 @@ void read(GVariant* reply) {
   } else if (isOfType(reply, "(a{sv})")) {
     const VariantHandle properties(g_variant_get_child_value(reply, 0));
     readFileManager(properties.get());
+  } else {
+    readShell(reply);
   }
 }
 
@@ -117,6 +136,9 @@ void Fuzz::run(std::string_view input) {
       break;
     case 'p':
       readValue("(a{sv})", rest);
+      break;
+    case 'w':
+      readValue("(uaa{sv})", rest);
       break;
     default:
       readMessage(input);

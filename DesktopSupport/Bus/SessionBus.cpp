@@ -64,6 +64,26 @@ bool isValid(const BusMethod& method) {
 
 BusError forbiddenName() {
   return {.name = std::string(BusErrorName::invalidArguments), .message = "D-Bus allows no such name."};
+// GLib would start a program for other kinds of addresses.
+bool isOfSockets(const std::string& address) {
+  const auto parts = separated(address, ';');
+  return !parts.empty() && std::ranges::all_of(parts, [](std::string_view part) { return part.starts_with("unix:"); });
+}
+
+// The answers of several calls, as they come in.
+struct Answers {
+  std::vector<VariantHandle> received;
+  std::size_t missing = 0;
+};
+// Where the answer of one call belongs.
+struct Place {
+  Answers* answers;
+  std::size_t index;
+void takeAnswer(GObject* connection, GAsyncResult* result, gpointer place) {
+  const auto& [answers, index] = *static_cast<const Place*>(place);
+  answers->received[index].reset(
+      g_dbus_connection_call_finish(reinterpret_cast<GDBusConnection*>(connection), result, nullptr));
+  --answers->missing;
 }
 
 int millisecondsFor(std::chrono::milliseconds timeout) {
@@ -96,14 +116,33 @@ BusError busErrorFrom(const GError& error) {
 std::expected<SessionBus, BusError> SessionBus::connect(std::chrono::milliseconds patience) {
   if (!isRunning())
     return std::unexpected(BusError{std::string(BusErrorName::noServer), "There is no session bus."});
+  return connectWithin(patience, [](GCancellable* cancellable, GError** error) {
+    return g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, error);
+  });
+}
+
+std::expected<SessionBus, BusError> SessionBus::connectTo(const std::string& address,
+                                                          std::chrono::milliseconds patience) {
+  if (!isOfSockets(address))
+    return std::unexpected(
+        BusError{std::string(BusErrorName::notSupported), "The bus has an unknown kind of address."});
+  return connectWithin(patience, [&address](GCancellable* cancellable, GError** error) {
+    constexpr auto client = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
+                                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
+    return g_dbus_connection_new_for_address_sync(address.c_str(), client, nullptr, cancellable, error);
+  });
+}
+
+template <typename Connect>
+std::expected<SessionBus, BusError> SessionBus::connectWithin(std::chrono::milliseconds patience, Connect connect) {
   const ObjectHandle<GCancellable> cancellable(g_cancellable_new());
   const TimeLimit limit(cancellable.get(), patience);
   ErrorHandle error;
-  ObjectHandle<GDBusConnection> connection(g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable.get(), Out(error)));
+  ObjectHandle<GDBusConnection> connection(connect(cancellable.get(), Out(error)));
   if (!connection && g_cancellable_is_cancelled(cancellable.get()) != FALSE)
     return std::unexpected(BusError{std::string(BusErrorName::noServer), "The session bus does not answer."});
   if (!connection)
-    return std::unexpected(BusError{std::string(BusErrorName::noServer), error->message});
+    return std::unexpected(BusError{std::string(BusErrorName::noServer), displayable(error->message)});
   g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
   return SessionBus(std::move(connection));
 }
@@ -143,9 +182,23 @@ std::vector<BusAnswer> SessionBus::callWithEach(const BusMethod& method, const s
     while (call.isUnderWay)
       g_main_context_iteration(context.get(), /*may_block=*/TRUE);
     answers.push_back(std::move(call.answer));
-  }
   g_main_context_pop_thread_default(context.get());
   return answers;
+std::vector<VariantHandle> SessionBus::callAll(const std::vector<BusCall>& calls,
+                                               std::chrono::milliseconds timeout) const {
+  Answers answers{.received = std::vector<VariantHandle>(calls.size())};
+  std::vector<Place> places(calls.size());
+  for (std::size_t index = 0; index < calls.size(); ++index) {
+    const auto& [method, arguments, replyType] = calls[index];
+    if (!isValid(method))
+      continue;
+    places[index] = {&answers, index};
+    ++answers.missing;
+                           method.name.c_str(), arguments.get(), replyType, G_DBUS_CALL_FLAGS_NO_AUTO_START,
+                           millisecondsFor(timeout), nullptr, takeAnswer, &places[index]);
+  while (answers.missing > 0)
+    g_main_context_iteration(context.get(), /*may_block=*/TRUE);
+  return std::move(answers.received);
 }
 
 std::expected<VariantHandle, BusError> busString(const std::string& text) {

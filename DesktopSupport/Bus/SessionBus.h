@@ -45,6 +45,13 @@ struct BusMethod {
   std::string name;
 };
 
+/// A call of a method with the tuple `arguments`, null if there are none, that answers a tuple of type `replyType`.
+struct BusCall {
+  BusMethod method;
+  VariantHandle arguments = nullptr;
+  const GVariantType* replyType = nullptr;
+};
+
 /// Whether the bus may start the program that a call is for if it is not running.
 enum class Activation { never, ifNeeded };
 
@@ -65,6 +72,11 @@ class SessionBus {
   /// `patience`. Starts none.
   static std::expected<SessionBus, BusError> connect(std::chrono::milliseconds patience = connectTime);
 
+  /// Connects to another bus of the user, such as the accessibility bus, at sockets of this machine: an address that
+  /// names something else, for example a command to start, is refused with `notSupported`. Fails like `connect`.
+  static std::expected<SessionBus, BusError> connectTo(const std::string& address,
+                                                       std::chrono::milliseconds patience = connectTime);
+
   /// Calls `method` with the tuple `arguments` (null if there are none; takes over a floating variant), and returns the
   /// tuple that it answers, of type `replyType`. Fails with `serviceUnknown` or `nameHasNoOwner` if the destination is
   /// not running and may not or cannot be started, with `noReply` if it leaves the bus before it answers, with
@@ -79,11 +91,18 @@ class SessionBus {
                                                     const GVariantType* replyType,
                                                     std::chrono::milliseconds timeout) const;
 
+  /// Makes all calls at the same time and returns their answers in the same order, null for each that fails or takes
+  /// longer than `timeout`. Starts no program.
+  [[nodiscard]] std::vector<VariantHandle> callAll(const std::vector<BusCall>& calls,
+                                                   std::chrono::milliseconds timeout) const;
+
   /// The connection itself, for exporting objects.
   [[nodiscard]] GDBusConnection* connection() const { return connection_.get(); }
 
  private:
   explicit SessionBus(ObjectHandle<GDBusConnection> connection) : connection_(std::move(connection)) {}
+  template <typename Connect>
+  static std::expected<SessionBus, BusError> connectWithin(std::chrono::milliseconds patience, Connect connect);
 
   ObjectHandle<GDBusConnection> connection_;
 };

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "DesktopSupport/Screen/XwaylandWindows.h"
+#include "DesktopSupport/Windows/Accessible/AccessibleWindows.h"
 #include "DesktopSupport/Windows/GNOMEShell/GNOMEShellWindows.h"
 #include "DesktopSupport/Windows/KWin/KWinWindows.h"
 #include "DesktopSupport/Windows/Wayland/Compositor.h"
@@ -58,6 +59,7 @@ std::string joined(const std::vector<std::string>& sentences) {
 std::span<const WindowSource> windowSources() {
   static constexpr std::array sources = {wlrootsWindows,    listedToplevels, plasmaWindows,
                                          gnomeShellWindows, kwinWindows,     x11Windows};
+  static constexpr std::array sources = {gnomeShellWindows, accessibleWindows, x11Windows};
   return sources;
 }
 

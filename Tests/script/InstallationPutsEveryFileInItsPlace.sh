@@ -42,6 +42,7 @@ $package/plugin/merge-catalogues.cmake
 $package/plugin/plugin.desktop.in
 $package/plugin/plugin.service.in
 lib/deskloom/sdk/deskloom-windows.so
+lib/deskloom/sdk/libAccessibleWindows.a
 lib/deskloom/sdk/libAppleScript.a
 lib/deskloom/sdk/libAppleScriptExpressions.a
 lib/deskloom/sdk/libAppleScriptOperators.a
@@ -80,6 +81,7 @@ lib/deskloom/sdk/libPlatformText.a
 lib/deskloom/sdk/libScriptableApps.a
 lib/deskloom/sdk/libScriptableAppsErrors.a
 lib/deskloom/sdk/libSystemEventsApplication.a
+lib/deskloom/sdk/libWaylandWindows.a
 lib/deskloom/sdk/libX11Windows.a
 lib/deskloom/sdk/update-check
 lib/pkgconfig/deskloom-sdk.pc
