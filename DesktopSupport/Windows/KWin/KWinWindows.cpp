@@ -106,8 +106,8 @@ std::expected<WindowList, DesktopError> listOf(const std::vector<BusAnswer>& des
   WindowList list{
       .windows = {},
       .isComplete = false,
-      .problems = {"KWin tells a program that it does not permit to see its windows neither which one is active nor "
-                   "the dialogs of X11 programs."}};
+      .problems = {"KWin lets this program only search for windows, and tells neither their processes nor which one is "
+                   "active. It permits more to installed programs whose desktop entries ask for it."}};
   for (const BusAnswer& answer : descriptions) {
     if (!answer)
       return std::unexpected(failure(answer.error()));
