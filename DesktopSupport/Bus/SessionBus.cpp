@@ -26,6 +26,12 @@ bool isRunning() {
   return runtimeFolder && std::filesystem::exists(*runtimeFolder / "bus", ignored);
 }
 
+// GLib would start a program for other kinds of addresses.
+bool isOfSockets(const std::string& address) {
+  const auto parts = separated(address, ';');
+  return !parts.empty() && std::ranges::all_of(parts, [](std::string_view part) { return part.starts_with("unix:"); });
+}
+
 /// Cancels an operation once it has taken `limit`.
 class TimeLimit {
  public:
@@ -64,26 +70,6 @@ bool isValid(const BusMethod& method) {
 
 BusError forbiddenName() {
   return {.name = std::string(BusErrorName::invalidArguments), .message = "D-Bus allows no such name."};
-// GLib would start a program for other kinds of addresses.
-bool isOfSockets(const std::string& address) {
-  const auto parts = separated(address, ';');
-  return !parts.empty() && std::ranges::all_of(parts, [](std::string_view part) { return part.starts_with("unix:"); });
-}
-
-// The answers of several calls, as they come in.
-struct Answers {
-  std::vector<VariantHandle> received;
-  std::size_t missing = 0;
-};
-// Where the answer of one call belongs.
-struct Place {
-  Answers* answers;
-  std::size_t index;
-void takeAnswer(GObject* connection, GAsyncResult* result, gpointer place) {
-  const auto& [answers, index] = *static_cast<const Place*>(place);
-  answers->received[index].reset(
-      g_dbus_connection_call_finish(reinterpret_cast<GDBusConnection*>(connection), result, nullptr));
-  --answers->missing;
 }
 
 int millisecondsFor(std::chrono::milliseconds timeout) {
@@ -164,41 +150,28 @@ BusAnswer SessionBus::call(const BusMethod& method, GVariant* arguments, const G
   return reply;
 }
 
-std::vector<BusAnswer> SessionBus::callWithEach(const BusMethod& method, const std::vector<VariantHandle>& tuples,
-                                                const GVariantType* replyType,
-                                                std::chrono::milliseconds timeout) const {
+std::vector<BusAnswer> SessionBus::callAll(const std::vector<BusCall>& calls, std::chrono::milliseconds timeout) const {
   const MainContextHandle context(g_main_context_new());
   g_main_context_push_thread_default(context.get());
-  std::vector<PendingCall> calls(tuples.size());
-  for (std::size_t index = 0; index < tuples.size() && isValid(method); ++index) {
-    calls[index].isUnderWay = true;
-    g_dbus_connection_call(connection_.get(), method.destination.c_str(), method.path.c_str(), method.interface.c_str(),
-                           method.name.c_str(), tuples[index].get(), replyType, G_DBUS_CALL_FLAGS_NO_AUTO_START,
-                           millisecondsFor(timeout), nullptr, &PendingCall::finish, &calls[index]);
-  }
-  std::vector<BusAnswer> answers;
-  answers.reserve(calls.size());
-  for (PendingCall& call : calls) {
-    while (call.isUnderWay)
-      g_main_context_iteration(context.get(), /*may_block=*/TRUE);
-    answers.push_back(std::move(call.answer));
-  g_main_context_pop_thread_default(context.get());
-  return answers;
-std::vector<VariantHandle> SessionBus::callAll(const std::vector<BusCall>& calls,
-                                               std::chrono::milliseconds timeout) const {
-  Answers answers{.received = std::vector<VariantHandle>(calls.size())};
-  std::vector<Place> places(calls.size());
+  std::vector<PendingCall> pending(calls.size());
   for (std::size_t index = 0; index < calls.size(); ++index) {
     const auto& [method, arguments, replyType] = calls[index];
     if (!isValid(method))
       continue;
-    places[index] = {&answers, index};
-    ++answers.missing;
+    pending[index].isUnderWay = true;
+    g_dbus_connection_call(connection_.get(), method.destination.c_str(), method.path.c_str(), method.interface.c_str(),
                            method.name.c_str(), arguments.get(), replyType, G_DBUS_CALL_FLAGS_NO_AUTO_START,
-                           millisecondsFor(timeout), nullptr, takeAnswer, &places[index]);
-  while (answers.missing > 0)
-    g_main_context_iteration(context.get(), /*may_block=*/TRUE);
-  return std::move(answers.received);
+                           millisecondsFor(timeout), nullptr, &PendingCall::finish, &pending[index]);
+  }
+  std::vector<BusAnswer> answers;
+  answers.reserve(calls.size());
+  for (PendingCall& call : pending) {
+    while (call.isUnderWay)
+      g_main_context_iteration(context.get(), /*may_block=*/TRUE);
+    answers.push_back(std::move(call.answer));
+  }
+  g_main_context_pop_thread_default(context.get());
+  return answers;
 }
 
 std::expected<VariantHandle, BusError> busString(const std::string& text) {

@@ -85,16 +85,10 @@ class SessionBus {
   [[nodiscard]] BusAnswer call(const BusMethod& method, GVariant* arguments, const GVariantType* replyType,
                                std::chrono::milliseconds timeout, Activation activation = Activation::never) const;
 
-  /// Calls `method` with each of the tuples, all at once, and returns the answers in their order. Each is what `call`
-  /// would return; `timeout` is for all of them together.
-  [[nodiscard]] std::vector<BusAnswer> callWithEach(const BusMethod& method, const std::vector<VariantHandle>& tuples,
-                                                    const GVariantType* replyType,
-                                                    std::chrono::milliseconds timeout) const;
-
-  /// Makes all calls at the same time and returns their answers in the same order, null for each that fails or takes
-  /// longer than `timeout`. Starts no program.
-  [[nodiscard]] std::vector<VariantHandle> callAll(const std::vector<BusCall>& calls,
-                                                   std::chrono::milliseconds timeout) const;
+  /// Makes all calls at once, and returns the answers in their order. Each is what `call` would return; `timeout` is
+  /// for all of them together. Starts no program.
+  [[nodiscard]] std::vector<BusAnswer> callAll(const std::vector<BusCall>& calls,
+                                               std::chrono::milliseconds timeout) const;
 
   /// The connection itself, for exporting objects.
   [[nodiscard]] GDBusConnection* connection() const { return connection_.get(); }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <functional>
+#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
@@ -70,15 +71,17 @@ Tell titled(std::string title) {
 class PlasmaCompositor {
  public:
   explicit PlasmaCompositor(std::vector<Tell> windows, int version = 16) : windows_(std::move(windows)) {
-    for (std::uint32_t number = 1; number <= windows_.size(); ++number)
-      stack_.push_back(number);
     server_.offer(org_kde_plasma_window_management_interface, version, [this](wl_resource* manager) { list(manager); });
   }
 
-  /// The numbers of the windows in stacking order; otherwise that in which they appeared.
-  void stack(std::vector<std::uint32_t> numbers) { stack_ = std::move(numbers); }
+  /// Tells the numbers of the windows in stacking order. If none is told, it is that in which they appeared.
+  void stack(std::vector<std::uint32_t> numbers) { stacks_.push_back(std::move(numbers)); }
 
   std::expected<WindowList, DesktopError> read() {
+    if (stacks_.empty()) {
+      stacks_.emplace_back(windows_.size());
+      std::iota(stacks_.back().begin(), stacks_.back().end(), 1);
+    }
     server_.start();
     Compositor compositor;
     return readPlasmaWindows(compositor);
@@ -102,8 +105,10 @@ class PlasmaCompositor {
     const int version = wl_resource_get_version(manager);
     if (version < 11 || version >= 17)
       return;
-    wl_array numbers = {.size = stack_.size() * sizeof(std::uint32_t), .alloc = 0, .data = stack_.data()};
-    wl_resource_post_event(manager, 2, &numbers);
+    for (std::vector<std::uint32_t>& stack : stacks_) {
+      wl_array numbers = {.size = stack.size() * sizeof(std::uint32_t), .alloc = 0, .data = stack.data()};
+      wl_resource_post_event(manager, 2, &numbers);
+    }
   }
 
   static int dispatch(const void* compositor, void* manager, std::uint32_t request, const wl_message*,
@@ -128,14 +133,14 @@ class PlasmaCompositor {
     wl_resource* const order =
         wl_resource_create(wl_resource_get_client(manager), &org_kde_plasma_stacking_order_interface,
                            wl_resource_get_version(manager), object);
-    for (const std::uint32_t number : stack_)
+    for (const std::uint32_t number : stacks_.back())
       wl_resource_post_event(order, 0, uuid(number).c_str());
     wl_resource_post_event(order, 1);
     wl_resource_destroy(order);
   }
 
   std::vector<Tell> windows_;
-  std::vector<std::uint32_t> stack_;
+  std::vector<std::vector<std::uint32_t>> stacks_;
   // The last, since its thread uses the others.
   TestSupport::TestCompositor server_;
 };
@@ -244,6 +249,13 @@ TEST(PlasmaWindows, HaveTheirStackingOrderInEveryVersion) {
     compositor.stack({3, 1, 2});
     EXPECT_THAT(stackOf(compositor.read()), ElementsAre("Three", "One", "Two")) << version;
   }
+}
+
+TEST(PlasmaWindows, HaveTheStackingOrderThatIsToldLast) {
+  PlasmaCompositor compositor({titled("One"), titled("Two"), titled("Three")});
+  compositor.stack({1, 2, 3});
+  compositor.stack({2, 3, 1});
+  EXPECT_THAT(stackOf(compositor.read()), ElementsAre("Two", "Three", "One"));
 }
 
 TEST(PlasmaWindows, MayHaveNoStackingOrder) {

@@ -12,9 +12,9 @@
 
 namespace {
 
+using DesktopSupport::BusCall;
 using DesktopSupport::BusMethod;
 using DesktopSupport::SessionBus;
-using DesktopSupport::VariantHandle;
 using TestSupport::EnvironmentVariable;
 using TestSupport::FakeDeskloomHost;
 namespace BusErrorName = DesktopSupport::BusErrorName;
@@ -129,23 +129,36 @@ TEST(SessionBus, PassesTheOtherSidesErrorOn) {
   EXPECT_EQ(reply.error().message, "Not today.");
 }
 
-std::vector<VariantHandle> tuplesWith(std::initializer_list<const char*> texts) {
-  std::vector<VariantHandle> tuples;
-  for (const char* text : texts)
-    tuples.push_back(DesktopSupport::owned(g_variant_new("(s)", text)));
-  return tuples;
+// The types of the answers, or the errors' names.
+std::vector<std::string> typesOf(const std::vector<DesktopSupport::BusAnswer>& answers) {
+  std::vector<std::string> types;
+  for (const auto& answer : answers)
+    types.emplace_back(answer ? g_variant_get_type_string(answer->get()) : answer.error().name);
+  return types;
+}
+
+BusCall callForFolder() {
+  return {.method = folderPath, .replyType = G_VARIANT_TYPE("(bs)")};
 }
 
 TEST(SessionBus, BringsTheAnswersToSeveralCallsInTheirOrder) {
-  const auto answers = SessionBus::connect()->callWithEach(
-      DesktopSupport::busDaemonMethod("GetNameOwner"),
-      tuplesWith({"org.freedesktop.DBus", "com.example.Nobody", "org.freedesktop.DBus"}), G_VARIANT_TYPE("(s)"),
-      plenty);
-  ASSERT_EQ(answers.size(), 3U);
-  EXPECT_TRUE(answers[0]);
-  ASSERT_FALSE(answers[1]);
-  EXPECT_EQ(answers[1].error().name, BusErrorName::nameHasNoOwner);
-  EXPECT_TRUE(answers[2]);
+  FakeDeskloomHost host;
+  host.answer("GetPluginFolderPath", "(true, 'text')");
+  std::vector<BusCall> calls;
+  for (const char* name : {"org.freedesktop.DBus", "com.example.Nobody"})
+    calls.push_back({.method = DesktopSupport::busDaemonMethod("GetNameOwner"),
+                     .arguments = DesktopSupport::owned(g_variant_new("(s)", name)),
+                     .replyType = G_VARIANT_TYPE("(s)")});
+  calls.push_back(callForFolder());
+  calls.push_back({.method = {.destination = "not a name", .path = "/", .interface = "a.b", .name = "C"}});
+  calls.push_back({.method = listNames, .replyType = G_VARIANT_TYPE("(u)")});
+  calls.push_back({.method = listNames});
+  EXPECT_THAT(typesOf(SessionBus::connect()->callAll(calls, plenty)),
+              testing::ElementsAre("(s)", BusErrorName::nameHasNoOwner, "(bs)", BusErrorName::invalidArguments,
+                                   testing::HasSubstr("Error"), "(as)"));
+  EXPECT_THAT(SessionBus::connect()->callAll({}, plenty), testing::IsEmpty());
+}
+
 TEST(SessionBus, MakesSeveralCallsAtOnce) {
   FakeDeskloomHost host;
   std::vector<GDBusMethodInvocation*> invocations;
@@ -156,55 +169,31 @@ TEST(SessionBus, MakesSeveralCallsAtOnce) {
       for (auto* each : invocations)
         g_dbus_method_invocation_return_value(each, g_variant_new("(bs)", TRUE, "text"));
   });
-  std::vector<VariantHandle> tuples(2);
-  for (VariantHandle& tuple : tuples)
-    tuple = DesktopSupport::owned(g_variant_new("()"));
-  const auto answers = SessionBus::connect()->callWithEach(folderPath, tuples, G_VARIANT_TYPE("(bs)"), plenty);
-  EXPECT_TRUE(answers[0] && answers[1]);
+  std::vector<BusCall> calls(2);
+  for (BusCall& call : calls)
+    call = callForFolder();
+  EXPECT_THAT(typesOf(SessionBus::connect()->callAll(calls, plenty)), testing::ElementsAre("(bs)", "(bs)"));
+}
+
 TEST(SessionBus, WaitsForSeveralAnswersNoLongerThanAllowed) {
+  FakeDeskloomHost host;
   host.answer("GetPluginFolderPath", [](auto* invocation) { g_object_unref(invocation); });
-  std::vector<VariantHandle> tuples(1);
-  tuples.front() = DesktopSupport::owned(g_variant_new("()"));
-  const auto answers = SessionBus::connect()->callWithEach(folderPath, tuples, G_VARIANT_TYPE("(bs)"), 50ms);
-  ASSERT_FALSE(answers.front());
-  EXPECT_EQ(answers.front().error().name, BusErrorName::timeout);
-TEST(SessionBus, MakesNoneOfSeveralCallsWithANameThatDBusDoesNotAllow) {
-  BusMethod method = listNames;
-  method.name = "no-such name";
-  const auto answers = SessionBus::connect()->callWithEach(method, tuplesWith({"one", "two"}), nullptr, plenty);
-  ASSERT_EQ(answers.size(), 2U);
-  EXPECT_EQ(answers[1].error().name, BusErrorName::invalidArguments);
-std::vector<std::string> typesOf(const std::vector<DesktopSupport::VariantHandle>& answers) {
-  std::vector<std::string> types;
-  for (const auto& answer : answers)
-    types.emplace_back(answer ? g_variant_get_type_string(answer.get()) : "none");
-  return types;
-TEST(SessionBus, BringsTheAnswersToCallsInTheirOrder) {
-  using DesktopSupport::BusCall;
-  std::vector<BusCall> calls;
-  calls.push_back({.method = DesktopSupport::busDaemonMethod("GetNameOwner"),
-                   .arguments = DesktopSupport::owned(g_variant_new("(s)", "org.freedesktop.DBus")),
-                   .replyType = G_VARIANT_TYPE("(s)")});
-  calls.push_back({.method = folderPath, .replyType = G_VARIANT_TYPE("(bs)")});
-  calls.push_back({.method = listNames, .replyType = G_VARIANT_TYPE("(u)")});
-  calls.push_back({.method = {.destination = "not a name", .path = "/", .interface = "a.b", .name = "C"}});
-  calls.push_back({.method = listNames});
-  EXPECT_THAT(typesOf(SessionBus::connect()->callAll(calls, plenty)),
-              testing::ElementsAre("(s)", "none", "none", "none", "(as)"));
-  EXPECT_THAT(SessionBus::connect()->callAll({}, plenty), testing::IsEmpty());
-TEST(SessionBus, WaitsForAllAnswersAsLongAsForOne) {
-  std::vector<DesktopSupport::BusCall> calls;
-  for (int count = 0; count < 3; ++count)
-    calls.push_back({.method = folderPath, .replyType = G_VARIANT_TYPE("(bs)")});
-  calls.push_back({.method = listNames, .replyType = G_VARIANT_TYPE("(as)")});
-  EXPECT_THAT(typesOf(SessionBus::connect()->callAll(calls, 50ms)),
-              testing::ElementsAre("none", "none", "none", "(as)"));
+  std::vector<BusCall> calls(4);
+  for (BusCall& call : calls)
+    call = callForFolder();
+  calls.back() = {.method = listNames};
+  const auto& late = BusErrorName::timeout;
+  EXPECT_THAT(typesOf(SessionBus::connect()->callAll(calls, 50ms)), testing::ElementsAre(late, late, late, "(as)"));
+}
+
 TEST(SessionBus, CanBeAnotherBusAtASocket) {
   const auto bus = SessionBus::connectTo(std::getenv("DBUS_SESSION_BUS_ADDRESS"));
   ASSERT_TRUE(bus) << bus.error().message;
   EXPECT_NE(bus->connection(), SessionBus::connect()->connection());
   EXPECT_TRUE(bus->call(listNames, nullptr, G_VARIANT_TYPE("(as)"), plenty));
   EXPECT_EQ(SessionBus::connectTo("unix:path=/no/such/socket").error().name, BusErrorName::noServer);
+}
+
 TEST(SessionBus, IsAtNoAddressThatWouldStartAProgramOrLeaveTheMachine) {
   for (const char* address : {"", ";", "autolaunch:", "unixexec:path=true", "tcp:host=127.0.0.1,port=1",
                               "nonce-tcp:", "unix:path=/no/such/socket;unixexec:path=true", "text"}) {

@@ -109,10 +109,14 @@ class Questions {
  public:
   explicit Questions(const SessionBus& bus) : bus_(bus) {}
 
+  // The answers in the order of the calls, null for each that fails.
   std::vector<VariantHandle> ask(const std::vector<BusCall>& calls) {
     using std::chrono::milliseconds;
     const auto left = std::chrono::duration_cast<milliseconds>(end_ - std::chrono::steady_clock::now());
-    return bus_.callAll(calls, std::clamp(left, milliseconds(0), accessibleProgramTime));
+    std::vector<VariantHandle> answers;
+    for (BusAnswer& answer : bus_.callAll(calls, std::clamp(left, milliseconds(0), accessibleProgramTime)))
+      answers.push_back(answer ? std::move(*answer) : nullptr);
+    return answers;
   }
 
  private:

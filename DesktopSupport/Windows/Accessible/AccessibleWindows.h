@@ -28,6 +28,7 @@ std::expected<WindowList, DesktopError> readAccessibleWindows();
 
 /// GNOME Shell without the extension.
 inline constexpr WindowSource accessibleWindows{.server = DisplayServer::wayland,
+                                                .feature = "org.a11y.Bus",
                                                 .windows = [](Compositor&) { return readAccessibleWindows(); }};
 
 }  // namespace DesktopSupport

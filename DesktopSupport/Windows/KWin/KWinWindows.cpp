@@ -41,9 +41,9 @@ std::string windowIn(std::string_view result) {
   return end == std::string_view::npos ? "" : std::string(result.substr(begin, end + 1 - begin));
 }
 
-// The argument that names each window in the results of a search. A window is in them once for every reason to find it.
-std::vector<VariantHandle> windowsIn(GVariant* results) {
-  std::vector<VariantHandle> windows;
+// A question about each window in the results of a search. A window is in them once for every reason to find it.
+std::vector<BusCall> questionsAbout(GVariant* results) {
+  std::vector<BusCall> windows;
   std::unordered_set<std::string> known;
   for (gsize index = 0; index < g_variant_n_children(results); ++index) {
     const VariantHandle result(g_variant_get_child_value(results, index));
@@ -51,7 +51,9 @@ std::vector<VariantHandle> windowsIn(GVariant* results) {
     g_variant_get_child(result.get(), 0, "&s", &id);
     const std::string window = windowIn(id);
     if (!window.empty() && known.insert(window).second)
-      windows.push_back(owned(g_variant_new("(s)", window.c_str())));
+      windows.push_back({.method = describe,
+                         .arguments = owned(g_variant_new("(s)", window.c_str())),
+                         .replyType = G_VARIANT_TYPE("(a{sv})")});
   }
   return windows;
 }
@@ -104,8 +106,8 @@ std::expected<WindowList, DesktopError> listOf(const std::vector<BusAnswer>& des
   WindowList list{
       .windows = {},
       .isComplete = false,
-      .problems = {"KWin tells a program that it does not permit to see its windows neither which one is active nor "
-                   "the dialogs of X11 programs."}};
+      .problems = {"KWin lets this program only search for windows, and tells neither their processes nor which one is "
+                   "active. It permits more to installed programs whose desktop entries ask for it."}};
   for (const BusAnswer& answer : descriptions) {
     if (!answer)
       return std::unexpected(failure(answer.error()));
@@ -132,11 +134,11 @@ std::expected<WindowList, DesktopError> readKWinWindows(std::chrono::millisecond
   if (!found)
     return std::unexpected(failure(found.error()));
   const VariantHandle results(g_variant_get_child_value(found->get(), 0));
-  const std::vector<VariantHandle> windows = windowsIn(results.get());
+  const std::vector<BusCall> windows = questionsAbout(results.get());
   if (windows.size() > mostWindows)
     return std::unexpected(
         DesktopError{"KWin lists " + std::to_string(windows.size()) + " windows, more than can be."});
-  return listOf(bus->callWithEach(describe, windows, G_VARIANT_TYPE("(a{sv})"), timeUntil(deadline)));
+  return listOf(bus->callAll(windows, timeUntil(deadline)));
 }
 
 }  // namespace DesktopSupport
