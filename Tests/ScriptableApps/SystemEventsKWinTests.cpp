@@ -1,25 +1,29 @@
-#include "Tests/ScriptableApps/SystemEventsOnKWin.h"
+#include "DesktopSupport/Screen/Screen.h"
+#include "Tests/ScriptableApps/SystemEventsOnWayland.h"
 
 // Here KWin lets the program only search for windows.
 
 namespace {
 
-TEST_F(SystemEventsOnKWin, KnowsOnlyTheProcessesOfX11Programs) {
-  startThree();
-  EXPECT_EQ(process(editor).pid, std::nullopt);
-  EXPECT_EQ(process("featherpad").pid, std::nullopt);
-  EXPECT_EQ(process("debian-xterm").pid, programs[2].pid());
+TEST_F(SystemEventsOnWaylandTest, ShowsAnApplicationUntilAllItsWindowsAreMinimized) {
+  expectThatVisibilityIsKnown();
 }
 
-TEST_F(SystemEventsOnKWin, DoesNotKnowWhichWaylandProgramIsFrontmost) {
-  startThree();
-  ASSERT_TRUE(compositor->focus("a terminal"));
-  EXPECT_THAT(frontmost(), ElementsAre("debian-xterm"));
-  ASSERT_TRUE(compositor->focus("One"));
+TEST_F(SystemEventsOnWaylandTest, KnowsOnlyTheProcessesOfX11Programs) {
+  start("Native", {"native"});
+  EXPECT_EQ(onlyProcess().pid, std::nullopt);
+}
+
+TEST_F(SystemEventsOnWaylandTest, DoesNotKnowWhichWaylandProgramIsInFront) {
+  start("Native", {"one"});
+  start("Xwayland", {"two"}, WindowSystem::x11);
+  ASSERT_TRUE(compositor->focus("two"));
+  EXPECT_THAT(frontmost(), ElementsAre("Xwayland"));
+  ASSERT_TRUE(compositor->focus("one"));
   EXPECT_THAT(frontmost(), IsEmpty());
 }
 
-TEST_F(SystemEventsOnKWin, SaysThatNotAllIsKnown) {
+TEST_F(SystemEventsOnWaylandTest, SaysThatNotAllIsKnown) {
   const auto list = DesktopSupport::readWindows();
   ASSERT_TRUE(list) << list.error().message;
   EXPECT_FALSE(list->isComplete);

@@ -1,33 +1,33 @@
-#include "Tests/ScriptableApps/SystemEventsOnKWin.h"
+#include <algorithm>
+
+#include "DesktopSupport/Screen/Screen.h"
+#include "Tests/ScriptableApps/SystemEventsOnWayland.h"
 
 // Here KWin permits the program to see the windows: its desktop entry in the build folder asks for that.
 
 namespace {
 
-TEST_F(SystemEventsOnKWin, KnowsTheProcesses) {
-  startThree();
-  EXPECT_EQ(process(editor).pid, programs[0].pid());
-  EXPECT_EQ(process("featherpad").pid, programs[1].pid());
-  EXPECT_EQ(process("debian-xterm").pid, programs[2].pid());
+TEST_F(SystemEventsOnWaylandTest, KnowsWhichApplicationIsInFront) {
+  expectThatTheFrontIsKnown();
 }
 
-TEST_F(SystemEventsOnKWin, KnowsWhichProgramIsFrontmost) {
-  startThree();
-  for (const auto& [title, entry] :
-       {std::pair("One", editor), {"a terminal", "debian-xterm"}, {"Untitled", "featherpad"}}) {
-    ASSERT_TRUE(compositor->focus(title));
-    EXPECT_THAT(frontmost(), ElementsAre(entry));
-  }
+TEST_F(SystemEventsOnWaylandTest, ShowsAnApplicationUntilAllItsWindowsAreMinimized) {
+  expectThatVisibilityIsKnown();
 }
 
-TEST_F(SystemEventsOnKWin, KnowsTheStackingOrder) {
-  programs.push_back(startGTKWindows(editor, {"One", "Two"}));
-  programs.push_back(startGTKWindows(editor, {"Three"}, WindowSystem::x11));
+TEST_F(SystemEventsOnWaylandTest, KnowsTheProcessesOfAllPrograms) {
+  start("Native", {"one", "two"});
+  EXPECT_EQ(onlyProcess().pid, programs.front().pid());
+}
+
+TEST_F(SystemEventsOnWaylandTest, KnowsTheStackingOrder) {
+  start("Native", {"One", "Two"});
+  start("Native", {"Three"}, WindowSystem::x11);
   const auto stack = [] {
     const auto list = DesktopSupport::readWindows();
     std::vector<std::string> titles;
     for (const DesktopSupport::WindowID id : list ? list->stack : std::vector<DesktopSupport::WindowID>())
-      titles.push_back(std::ranges::find(list->windows, id, &Window::id)->title);
+      titles.push_back(std::ranges::find(list->windows, id, &DesktopSupport::Window::id)->title);
     return titles;
   };
   for (const auto* title : {"Two", "Three", "One"})
@@ -35,7 +35,7 @@ TEST_F(SystemEventsOnKWin, KnowsTheStackingOrder) {
   EXPECT_THAT(stack(), ElementsAre("Two", "Three", "One"));
 }
 
-TEST_F(SystemEventsOnKWin, KnowsEverything) {
+TEST_F(SystemEventsOnWaylandTest, KnowsEverything) {
   const auto list = DesktopSupport::readWindows();
   ASSERT_TRUE(list) << list.error().message;
   EXPECT_TRUE(list->isComplete);
