@@ -4,22 +4,21 @@
 
 namespace {
 
-TEST_F(SystemEventsOnKWin, KnowsOnlyTheProcessesOfX11Programs) {
-  startThree();
-  EXPECT_EQ(process(editor).pid, std::nullopt);
-  EXPECT_EQ(process("featherpad").pid, std::nullopt);
-  EXPECT_EQ(process("debian-xterm").pid, programs[2].pid());
+TEST_F(SystemEventsOnKWinTest, DoesNotKnowTheProcessesOfOtherPrograms) {
+  start("Native", {"one"});
+  EXPECT_EQ(onlyProcess().pid, std::nullopt);
 }
 
-TEST_F(SystemEventsOnKWin, DoesNotKnowWhichWaylandProgramIsFrontmost) {
-  startThree();
-  ASSERT_TRUE(compositor->focus("a terminal"));
-  EXPECT_THAT(frontmost(), ElementsAre("debian-xterm"));
-  ASSERT_TRUE(compositor->focus("One"));
-  EXPECT_THAT(frontmost(), IsEmpty());
+TEST_F(SystemEventsOnKWinTest, KnowsOnlyOfProgramsUnderXWhetherTheyAreInFront) {
+  start("Native", {"one"});
+  start("Xwayland", {"two"}, WindowSystem::x11);
+  EXPECT_TRUE(compositor->focus("two"));
+  EXPECT_THAT(namesOfFrontmostProcesses(), ElementsAre("Xwayland"));
+  EXPECT_TRUE(compositor->focus("one"));
+  EXPECT_THAT(namesOfFrontmostProcesses(), IsEmpty());
 }
 
-TEST_F(SystemEventsOnKWin, SaysThatNotAllIsKnown) {
+TEST_F(SystemEventsOnKWinTest, SaysThatNotAllIsKnown) {
   const auto list = DesktopSupport::readWindows();
   ASSERT_TRUE(list) << list.error().message;
   EXPECT_FALSE(list->isComplete);

@@ -4,38 +4,34 @@
 
 namespace {
 
-TEST_F(SystemEventsOnKWin, KnowsTheProcesses) {
-  startThree();
-  EXPECT_EQ(process(editor).pid, programs[0].pid());
-  EXPECT_EQ(process("featherpad").pid, programs[1].pid());
-  EXPECT_EQ(process("debian-xterm").pid, programs[2].pid());
+TEST_F(SystemEventsOnKWinTest, KnowsTheProcesses) {
+  start("Native", {"one"});
+  EXPECT_EQ(onlyProcess().pid, programs.front().pid());
 }
 
-TEST_F(SystemEventsOnKWin, KnowsWhichProgramIsFrontmost) {
-  startThree();
-  for (const auto& [title, entry] :
-       {std::pair("One", editor), {"a terminal", "debian-xterm"}, {"Untitled", "featherpad"}}) {
-    ASSERT_TRUE(compositor->focus(title));
-    EXPECT_THAT(frontmost(), ElementsAre(entry));
+TEST_F(SystemEventsOnKWinTest, KnowsWhichApplicationIsInFront) {
+  start("Native", {"one", "two"});
+  start("Xwayland", {"three"}, WindowSystem::x11);
+  for (const char* title : {"one", "three", "two"}) {
+    EXPECT_TRUE(compositor->focus(title));
+    EXPECT_THAT(namesOfFrontmostProcesses(), ElementsAre(title == std::string("three") ? "Xwayland" : "Native"));
   }
 }
 
-TEST_F(SystemEventsOnKWin, KnowsTheStackingOrder) {
-  programs.push_back(startGTKWindows(editor, {"One", "Two"}));
-  programs.push_back(startGTKWindows(editor, {"Three"}, WindowSystem::x11));
-  const auto stack = [] {
-    const auto list = DesktopSupport::readWindows();
-    std::vector<std::string> titles;
-    for (const DesktopSupport::WindowID id : list ? list->stack : std::vector<DesktopSupport::WindowID>())
-      titles.push_back(std::ranges::find(list->windows, id, &Window::id)->title);
-    return titles;
-  };
-  for (const auto* title : {"Two", "Three", "One"})
-    ASSERT_TRUE(compositor->focus(title));
-  EXPECT_THAT(stack(), ElementsAre("Two", "Three", "One"));
+TEST_F(SystemEventsOnKWinTest, KnowsTheStackingOrder) {
+  start("Native", {"one", "two"});
+  start("Xwayland", {"three"}, WindowSystem::x11);
+  for (const char* title : {"two", "three", "one"})
+    EXPECT_TRUE(compositor->focus(title));
+  const auto list = DesktopSupport::readWindows();
+  ASSERT_TRUE(list) << list.error().message;
+  std::vector<std::string> titles;
+  for (const DesktopSupport::WindowID id : list->stack)
+    titles.push_back(std::ranges::find(list->windows, id, &Window::id)->title);
+  EXPECT_THAT(titles, ElementsAre("two", "three", "one"));
 }
 
-TEST_F(SystemEventsOnKWin, KnowsEverything) {
+TEST_F(SystemEventsOnKWinTest, KnowsEverything) {
   const auto list = DesktopSupport::readWindows();
   ASSERT_TRUE(list) << list.error().message;
   EXPECT_TRUE(list->isComplete);
