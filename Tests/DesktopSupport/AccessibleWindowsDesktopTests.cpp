@@ -10,6 +10,7 @@
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/Windows/Accessible/AccessibleWindows.h"
 #include "Tests/Support/FakeService.h"
+#include "Tests/Support/SilentServer.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 namespace {
@@ -157,9 +158,11 @@ TEST(AccessibleWindowsOfGNOMEShell, AreThoseOfProgramsThatAnswer) {
 TEST(AccessibleWindowsOfGNOMEShell, AreAFewHundredAtMost) {
   const FakeShell shell;
   FakeAccessibility accessibility;
-  accessibility.registry.has({"com.example.One"});
+  accessibility.registry.has({"com.example.One", "com.example.Two"});
   FakeAccessible one("com.example.One");
-  one.has(std::vector<std::string>(2000, "com.example.One.Frame"));
+  one.has(std::vector<std::string>(300, "com.example.One.Frame"));
+  FakeAccessible two("com.example.Two");
+  two.has(std::vector<std::string>(300, "com.example.One.Frame"));
   FakeAccessible frameOfOne("com.example.One.Frame");
   frameOfOne.is(frame, visible);
   EXPECT_THAT(classesIn(read()), SizeIs(500));
@@ -184,14 +187,13 @@ TEST(AccessibleWindowsOfGNOMEShell, AreUnknownIfTheAccessibilityBusFails) {
   EXPECT_FALSE(read());
 }
 
-TEST(AccessibleWindowsOfGNOMEShell, AreNotAskedOfAProgramThatAnAddressNames) {
+TEST(AccessibleWindowsOfGNOMEShell, AreNotAskedForOverTheNetwork) {
   const FakeShell shell;
   FakeAccessibility accessibility;
-  const TemporaryFolder folder;
-  const auto trace = folder.path() / "trace";
-  accessibility.setAddress("unixexec:path=touch,argv1=" + trace.string());
+  const TestSupport::SilentServer server;
+  accessibility.setAddress("tcp:host=127.0.0.1,port=" + std::to_string(server.port()));
   EXPECT_FALSE(read());
-  EXPECT_FALSE(std::filesystem::exists(trace));
+  EXPECT_FALSE(server.takeConnection());
 }
 
 TEST(AccessibleWindowsOfGNOMEShell, AreTheStartedApplicationsWithoutAnAccessibilityBus) {
