@@ -3,7 +3,6 @@
 #include <utility>
 #include <vector>
 
-#include "DesktopSupport/Screen/Screen.h"
 #include "Tests/ScriptableApps/SystemEventsOnWayland.h"
 
 namespace {

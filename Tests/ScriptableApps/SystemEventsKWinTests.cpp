@@ -1,4 +1,3 @@
-#include "DesktopSupport/Screen/Screen.h"
 #include "Tests/ScriptableApps/SystemEventsOnWayland.h"
 
 // Here KWin lets the program only search for windows.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <atomic>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <thread>
@@ -10,6 +12,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "DesktopSupport/Screen/Screen.h"
 #include "Tests/ScriptableApps/OpenProcesses.h"
 #include "Tests/Support/Compositor.h"
 #include "Tests/Support/EnvironmentVariable.h"
@@ -150,6 +153,12 @@ TEST_F(SystemEventsOnWaylandTest, TakesWindowsWithEqualTitles) {
   start("Native", {"Home", "Home"});
   start("Xwayland", {"Home"}, WindowSystem::x11);
   EXPECT_THAT(namesOfOpenProcesses(), UnorderedElementsAre("Native", "Xwayland"));
+  // KWin shows the second one as "Home <2>".
+  const auto list = DesktopSupport::readWindows();
+  ASSERT_TRUE(list) << list.error().message;
+  std::vector<std::string> titles;
+  std::ranges::transform(list->windows, std::back_inserter(titles), &DesktopSupport::Window::title);
+  EXPECT_THAT(titles, ElementsAre("Home", "Home", "Home"));
 }
 
 TEST_F(SystemEventsOnWaylandTest, MakesATitleOfAnyKindHarmless) {

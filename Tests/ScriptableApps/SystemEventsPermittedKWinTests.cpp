@@ -1,6 +1,5 @@
 #include <algorithm>
 
-#include "DesktopSupport/Screen/Screen.h"
 #include "Tests/ScriptableApps/SystemEventsOnWayland.h"
 
 // Here KWin permits the program to see the windows: its desktop entry in the build folder asks for that.

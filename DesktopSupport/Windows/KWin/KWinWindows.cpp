@@ -1,6 +1,7 @@
 #include "DesktopSupport/Windows/KWin/KWinWindows.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,30 +42,10 @@ std::string windowIn(std::string_view result) {
   return end == std::string_view::npos ? "" : std::string(result.substr(begin, end + 1 - begin));
 }
 
-// A question about each window in the results of a search. A window is in them once for every reason to find it.
-std::vector<BusCall> questionsAbout(GVariant* results) {
-  std::vector<BusCall> windows;
-  std::unordered_set<std::string> known;
-  for (gsize index = 0; index < g_variant_n_children(results); ++index) {
-    const VariantHandle result(g_variant_get_child_value(results, index));
-    const char* id = nullptr;
-    g_variant_get_child(result.get(), 0, "&s", &id);
-    const std::string window = windowIn(id);
-    if (!window.empty() && known.insert(window).second)
-      windows.push_back({.method = describe,
-                         .arguments = owned(g_variant_new("(s)", window.c_str())),
-                         .replyType = G_VARIANT_TYPE("(a{sv})")});
-  }
-  return windows;
-}
-
 // What KWin says about a window: named values.
 class Description {
  public:
-  explicit Description(GVariant* answer) : values_(g_variant_get_child_value(answer, 0)) {}
-
-  // A window that is gone has no description.
-  [[nodiscard]] bool isEmpty() const { return g_variant_n_children(values_.get()) == 0; }
+  explicit Description(GVariant* values) : values_(values) {}
 
   // The value; notes its name if it is missing or has another type.
   std::string text(const char* name) {
@@ -81,25 +62,21 @@ class Description {
 
  private:
   VariantHandle find(const char* name, const GVariantType* type) {
-    VariantHandle value(g_variant_lookup_value(values_.get(), name, type));
+    VariantHandle value(g_variant_lookup_value(values_, name, type));
     if (!value && !missing_)
       missing_ = name;
     return value;
   }
 
-  VariantHandle values_;
+  // Borrowed.
+  GVariant* values_;
   std::optional<std::string> missing_;
 };
 
-// Only ordinary windows are found, but some of them may ask task bars to leave them out.
-Window windowOf(Description& description, WindowID id) {
-  return {.id = id,
-          .instance = description.text("resourceName"),
-          .windowClass = description.text("resourceClass"),
-          .title = description.text("caption"),
-          .applicationID = description.text("desktopFile"),
-          .isOrdinary = !description.isTrue("skipTaskbar"),
-          .isHidden = description.isTrue("minimized")};
+BusCall questionAbout(const std::string& window) {
+  return {.method = describe,
+          .arguments = owned(g_variant_new("(s)", window.c_str())),
+          .replyType = G_VARIANT_TYPE("(a{sv})")};
 }
 
 std::expected<WindowList, DesktopError> listOf(const std::vector<BusAnswer>& descriptions) {
@@ -111,17 +88,50 @@ std::expected<WindowList, DesktopError> listOf(const std::vector<BusAnswer>& des
   for (const BusAnswer& answer : descriptions) {
     if (!answer)
       return std::unexpected(failure(answer.error()));
-    Description description(answer->get());
-    if (description.isEmpty())
+    const VariantHandle description(g_variant_get_child_value(answer->get(), 0));
+    auto window = kwinWindowIn(description.get());
+    if (!window)
+      return std::unexpected(std::move(window.error()));
+    if (!*window)
       continue;
-    list.windows.push_back(windowOf(description, list.windows.size()));
-    if (description.missing())
-      return std::unexpected(DesktopError{"KWin describes a window without \"" + *description.missing() + "\"."});
+    (*window)->id = list.windows.size() + 1;
+    list.windows.push_back(std::move(**window));
   }
   return list;
 }
 
 }  // namespace
+
+// A window is among the results once for every reason to find it.
+std::vector<std::string> kwinWindowIDsIn(GVariant* results) {
+  std::vector<std::string> ids;
+  std::unordered_set<std::string> known;
+  for (gsize index = 0; index < g_variant_n_children(results); ++index) {
+    const VariantHandle result(g_variant_get_child_value(results, index));
+    const char* id = nullptr;
+    g_variant_get_child(result.get(), 0, "&s", &id);
+    std::string window = windowIn(id);
+    if (!window.empty() && known.insert(window).second)
+      ids.push_back(std::move(window));
+  }
+  return ids;
+}
+
+// Only ordinary windows are found, but some of them may ask task bars to leave them out.
+std::expected<std::optional<Window>, DesktopError> kwinWindowIn(GVariant* description) {
+  if (g_variant_n_children(description) == 0)
+    return std::nullopt;
+  Description values(description);
+  Window window{.instance = values.text("resourceName"),
+                .windowClass = values.text("resourceClass"),
+                .title = values.text("caption"),
+                .applicationID = values.text("desktopFile"),
+                .isOrdinary = !values.isTrue("skipTaskbar"),
+                .isHidden = values.isTrue("minimized")};
+  if (values.missing())
+    return std::unexpected(DesktopError{"KWin describes a window without \"" + *values.missing() + "\"."});
+  return window;
+}
 
 std::expected<WindowList, DesktopError> readKWinWindows(std::chrono::milliseconds patience) {
   const Deadline deadline = std::chrono::steady_clock::now() + patience;
@@ -134,11 +144,13 @@ std::expected<WindowList, DesktopError> readKWinWindows(std::chrono::millisecond
   if (!found)
     return std::unexpected(failure(found.error()));
   const VariantHandle results(g_variant_get_child_value(found->get(), 0));
-  const std::vector<BusCall> windows = questionsAbout(results.get());
+  const std::vector<std::string> windows = kwinWindowIDsIn(results.get());
   if (windows.size() > mostWindows)
     return std::unexpected(
         DesktopError{"KWin lists " + std::to_string(windows.size()) + " windows, more than can be."});
-  return listOf(bus->callAll(windows, timeUntil(deadline)));
+  std::vector<BusCall> questions;
+  std::ranges::transform(windows, std::back_inserter(questions), questionAbout);
+  return listOf(bus->callAll(questions, timeUntil(deadline)));
 }
 
 }  // namespace DesktopSupport
