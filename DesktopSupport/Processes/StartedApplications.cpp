@@ -26,8 +26,8 @@ std::vector<pid_t> processesIn(const path& group) {
   std::vector<pid_t> processes;
   for (const std::string_view line : separated(text, '\n'))
     // A process of another namespace is listed as 0.
-    if (const auto process = parseNumber<pid_t>(line); process.value_or(0) > 0)
-      processes.push_back(*process);
+    if (const pid_t process = parseNumber<pid_t>(line).value_or(0); process > 0)
+      processes.push_back(process);
   std::ranges::sort(processes);
   return processes;
 }
@@ -38,10 +38,11 @@ void addApplications(const path& slice, int depth, std::vector<StartedApplicatio
     const std::string name = group->path().filename().string();
     if (name.ends_with(".slice") && depth < deepestSlice)
       addApplications(group->path(), depth + 1, applications);
-    auto unit = ApplicationUnit::find('/' + name);
-    auto processes = unit ? processesIn(group->path()) : std::vector<pid_t>();
-    if (!processes.empty())
-      applications.push_back({std::move(*unit), std::move(processes)});
+    const auto unit = ApplicationUnit::find('/' + name);
+    if (!unit)
+      continue;
+    if (auto processes = processesIn(group->path()); !processes.empty())
+      applications.push_back({*unit, std::move(processes)});
   }
 }
 

@@ -40,6 +40,15 @@ class SystemEventsWithoutExtensionTest : public testing::Test {
     EXPECT_TRUE(reader.awaitWindow(programs.back().pid()));
   }
 
+  // Asks until these programs are listed: on a busy machine, one that is asked may not answer in time.
+  static bool comesToList(const std::vector<std::string>& names) {
+    return TestSupport::Compositor::waitUntil([&names] {
+      auto listed = namesOfOpenProcesses();
+      std::ranges::sort(listed);
+      return listed == names;
+    });
+  }
+
   const std::unique_ptr<TestSupport::Compositor> compositor = TestSupport::Compositor::running();
   std::vector<ChildProcess> programs;
 };
@@ -53,7 +62,7 @@ TEST_F(SystemEventsWithoutExtensionTest, ListsProgramsThatScreenReadersCanReadAn
   EXPECT_TRUE(compositor->awaitWindow("a terminal"));
   programs.push_back(TestSupport::startFeatherPad());  // which screen readers cannot read
   EXPECT_TRUE(compositor->awaitWindow("Untitled"));
-  EXPECT_THAT(namesOfOpenProcesses(), testing::UnorderedElementsAre("Mousepad", "Calculator", "XTerm"));
+  EXPECT_TRUE(comesToList({"Calculator", "Mousepad", "XTerm"}));
 }
 
 TEST_F(SystemEventsWithoutExtensionTest, SaysInTheLogHowToListAllWindows) {
@@ -70,7 +79,7 @@ TEST_F(SystemEventsWithoutExtensionTest, LeavesOutAProgramThatHangs) {
   start({"gnome-calculator"}, "Calculator");
   awaitAccessibility();
   kill(programs.front().pid(), SIGSTOP);
-  EXPECT_THAT(namesOfOpenProcesses(), testing::ElementsAre("Calculator"));
+  EXPECT_TRUE(comesToList({"Calculator"}));
   kill(programs.front().pid(), SIGCONT);
 }
 

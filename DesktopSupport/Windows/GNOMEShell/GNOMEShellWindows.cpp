@@ -84,8 +84,8 @@ bool isOrdinary(Properties& properties) {
 }
 
 std::optional<pid_t> processOf(Properties& properties) {
-  const auto pid = properties.signedNumber("pid");
-  return pid && *pid > 0 ? std::optional<pid_t>(*pid) : std::nullopt;
+  const std::optional<pid_t> pid = properties.signedNumber("pid");
+  return pid.value_or(0) > 0 ? pid : std::nullopt;
 }
 
 Window windowFrom(Properties& properties, WindowID id) {
