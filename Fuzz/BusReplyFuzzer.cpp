@@ -12,8 +12,8 @@
 #include "DesktopSupport/Windows/KWin/KWinWindows.h"
 #include "Fuzz/Target.h"
 #include "ScriptableApps/Deskloom/DeskloomHost.h"
-#include "ScriptableApps/Finder/FileManagerWindows.h"
 #include "ScriptableApps/Finder/OpenFolders.h"
+#include "ScriptableApps/Finder/ReportedFolders.h"
 
 namespace {
 
@@ -45,12 +45,13 @@ void requireFolder(const std::string& location) {
 
 void readFileManager(GVariant* properties) {
   const ScriptableApps::FileManager fileManager{.connection = ":1.1"};
-  const auto windows = ScriptableApps::reportedWindows(
-      fileManager, properties, std::unexpected(DesktopSupport::DesktopError{"There is no X display."}));
+  const auto windows = ScriptableApps::windowsIn(properties, fileManager);
   if (!windows)
     return;
-  for (const auto& [name, locations] : *windows) {
-    require(name.connection == fileManager.connection, "A window belongs to the connection that answered.");
+  for (const auto& [name, locations, id] : *windows) {
+    require(name.path.empty() || name.connection == fileManager.connection,
+            "A window belongs to the connection that answered.");
+    require(!id, "A file manager without windows on the screen has no place there.");
     Fuzz::requireUTF8(name.path);
     for (const std::string& location : locations) {
       Fuzz::requireUTF8(location);

@@ -1,12 +1,22 @@
 #include "ScriptableApps/Finder/FileManagerWindows.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <optional>
 #include <ranges>
 #include <utility>
 
 #include "DesktopSupport/Screen/Screen.h"
 #include "DesktopSupport/System/DisplayableText.h"
+#include "ScriptableApps/Finder/DolphinFolders.h"
+#include "ScriptableApps/Finder/FolderWay.h"
+#include "ScriptableApps/Finder/ReportedFolders.h"
+#include "ScriptableApps/Finder/RunningFileManagers.h"
+#include "ScriptableApps/Finder/ShownFolders.h"
+#include "ScriptableApps/Finder/WatchedFolders.h"
+#include "ScriptableApps/Finder/WindowOrder.h"
+#include "ScriptableApps/Finder/WindowTitles.h"
 
 namespace ScriptableApps {
 
@@ -14,115 +24,94 @@ namespace {
 
 using DesktopSupport::BusError;
 using DesktopSupport::SessionBus;
-using DesktopSupport::VariantHandle;
 using std::chrono::milliseconds;
 namespace BusErrorName = DesktopSupport::BusErrorName;
 
-std::vector<std::string> stringsOf(GVariant* array) {
-  std::vector<std::string> strings;
-  GVariantIter iterator;
-  g_variant_iter_init(&iterator, array);
-  const char* string = nullptr;
-  while (g_variant_iter_next(&iterator, "&s", &string) != FALSE)
-    strings.emplace_back(string);
-  return strings;
-}
+// The surest way first. A further one is one more row.
+constexpr std::array<FolderWay, 4> ways = {reportedFolders, dolphinFolders, foldersInTitles, shownFolders};
 
-FileManagerWindows windowsIn(const std::string& connection, GVariant* dictionary) {
-  FileManagerWindows windows;
-  GVariantIter iterator;
-  g_variant_iter_init(&iterator, dictionary);
-  while (const VariantHandle entry{g_variant_iter_next_value(&iterator)}) {
-    const char* path = nullptr;
-    g_variant_get_child(entry.get(), 0, "&s", &path);
-    const VariantHandle tabs(g_variant_get_child_value(entry.get(), 1));
-    windows.push_back({.name = {.connection = connection, .path = path}, .locations = stringsOf(tabs.get())});
-  }
-  return windows;
-}
-
-BusError doesNotReport(const FileManager& fileManager) {
-  return {.name = std::string(BusErrorName::notSupported),
-          .message = nameOf(fileManager) + " is running but does not report which folders it shows."};
-}
-
-// GLib answers in one of these ways if an object lacks the interface, depending on what else the object has.
-bool isUnsupported(const BusError& error) {
-  return error.name.starts_with("org.freedesktop.DBus.Error.Unknown") || error.name == BusErrorName::invalidArguments ||
-         error.name == BusErrorName::notSupported;
-}
-
-std::expected<FileManagerWindows, BusError> windowsOf(const SessionBus& bus, const FileManager& fileManager,
-                                                      const WindowsOnScreen& screen, milliseconds patience) {
-  const auto reply =
-      bus.call({.destination = fileManager.connection,
-                .path = "/org/freedesktop/FileManager1",
-                .interface = "org.freedesktop.DBus.Properties",
-                .name = "GetAll"},
-               g_variant_new("(s)", "org.freedesktop.FileManager1"), G_VARIANT_TYPE("(a{sv})"), patience);
-  if (!reply)
-    return std::unexpected(isUnsupported(reply.error()) ? doesNotReport(fileManager) : reply.error());
-  const VariantHandle properties(g_variant_get_child_value(reply->get(), 0));
-  auto windows = reportedWindows(fileManager, properties.get(), screen);
-  if (!windows)
-    return std::unexpected(doesNotReport(fileManager));
-  return std::move(*windows);
-}
-
-// The answers of all file managers.
-struct Answers {
+// What is known of a file manager.
+struct Answer {
+  // Its `windows` are those of which nothing is known yet.
+  FileManager fileManager;
+  std::size_t windowCount;
   FileManagerWindows windows = {};
-  bool hasAnyReported = false;
-  std::vector<BusError> failures = {};
-  // A sentence for each failure.
-  std::vector<std::string> problems = {};
+  std::optional<std::size_t> finallyUnknown = {};
+  std::optional<BusError> failure = {};
 
-  void add(const FileManager& fileManager, std::expected<FileManagerWindows, BusError> answer) {
-    hasAnyReported |= answer.has_value();
-    if (answer) {
-      std::ranges::move(*answer, std::back_inserter(windows));
+  explicit Answer(FileManager running) : fileManager(std::move(running)), windowCount(fileManager.windows.size()) {}
+
+  [[nodiscard]] bool isFinal() const { return finallyUnknown.has_value(); }
+
+  void add(std::expected<FoundWindows, BusError> found) {
+    if (!found) {
+      if (found.error().name == BusErrorName::timeout)
+        fileManager.isSilent = true;
+      if (found.error().name != BusErrorName::notSupported && !failure)
+        failure = std::move(found.error());
       return;
     }
-    const BusError& failure = failures.emplace_back(std::move(answer.error()));
-    problems.push_back(failure.name == BusErrorName::notSupported
-                           ? failure.message
-                           : nameOf(fileManager) + " did not report which folders it shows: " +
-                                 DesktopSupport::displayable(failure.message));
+    for (const FileManagerWindow& window : found->windows)
+      std::erase_if(fileManager.windows, [&](const auto& onScreen) { return onScreen.id == window.id; });
+    std::ranges::move(found->windows, std::back_inserter(windows));
+    if (found->isFinal)
+      finallyUnknown = found->unknown;
+    else if (fileManager.windows.empty() && fileManager.areWindowsKnown && !failure)
+      finallyUnknown = 0;
   }
 
-  // Why none of them reported.
-  [[nodiscard]] BusError failure() const {
-    if (failures.empty())
-      return {.name = std::string(BusErrorName::nameHasNoOwner), .message = "No file manager is running."};
-    if (failures.size() == 1)
-      return failures.front();
-    BusError all{.name = std::string(BusErrorName::notSupported), .message = problems.front()};
-    for (const std::string& problem : problems | std::views::drop(1))
-      all.message += ' ' + problem;
-    return all;
+  [[nodiscard]] std::size_t unknownCount() const { return finallyUnknown.value_or(fileManager.windows.size()); }
+
+  // Whether anything is known: a file manager without windows shows nothing.
+  [[nodiscard]] bool hasReported() const { return !windows.empty() || (isFinal() && unknownCount() == 0); }
+
+  // A sentence about what is not known, if anything.
+  [[nodiscard]] std::optional<std::string> problem() const {
+    if (hasReported() && unknownCount() == 0)
+      return std::nullopt;
+    if (hasReported())
+      return nameOf(fileManager) + " does not report which folder it shows in " + std::to_string(unknownCount()) +
+             " of its " + std::to_string(windowCount) + " windows.";
+    if (failure)
+      return nameOf(fileManager) +
+             " did not report which folders it shows: " + DesktopSupport::displayable(failure->message);
+    return doesNotReport(fileManager).message;
   }
 };
+using Answers = std::vector<Answer>;
 
-Answers askAll(const SessionBus* bus, milliseconds patience) {
-  const auto screen = DesktopSupport::readWindows();
-  const FileManagers onBus = bus != nullptr ? fileManagersOn(*bus, patience) : FileManagers();
+std::vector<pid_t> processesOf(const Answers& answers) {
+  std::vector<pid_t> processes;
+  for (const Answer& answer : answers)
+    if (!answer.isFinal() && answer.fileManager.pid)
+      processes.push_back(*answer.fileManager.pid);
+  return processes;
+}
+
+Answers askAll(const SessionBus* bus, const WindowsOnScreen& screen, milliseconds patience) {
   Answers answers;
-  for (const FileManager& fileManager : onBus)
-    answers.add(fileManager, windowsOf(*bus, fileManager, screen, patience));
-  for (const FileManager& fileManager : otherFileManagers(screen, onBus))
-    answers.add(fileManager, std::unexpected(doesNotReport(fileManager)));
+  for (FileManager& fileManager : runningFileManagers(bus, screen, patience))
+    answers.emplace_back(std::move(fileManager));
+  WatchedFolders watched;
+  for (const FolderWay way : ways) {
+    watched.expect(processesOf(answers));
+    for (Answer& answer : answers)
+      if (!answer.isFinal())
+        answer.add(way(answer.fileManager, {.bus = bus, .patience = patience, .watched = watched}));
+  }
   return answers;
 }
 
-// Windows that the X server does not know keep their order, after those that it knows.
-void sortTopmostFirst(FileManagerWindows& windows) {
-  if (windows.size() < 2)
-    return;
-  const auto stack = DesktopSupport::readGTKWindows();
-  const auto depth = [&](const FileManagerWindow& window) {
-    return std::ranges::find(stack, window.name) - stack.begin();
-  };
-  std::ranges::stable_sort(windows, {}, depth);
+// Why nothing is known of any of them.
+BusError failureOf(const Answers& answers) {
+  if (answers.empty())
+    return {.name = std::string(BusErrorName::nameHasNoOwner), .message = "No file manager is running."};
+  if (answers.size() == 1 && answers.front().failure)
+    return *answers.front().failure;
+  BusError all{.name = std::string(BusErrorName::notSupported), .message = ""};
+  for (const Answer& answer : answers)
+    all.message += (all.message.empty() ? "" : " ") + answer.problem().value_or("");
+  return all;
 }
 
 std::vector<std::string> locationsOf(const FileManagerWindows& windows) {
@@ -134,29 +123,29 @@ std::vector<std::string> locationsOf(const FileManagerWindows& windows) {
 
 }  // namespace
 
-std::optional<FileManagerWindows> reportedWindows(const FileManager& fileManager, GVariant* properties,
-                                                  const WindowsOnScreen& screen) {
-  const auto lookUp = [&](const char* name, const char* type) {
-    return VariantHandle(g_variant_lookup_value(properties, name, G_VARIANT_TYPE(type)));
-  };
-  if (const auto windows = lookUp("OpenWindowsWithLocations", "a{sas}"))
-    return windowsIn(fileManager.connection, windows.get());
-  const auto locations = lookUp("OpenLocations", "as");
-  // Some file managers have this property and never set it.
-  if (!locations || (g_variant_n_children(locations.get()) == 0 && mayShowWindows(fileManager, screen)))
-    return std::nullopt;
-  return FileManagerWindows{{.name = {.connection = fileManager.connection}, .locations = stringsOf(locations.get())}};
+BusError doesNotReport(const FileManager& fileManager) {
+  return {.name = std::string(BusErrorName::notSupported),
+          .message = nameOf(fileManager) + " is running but does not report which folders it shows."};
 }
 
 std::expected<OpenLocations, BusError> openLocations(milliseconds patience) {
+  const auto screen = DesktopSupport::readWindows();
   const auto bus = SessionBus::connect();
-  Answers answers = askAll(bus ? &*bus : nullptr, patience);
-  if (!bus && answers.failures.empty())
+  Answers answers = askAll(bus ? &*bus : nullptr, screen, patience);
+  if (!bus && answers.empty())
     return std::unexpected(bus.error());
-  if (!answers.hasAnyReported)
-    return std::unexpected(answers.failure());
-  sortTopmostFirst(answers.windows);
-  return OpenLocations{.locations = locationsOf(answers.windows), .problems = std::move(answers.problems)};
+  if (std::ranges::none_of(answers, &Answer::hasReported))
+    return std::unexpected(failureOf(answers));
+  FileManagerWindows windows;
+  OpenLocations open;
+  for (Answer& answer : answers) {
+    if (auto problem = answer.problem())
+      open.problems.push_back(std::move(*problem));
+    std::ranges::move(answer.windows, std::back_inserter(windows));
+  }
+  sortTopmostFirst(windows, screen);
+  open.locations = locationsOf(windows);
+  return open;
 }
 
 }  // namespace ScriptableApps

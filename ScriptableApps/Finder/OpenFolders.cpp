@@ -1,6 +1,7 @@
 #include "ScriptableApps/Finder/OpenFolders.h"
 
 #include <algorithm>
+#include <array>
 #include <clocale>
 #include <filesystem>
 #include <string_view>
@@ -69,17 +70,17 @@ class UsersLanguage {
   locale_t before_ = nullptr;
 };
 
-// What the file manager calls the user's home folder, in the user's language; "Home" if there is no translation.
-std::string homeFolderName() {
-  constexpr const char* catalogue = "nautilus";
+// What a program calls the user's home folder, as its catalogue translates it; "Home" if there is no translation.
+std::string homeFolderName(const char* catalogue, const char* message) {
   const UsersLanguage language;
   bind_textdomain_codeset(catalogue, "UTF-8");
-  return DesktopSupport::displayableName(dgettext(catalogue, "Home"));
+  const char* const name = dgettext(catalogue, message);
+  return DesktopSupport::displayableName(name == message ? "Home" : name);
 }
 
 std::string nameOf(const std::string& path) {
-  if (path == canonical(DesktopSupport::homeFolder().c_str()))
-    return homeFolderName();
+  if (isHomeFolder(path))
+    return homeFolderName("nautilus", "Home");
   const CharsHandle name(g_filename_display_basename(path.c_str()));
   return DesktopSupport::displayableName(name.get());
 }
@@ -146,6 +147,21 @@ std::optional<std::string> MountedPlaces::pathOf(const std::string& uri) {
   const ObjectHandle<GFile> place(g_file_new_for_uri(uri.c_str()));
   const CharsHandle path(g_file_get_path(place.get()));
   return path ? std::optional<std::string>(path.get()) : std::nullopt;
+}
+
+bool isHomeFolder(const std::string& path) {
+  return path == canonical(DesktopSupport::homeFolder().c_str());
+}
+
+bool isNameOfHomeFolder(const std::string& name) {
+  // Dolphin's message has its context before a control character.
+  constexpr std::array<std::pair<const char*, const char*>, 4> messages = {
+      {{"nautilus", "Home"},
+       {"nemo", "Home"},
+       {"kio5", "KFile System Bookmarks\004Home"},
+       {"kio6", "KFile System Bookmarks\004Home"}}};
+  return std::ranges::any_of(
+      messages, [&](const auto& message) { return name == homeFolderName(message.first, message.second); });
 }
 
 std::optional<std::string> pathAt(const std::string& uri, MountedPlaces& places) {

@@ -37,6 +37,12 @@ class MountedPlaces {
   std::optional<bool> canBeAsked_ = {};
 };
 
+/// Whether the path is that of the user's home folder.
+bool isHomeFolder(const std::string& path);
+
+/// Whether a file manager shows the user's home folder under this name, in the user's language.
+bool isNameOfHomeFolder(const std::string& name);
+
 /// The path of a location in the file system, whether or not something is there. `nullopt` for other locations.
 std::optional<std::string> pathAt(const std::string& uri, MountedPlaces& places);
 

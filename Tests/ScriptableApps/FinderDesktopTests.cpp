@@ -3,6 +3,8 @@
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -47,16 +49,35 @@ TEST_F(FinderTest, HasTheTabsOfTheTopmostWindowFirst) {
   FakeFileManager fileManager;
   FakeFileManager other(otherFileManager);
   fileManager.has("{'OpenWindowsWithLocations': <{'/window/1': [" + uri(a_) + "], '/window/2': [" + uri(b_) + "]}>}");
-  other.has("{'OpenWindowsWithLocations': <{'/window/1': [" + uri(c_) + "]}>}");
+  other.has("{'OpenWindowsWithLocations': <{'/window/1': ['trash:///', " + uri(c_) + "]}>}");
   const TestSupport::TestDesktop desktop;
   TestSupport::TestWindow shown(desktop);
-  shown.setText("_GTK_UNIQUE_BUS_NAME", ownerOf(interfaceOwner)).setText("_GTK_WINDOW_OBJECT_PATH", "/window/2");
-  ASSERT_TRUE(shown.show());
+  ASSERT_TRUE(shown.setText("_NET_WM_NAME", "b", "UTF8_STRING").show());
   TestSupport::TestWindow topmost(desktop);
-  topmost.setText("_GTK_UNIQUE_BUS_NAME", ownerOf(otherFileManager)).setText("_GTK_WINDOW_OBJECT_PATH", "/window/1");
-  ASSERT_TRUE(topmost.show());
+  ASSERT_TRUE(topmost.setText("_NET_WM_NAME", "c", "UTF8_STRING").show());
   ASSERT_TRUE(desktop.waitUntil([&] { return desktop.stackedClients().back() == topmost.id(); }));
-  EXPECT_THAT(openPaths().value(), ElementsAre(c_ / "", b_ / "", a_ / "")) << "the X server does not know the last one";
+  EXPECT_THAT(openPaths().value(), ElementsAre(c_ / "", b_ / "", a_ / "")) << "the last one is not on the screen";
+}
+
+TEST_F(FinderTest, HasTheOrderOfGTKWindowsThatShowFoldersOfTheSameName) {
+  std::vector<std::filesystem::path> folders;
+  for (const char* parent : {"1", "2", "3"}) {
+    folders.push_back(folder_.path() / parent / "same");
+    std::filesystem::create_directories(folders.back());
+  }
+  FakeFileManager fileManager;
+  fileManager.has("{'OpenWindowsWithLocations': <{'/window/1': [" + uri(folders[0]) + "], '/window/2': [" +
+                  uri(folders[1]) + "], '/window/3': [" + uri(folders[2]) + "]}>}");
+  const TestSupport::TestDesktop desktop;
+  TestSupport::TestWindow lower(desktop);
+  TestSupport::TestWindow upper(desktop);
+  for (const auto& [window, path] : {std::pair(&lower, "/window/1"), std::pair(&upper, "/window/3")}) {
+    window->setText("_NET_WM_NAME", "same", "UTF8_STRING");
+    window->setText("_GTK_UNIQUE_BUS_NAME", ownerOf(interfaceOwner)).setText("_GTK_WINDOW_OBJECT_PATH", path);
+    ASSERT_TRUE(window->show());
+  }
+  ASSERT_TRUE(desktop.waitUntil([&] { return desktop.stackedClients().back() == upper.id(); }));
+  EXPECT_THAT(openPaths().value(), ElementsAre(folders[2] / "", folders[0] / "", folders[1] / ""));
 }
 
 TEST_F(FinderTest, HasTheLocationsIfTheFileManagerDoesNotReportWindows) {

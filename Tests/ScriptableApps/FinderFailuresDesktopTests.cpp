@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -53,11 +54,25 @@ std::string ownProgram() {
   return std::filesystem::read_symlink("/proc/self/exe").filename();
 }
 
+/// A window of the file managers made here, so that they show something.
+class ShownWindow {
+ public:
+  ShownWindow() {
+    if (!window_.show())
+      throw std::runtime_error("The window is not shown.");
+  }
+
+ private:
+  TestSupport::TestDesktop desktop_;
+  TestSupport::TestWindow window_{desktop_};
+};
+
 void expectDoesNotReport() {
   expectError(ErrorNumber::noSuchObject, doesNotReport(ownProgram()));
 }
 
 TEST_F(FinderTest, FindsAFileManagerBesideOneThatDoesNotReport) {
+  const ShownWindow window;
   FakeFileManager owner;
   FakeFileManager other(otherFileManager);
   std::string log;
@@ -86,6 +101,7 @@ TEST_F(FinderTest, LogsAFailureAsOneLine) {
 }
 
 TEST_F(FinderTest, NamesAllFileManagersIfNoneReports) {
+  const ShownWindow window;
   FakeFileManager owner;
   FakeFileManager other(otherFileManager);
   owner.has("@a{sv} {}");
@@ -113,6 +129,7 @@ TEST_F(FinderTest, IsNotRunningWithoutABus) {
 }
 
 TEST_F(FinderTest, SaysThatTheFileManagerDoesNotReport) {
+  const ShownWindow window;
   FakeFileManager fileManager;
   for (const char* properties :
        {"@a{sv} {}", "{'OpenLocations': <'file:///'>, 'OpenWindowsWithLocations': <['file:///']>}"}) {
@@ -128,6 +145,7 @@ TEST_F(FinderTest, SaysThatTheFileManagerDoesNotReport) {
 }
 
 TEST_F(FinderTest, SaysThatAFileManagerWithMethodsAloneDoesNotReport) {
+  const ShownWindow window;
   for (const char* interface : {"org.freedesktop.FileManager1", "org.example.Other"}) {
     const std::string description =
         std::string("<node><interface name='") + interface +
@@ -167,6 +185,14 @@ TEST_F(FinderTest, IsNotRunningForTheDesktopsIcons) {
   background.setClass("pcmanfm", "Pcmanfm").setAtom("_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DESKTOP");
   ASSERT_TRUE(background.show());
   expectNotRunning();
+}
+
+TEST_F(FinderTest, HasNoWindowsIfAFileManagerThatDoesNotReportHasNone) {
+  FakeFileManager fileManager;
+  fileManager.has("@a{sv} {}");
+  std::string log;
+  EXPECT_THAT(openPathsAndLog(log), IsEmpty());
+  EXPECT_EQ(log, "");
 }
 
 TEST_F(FinderTest, IsNotRunningIfTheFileManagerQuitsMeanwhile) {
