@@ -190,7 +190,7 @@ const DesktopEntry* byOtherName(DesktopEntries& entries, const Evidence& evidenc
   if (evidence.process.executable())
     return nullptr;
   for (const std::string* name : names)
-    if (const auto* entry = isInterpreter(*name) ? nullptr : index.starting({.program = *name, .arguments = {}}))
+    if (const auto* entry = index.starting({.program = *name, .arguments = {}}))
       return entry;
   for (const std::string* name : names)
     if (const auto* entry = index.endingWith(*name))

@@ -83,8 +83,9 @@ TEST_F(SnapWindow, IsOneOfTheSnapWithTheProgramIfTheMarksAreAnothers) {
 
 TEST_F(SnapWindow, CopesWithWhateverTheMarksSay) {
   addEntry("a", "StartupWMClass=A");
-  for (const std::string& mark : {"snap.../a.b"s, "snap."s, "snap.."s, "snap.a"s, "snap.a."s, "snap..a"s,
-                                  "snap.\xff.a"s, "snap.a\0.a"s, "snap." + std::string(70000, 'a') + ".a"}) {
+  for (const std::string& mark :
+       {""s, "snap.../a.b"s, "snap.a.b"s, "snap."s, "snap.."s, "snap.a"s, "snap.a."s, "snap..a"s, "snap.\xff.a"s,
+        "snap.a\0.a"s, "snap." + std::string(70000, 'a') + ".a"}) {
     setUnit(mark + ".scope");
     setProcessFile("attr/current", mark);
     setProcessFile("environ", "SNAP_INSTANCE_NAME=" + mark + '\0');

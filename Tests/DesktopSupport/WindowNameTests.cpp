@@ -27,8 +27,8 @@ TEST_F(WaylandWindow, HasTheEntryWithItsID) {
 }
 
 TEST_F(WaylandWindow, HasTheEntryOfTheFlatpakWithItsID) {
-  addEntry("browser", "X-Flatpak=org.example.Browser");
-  EXPECT_EQ(entryOf("org.example.Browser"), "browser");
+  addEntry("my-web", "X-Flatpak=org.example.Browser");
+  EXPECT_EQ(entryOf("org.example.Browser"), "my-web");
 }
 
 TEST_F(WaylandWindow, HasTheEntryThatHadItsIDBeforeFlatpakRenamedIt) {
