@@ -152,9 +152,10 @@ TEST_F(SystemEventsTest, LeavesOutAWindowThatNoProcessOfThisMachineShows) {
   EXPECT_EQ(remote.wait(), 0) << "the process that the X server knows is gone";
   testing::internal::CaptureStderr();
   EXPECT_EQ(names(), Names{"xclock"});
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "An application with the window class \"../../etc/shadow\" is left out: its program on this computer is "
-            "unknown.\n");
+  EXPECT_EQ(
+      testing::internal::GetCapturedStderr(),
+      "An application with the window class \"../../etc/shadow\" is left out: no desktop entry matches it, and its "
+      "program on this computer is unknown.\n");
   xcb_kill_client(desktop_.connection(), desktop_.clients().back());
   desktop_.synchronize();
   awaitWindows(1);
