@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -34,6 +35,16 @@ void addXwaylandWindows(WindowList& list) {
     addX11Windows(list, *x11);
   else
     list.problems.push_back("The windows of X11 programs could not be asked about: " + x11.error().message);
+}
+
+// All that can be known of the windows if the compositor does not tell about them because of a fault.
+std::optional<WindowList> xwaylandWindowsAlone() {
+  WindowList list{.windows = {}, .isComplete = false};
+  addXwaylandWindows(list);
+  if (list.windows.empty())
+    return std::nullopt;
+  list.problems.emplace_back("Only the windows of X11 programs are listed.");
+  return list;
 }
 
 // Why nobody tells about the windows although nothing failed.
@@ -84,6 +95,11 @@ std::expected<WindowList, DesktopError> readWindows(std::span<const WindowSource
   }
   if (problems.empty())
     problems.push_back(missing(compositor, sources));
+  else if (server == DisplayServer::wayland)
+    if (auto list = xwaylandWindowsAlone()) {
+      list->problems.insert(list->problems.begin(), problems.begin(), problems.end());
+      return std::move(*list);
+    }
   return std::unexpected(DesktopError{joined(problems)});
 }
 

@@ -8,34 +8,12 @@
 
 namespace {
 
-std::vector<std::string> namesOfFrontmost() {
-  std::vector<std::string> names;
-  for (const RunningApplication& process : openProcesses())
-    if (process.isFrontmost)
-      names.push_back(process.name);
-  return names;
-}
-
 TEST_F(SystemEventsOnWaylandTest, KnowsWhichApplicationIsInFront) {
-  start("Native", {"one", "two"});
-  start("Xwayland", {"three"}, WindowSystem::x11);
-  for (const char* title : {"one", "three", "two"}) {
-    EXPECT_TRUE(compositor->focus(title));
-    EXPECT_THAT(namesOfFrontmost(), ElementsAre(title == std::string("three") ? "Xwayland" : "Native"));
-  }
+  expectThatTheFrontIsKnown();
 }
 
 TEST_F(SystemEventsOnWaylandTest, ShowsAnApplicationUntilAllItsWindowsAreMinimized) {
-  for (const auto& [name, windowSystem] :
-       {std::pair("Native", WindowSystem::wayland), {"Xwayland", WindowSystem::x11}}) {
-    start(name, {"one", "two"}, windowSystem);
-    EXPECT_TRUE(compositor->minimize("one"));
-    EXPECT_TRUE(onlyProcess().isVisible) << name;
-    EXPECT_TRUE(compositor->minimize("two"));
-    EXPECT_FALSE(onlyProcess().isVisible) << name;
-    programs.clear();
-    EXPECT_TRUE(compositor->waitForNoWindows());
-  }
+  expectThatVisibilityIsKnown();
 }
 
 TEST_F(SystemEventsOnWaylandTest, KnowsTheProcessesOfAllPrograms) {

@@ -1,24 +1,29 @@
-#include "Tests/ScriptableApps/SystemEventsOnKWin.h"
+#include "DesktopSupport/Screen/Screen.h"
+#include "Tests/ScriptableApps/SystemEventsOnWayland.h"
 
 // Here KWin lets the program only search for windows.
 
 namespace {
 
-TEST_F(SystemEventsOnKWinTest, DoesNotKnowTheProcessesOfOtherPrograms) {
-  start("Native", {"one"});
+TEST_F(SystemEventsOnWaylandTest, ShowsAnApplicationUntilAllItsWindowsAreMinimized) {
+  expectThatVisibilityIsKnown();
+}
+
+TEST_F(SystemEventsOnWaylandTest, KnowsOnlyTheProcessesOfX11Programs) {
+  start("Native", {"native"});
   EXPECT_EQ(onlyProcess().pid, std::nullopt);
 }
 
-TEST_F(SystemEventsOnKWinTest, KnowsOnlyOfProgramsUnderXWhetherTheyAreInFront) {
+TEST_F(SystemEventsOnWaylandTest, DoesNotKnowWhichWaylandProgramIsInFront) {
   start("Native", {"one"});
   start("Xwayland", {"two"}, WindowSystem::x11);
-  EXPECT_TRUE(compositor->focus("two"));
-  EXPECT_THAT(namesOfFrontmostProcesses(), ElementsAre("Xwayland"));
-  EXPECT_TRUE(compositor->focus("one"));
-  EXPECT_THAT(namesOfFrontmostProcesses(), IsEmpty());
+  ASSERT_TRUE(compositor->focus("two"));
+  EXPECT_THAT(frontmost(), ElementsAre("Xwayland"));
+  ASSERT_TRUE(compositor->focus("one"));
+  EXPECT_THAT(frontmost(), IsEmpty());
 }
 
-TEST_F(SystemEventsOnKWinTest, SaysThatNotAllIsKnown) {
+TEST_F(SystemEventsOnWaylandTest, SaysThatNotAllIsKnown) {
   const auto list = DesktopSupport::readWindows();
   ASSERT_TRUE(list) << list.error().message;
   EXPECT_FALSE(list->isComplete);

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -31,9 +32,10 @@ using TestSupport::WindowSystem;
 class SystemEventsOnWaylandTest : public testing::Test {
  protected:
   SystemEventsOnWaylandTest() {
+    // KWin 5 tells the classes of X11 windows in lower case.
     for (const std::string name : {"Native", "Xwayland"})
       folder_.write("applications/com.example." + name + ".desktop",
-                    "[Desktop Entry]\nType=Application\nName=" + name + '\n');
+                    "[Desktop Entry]\nType=Application\nName=" + name + "\nStartupWMClass=com.example." + name + '\n');
   }
 
   ~SystemEventsOnWaylandTest() override {
@@ -60,6 +62,39 @@ class SystemEventsOnWaylandTest : public testing::Test {
     const auto processes = openProcesses();
     EXPECT_EQ(processes.size(), 1U);
     return processes.empty() ? RunningApplication() : processes.front();
+  }
+
+  // The names of the applications in front.
+  static std::vector<std::string> frontmost() {
+    std::vector<std::string> names;
+    for (const RunningApplication& process : openProcesses())
+      if (process.isFrontmost)
+        names.push_back(process.name);
+    return names;
+  }
+
+  // Brings windows of both kinds to the front.
+  void expectThatTheFrontIsKnown() {
+    start("Native", {"one", "two"});
+    start("Xwayland", {"three"}, WindowSystem::x11);
+    for (const char* title : {"one", "three", "two"}) {
+      EXPECT_TRUE(compositor->focus(title));
+      EXPECT_THAT(frontmost(), ElementsAre(title == std::string("three") ? "Xwayland" : "Native"));
+    }
+  }
+
+  // Minimises the windows of programs of both kinds.
+  void expectThatVisibilityIsKnown() {
+    for (const auto& [name, windowSystem] :
+         {std::pair("Native", WindowSystem::wayland), {"Xwayland", WindowSystem::x11}}) {
+      start(name, {"one", "two"}, windowSystem);
+      EXPECT_TRUE(compositor->minimize("one"));
+      EXPECT_TRUE(onlyProcess().isVisible) << name;
+      EXPECT_TRUE(compositor->minimize("two"));
+      EXPECT_FALSE(onlyProcess().isVisible) << name;
+      programs.clear();
+      EXPECT_TRUE(compositor->waitForNoWindows());
+    }
   }
 
   const std::unique_ptr<TestSupport::Compositor> compositor = TestSupport::Compositor::running();
@@ -111,10 +146,16 @@ TEST_F(SystemEventsOnWaylandTest, ForgetsAProgramWhoseWindowsAreClosed) {
   EXPECT_THAT(openProcesses(), IsEmpty());
 }
 
+TEST_F(SystemEventsOnWaylandTest, TakesWindowsWithEqualTitles) {
+  start("Native", {"Home", "Home"});
+  start("Xwayland", {"Home"}, WindowSystem::x11);
+  EXPECT_THAT(namesOfOpenProcesses(), UnorderedElementsAre("Native", "Xwayland"));
+}
+
 TEST_F(SystemEventsOnWaylandTest, MakesATitleOfAnyKindHarmless) {
-  const std::string longTitle(100'000, 'x');
-  start("Native", {"line\nbreak\ttab", "\x1b[31m \u202e reversed", longTitle});
-  start("Xwayland", {"line\nbreak\ttab", "\x1b[31m \u202e reversed", longTitle}, WindowSystem::x11);
+  const std::string longTitle(3000, 'x');
+  start("Native", {"", "line\nbreak\ttab", "\x1b[31m \u202e reversed", longTitle});
+  start("Xwayland", {"", "line\nbreak\ttab", "\x1b[31m \u202e reversed", longTitle}, WindowSystem::x11);
   EXPECT_THAT(namesOfOpenProcesses(), UnorderedElementsAre("Native", "Xwayland"));
 }
 
