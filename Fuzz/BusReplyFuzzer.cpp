@@ -73,10 +73,10 @@ void readKWinSearch(GVariant* results) {
 
 void readKWinWindow(GVariant* description) {
   const auto window = DesktopSupport::kwinWindowIn(description);
-  if (!window)
+  if (window)
+    requireUTF8(*window);
+  else
     require(DesktopSupport::isDisplayable(window.error().message), "An error is one line.");
-  else if (*window)
-    requireUTF8(**window);
 }
 
 void readShell(GVariant* answer) {

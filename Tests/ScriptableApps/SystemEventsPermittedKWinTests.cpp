@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 
 #include "Tests/ScriptableApps/SystemEventsOnWayland.h"
 
@@ -32,6 +33,17 @@ TEST_F(SystemEventsOnWaylandTest, KnowsTheStackingOrder) {
   for (const auto* title : {"Two", "Three", "One"})
     ASSERT_TRUE(compositor->focus(title));
   EXPECT_THAT(stack(), ElementsAre("Two", "Three", "One"));
+}
+
+// KWin tells the second title as "equal <2>".
+TEST_F(SystemEventsOnWaylandTest, KnowsTheWindowsOwnTitles) {
+  start("Native", {"equal", "equal"});
+  start("Xwayland", {"equal"}, WindowSystem::x11);
+  const auto list = DesktopSupport::readWindows();
+  ASSERT_TRUE(list) << list.error().message;
+  std::vector<std::string> titles;
+  std::ranges::transform(list->windows, std::back_inserter(titles), &DesktopSupport::Window::title);
+  EXPECT_THAT(titles, ElementsAre("equal", "equal", "equal"));
 }
 
 TEST_F(SystemEventsOnWaylandTest, KnowsEverything) {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -57,20 +56,20 @@ class Description {
     return value && g_variant_get_boolean(value.get()) != FALSE;
   }
 
-  // The first name of a value that is not as it should be.
-  [[nodiscard]] const std::optional<std::string>& missing() const { return missing_; }
+  // The first name of a value that is not as it should be; empty if there is none.
+  [[nodiscard]] const std::string& missing() const { return missing_; }
 
  private:
   VariantHandle find(const char* name, const GVariantType* type) {
     VariantHandle value(g_variant_lookup_value(values_, name, type));
-    if (!value && !missing_)
+    if (!value && missing_.empty())
       missing_ = name;
     return value;
   }
 
   // Borrowed.
   GVariant* values_;
-  std::optional<std::string> missing_;
+  std::string missing_;
 };
 
 BusCall questionAbout(const std::string& window) {
@@ -89,13 +88,14 @@ std::expected<WindowList, DesktopError> listOf(const std::vector<BusAnswer>& des
     if (!answer)
       return std::unexpected(failure(answer.error()));
     const VariantHandle description(g_variant_get_child_value(answer->get(), 0));
+    // Nothing is said about a window that is gone.
+    if (g_variant_n_children(description.get()) == 0)
+      continue;
     auto window = kwinWindowIn(description.get());
     if (!window)
       return std::unexpected(std::move(window.error()));
-    if (!*window)
-      continue;
-    (*window)->id = list.windows.size() + 1;
-    list.windows.push_back(std::move(**window));
+    window->id = list.windows.size() + 1;
+    list.windows.push_back(std::move(*window));
   }
   return list;
 }
@@ -118,9 +118,7 @@ std::vector<std::string> kwinWindowIDsIn(GVariant* results) {
 }
 
 // Only ordinary windows are found, but some of them may ask task bars to leave them out.
-std::expected<std::optional<Window>, DesktopError> kwinWindowIn(GVariant* description) {
-  if (g_variant_n_children(description) == 0)
-    return std::nullopt;
+std::expected<Window, DesktopError> kwinWindowIn(GVariant* description) {
   Description values(description);
   Window window{.instance = values.text("resourceName"),
                 .windowClass = values.text("resourceClass"),
@@ -128,8 +126,8 @@ std::expected<std::optional<Window>, DesktopError> kwinWindowIn(GVariant* descri
                 .applicationID = values.text("desktopFile"),
                 .isOrdinary = !values.isTrue("skipTaskbar"),
                 .isHidden = values.isTrue("minimized")};
-  if (values.missing())
-    return std::unexpected(DesktopError{"KWin describes a window without \"" + *values.missing() + "\"."});
+  if (!values.missing().empty())
+    return std::unexpected(DesktopError{"KWin describes a window without \"" + values.missing() + "\"."});
   return window;
 }
 

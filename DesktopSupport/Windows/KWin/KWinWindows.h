@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <expected>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,9 +16,9 @@ inline constexpr std::chrono::seconds kwinAnswerTime{3};
 /// The ids of the windows in what a search yields, of type a(sss?da{sv}), each once.
 std::vector<std::string> kwinWindowIDsIn(GVariant* results);
 
-/// The window that KWin describes, without its `id`; `nullopt` if it is gone. `description` has the type a{sv}. Fails
-/// if a value is missing or has another type.
-std::expected<std::optional<Window>, DesktopError> kwinWindowIn(GVariant* description);
+/// The window that KWin describes, without its `id`. `description` has the type a{sv}. Fails if a value is missing or
+/// has another type.
+std::expected<Window, DesktopError> kwinWindowIn(GVariant* description);
 
 /// Reads the windows that KWin finds when it is asked over the session bus to search for any, those of all virtual
 /// desktops. It needs no permission, but is slow, since the windows' icons come along. KWin tells neither processes nor
