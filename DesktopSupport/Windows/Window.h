@@ -73,12 +73,12 @@ enum class DisplayServer { wayland, x11 };
 /// A way to learn about the windows on the screen, such as an X server.
 struct WindowSource {
   /// The kind of desktop that has this source.
-  DisplayServer server;
+  DisplayServer server = DisplayServer::x11;
   /// The technical name of what the source needs.
-  const char* feature;
+  const char* feature = "";
   /// The windows; fails if the source does not tell, and with `isAbsent` if it is not there. The compositor runs if the
   /// desktop is a Wayland one.
-  std::expected<WindowList, DesktopError> (*windows)(Compositor& compositor);
+  std::expected<WindowList, DesktopError> (*windows)(Compositor& compositor) = nullptr;
   /// The GTK windows, the topmost first; empty if the source is not there or does not tell. Null if it never does.
   std::vector<GTKWindowName> (*gtkWindows)(Compositor& compositor) = nullptr;
 };

@@ -2,13 +2,11 @@
 
 #include <list>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
 
-#include "DeskloomSDK/Resources/Resource.h"
-#include "Platform/Text/PercentEncoding.h"
+#include "Tests/EndToEnd/SentApplications.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/ClientList.h"
@@ -25,20 +23,6 @@ namespace {
 
 constexpr const char* pluginName = "com.quillary.Gleanery";
 constexpr const char* emptyListCommand = "deskloom://gleanery/%5B%5D";
-constexpr std::string_view commandPrefix = "deskloom://gleanery/";
-
-/// The resources that a command carries, as pairs of name and URL.
-std::vector<std::pair<std::string, std::string>> applications(const std::string& command) {
-  EXPECT_TRUE(command.starts_with(commandPrefix)) << command;
-  const auto payload = Platform::percentDecoded(std::string_view(command).substr(commandPrefix.size()));
-  const auto resources = DeskloomSDK::decodeResources(payload).value();
-  std::vector<std::pair<std::string, std::string>> result;
-  for (const auto& resource : resources) {
-    EXPECT_EQ(resource.type(), DeskloomSDK::ResourceType::application);
-    result.emplace_back(resource.name(), resource.url().absoluteString());
-  }
-  return result;
-}
 
 class RunCommandTest : public testing::Test {
  protected:
@@ -79,11 +63,11 @@ TEST_F(RunCommandTest, SendsTheApplicationsThatHaveWindowsAndNoOthers) {
                                     Pair("xclock", "file:///usr/bin/xclock"));
 
   EXPECT_EQ(TestSupport::run({"gio", "open", "deskloomplugin://runCommand/apps"}), 0);
-  EXPECT_THAT(applications(host.nextLine()), expected) << "opened as any program on the desktop would";
+  EXPECT_THAT(sentApplications(host.nextLine()), expected) << "opened as any program on the desktop would";
   EXPECT_TRUE(TestSupport::openURL(pluginName, "deskloomplugin://runCommand/apps"));
-  EXPECT_THAT(applications(host.nextLine()), expected) << "delivered by the bus";
+  EXPECT_THAT(sentApplications(host.nextLine()), expected) << "delivered by the bus";
   EXPECT_EQ(launch({"deskloomplugin://runCommand/apps"}), 0);
-  EXPECT_THAT(applications(host.nextLine()), expected) << "delivered on the command line";
+  EXPECT_THAT(sentApplications(host.nextLine()), expected) << "delivered on the command line";
 }
 
 TEST_F(RunCommandTest, SendsAnEmptyListIfNothingIsOpen) {

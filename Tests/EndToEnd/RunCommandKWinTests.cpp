@@ -1,0 +1,1 @@
+#include "Tests/EndToEnd/RunCommandOnWayland.h"
