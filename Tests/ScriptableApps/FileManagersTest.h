@@ -34,7 +34,7 @@ class FileManagersTest : public testing::Test {
   static void awaitWatch(const ChildProcess& process, const std::string& folder) {
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (std::chrono::steady_clock::now() < deadline) {
-      ScriptableApps::WatchedFolders watched;
+      ScriptableApps::WatchedFolders watched(std::chrono::seconds(1));
       const auto& folders = watched.of(process.pid()).folders;
       if (std::ranges::find(folders, std::filesystem::path(folder)) != folders.end())
         return;
