@@ -2,11 +2,14 @@
 #include <cstdlib>
 #include <expected>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "AppleScript/Values/Value.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/Windows/GNOMEShell/GNOMEShellWindows.h"
+#include "DesktopSupport/Windows/KWin/KWinWindows.h"
 #include "Fuzz/Target.h"
 #include "ScriptableApps/Deskloom/DeskloomHost.h"
 #include "ScriptableApps/Finder/OpenFolders.h"
@@ -57,6 +60,40 @@ void readFileManager(GVariant* properties) {
   }
 }
 
+void requireUTF8(const DesktopSupport::Window& window) {
+  for (const std::string& text : {window.title, window.windowClass, window.instance, window.applicationID})
+    Fuzz::requireUTF8(text);
+}
+
+void readKWinSearch(GVariant* results) {
+  const auto ids = DesktopSupport::kwinWindowIDsIn(results);
+  const std::set<std::string> different(ids.begin(), ids.end());
+  require(different.size() == ids.size() && !different.contains(""), "Each window is found once.");
+}
+
+void readKWinWindow(GVariant* description) {
+  const auto window = DesktopSupport::kwinWindowIn(description);
+  if (window)
+    requireUTF8(*window);
+  else
+    require(DesktopSupport::isDisplayable(window.error().message), "An error is one line.");
+}
+
+void readShell(GVariant* answer) {
+  const auto list = DesktopSupport::gnomeShellWindowsIn(answer);
+  if (!list) {
+    require(DesktopSupport::isDisplayable(list.error().message), "An error is one line.");
+    return;
+  }
+  require(list->windows.size() == list->stack.size(), "Each window has a place in the stack.");
+  for (const DesktopSupport::Window& window : list->windows) {
+    require(window.id != 0 && window.pid.value_or(1) > 0, "A window has an id, and a process if it is known.");
+    requireUTF8(window);
+  }
+  for (const auto& [connection, path] : DesktopSupport::gnomeShellGTKWindowsIn(answer))
+    Fuzz::requireUTF8(connection + path);
+}
+
 // Looks up locations without asking another process.
 void leaveBus() {
   unsetenv("DBUS_SESSION_BUS_ADDRESS");
@@ -72,6 +109,12 @@ void read(GVariant* reply) {
   } else if (isOfType(reply, "(a{sv})")) {
     const VariantHandle properties(g_variant_get_child_value(reply, 0));
     readFileManager(properties.get());
+    readKWinWindow(properties.get());
+  } else if (isOfType(reply, "(a(sssida{sv}))")) {
+    const VariantHandle results(g_variant_get_child_value(reply, 0));
+    readKWinSearch(results.get());
+  } else {
+    readShell(reply);
   }
 }
 
@@ -118,6 +161,12 @@ void Fuzz::run(std::string_view input) {
       break;
     case 'p':
       readValue("(a{sv})", rest);
+      break;
+    case 's':
+      readValue("(a(sssida{sv}))", rest);
+      break;
+    case 'w':
+      readValue("(uaa{sv})", rest);
       break;
     default:
       readMessage(input);

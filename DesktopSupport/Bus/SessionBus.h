@@ -4,6 +4,7 @@
 #include <expected>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "DesktopSupport/System/GLibHandles.h"
 
@@ -30,6 +31,9 @@ inline constexpr std::string_view notSupported = "org.freedesktop.DBus.Error.Not
 inline constexpr std::string_view limitsExceeded = "org.freedesktop.DBus.Error.LimitsExceeded";
 }  // namespace BusErrorName
 
+/// What a method answers: a tuple.
+using BusAnswer = std::expected<VariantHandle, BusError>;
+
 /// The D-Bus name of `error`, and its message, `displayable` and without the name that GLib puts before it.
 BusError busErrorFrom(const GError& error);
 
@@ -39,6 +43,13 @@ struct BusMethod {
   std::string path;
   std::string interface;
   std::string name;
+};
+
+/// A call of a method with the tuple `arguments`, null if there are none, that answers a tuple of type `replyType`.
+struct BusCall {
+  BusMethod method;
+  VariantHandle arguments = nullptr;
+  const GVariantType* replyType = nullptr;
 };
 
 /// Whether the bus may start the program that a call is for if it is not running.
@@ -61,21 +72,31 @@ class SessionBus {
   /// `patience`. Starts none.
   static std::expected<SessionBus, BusError> connect(std::chrono::milliseconds patience = connectTime);
 
+  /// Connects to another bus of the user, such as the accessibility bus, at sockets of this machine: an address that
+  /// names something else, for example a command to start, is refused with `notSupported`. Fails like `connect`.
+  static std::expected<SessionBus, BusError> connectTo(const std::string& address,
+                                                       std::chrono::milliseconds patience = connectTime);
+
   /// Calls `method` with the tuple `arguments` (null if there are none; takes over a floating variant), and returns the
   /// tuple that it answers, of type `replyType`. Fails with `serviceUnknown` or `nameHasNoOwner` if the destination is
   /// not running and may not or cannot be started, with `noReply` if it leaves the bus before it answers, with
   /// `timeout` if the answer takes longer than that, and with `invalidArguments` if D-Bus does not allow a name or path
   /// in `method`. May be called on any thread.
-  [[nodiscard]] std::expected<VariantHandle, BusError> call(const BusMethod& method, GVariant* arguments,
-                                                            const GVariantType* replyType,
-                                                            std::chrono::milliseconds timeout,
-                                                            Activation activation = Activation::never) const;
+  [[nodiscard]] BusAnswer call(const BusMethod& method, GVariant* arguments, const GVariantType* replyType,
+                               std::chrono::milliseconds timeout, Activation activation = Activation::never) const;
+
+  /// Makes all calls at once, and returns the answers in their order. Each is what `call` would return; `timeout` is
+  /// for all of them together. Starts no program.
+  [[nodiscard]] std::vector<BusAnswer> callAll(const std::vector<BusCall>& calls,
+                                               std::chrono::milliseconds timeout) const;
 
   /// The connection itself, for exporting objects.
   [[nodiscard]] GDBusConnection* connection() const { return connection_.get(); }
 
  private:
   explicit SessionBus(ObjectHandle<GDBusConnection> connection) : connection_(std::move(connection)) {}
+  template <typename Connect>
+  static std::expected<SessionBus, BusError> connectWithin(std::chrono::milliseconds patience, Connect connect);
 
   ObjectHandle<GDBusConnection> connection_;
 };

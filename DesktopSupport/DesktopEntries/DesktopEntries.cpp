@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/System/Paths.h"
 #include "DesktopSupport/System/UserFolders.h"
 
 namespace DesktopSupport {
@@ -28,10 +29,6 @@ const DesktopEntry* usable(const std::optional<DesktopEntry>& entry) {
 bool isFolder(const path& file) {
   std::error_code ignored;
   return std::filesystem::is_directory(file, ignored);
-}
-
-bool isInside(const path& file, const path& folder) {
-  return std::ranges::mismatch(folder, file).in1 == folder.end();
 }
 
 // The id of `file` as an entry of `folder`: its path in there, joined with '-', without ".desktop".

@@ -59,17 +59,29 @@ std::optional<ApplicationUnit> parse(std::string_view unit) {
   return found.applicationID.empty() ? std::nullopt : std::optional(found);
 }
 
-std::optional<std::string> parseSnap(std::string_view unit) {
-  constexpr std::size_t uuidLength = 36;
-  if (!removePrefix(unit, "snap.") || !removeSuffix(unit, ".scope"))
-    return std::nullopt;
-  const auto dot = unit.find('.');
+// From the text after "snap.": the instance and the application. Hooks ("foo.hook.configure") are no applications.
+std::optional<SnapApplication> fromTag(std::string_view tag) {
+  const auto dot = tag.find('.');
   if (dot == std::string_view::npos)
     return std::nullopt;
-  std::string_view application = unit.substr(dot + 1, unit.find('.', dot + 1) - dot - 1);
-  if (application.size() > uuidLength && application[application.size() - uuidLength - 1] == '-')
-    application.remove_suffix(uuidLength + 1);
-  return std::string(unit.substr(0, dot)) + '_' + std::string(application);
+  SnapApplication found{.instance = std::string(tag.substr(0, dot)), .application = std::string(tag.substr(dot + 1))};
+  const bool isComplete = !found.instance.empty() && !found.application.empty() && !found.application.contains('.');
+  return isComplete ? std::optional(std::move(found)) : std::nullopt;
+}
+
+std::optional<SnapApplication> parseSnap(std::string_view unit) {
+  constexpr std::size_t uuidLength = 36;
+  if (!removePrefix(unit, "snap."))
+    return std::nullopt;
+  if (removeSuffix(unit, ".service"))
+    return fromTag(unit);
+  if (!removeSuffix(unit, ".scope"))
+    return std::nullopt;
+  if (unit.size() > uuidLength && unit[unit.size() - uuidLength - 1] == '-')
+    unit.remove_suffix(uuidLength + 1);
+  else
+    takeLast(unit, '.');
+  return fromTag(unit);
 }
 
 // The result of `parse` for the innermost unit that it accepts.
@@ -91,8 +103,21 @@ std::optional<ApplicationUnit> ApplicationUnit::find(std::string_view controlGro
   return innermost(controlGroups, parse);
 }
 
-std::optional<std::string> snapID(std::string_view controlGroups) {
+std::optional<SnapApplication> SnapApplication::find(std::string_view controlGroups) {
   return innermost(controlGroups, parseSnap);
+}
+
+std::optional<SnapApplication> SnapApplication::fromLabel(std::string_view label) {
+  if (!removePrefix(label, "snap."))
+    return std::nullopt;
+  // The mode is in parentheses, and a profile inside the snap's comes after slashes.
+  return fromTag(label.substr(0, label.find_first_of(" /\n")));
+}
+
+std::string SnapApplication::entryID() const {
+  std::string prefix = instance;
+  std::ranges::replace(prefix, '_', '+');
+  return prefix + '_' + application;
 }
 
 }  // namespace DesktopSupport

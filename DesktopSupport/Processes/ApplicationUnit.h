@@ -18,7 +18,25 @@ struct ApplicationUnit {
   static std::optional<ApplicationUnit> find(std::string_view controlGroups);
 };
 
-/// The snap that a process belongs to, from the text of /proc/<pid>/cgroup, as its desktop file id: "firefox_firefox".
-std::optional<std::string> snapID(std::string_view controlGroups);
+/// An application of a snap.
+struct SnapApplication {
+  /// The snap's name: "firefox". If the same snap is installed several times, each has a key: "firefox_work".
+  std::string instance;
+  /// The name of one of its applications; empty if only the snap is known.
+  std::string application;
+
+  /// The application whose processes are in these control groups, from the text of /proc/<pid>/cgroup. Its unit is
+  /// snap.<instance>.<application>-<uuid>.scope, or with a dot before the uuid, or
+  /// snap.<instance>.<application>.service.
+  static std::optional<SnapApplication> find(std::string_view controlGroups);
+
+  /// The application whose processes have this AppArmor label, such as "snap.firefox.firefox (enforce)".
+  static std::optional<SnapApplication> fromLabel(std::string_view label);
+
+  /// The usual desktop file id: "firefox_firefox", "firefox+work_firefox".
+  [[nodiscard]] std::string entryID() const;
+
+  bool operator==(const SnapApplication&) const = default;
+};
 
 }  // namespace DesktopSupport

@@ -136,7 +136,7 @@ std::optional<CommandLine> CommandLine::from(const Words& arguments) {
   const auto program = skipInterpreter(skipEnv(arguments.begin(), arguments.end()), arguments.end());
   if (program == arguments.end())
     return std::nullopt;
-  return CommandLine{.program = baseName(*program), .arguments = Words(program + 1, arguments.end())};
+  return CommandLine{.program = baseName(*program), .arguments = Words(program + 1, arguments.end()), .path = *program};
 }
 
 std::optional<CommandLine> CommandLine::fromExec(const std::string& exec) {

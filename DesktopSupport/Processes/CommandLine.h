@@ -12,6 +12,8 @@ namespace DesktopSupport {
 struct CommandLine {
   std::string program;
   std::vector<std::string> arguments;
+  /// The program as it is written, perhaps with its folder.
+  std::string path = {};
 
   /// `nullopt` if nothing remains: an interpreter by itself, or one that gets its program as an argument ("sh -c").
   static std::optional<CommandLine> from(const std::vector<std::string>& arguments);

@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdint>
+
+#include <unistd.h>
 
 #include "DesktopSupport/Processes/CommandLine.h"
 #include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/KeyFileGroup.h"
+#include "DesktopSupport/System/Text.h"
 #include "DesktopSupport/System/TimeLimit.h"
 
 namespace DesktopSupport {
@@ -31,11 +35,30 @@ bool isFile(const path& file) {
   return std::filesystem::is_regular_file(file, ignored);
 }
 
+// The numbers in the line of /proc/<pid>/status that begins with `label`.
+std::vector<std::int64_t> statusNumbers(std::string_view status, std::string_view label) {
+  std::vector<std::int64_t> numbers;
+  for (const std::string_view line : separated(status, '\n'))
+    if (line.starts_with(label))
+      for (const std::string_view word : separated(line.substr(label.size()), '\t'))
+        numbers.push_back(parseNumber<std::int64_t>(word).value_or(-1));
+  return numbers;
+}
+
+// Namespaces have names such as "mnt:[4026531841]".
+std::optional<path> namespaceNamed(const path& link) {
+  std::error_code error;
+  path name = std::filesystem::read_symlink(link, error);
+  return error ? std::nullopt : std::optional(std::move(name));
+}
+
 }  // namespace
 
-ProcessInfo::ProcessInfo(std::optional<pid_t> pid, const path& processes) : pid_(pid) {
-  if (pid)
-    folder_ = processes / std::to_string(*pid);
+ProcessInfo::ProcessInfo(std::optional<pid_t> pid, const path& processes) : processes_(processes) {
+  if (!pid || *pid <= 0)
+    return;
+  pid_ = pid;
+  folder_ = processes / std::to_string(*pid);
 }
 
 std::optional<std::string> ProcessInfo::contents(const path& file) const {
@@ -56,13 +79,14 @@ std::optional<path> ProcessInfo::linked(const char* link) const {
 
 std::optional<path> ProcessInfo::executable() const {
   constexpr std::string_view deleted = " (deleted)";
-  auto target = linked("exe");
-  std::string file = target.value_or("").string();
-  // A file's own name may end like this.
-  if (!file.ends_with(deleted) || isFile(file))
-    return target;
-  file.resize(file.size() - deleted.size());
-  return file;
+  if (!executable_) {
+    std::string file = linked("exe").value_or("").string();
+    // A file's own name may end like this.
+    if (file.ends_with(deleted) && !isFile(file))
+      file.resize(file.size() - deleted.size());
+    executable_ = file;
+  }
+  return executable_->empty() ? std::nullopt : executable_;
 }
 
 std::optional<path> ProcessInfo::script() const {
@@ -106,6 +130,47 @@ std::optional<std::string> ProcessInfo::flatpakID() const {
   const auto information = contents("root/.flatpak-info");
   const auto application = information ? KeyFileGroup::parse(*information, "Application") : std::nullopt;
   return application ? application->text("name") : std::nullopt;
+}
+
+std::string ProcessInfo::securityLabel() const {
+  // An older kernel has the label only where that of the first security module is.
+  for (const char* file : {"attr/apparmor/current", "attr/current"})
+    if (auto label = contents(file))
+      return *std::move(label);
+  return "";
+}
+
+std::optional<bool> ProcessInfo::sharesMounts() const {
+  const auto mounts = pid_ ? namespaceNamed(folder_ / "ns/mnt") : std::nullopt;
+  const auto own = mounts ? namespaceNamed(processes_ / "self/ns/mnt") : std::nullopt;
+  return own ? std::optional(mounts == own) : std::nullopt;
+}
+
+bool ProcessInfo::sharesFile(const path& file) const {
+  const auto found = foundWithin(fileSystemTime, [&] {
+    std::error_code error;
+    return std::filesystem::equivalent(folder_ / "root" / file.relative_path(), file, error) ? "yes" : "";
+  });
+  return pid_ && found == "yes";
+}
+
+bool ProcessInfo::exists() const {
+  std::error_code ignored;
+  return pid_ && std::filesystem::is_directory(folder_, ignored);
+}
+
+bool ProcessInfo::isOwnAndOutsideNamespaces() const {
+  const std::string status = contents("status").value_or("");
+  const auto users = statusNumbers(status, "Uid:");
+  // The numbers in the PID namespaces from that of the folder to the process's own.
+  const auto numbers = statusNumbers(status, "NSpid:");
+  return !users.empty() && users.front() == std::int64_t{getuid()} && pid_ &&
+         numbers == std::vector{std::int64_t{*pid_}};
+}
+
+std::optional<pid_t> ownProcessID(const path& processes) {
+  std::error_code error;
+  return parseNumber<pid_t>(std::filesystem::read_symlink(processes / "self", error).string());
 }
 
 }  // namespace DesktopSupport

@@ -11,7 +11,8 @@
 namespace DesktopSupport {
 
 /// What /proc tells about a process. Everything is read when it is first asked for. What cannot be read is absent, as
-/// when the process is gone or belongs to another user. An unknown process (no `pid`) has nothing.
+/// when the process is gone or belongs to another user. An unknown process (no `pid`, or a number that is none) has
+/// nothing.
 class ProcessInfo {
  public:
   explicit ProcessInfo(std::optional<pid_t> pid, const std::filesystem::path& processes = "/proc");
@@ -37,6 +38,23 @@ class ProcessInfo {
   /// The application id of the Flatpak sandbox that the process runs in.
   [[nodiscard]] std::optional<std::string> flatpakID() const;
 
+  /// The label that AppArmor gave the process, such as "snap.firefox.firefox (enforce)"; empty if there is none.
+  [[nodiscard]] std::string securityLabel() const;
+
+  /// Whether the process has the same mounted file systems as this one, so that it is in no sandbox. `nullopt` if the
+  /// kernel does not tell.
+  [[nodiscard]] std::optional<bool> sharesMounts() const;
+
+  /// Whether a path of the process leads to the same file here.
+  [[nodiscard]] bool sharesFile(const std::filesystem::path& file) const;
+
+  /// Whether there is such a process.
+  [[nodiscard]] bool exists() const;
+
+  /// Whether the process belongs to this user and is in no further PID namespace, so that the number by which it knows
+  /// itself is its number here.
+  [[nodiscard]] bool isOwnAndOutsideNamespaces() const;
+
  private:
   /// The target of one of the links in the process's folder.
   [[nodiscard]] std::optional<std::filesystem::path> linked(const char* link) const;
@@ -45,9 +63,15 @@ class ProcessInfo {
   const std::string& cachedContents(const std::filesystem::path& file, std::optional<std::string>& cache) const;
 
   std::optional<pid_t> pid_;
+  std::filesystem::path processes_;
   std::filesystem::path folder_;
+  mutable std::optional<std::filesystem::path> executable_;
   mutable std::optional<std::string> environment_;
   mutable std::optional<std::string> controlGroups_;
 };
+
+/// The number of this process in the PID namespace that `processes` describes. Another program in that namespace knows
+/// this process by the same number. `nullopt` if the folder does not describe this process.
+std::optional<pid_t> ownProcessID(const std::filesystem::path& processes = "/proc");
 
 }  // namespace DesktopSupport

@@ -1,11 +1,20 @@
 #include "DesktopSupport/Screen/Screen.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <string>
 #include <utility>
 
+#include "DesktopSupport/Screen/XwaylandWindows.h"
+#include "DesktopSupport/Windows/Accessible/AccessibleWindows.h"
+#include "DesktopSupport/Windows/GNOMEShell/GNOMEShellWindows.h"
+#include "DesktopSupport/Windows/KWin/KWinWindows.h"
 #include "DesktopSupport/Windows/Wayland/Compositor.h"
+#include "DesktopSupport/Windows/Wayland/ListedToplevels.h"
+#include "DesktopSupport/Windows/Wayland/PlasmaWindows.h"
+#include "DesktopSupport/Windows/Wayland/WlrootsWindows.h"
+#include "DesktopSupport/Windows/X11/X11Connection.h"
 #include "DesktopSupport/Windows/X11/X11Windows.h"
 
 namespace DesktopSupport {
@@ -16,10 +25,51 @@ DisplayServer serverOf(Compositor& compositor) {
   return compositor.isRunning() ? DisplayServer::wayland : DisplayServer::x11;
 }
 
+// A compositor's own X server. It is not started for this: then it would have no windows.
+void addXwaylandWindows(WindowList& list) {
+  if (!needsX11Windows(list) || !hasX11Clients())
+    return;
+  auto connection = X11Connection::connect(Compositor::longestSilence);
+  const auto x11 = connection ? readX11Windows(*connection) : std::unexpected(std::move(connection.error()));
+  if (x11)
+    addX11Windows(list, *x11);
+  else
+    list.problems.push_back("The windows of X11 programs could not be asked about: " + x11.error().message);
+}
+
+// All that can be known of the windows if the compositor does not tell about them because of a fault.
+std::optional<WindowList> xwaylandWindowsAlone() {
+  WindowList list{.windows = {}, .isComplete = false};
+  addXwaylandWindows(list);
+  if (list.windows.empty())
+    return std::nullopt;
+  list.problems.emplace_back("Only the windows of X11 programs are listed.");
+  return list;
+}
+
+// Why nobody tells about the windows although nothing failed.
+std::string missing(Compositor& compositor, std::span<const WindowSource> sources) {
+  if (!compositor.isRunning())
+    return "No source of windows is known.";
+  std::string features;
+  for (const WindowSource& source : sources)
+    if (source.server == DisplayServer::wayland)
+      features += (features.empty() ? "" : ", ") + std::string(source.feature);
+  return compositor.name() + " does not tell other programs about its windows: it has none of " + features + '.';
+}
+
+std::string joined(const std::vector<std::string>& sentences) {
+  std::string text;
+  for (const std::string& sentence : sentences)
+    text += (text.empty() ? "" : " ") + sentence;
+  return text;
+}
+
 }  // namespace
 
 std::span<const WindowSource> windowSources() {
-  static constexpr std::array sources = {x11Windows};
+  static constexpr std::array sources = {plasmaWindows, wlrootsWindows,    listedToplevels, gnomeShellWindows,
+                                         kwinWindows,   accessibleWindows, x11Windows};
   return sources;
 }
 
@@ -29,20 +79,28 @@ std::expected<WindowList, DesktopError> readWindows(std::span<const WindowSource
   std::vector<std::string> problems;
   if (compositor.problem())
     problems.push_back(*compositor.problem());
-  DesktopError last{.message = "No source of windows is known.", .isAbsent = true};
   for (const WindowSource& source : sources) {
     if (source.server != server)
       continue;
     auto list = source.windows(compositor);
     if (list) {
+      if (server == DisplayServer::wayland)
+        addXwaylandWindows(*list);
       list->problems.insert(list->problems.begin(), problems.begin(), problems.end());
       return list;
     }
-    if (!list.error().isAbsent)
-      problems.push_back(list.error().message);
-    last = std::move(list.error());
+    // Sources that share a connection fail with it.
+    if (!list.error().isAbsent && std::ranges::find(problems, list.error().message) == problems.end())
+      problems.push_back(std::move(list.error().message));
   }
-  return std::unexpected(std::move(last));
+  if (problems.empty())
+    problems.push_back(missing(compositor, sources));
+  else if (server == DisplayServer::wayland)
+    if (auto list = xwaylandWindowsAlone()) {
+      list->problems.insert(list->problems.begin(), problems.begin(), problems.end());
+      return std::move(*list);
+    }
+  return std::unexpected(DesktopError{joined(problems)});
 }
 
 std::vector<GTKWindowName> readGTKWindows(std::span<const WindowSource> sources) {

@@ -105,6 +105,10 @@ std::optional<std::string> KeyFileGroup::localizedText(std::string_view key) con
   return text(key);
 }
 
+bool KeyFileGroup::hasKeyStarting(std::string_view start) const {
+  return std::ranges::any_of(values_, [&](const auto& pair) { return pair.first.starts_with(start); });
+}
+
 bool KeyFileGroup::isTrue(std::string_view key) const {
   return text(key) == "true";
 }

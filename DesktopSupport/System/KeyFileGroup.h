@@ -23,6 +23,9 @@ class KeyFileGroup {
   /// The value of `key` in the user's language (LANGUAGE, LC_ALL, LC_MESSAGES, LANG), or else the untranslated one.
   [[nodiscard]] std::optional<std::string> localizedText(std::string_view key) const;
 
+  /// Whether there is a key that begins with `start`.
+  [[nodiscard]] bool hasKeyStarting(std::string_view start) const;
+
   /// Whether the value of `key` is "true".
   [[nodiscard]] bool isTrue(std::string_view key) const;
 

@@ -74,6 +74,8 @@ enum class DisplayServer { wayland, x11 };
 struct WindowSource {
   /// The kind of desktop that has this source.
   DisplayServer server;
+  /// The technical name of what the source needs.
+  const char* feature;
   /// The windows; fails if the source does not tell, and with `isAbsent` if it is not there. The compositor runs if the
   /// desktop is a Wayland one.
   std::expected<WindowList, DesktopError> (*windows)(Compositor& compositor);

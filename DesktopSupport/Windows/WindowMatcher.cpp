@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <tuple>
+#include <utility>
 
 #include "DesktopSupport/Processes/ApplicationUnit.h"
+#include "DesktopSupport/Processes/Sandbox.h"
 #include "DesktopSupport/System/DisplayableText.h"
 
 namespace DesktopSupport {
@@ -12,22 +15,66 @@ namespace {
 
 using std::filesystem::path;
 
-const DesktopEntry* bySandbox(DesktopEntries& entries, const Window&, const ProcessInfo& process) {
-  if (const auto id = process.flatpakID())
-    return entries.find(*id);
-  const std::string& groups = process.controlGroups();
-  const auto unit = ApplicationUnit::find(groups);
-  if (unit && unit->launcher == "flatpak")
-    return entries.find(unit->applicationID);
-  const auto snap = snapID(groups);
-  return snap ? entries.find(*snap) : nullptr;
+// What is known of a window's application.
+struct Evidence {
+  const Window& window;
+  const ProcessInfo& process;
+  std::optional<Sandbox> sandbox = {};
+};
+
+// Whether the entry says that windows such as this one belong to it.
+bool claims(const DesktopEntry& entry, const Window& window) {
+  const auto names = {&window.instance, &window.windowClass, &window.applicationID};
+  const std::string startupClass = lowerCase(entry.startupClass);
+  return std::ranges::any_of(names, [&](const std::string* name) {
+    return !name->empty() && (*name == entry.id || lowerCase(*name) == startupClass);
+  });
 }
 
-const DesktopEntry* byApplicationID(DesktopEntries& entries, const Window& window, const ProcessInfo&) {
-  return entries.find(window.applicationID);
+// An application may have several entries: one for each of its programs, or for each web page that it shows as one.
+const DesktopEntry* ofSandbox(DesktopEntries& entries, const Evidence& evidence) {
+  const Sandbox& sandbox = *evidence.sandbox;
+  const Window& window = evidence.window;
+  const DesktopEntry* main = entries.find(sandbox.entryID);
+  if (main != nullptr && claims(*main, window))
+    return main;
+  const DesktopEntryIndex& index = entries.index();
+  const auto all = sandbox.kind == Sandbox::Kind::flatpak ? index.ofFlatpak(sandbox.name) : index.ofSnap(sandbox.name);
+  const auto rank = [&](const DesktopEntry* entry) {
+    const bool isMain = entry == main || sandbox.entryID == entry->snap + '_' + entry->snapApplication;
+    return std::tuple(claims(*entry, window), isMain, entry->isShown);
+  };
+  const auto best = std::ranges::max_element(all, {}, rank);
+  return best == all.end() || (main != nullptr && !claims(**best, window)) ? main : *best;
 }
 
-const DesktopEntry* byStartupClass(DesktopEntries& entries, const Window& window, const ProcessInfo&) {
+// The file of the entry for which the desktop started this very process.
+std::optional<std::string> launchedFile(const ProcessInfo& process) {
+  // Children inherit both variables, but only the launched process has this id.
+  const auto launched = process.environment("GIO_LAUNCHED_DESKTOP_FILE_PID");
+  return launched == std::to_string(process.pid().value_or(0)) ? process.environment("GIO_LAUNCHED_DESKTOP_FILE")
+                                                               : std::nullopt;
+}
+
+// The entry that the user, or a tool for AppImages, made for it. Entries with its class are those of other programs.
+const DesktopEntry* ofAppImage(DesktopEntries& entries, const Evidence& evidence) {
+  if (const auto file = launchedFile(evidence.process))
+    if (const auto* entry = entries.findFile(*file))
+      return entry;
+  const auto all = entries.index().running(evidence.sandbox->name);
+  const auto rank = [&](const DesktopEntry* entry) {
+    return std::pair(claims(*entry, evidence.window), entry->isShown);
+  };
+  const auto best = std::ranges::max_element(all, {}, rank);
+  return best == all.end() ? nullptr : *best;
+}
+
+const DesktopEntry* byApplicationID(DesktopEntries& entries, const Evidence& evidence) {
+  return entries.find(evidence.window.applicationID);
+}
+
+const DesktopEntry* byStartupClass(DesktopEntries& entries, const Evidence& evidence) {
+  const Window& window = evidence.window;
   // An entry with the instance's own name is preferred, so the other entries need not be read.
   const DesktopEntry* named = entries.find(window.instance);
   if (named != nullptr && named->startupClass == window.instance)
@@ -68,7 +115,8 @@ std::string lastComponent(const std::string& windowClass) {
   return dot == std::string::npos ? "" : windowClass.substr(dot + 1);
 }
 
-const DesktopEntry* byClassName(DesktopEntries& entries, const Window& window, const ProcessInfo&) {
+const DesktopEntry* byClassName(DesktopEntries& entries, const Evidence& evidence) {
+  const Window& window = evidence.window;
   for (const std::string& name :
        {window.instance, window.windowClass, lastComponent(window.instance), lastComponent(window.windowClass)})
     if (const auto* entry = withNameOfClass(entries, name))
@@ -76,10 +124,11 @@ const DesktopEntry* byClassName(DesktopEntries& entries, const Window& window, c
   return nullptr;
 }
 
-const DesktopEntry* inAppImage(DesktopEntries& entries, const ProcessInfo& process) {
+// The entry in the folder of an AppImage that was unpacked. If it is mounted, its entry goes with the process.
+const DesktopEntry* inUnpackedAppImage(DesktopEntries& entries, const ProcessInfo& process) {
   const path folder = process.environment("APPDIR").value_or("");
   const path program = process.executable().value_or("");
-  // Programs that an AppImage starts inherit the variable; only those inside it belong to the AppImage.
+  // Programs that it starts inherit the variable; only those inside the folder belong to it.
   if (!folder.is_absolute() || !program.string().starts_with((folder / "").string()))
     return nullptr;
   std::error_code error;
@@ -89,23 +138,23 @@ const DesktopEntry* inAppImage(DesktopEntries& entries, const ProcessInfo& proce
   return nullptr;
 }
 
-const DesktopEntry* byEnvironment(DesktopEntries& entries, const Window&, const ProcessInfo& process) {
+const DesktopEntry* byEnvironment(DesktopEntries& entries, const Evidence& evidence) {
+  const ProcessInfo& process = evidence.process;
   if (const auto file = process.environment("BAMF_DESKTOP_FILE_HINT"))
     if (const auto* entry = entries.findFile(*file))
       return entry;
-  const auto launchedFile = process.environment("GIO_LAUNCHED_DESKTOP_FILE");
-  // Children inherit both variables, but only the launched process has this id.
-  if (launchedFile && process.environment("GIO_LAUNCHED_DESKTOP_FILE_PID") == std::to_string(process.pid().value_or(0)))
-    if (const auto* entry = entries.findFile(*launchedFile))
+  if (const auto file = launchedFile(process))
+    if (const auto* entry = entries.findFile(*file))
       return entry;
-  return inAppImage(entries, process);
+  return inUnpackedAppImage(entries, process);
 }
 
 bool isNumber(const std::string& text) {
   return text.find_first_not_of("0123456789") == std::string::npos;
 }
 
-const DesktopEntry* byUnit(DesktopEntries& entries, const Window&, const ProcessInfo& process) {
+const DesktopEntry* byUnit(DesktopEntries& entries, const Evidence& evidence) {
+  const ProcessInfo& process = evidence.process;
   const auto unit = ApplicationUnit::find(process.controlGroups());
   if (!unit)
     return nullptr;
@@ -125,19 +174,57 @@ std::optional<CommandLine> commandOf(const ProcessInfo& process) {
   return arguments.front().empty() ? std::nullopt : CommandLine::from(arguments);
 }
 
-const DesktopEntry* byProgram(DesktopEntries& entries, const Window&, const ProcessInfo& process) {
-  const auto command = commandOf(process);
+const DesktopEntry* byProgram(DesktopEntries& entries, const Evidence& evidence) {
+  const auto command = commandOf(evidence.process);
   return command ? entries.index().starting(*command) : nullptr;
+}
+
+// A window without a known program, as most Wayland compositors tell, has nothing but names.
+const DesktopEntry* byOtherName(DesktopEntries& entries, const Evidence& evidence) {
+  const Window& window = evidence.window;
+  const auto names = {&window.applicationID, &window.instance, &window.windowClass};
+  const DesktopEntryIndex& index = entries.index();
+  for (const std::string* name : names)
+    if (const auto* entry = index.alsoCalled(*name))
+      return entry;
+  if (evidence.process.executable())
+    return nullptr;
+  for (const std::string* name : names)
+    if (const auto* entry = index.starting({.program = *name, .arguments = {}}))
+      return entry;
+  for (const std::string* name : names)
+    if (const auto* entry = index.endingWith(*name))
+      return entry;
+  return nullptr;
+}
+
+// Whether the entry belongs to another sandbox, or to one although the process is known to be in none.
+bool isOfAnotherSandbox(const DesktopEntry& entry, const Evidence& evidence) {
+  if (entry.flatpak.empty() && entry.snap.empty())
+    return false;
+  if (!evidence.sandbox)
+    return evidence.process.sharesMounts().has_value();
+  const auto nameIfIn = [&](Sandbox::Kind kind) {
+    return evidence.sandbox->kind == kind ? evidence.sandbox->name : std::string();
+  };
+  return entry.flatpak != nameIfIn(Sandbox::Kind::flatpak) || entry.snap != nameIfIn(Sandbox::Kind::snap);
 }
 
 }  // namespace
 
 const DesktopEntry* matchWindow(DesktopEntries& entries, const Window& window, const ProcessInfo& process) {
-  constexpr std::array steps = {bySandbox,     byApplicationID, byStartupClass, byClassName,
-                                byEnvironment, byUnit,          byProgram};
-  for (const auto step : steps)
-    if (const DesktopEntry* entry = step(entries, window, process))
+  const Evidence evidence{.window = window, .process = process, .sandbox = Sandbox::of(process)};
+  if (evidence.sandbox && evidence.sandbox->kind == Sandbox::Kind::appImage)
+    return ofAppImage(entries, evidence);
+  if (evidence.sandbox)
+    if (const auto* entry = ofSandbox(entries, evidence))
       return entry;
+  constexpr std::array steps = {byApplicationID, byStartupClass, byClassName, byEnvironment,
+                                byUnit,          byProgram,      byOtherName};
+  for (const auto step : steps)
+    if (const DesktopEntry* entry = step(entries, evidence))
+      if (!isOfAnotherSandbox(*entry, evidence))
+        return entry;
   return nullptr;
 }
 

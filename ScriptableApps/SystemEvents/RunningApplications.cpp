@@ -1,7 +1,6 @@
 #include "ScriptableApps/SystemEvents/RunningApplications.h"
 
 #include <map>
-#include <system_error>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -9,15 +8,13 @@
 #include "DesktopSupport/Processes/CommandLine.h"
 #include "DesktopSupport/Processes/ProcessInfo.h"
 #include "DesktopSupport/System/DisplayableText.h"
-#include "DesktopSupport/System/TimeLimit.h"
 #include "DesktopSupport/Windows/WindowMatcher.h"
+#include "ScriptableApps/SystemEvents/ApplicationFile.h"
 
 namespace ScriptableApps {
 
 namespace {
 
-using DesktopSupport::displayable;
-using DesktopSupport::isDisplayable;
 using DesktopSupport::ProcessInfo;
 using DesktopSupport::Window;
 using WindowID = DesktopSupport::WindowID;
@@ -60,19 +57,25 @@ struct Origin {
   const Window* window = nullptr;
   const DesktopSupport::DesktopEntry* entry = nullptr;
   std::optional<pid_t> pid = {};
-  // The script that the program runs, or else the program.
-  path file = {};
+  ApplicationFile file = {};
   std::string windowClass = {};
 
   // The same for all windows of one application.
   [[nodiscard]] std::string key() const {
-    return entry != nullptr ? "entry " + entry->id : "class " + windowClass + '\n' + file.string();
+    if (entry != nullptr)
+      return "entry " + entry->id;
+    return (file.isAppImage ? "image" : "class " + windowClass) + '\n' + file.path.string() + '\n' + file.sandbox;
   }
 };
 
 // ssh shows windows here for programs on other machines; these are not its own.
-bool isTunnel(const path& program) {
-  return program.filename() == "ssh";
+bool isTunnel(const ProcessInfo& process) {
+  return process.executable().value_or("").filename() == "ssh";
+}
+
+// Programs in a Flatpak talk to the buses through a process that is in the same sandbox, but shows no windows.
+bool isBusProxy(const ProcessInfo& process) {
+  return process.executable().value_or("").filename() == "xdg-dbus-proxy";
 }
 
 std::string classOf(const Window& window) {
@@ -82,62 +85,48 @@ std::string classOf(const Window& window) {
   return "";
 }
 
-path fileOf(const ProcessInfo& process) {
-  if (auto script = process.script())
-    return std::move(*script);
-  return process.executable().value_or("");
-}
-
 Origin originOf(const Window& window, DesktopSupport::DesktopEntries& entries, const path& processes) {
   ProcessInfo process(window.pid, processes);
-  if (isTunnel(process.executable().value_or("")))
+  if (isTunnel(process) || !process.exists())
     process = ProcessInfo(std::nullopt);
-  return {.window = &window,
-          .entry = DesktopSupport::matchWindow(entries, window, process),
-          .pid = process.pid(),
-          .file = fileOf(process),
-          .windowClass = classOf(window)};
+  Origin origin{.window = &window,
+                .entry = DesktopSupport::matchWindow(entries, window, process),
+                .pid = process.pid(),
+                .windowClass = classOf(window)};
+  if (origin.entry == nullptr)
+    origin.file = ApplicationFile::of(process);
+  if (isBusProxy(process)) {
+    origin.pid.reset();
+    origin.file.path.clear();
+  }
+  return origin;
 }
 
-// A window without a class gets that of the first window with the same file that has one.
+// A window without an entry and a class gets the class of the first such window with the same file that has one.
 void addMissingClasses(std::vector<Origin>& origins) {
   std::map<path, std::string> classes;
   for (const Origin& origin : origins)
-    if (!origin.windowClass.empty())
-      classes.emplace(origin.file, origin.windowClass);
+    if (origin.entry == nullptr && !origin.windowClass.empty())
+      classes.emplace(origin.file.path, origin.windowClass);
   for (Origin& origin : origins)
-    if (origin.windowClass.empty())
-      origin.windowClass = classes[origin.file];
-}
-
-// A file system that does not answer in time has no files: nobody could open them either.
-bool isRegularFile(const path& file) {
-  const auto found = DesktopSupport::foundWithin(DesktopSupport::fileSystemTime, [&file] {
-    std::error_code ignored;
-    return std::string(std::filesystem::is_regular_file(file, ignored) ? "yes" : "no");
-  });
-  return found == "yes";
+    if (origin.entry == nullptr && origin.windowClass.empty())
+      origin.windowClass = classes[origin.file.path];
 }
 
 // Why an application is left out, or `nullopt` if it is not.
 std::optional<std::string> problemWith(const Origin& origin) {
-  if (origin.entry != nullptr)
+  const auto problem = origin.entry == nullptr ? origin.file.problem() : std::nullopt;
+  if (!problem)
     return std::nullopt;
-  const std::string subject = "An application with the window class \"" + origin.windowClass + "\" is left out: ";
-  const std::string file = displayable(origin.file.string());
-  if (file.empty())
-    return subject + "its program on this computer is unknown.";
-  if (!isDisplayable(origin.file.string()))
-    return subject + "the path " + file + " contains characters that cannot be shown.";
-  if (!isRegularFile(origin.file))
-    return subject + "the file " + file + " cannot be found.";
-  return std::nullopt;
+  return "An application with the window class \"" + origin.windowClass + "\" is left out: " + *problem;
 }
 
 RunningApplication describe(const Origin& origin) {
   if (origin.entry != nullptr)
     return {.name = origin.entry->name, .file = origin.entry->file, .entryID = origin.entry->id, .pid = origin.pid};
-  return {.name = origin.file.filename(), .file = origin.file, .pid = origin.pid};
+  const path& file = origin.file.path;
+  return {
+      .name = origin.file.name.empty() ? file.filename().string() : origin.file.name, .file = file, .pid = origin.pid};
 }
 
 // Collects the applications window by window.
@@ -173,7 +162,7 @@ class Builder {
  private:
   void begin(const Origin& origin) {
     applications_.push_back(describe(origin));
-    classes_.push_back(origin.windowClass);
+    classes_.push_back(origin.file.isAppImage ? "" : origin.windowClass);
     ++sharers_[applications_.back().file];
   }
 
@@ -184,7 +173,7 @@ class Builder {
 
   std::vector<RunningApplication> applications_;
   std::vector<std::string> problems_;
-  // The class of each application's first window.
+  // The class of each application's first window; empty for an AppImage, whose name is its own.
   std::vector<std::string> classes_;
   // How many applications have each file.
   std::unordered_map<std::string, int> sharers_;

@@ -91,6 +91,8 @@ Result<AppleScript::ObjectPointer> SystemEvents::open() {
   const auto windows = DesktopSupport::readWindows();
   if (!windows)
     return std::unexpected(notRunning(name(), windows.error().message));
+  for (const std::string& problem : windows->problems)
+    DesktopSupport::writeToSystemLog(problem);
   DesktopSupport::DesktopEntries entries(DesktopSupport::applicationFolders());
   auto running = runningApplications(*windows, entries);
   for (const std::string& problem : running.problems)

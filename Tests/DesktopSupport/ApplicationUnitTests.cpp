@@ -5,7 +5,7 @@
 namespace {
 
 using DesktopSupport::ApplicationUnit;
-using DesktopSupport::snapID;
+using DesktopSupport::SnapApplication;
 
 std::optional<ApplicationUnit> unitIn(const std::string& path) {
   return ApplicationUnit::find("0::" + path + '\n');
@@ -58,16 +58,38 @@ TEST(ApplicationUnit, IsNoneInOtherUnits) {
   EXPECT_FALSE(ApplicationUnit::find("rubbish"));
 }
 
+std::string snapID(const std::string& controlGroups) {
+  const auto found = SnapApplication::find(controlGroups);
+  return found ? found->entryID() : "none";
+}
+
 TEST(SnapID, JoinsSnapAndApplication) {
   EXPECT_EQ(snapID("0::/app.slice/snap.firefox.firefox-0a1b2c3d-0011-2233-4455-66778899aabb.scope\n"),
             "firefox_firefox");
   EXPECT_EQ(snapID("0::/app.slice/snap.code.url-handler.1234.scope\n"), "code_url-handler");
+  EXPECT_EQ(snapID("0::/app.slice/snap.code.url-handler.0a1b2c3d-0011-2233-4455-66778899aabb.scope\n"),
+            "code_url-handler");
+  EXPECT_EQ(snapID("0::/app.slice/snap.code.url-handler.service\n"), "code_url-handler");
+}
+
+TEST(SnapID, HasAPlusBeforeTheKeyOfTheInstance) {
+  EXPECT_EQ(snapID("0::/app.slice/snap.code_work.code.service\n"), "code+work_code");
 }
 
 TEST(SnapID, IsNoneElsewhere) {
-  EXPECT_EQ(snapID("0::/app.slice/app-gnome-a-1.scope\n"), std::nullopt);
-  EXPECT_EQ(snapID("0::/system.slice/snap.firefox.mount\n"), std::nullopt);
-  EXPECT_EQ(snapID("0::/snap.firefox.scope\n"), std::nullopt);
+  for (const char* unit : {"app-gnome-a-1.scope", "snap.firefox.mount", "snap.firefox.scope", "snap.firefox.service",
+                           "snap.firefox.hook.configure-0a1b2c3d-0011-2233-4455-66778899aabb.scope",
+                           "snap..firefox.service", "snap.firefox..service"})
+    EXPECT_EQ(snapID("0::/app.slice/" + std::string(unit) + '\n'), "none") << unit;
+}
+
+TEST(SnapLabel, NamesSnapAndApplication) {
+  const SnapApplication expected{.instance = "firefox_work", .application = "firefox"};
+  for (const char* label : {"snap.firefox_work.firefox (enforce)\n", "snap.firefox_work.firefox",
+                            "snap.firefox_work.firefox//child (complain)\n"})
+    EXPECT_EQ(SnapApplication::fromLabel(label), expected) << label;
+  for (const char* label : {"", "unconfined\n", "snap.a", "snap-update-ns.a.b", "snap.a.hook.configure (enforce)"})
+    EXPECT_EQ(SnapApplication::fromLabel(label), std::nullopt) << label;
 }
 
 }  // namespace

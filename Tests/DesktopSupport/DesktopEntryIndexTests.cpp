@@ -99,4 +99,38 @@ TEST_F(DesktopEntryIndexTest, PassesOverCommandsThatCannotBeRead) {
   EXPECT_EQ(starting({"tool"}), "none");
 }
 
+TEST_F(DesktopEntryIndexTest, FindsTheEntriesOfAFlatpakOrASnap) {
+  for (const char* id : {"a", "b", "c"})
+    add(id);
+  entries_[0].flatpak = entries_[2].flatpak = "org.example.App";
+  entries_[1].snap = "org.example.App";
+  EXPECT_EQ(index().ofFlatpak("org.example.App"), (std::vector<const DesktopEntry*>{&entries_[0], &entries_[2]}));
+  EXPECT_EQ(index().ofSnap("org.example.App"), std::vector<const DesktopEntry*>{&entries_[1]});
+}
+
+TEST_F(DesktopEntryIndexTest, PrefersAnotherNameInTheOrderOfItsReliability) {
+  for (const char* id : {"Name", "a", "b", "name_name"})
+    add(id);
+  entries_[1].formerNames = "other.desktop;name.desktop;";
+  entries_[2].flatpak = "name";
+  EXPECT_EQ(idOf(index().alsoCalled("name")), "Name");
+  entries_.pop_front();
+  EXPECT_EQ(idOf(index().alsoCalled("name")), "b");
+  entries_[1].flatpak = "";
+  EXPECT_EQ(idOf(index().alsoCalled("name")), "name_name");
+  entries_.pop_back();
+  EXPECT_EQ(idOf(index().alsoCalled("name")), "a");
+  EXPECT_EQ(idOf(index().alsoCalled("")), "none");
+}
+
+TEST_F(DesktopEntryIndexTest, FindsTheEntriesThatRunAFile) {
+  add("a").exec = "/opt/tool %U";
+  add("b").exec = "\"/opt/../opt//tool\" --new";
+  add("c").exec = "/opt/other/tool";
+  add("d").exec = "start /opt/tool";
+  EXPECT_EQ(index().running("/opt/tool"), (std::vector<const DesktopEntry*>{&entries_[0], &entries_[1]}));
+  entries_[3].tryExec = "/opt/tool";
+  EXPECT_EQ(index().running("/opt/tool").size(), 3U);
+}
+
 }  // namespace

@@ -38,6 +38,29 @@ StartupWMClass=org.example.Files
   EXPECT_FALSE(entry->isHidden);
 }
 
+TEST_F(DesktopEntryTest, TellsItsFlatpakOrSnap) {
+  const auto flatpak = read(R"([Desktop Entry]
+Type=Application
+Name=Files
+X-Flatpak=org.example.Files
+X-Flatpak-RenamedFrom=files.desktop;
+)");
+  ASSERT_TRUE(flatpak);
+  EXPECT_EQ(flatpak->flatpak, "org.example.Files");
+  EXPECT_EQ(flatpak->formerNames, "files.desktop;");
+  EXPECT_EQ(flatpak->snap, "");
+  const auto snap = read(R"([Desktop Entry]
+X-SnapInstanceName=files_work
+Type=Application
+Name=Files
+X-SnapAppName=viewer
+)");
+  ASSERT_TRUE(snap);
+  EXPECT_EQ(snap->flatpak, "");
+  EXPECT_EQ(snap->snap, "files_work");
+  EXPECT_EQ(snap->snapApplication, "viewer");
+}
+
 TEST_F(DesktopEntryTest, NeedsATypeAndAName) {
   EXPECT_TRUE(read("[Desktop Entry]\nType=Application\nName=A\n"));
   EXPECT_FALSE(read("[Desktop Entry]\nName=A\n"));

@@ -112,6 +112,60 @@ TEST_F(ProcessInfoTest, FindsTheSandbox) {
   EXPECT_EQ(process().flatpakID(), "org.example.App");
 }
 
+TEST_F(ProcessInfoTest, TellsItsLabel) {
+  EXPECT_EQ(process().securityLabel(), "");
+  folder_.write("7/attr/current", "one\n");
+  EXPECT_EQ(process().securityLabel(), "one\n");
+  folder_.write("7/attr/apparmor/current", "two\n");
+  EXPECT_EQ(process().securityLabel(), "two\n") << "the other may be of another security module";
+}
+
+TEST_F(ProcessInfoTest, TellsWhetherItHasTheSameMounts) {
+  EXPECT_EQ(ProcessInfo(getpid()).sharesMounts(), true);
+  std::filesystem::create_directories(folder_.path() / "self/ns");
+  std::filesystem::create_directories(folder_.path() / "7/ns");
+  EXPECT_EQ(process().sharesMounts(), std::nullopt);
+  link("ns/mnt", "mnt:[1]");
+  EXPECT_EQ(process().sharesMounts(), std::nullopt) << "nothing to compare it with";
+  std::filesystem::create_symlink("mnt:[2]", folder_.path() / "self/ns/mnt");
+  EXPECT_EQ(process().sharesMounts(), false);
+}
+
+TEST_F(ProcessInfoTest, TellsWhetherItHasTheSameFile) {
+  const std::string program = folder_.write("tool", "");
+  EXPECT_TRUE(ProcessInfo(getpid()).sharesFile(program));
+  EXPECT_FALSE(process().sharesFile(program));
+  folder_.write("7/root" + program, "");
+  EXPECT_FALSE(process().sharesFile(program));
+  std::filesystem::remove_all(folder_.path() / "7/root");
+  link("root", "/");
+  EXPECT_TRUE(process().sharesFile(program));
+  EXPECT_FALSE(process().sharesFile(folder_.path() / "missing"));
+  EXPECT_FALSE(ProcessInfo(std::nullopt).sharesFile(program));
+}
+
+TEST_F(ProcessInfoTest, TellsWhetherItsOwnNumberIsItsNumberHere) {
+  EXPECT_TRUE(ProcessInfo(getpid()).isOwnAndOutsideNamespaces());
+  EXPECT_FALSE(process().isOwnAndOutsideNamespaces());
+  EXPECT_EQ(DesktopSupport::ownProcessID(), getpid());
+  EXPECT_EQ(DesktopSupport::ownProcessID(folder_.path()), std::nullopt);
+  std::filesystem::create_symlink("42", folder_.path() / "self");
+  EXPECT_EQ(DesktopSupport::ownProcessID(folder_.path()), 42);
+}
+
+TEST_F(ProcessInfoTest, HasNothingIfTheNumberIsNone) {
+  folder_.write("0/cgroup", "0::/");
+  folder_.write("-1/cgroup", "0::/");
+  for (const pid_t pid : {0, -1}) {
+    const ProcessInfo none(pid, folder_.path());
+    EXPECT_EQ(none.pid(), std::nullopt);
+    EXPECT_FALSE(none.exists());
+    EXPECT_EQ(none.controlGroups(), "");
+  }
+  EXPECT_TRUE(ProcessInfo(getpid()).exists());
+  EXPECT_FALSE(process().exists());
+}
+
 TEST_F(ProcessInfoTest, HasNothingIfTheProcessIsGone) {
   EXPECT_EQ(process().executable(), std::nullopt);
   EXPECT_EQ(process().script(), std::nullopt);

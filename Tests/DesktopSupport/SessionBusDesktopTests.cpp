@@ -1,3 +1,7 @@
+#include <cstdlib>
+#include <string>
+#include <vector>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -8,6 +12,7 @@
 
 namespace {
 
+using DesktopSupport::BusCall;
 using DesktopSupport::BusMethod;
 using DesktopSupport::SessionBus;
 using TestSupport::EnvironmentVariable;
@@ -122,6 +127,80 @@ TEST(SessionBus, PassesTheOtherSidesErrorOn) {
   ASSERT_FALSE(reply);
   EXPECT_EQ(reply.error().name, "org.example.Refusal");
   EXPECT_EQ(reply.error().message, "Not today.");
+}
+
+// The types of the answers, or the errors' names.
+std::vector<std::string> typesOf(const std::vector<DesktopSupport::BusAnswer>& answers) {
+  std::vector<std::string> types;
+  for (const auto& answer : answers)
+    types.emplace_back(answer ? g_variant_get_type_string(answer->get()) : answer.error().name);
+  return types;
+}
+
+BusCall callForFolder() {
+  return {.method = folderPath, .replyType = G_VARIANT_TYPE("(bs)")};
+}
+
+TEST(SessionBus, BringsTheAnswersToSeveralCallsInTheirOrder) {
+  FakeDeskloomHost host;
+  host.answer("GetPluginFolderPath", "(true, 'text')");
+  std::vector<BusCall> calls;
+  for (const char* name : {"org.freedesktop.DBus", "com.example.Nobody"})
+    calls.push_back({.method = DesktopSupport::busDaemonMethod("GetNameOwner"),
+                     .arguments = DesktopSupport::owned(g_variant_new("(s)", name)),
+                     .replyType = G_VARIANT_TYPE("(s)")});
+  calls.push_back(callForFolder());
+  calls.push_back({.method = {.destination = "not a name", .path = "/", .interface = "a.b", .name = "C"}});
+  calls.push_back({.method = listNames, .replyType = G_VARIANT_TYPE("(u)")});
+  calls.push_back({.method = listNames});
+  EXPECT_THAT(typesOf(SessionBus::connect()->callAll(calls, plenty)),
+              testing::ElementsAre("(s)", BusErrorName::nameHasNoOwner, "(bs)", BusErrorName::invalidArguments,
+                                   testing::HasSubstr("Error"), "(as)"));
+  EXPECT_THAT(SessionBus::connect()->callAll({}, plenty), testing::IsEmpty());
+}
+
+TEST(SessionBus, MakesSeveralCallsAtOnce) {
+  FakeDeskloomHost host;
+  std::vector<GDBusMethodInvocation*> invocations;
+  // Answers none before it has both.
+  host.answer("GetPluginFolderPath", [&](auto* invocation) {
+    invocations.push_back(invocation);
+    if (invocations.size() == 2)
+      for (auto* each : invocations)
+        g_dbus_method_invocation_return_value(each, g_variant_new("(bs)", TRUE, "text"));
+  });
+  std::vector<BusCall> calls(2);
+  for (BusCall& call : calls)
+    call = callForFolder();
+  EXPECT_THAT(typesOf(SessionBus::connect()->callAll(calls, plenty)), testing::ElementsAre("(bs)", "(bs)"));
+}
+
+TEST(SessionBus, WaitsForSeveralAnswersNoLongerThanAllowed) {
+  FakeDeskloomHost host;
+  host.answer("GetPluginFolderPath", [](auto* invocation) { g_object_unref(invocation); });
+  std::vector<BusCall> calls(4);
+  for (BusCall& call : calls)
+    call = callForFolder();
+  calls.back() = {.method = listNames};
+  const auto& late = BusErrorName::timeout;
+  EXPECT_THAT(typesOf(SessionBus::connect()->callAll(calls, 50ms)), testing::ElementsAre(late, late, late, "(as)"));
+}
+
+TEST(SessionBus, CanBeAnotherBusAtASocket) {
+  const auto bus = SessionBus::connectTo(std::getenv("DBUS_SESSION_BUS_ADDRESS"));
+  ASSERT_TRUE(bus) << bus.error().message;
+  EXPECT_NE(bus->connection(), SessionBus::connect()->connection());
+  EXPECT_TRUE(bus->call(listNames, nullptr, G_VARIANT_TYPE("(as)"), plenty));
+  EXPECT_EQ(SessionBus::connectTo("unix:path=/no/such/socket").error().name, BusErrorName::noServer);
+}
+
+TEST(SessionBus, IsAtNoAddressThatWouldStartAProgramOrLeaveTheMachine) {
+  for (const char* address : {"", ";", "autolaunch:", "unixexec:path=true", "tcp:host=127.0.0.1,port=1",
+                              "nonce-tcp:", "unix:path=/no/such/socket;unixexec:path=true", "text"}) {
+    const auto bus = SessionBus::connectTo(address);
+    ASSERT_FALSE(bus) << address;
+    EXPECT_EQ(bus.error().name, BusErrorName::notSupported) << address;
+  }
 }
 
 }  // namespace

@@ -1,73 +1,18 @@
+#include <string>
+
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/Windows/WindowMatcher.h"
-#include "Tests/Support/TemporaryFolder.h"
+#include "Tests/DesktopSupport/WindowMatcherTest.h"
 
 namespace {
 
 using namespace std::string_literals;
-using DesktopSupport::DesktopEntries;
-using DesktopSupport::ProcessInfo;
 using DesktopSupport::Window;
-
-// A made-up desktop: entries in one folder, one process in another.
-class WindowMatcherTest : public testing::Test {
- protected:
-  void addEntry(const std::string& id, std::string_view more = "") {
-    folder_.write("applications/" + id + ".desktop",
-                  "[Desktop Entry]\nType=Application\nName=" + id + '\n' + std::string(more) + '\n');
-  }
-
-  void setProcessFile(const std::string& name, std::string_view contents) { folder_.write("proc/7/" + name, contents); }
-
-  void setExecutable(const std::string& program) {
-    std::filesystem::create_directories(folder_.path() / "proc/7");
-    std::filesystem::create_symlink(program, folder_.path() / "proc/7/exe");
-  }
-
-  // The id of the entry that the window is matched with.
-  std::string match(const Window& window) {
-    DesktopEntries entries({folder_.path() / "applications"});
-    const auto* entry = matchWindow(entries, window, ProcessInfo(7, folder_.path() / "proc"));
-    filesRead_ = entries.filesRead();
-    return entry == nullptr ? "none" : entry->id;
-  }
-
-  static Window windowOf(const std::string& instance, const std::string& windowClass) {
-    return {.instance = instance, .windowClass = windowClass};
-  }
-
-  TestSupport::TemporaryFolder folder_;
-  std::size_t filesRead_ = 0;
-};
+using TestSupport::WindowMatcherTest;
 
 TEST_F(WindowMatcherTest, MatchesNothingOnAnEmptyDesktop) {
   EXPECT_EQ(match(windowOf("a", "A")), "none");
   EXPECT_EQ(match({}), "none");
-}
-
-TEST_F(WindowMatcherTest, TrustsTheSandboxFirst) {
-  addEntry("org.example.Sandboxed");
-  addEntry("other", "StartupWMClass=other");
-  setProcessFile("root/.flatpak-info", "[Application]\nname=org.example.Sandboxed\n");
-  Window window = windowOf("other", "other");
-  window.applicationID = "other";
-  EXPECT_EQ(match(window), "org.example.Sandboxed");
-}
-
-TEST_F(WindowMatcherTest, KnowsTheSandboxByItsUnit) {
-  addEntry("org.example.Sandboxed");
-  addEntry("firefox_firefox");
-  setProcessFile("cgroup", "0::/app.slice/app-flatpak-org.example.Sandboxed-99.scope\n");
-  EXPECT_EQ(match(windowOf("a", "A")), "org.example.Sandboxed");
-  setProcessFile("cgroup", "0::/app.slice/snap.firefox.firefox-0a1b2c3d-0011-2233-4455-66778899aabb.scope\n");
-  EXPECT_EQ(match(windowOf("a", "A")), "firefox_firefox");
-}
-
-TEST_F(WindowMatcherTest, GoesOnIfTheSandboxHasNoEntry) {
-  addEntry("a");
-  setProcessFile("root/.flatpak-info", "[Application]\nname=org.example.Missing\n");
-  EXPECT_EQ(match(windowOf("a", "A")), "a");
 }
 
 TEST_F(WindowMatcherTest, TrustsTheApplicationIDBeforeTheClass) {
@@ -154,22 +99,6 @@ TEST_F(WindowMatcherTest, BelievesTheLauncherAboutTheProcessItLaunchedOnly) {
   setProcessFile("environ", variable + "GIO_LAUNCHED_DESKTOP_FILE_PID=6\0"s);
   EXPECT_EQ(match(windowOf("x", "X")), "none");
   setProcessFile("environ", variable);
-  EXPECT_EQ(match(windowOf("x", "X")), "none");
-}
-
-TEST_F(WindowMatcherTest, FindsTheEntryInsideAnAppImage) {
-  const auto image = (folder_.path() / "image").string();
-  folder_.write("image/tool.desktop", "[Desktop Entry]\nType=Application\nName=Tool\n");
-  setProcessFile("environ", "APPDIR=" + image + '\0');
-  setExecutable(image + "/usr/bin/tool");
-  EXPECT_EQ(match(windowOf("x", "X")), "tool");
-}
-
-TEST_F(WindowMatcherTest, DoesNotTakeWhatAnAppImageStartedForTheAppImage) {
-  const auto image = (folder_.path() / "image").string();
-  folder_.write("image/tool.desktop", "[Desktop Entry]\nType=Application\nName=Tool\n");
-  setProcessFile("environ", "APPDIR=" + image + '\0');
-  setExecutable("/usr/bin/xclock");
   EXPECT_EQ(match(windowOf("x", "X")), "none");
 }
 

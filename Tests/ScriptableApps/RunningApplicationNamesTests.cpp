@@ -52,7 +52,7 @@ TEST_F(RunningApplicationsTest, AreLeftOutIfNoLocalProcessHasTheirFile) {
   EXPECT_THAT(applications(), IsEmpty()) << "a class is neither a path nor a program's name";
   const auto problem = [](const std::string& windowClass) {
     return "An application with the window class \"" + windowClass +
-           "\" is left out: its program on this computer is unknown.";
+           "\" is left out: no desktop entry matches it, and its program on this computer is unknown.";
   };
   EXPECT_THAT(problems(), ElementsAre(problem("SomeRemote"), problem("xclock"), problem("Gone"),
                                       problem("../../etc/passwd"), problem("/etc/passwd")))

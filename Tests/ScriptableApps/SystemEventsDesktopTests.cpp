@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include "ScriptableApps/SystemEvents/SystemEvents.h"
+#include "Tests/ScriptableApps/OpenProcesses.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/TemporaryFolder.h"
 #include "Tests/Support/TestWindow.h"
@@ -18,19 +19,6 @@ using TestSupport::ChildProcess;
 using TestSupport::EnvironmentVariable;
 using TestSupport::TestDesktop;
 using TestSupport::TestWindow;
-
-std::vector<RunningApplication> openProcesses() {
-  SystemEvents systemEvents;
-  const auto root = systemEvents.open();
-  if (!root) {
-    ADD_FAILURE() << root.error().message;
-    return {};
-  }
-  std::vector<RunningApplication> processes;
-  for (const auto& process : static_cast<const ScriptableApps::SystemEventsRoot&>(**root).processes())
-    processes.push_back(process.application());
-  return processes;
-}
 
 // Shows a window with the class in its first argument until the X server closes the connection.
 constexpr std::string_view pythonProgram = R"(
@@ -67,11 +55,7 @@ class SystemEventsTest : public testing::Test {
                   "[Desktop Entry]\nType=Application\nName=" + name + '\n' + std::string(more) + '\n');
   }
 
-  static std::vector<std::string> names() {
-    std::vector<std::string> names;
-    std::ranges::transform(openProcesses(), std::back_inserter(names), &RunningApplication::name);
-    return names;
-  }
+  static std::vector<std::string> names() { return namesOfOpenProcesses(); }
 
   // Waits until the window manager lists this number of windows.
   void awaitWindows(std::size_t count) {
@@ -168,9 +152,10 @@ TEST_F(SystemEventsTest, LeavesOutAWindowThatNoProcessOfThisMachineShows) {
   EXPECT_EQ(remote.wait(), 0) << "the process that the X server knows is gone";
   testing::internal::CaptureStderr();
   EXPECT_EQ(names(), Names{"xclock"});
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "An application with the window class \"../../etc/shadow\" is left out: its program on this computer is "
-            "unknown.\n");
+  EXPECT_EQ(
+      testing::internal::GetCapturedStderr(),
+      "An application with the window class \"../../etc/shadow\" is left out: no desktop entry matches it, and its "
+      "program on this computer is unknown.\n");
   xcb_kill_client(desktop_.connection(), desktop_.clients().back());
   desktop_.synchronize();
   awaitWindows(1);

@@ -29,12 +29,13 @@ ObjectHandle<GDBusConnection> connectToSessionBus() {
 
 }  // namespace
 
-FakeService::FakeService(std::string name, std::string path, const char* description)
-    : name_(std::move(name)), path_(std::move(path)), context_(g_main_context_new()) {
-  // GLib handles the calls in the context that is the thread's default when the object is exported.
+FakeService::FakeService(std::string name, const std::vector<Object>& objects)
+    : name_(std::move(name)), path_(objects.front().path), context_(g_main_context_new()) {
+  // GLib handles the calls in the context that is the thread's default when the objects are exported.
   g_main_context_push_thread_default(context_.get());
   connection_ = connectToSessionBus();
-  exportObject(description);
+  for (const Object& object : objects)
+    exportObject(object);
   g_main_context_pop_thread_default(context_.get());
   thread_.emplace(context_.get());
   ownName();
@@ -44,13 +45,15 @@ FakeService::~FakeService() {
   disappear();
 }
 
-void FakeService::exportObject(const char* description) {
-  const NodeInfoHandle node(g_dbus_node_info_new_for_xml(description, nullptr));
-  interface_ = node->interfaces[0]->name;
+void FakeService::exportObject(const Object& object) {
+  const NodeInfoHandle node(g_dbus_node_info_new_for_xml(object.description, nullptr));
+  if (interface_.empty())
+    interface_ = node->interfaces[0]->name;
   static constexpr GDBusInterfaceVTable handlers = {
       .method_call = &FakeService::handleCall, .get_property = nullptr, .set_property = nullptr, .padding = {}};
   for (GDBusInterfaceInfo** interface = node->interfaces; *interface != nullptr; ++interface)
-    g_dbus_connection_register_object(connection_.get(), path_.c_str(), *interface, &handlers, this, nullptr, nullptr);
+    g_dbus_connection_register_object(connection_.get(), object.path.c_str(), *interface, &handlers, this, nullptr,
+                                      nullptr);
 }
 
 void FakeService::ownName() {

@@ -6,6 +6,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "DesktopSupport/System/GLibHandles.h"
@@ -13,16 +14,24 @@
 
 namespace TestSupport {
 
-/// A program on the session bus with one object, on its own connection and thread. It gives the answers that a test
-/// sets, and records the calls.
+/// A program on the session bus, on its own connection and thread. It gives the answers that a test sets, and records
+/// the calls.
 class FakeService {
  public:
   /// Answers or refuses a call, or keeps the invocation and never answers. Runs on the service's thread.
   using Answer = std::function<void(GDBusMethodInvocation* invocation)>;
 
-  /// Takes the name on the bus, with an object at `path` that has the interfaces in the XML. No two interfaces may have
-  /// a method of the same name. Signals belong to the first interface. Throws if that fails.
-  FakeService(std::string name, std::string path, const char* description);
+  /// An object at `path` that has the interfaces in the XML.
+  struct Object {
+    std::string path;
+    const char* description;
+  };
+
+  /// Takes the name on the bus, with these objects. No two of their interfaces may have a method of the same name.
+  /// Signals belong to the first object's first interface. Throws if that fails.
+  FakeService(std::string name, const std::vector<Object>& objects);
+  FakeService(std::string name, std::string path, const char* description)
+      : FakeService(std::move(name), {{.path = std::move(path), .description = description}}) {}
   FakeService(const FakeService&) = delete;
   FakeService& operator=(const FakeService&) = delete;
   ~FakeService();
@@ -58,7 +67,7 @@ class FakeService {
  private:
   static void handleCall(GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar* method,
                          GVariant* arguments, GDBusMethodInvocation* invocation, gpointer service);
-  void exportObject(const char* description);
+  void exportObject(const Object& object);
   void ownName();
   [[nodiscard]] Answer noteCall(std::string call, const std::string& method);
 

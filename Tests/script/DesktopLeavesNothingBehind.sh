@@ -15,11 +15,10 @@ note
 (env --ignore-environment sleep 4711 & note; exec sleep 4711) &
 note
 (env --ignore-environment sleep 4711 >"$HOME/open" & note)
-xterm -e sleep 4711 &
+mkfifo up
+xterm -e bash -c 'echo up >up; exec sleep 4711' &
 note
-while read -r line; do
-  if [[ $line == '_NET_CLIENT_LIST('*0x* ]]; then break; fi
-done < <(exec xprop -root -spy _NET_CLIENT_LIST)
+read -r <up
 # The processes that the session bus starts for screen readers: a launcher, a bus and a registry.
 address=$(gdbus call --session --dest org.a11y.Bus --object-path /org/a11y/bus --method org.a11y.Bus.GetAddress)
 address=${address#*\'}
@@ -30,9 +29,19 @@ grep --files-with-matches --null-data --line-regexp --no-messages "XDG_RUNTIME_D
   /proc/[0-9]*/environ | sed 's|/proc/\([0-9]*\)/.*|\1|' >>pids
 END
 
-"$desktop" bash "$scratch/command" "$scratch" 2>/dev/null
-while read -r pid; do
-  if runs "$pid"; then fail "still running: $(tr '\0' ' ' <"/proc/$pid/cmdline")"; fi
-done <"$scratch/pids"
-(($(sort -u "$scratch/pids" | wc -l) > 10)) || fail "too few processes were recorded"
-[[ ! -e $(dirname "$(cat "$scratch/home")") ]] || fail "its folder is still there"
+check() {
+  local pid session=$1 folder=$scratch/$1
+  mkdir "$folder"
+  "$desktop" --session "$session" bash "$scratch/command" "$folder" 2>/dev/null
+  while read -r pid; do
+    if runs "$pid"; then fail "$session: still running: $(tr '\0' ' ' <"/proc/$pid/cmdline")"; fi
+  done <"$folder/pids"
+  (($(sort -u "$folder/pids" | wc -l) > 10)) || fail "$session: too few processes were recorded"
+  [[ ! -e $(dirname "$(cat "$folder/home")") ]] || fail "$session: its folder is still there"
+}
+
+for session in "${sessions[@]}"; do
+  check "$session" &
+  pids+=($!)
+done
+for pid in "${pids[@]}"; do wait "$pid"; done

@@ -1,10 +1,12 @@
 # shellcheck shell=bash source-path=SCRIPTDIR
 source "$(dirname "${BASH_SOURCE[0]}")/common.bash"
 
-for status in 0 1 77; do
-  actual=0
-  "$desktop" bash -c "exit $status" || actual=$?
-  expect "$actual" "$status"
+for session in "${sessions[@]}"; do
+  for status in 0 1 77; do
+    actual=0
+    "$desktop" --session "$session" bash -c "exit $status" || actual=$?
+    expect "$actual" "$status"
+  done
 done
 
 actual=0

@@ -42,6 +42,7 @@ $package/plugin/merge-catalogues.cmake
 $package/plugin/plugin.desktop.in
 $package/plugin/plugin.service.in
 lib/deskloom/sdk/deskloom-windows.so
+lib/deskloom/sdk/libAccessibleWindows.a
 lib/deskloom/sdk/libAppleScript.a
 lib/deskloom/sdk/libAppleScriptExpressions.a
 lib/deskloom/sdk/libAppleScriptOperators.a
@@ -70,6 +71,7 @@ lib/deskloom/sdk/libDesktopSystem.a
 lib/deskloom/sdk/libDesktopWindows.a
 lib/deskloom/sdk/libFinderApplication.a
 lib/deskloom/sdk/libFirefoxSessions.a
+lib/deskloom/sdk/libGNOMEShellWindows.a
 lib/deskloom/sdk/libGNOMEWebSessions.a
 lib/deskloom/sdk/libLinux.a
 lib/deskloom/sdk/libLinuxLaunching.a
@@ -79,6 +81,7 @@ lib/deskloom/sdk/libPlatformText.a
 lib/deskloom/sdk/libScriptableApps.a
 lib/deskloom/sdk/libScriptableAppsErrors.a
 lib/deskloom/sdk/libSystemEventsApplication.a
+lib/deskloom/sdk/libWaylandWindows.a
 lib/deskloom/sdk/libX11Windows.a
 lib/deskloom/sdk/update-check
 lib/pkgconfig/deskloom-sdk.pc
@@ -88,9 +91,15 @@ share/deskloom/locale/fr/LC_MESSAGES/DeskloomSDK.mo
 share/deskloom/locale/ja/LC_MESSAGES/DeskloomSDK.mo
 share/deskloom/locale/zh_CN/LC_MESSAGES/DeskloomSDK.mo"
 
-# By default, both are installed.
+# The extension of GNOME Shell, and the setting that enables it.
+install_to "$scratch/shell" --component gnome-shell
+expect "$(files_in "$scratch/shell")" 'share/glib-2.0/schemas/00_com.quillary.Gleanery.gschema.override
+share/gnome-shell/extensions/gleanery@quillary.com/extension.js
+share/gnome-shell/extensions/gleanery@quillary.com/metadata.json'
+
+# By default, all three are installed.
 install_to "$scratch/all"
-expect "$(files_in "$scratch/all")" "$({ files_in "$scratch/prefix" && files_in "$scratch/sdk"; } | LC_ALL=C sort)"
+expect "$(files_in "$scratch/all")" "$(for part in prefix sdk shell; do files_in "$scratch/$part"; done | LC_ALL=C sort)"
 
 # The host's entries are installed on request.
 install_to "$scratch/development" --component development

@@ -4,6 +4,8 @@ set -euo pipefail
 
 # shellcheck disable=SC2034 # for the tests
 desktop=$1/script/desktop
+# shellcheck disable=SC2034
+sessions=(openbox sway kwin gnome mutter weston)
 scratch=$(mktemp --directory)
 trap 'rm -rf -- "$scratch"' EXIT
 

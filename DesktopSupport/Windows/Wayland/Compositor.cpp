@@ -13,6 +13,7 @@
 #include "DesktopSupport/Processes/ProcessInfo.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/UserFolders.h"
+#include "DesktopSupport/Windows/Wayland/WaylandConnection.h"
 
 namespace DesktopSupport {
 
@@ -68,6 +69,20 @@ const std::optional<std::string>& Compositor::problem() {
   connect();
   return problem_;
 }
+
+std::expected<WaylandConnection*, DesktopError> Compositor::connection() {
+  if (!isRunning())
+    return std::unexpected(DesktopError{.message = "No Wayland compositor is running.", .isAbsent = true});
+  if (!connection_)
+    connection_ = WaylandConnection::over(socket_->number(), patience_);
+  if (!*connection_)
+    return std::unexpected(connection_->error());
+  return (*connection_)->get();
+}
+
+Compositor::Compositor(std::chrono::milliseconds patience) : patience_(patience) {}
+
+Compositor::~Compositor() = default;
 
 std::string Compositor::name() {
   connect();

@@ -1,12 +1,17 @@
 #include "DesktopSupport/Windows/X11/X11Connection.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include <poll.h>
 #include <sys/socket.h>
 #include <xcb/xcbext.h>
 
+#include "DesktopSupport/System/FileContents.h"
+#include "DesktopSupport/System/Text.h"
 #include "DesktopSupport/System/TimeLimit.h"
 
 namespace DesktopSupport {
@@ -36,14 +41,15 @@ std::expected<X11Connection, DesktopError> X11Connection::connect(std::chrono::m
   const auto [connection, screenNumber] = *connected;
   const bool isConnected = xcb_connection_has_error(connection) == 0;
   const xcb_screen_t* screen = isConnected ? screenOf(connection, screenNumber) : nullptr;
-  X11Connection made(connection, screen);
+  X11Connection made(connection, screen, patience);
   if (screen == nullptr)
     return std::unexpected(DesktopError{"The X display cannot be opened."});
   return made;
 }
 
-X11Connection::X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen)
-    : connection_(connection), screen_(screen) {}
+X11Connection::X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen,
+                             std::chrono::milliseconds patience)
+    : connection_(connection), screen_(screen), patience_(patience) {}
 
 std::uint32_t X11Connection::clientOf(xcb_window_t window) const {
   return window & ~xcb_get_setup(connection_.get())->resource_id_mask;
@@ -61,7 +67,7 @@ bool X11Connection::waitUntilReadable() {
   pollfd socket = {.fd = xcb_get_file_descriptor(connection_.get()), .events = POLLIN, .revents = 0};
   int ready = 0;
   do
-    ready = poll(&socket, 1, static_cast<int>(std::chrono::milliseconds(longestSilence).count()));
+    ready = poll(&socket, 1, static_cast<int>(patience_.count()));
   while (ready < 0 && errno == EINTR);
   isSilent_ = ready <= 0;
   return !isSilent_;
@@ -80,6 +86,25 @@ void* X11Connection::await(unsigned int sequence) {
       break;
   std::free(error);
   return reply;
+}
+
+bool hasX11Clients(const std::filesystem::path& sockets) {
+  const char* const display = std::getenv("DISPLAY");
+  const std::string_view name = display != nullptr ? display : "";
+  const auto colon = name.find(':');
+  if (colon == std::string_view::npos)
+    return false;
+  const std::string path = "/tmp/.X11-unix/X" + std::string(name.substr(colon + 1, name.find('.', colon) - colon - 1));
+  constexpr std::size_t largestTable = 64UL << 20;
+  const std::string table = fileContents(sockets, largestTable).value_or("");
+  // Number, references, protocol, flags, type, state, file, path, which is an abstract one after an '@'.
+  constexpr std::size_t stateColumn = 5;
+  constexpr std::string_view connected = "03";
+  return std::ranges::any_of(separated(table, '\n'), [&](std::string_view line) {
+    const auto columns = separated(line, ' ');
+    return columns.size() > stateColumn && columns[stateColumn] == connected &&
+           (columns.back() == path || columns.back() == '@' + path);
+  });
 }
 
 }  // namespace DesktopSupport

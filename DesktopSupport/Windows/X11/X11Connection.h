@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <expected>
+#include <filesystem>
 #include <memory>
 
 #include <xcb/xcb.h>
@@ -26,7 +27,7 @@ class X11Connection {
   static constexpr std::chrono::seconds longestSilence{30};
 
   /// Connects to the server that DISPLAY names. Fails if DISPLAY is unset, or the server refuses the connection or does
-  /// not answer within `patience`.
+  /// not answer within `patience`, which is its time limit for each reply too.
   static std::expected<X11Connection, DesktopError> connect(std::chrono::milliseconds patience = longestSilence);
 
   [[nodiscard]] xcb_connection_t* handle() const { return connection_.get(); }
@@ -59,16 +60,21 @@ class X11Connection {
   [[nodiscard]] std::size_t roundTrips() const { return roundTrips_; }
 
  private:
-  X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen);
+  X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen, std::chrono::milliseconds patience);
   void* await(unsigned int sequence);
   bool waitUntilReadable();
 
   std::unique_ptr<xcb_connection_t, ReleasedBy<xcb_disconnect>> connection_;
   const xcb_screen_t* screen_;
+  std::chrono::milliseconds patience_;
   bool isSilent_ = false;
   unsigned int lastSent_ = 0;
   unsigned int lastFlushed_ = 0;
   std::size_t roundTrips_ = 0;
 };
+
+/// Whether a program is connected to the X server on this machine that DISPLAY names, as far as `sockets` tells, the
+/// kernel's table of local sockets. A compositor starts its X server for the first program that connects.
+bool hasX11Clients(const std::filesystem::path& sockets = "/proc/net/unix");
 
 }  // namespace DesktopSupport

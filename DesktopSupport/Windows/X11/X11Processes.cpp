@@ -1,12 +1,16 @@
 #include "DesktopSupport/Windows/X11/X11Processes.h"
 
+#include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <limits>
 #include <set>
 #include <string_view>
 #include <vector>
 
 #include <unistd.h>
+
+#include "DesktopSupport/Processes/ProcessInfo.h"
 
 namespace DesktopSupport {
 
@@ -18,9 +22,13 @@ bool isUsable(const X11Connection& connection) {
   return extension != nullptr && extension->present != 0 && connection.isLocal();
 }
 
+std::uint32_t ownClient(const X11Connection& connection) {
+  return xcb_get_setup(connection.handle())->resource_id_base;
+}
+
 std::vector<xcb_res_client_id_spec_t> clientSpecs(const X11Connection& connection,
                                                   std::span<const xcb_window_t> windows) {
-  std::set<std::uint32_t> clients;
+  std::set<std::uint32_t> clients = {ownClient(connection)};
   for (const xcb_window_t window : windows)
     clients.insert(connection.clientOf(window));
   std::vector<xcb_res_client_id_spec_t> clientSpecs;
@@ -38,6 +46,18 @@ std::string_view withoutDomain(std::string_view name) {
 bool isSameHost(std::string_view one, std::string_view other) {
   const bool haveBothDomains = one.contains('.') && other.contains('.');
   return !one.empty() && (haveBothDomains ? one == other : withoutDomain(one) == withoutDomain(other));
+}
+
+// ":0.1" is the second screen of ":0".
+std::string_view withoutScreen(std::string_view display) {
+  const auto colon = std::min(display.rfind(':'), display.size());
+  return display.substr(0, display.find('.', colon));
+}
+
+bool isForThisDisplay(const ProcessInfo& process) {
+  const char* const own = std::getenv("DISPLAY");
+  const auto display = process.environment("DISPLAY");
+  return own != nullptr && display && withoutScreen(*display) == withoutScreen(own);
 }
 
 }  // namespace
@@ -63,20 +83,27 @@ void X11ClientProcesses::collect(X11Connection& connection) {
     if (each.data->spec.mask == XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID &&
         xcb_res_client_id_value_value_length(each.data) > 0)
       processes_[each.data->spec.client] = static_cast<pid_t>(*xcb_res_client_id_value_value(each.data));
+  // The server, or a program between, may be in another PID namespace.
+  const auto own = processes_.find(ownClient(connection));
+  if (own == processes_.end() || own->second != ownProcessID())
+    processes_.clear();
 }
 
 std::optional<pid_t> X11ClientProcesses::processOf(const X11Connection& connection, xcb_window_t window) const {
   const auto found = processes_.find(connection.clientOf(window));
-  return found == processes_.end() ? std::nullopt : std::optional(found->second);
+  // The server cannot name a process outside of its own namespace, and says 0.
+  return found == processes_.end() || found->second <= 0 ? std::nullopt : std::optional(found->second);
 }
 
-std::optional<pid_t> localProcess(const WindowProcess& told, const std::string& hostName) {
+std::optional<pid_t> localProcess(const WindowProcess& told, const std::string& hostName,
+                                  const std::filesystem::path& processes) {
   if (told.ofServer)
     return told.ofServer;
   const bool isPossible = told.ofWindow && *told.ofWindow > 0 && *told.ofWindow <= std::numeric_limits<pid_t>::max();
   if (!isPossible || !isSameHost(told.machine, hostName))
     return std::nullopt;
-  return static_cast<pid_t>(*told.ofWindow);
+  const ProcessInfo process(static_cast<pid_t>(*told.ofWindow), processes);
+  return process.isOwnAndOutsideNamespaces() && isForThisDisplay(process) ? process.pid() : std::nullopt;
 }
 
 std::string hostName() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
@@ -18,7 +19,8 @@ namespace DesktopSupport {
 class X11ClientProcesses {
  public:
   /// Asks for the processes of all `windows` at once; they are known after `collect`. Needs `prefetch` in an earlier
-  /// round trip.
+  /// round trip. Asks for this process too: if the server knows it by another number than /proc, so it does all others,
+  /// and none is taken.
   X11ClientProcesses(X11Connection& connection, std::span<const xcb_window_t> windows);
   void collect(X11Connection& connection);
 
@@ -41,8 +43,12 @@ struct WindowProcess {
   std::string machine = {};
 };
 
-/// The process, if it runs on this machine, whose name is `hostName`. The server is believed rather than the window.
-std::optional<pid_t> localProcess(const WindowProcess& told, const std::string& hostName);
+/// The process, if it runs on this machine, whose name is `hostName`. The server is believed rather than the window,
+/// since a program in a sandbox may know itself by a number that is another process's here. The window is believed only
+/// if that process is this user's, in no sandbox of that kind, and was started for the same display. `processes` is the
+/// folder in which the system describes processes.
+std::optional<pid_t> localProcess(const WindowProcess& told, const std::string& hostName,
+                                  const std::filesystem::path& processes = "/proc");
 
 /// The name of this machine.
 std::string hostName();

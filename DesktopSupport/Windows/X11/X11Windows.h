@@ -23,6 +23,7 @@ std::vector<GTKWindowName> readX11GTKWindows();
 
 /// The X server that DISPLAY names.
 inline constexpr WindowSource x11Windows{.server = DisplayServer::x11,
+                                         .feature = "_NET_CLIENT_LIST",
                                          .windows = [](Compositor&) { return readX11Windows(); },
                                          .gtkWindows = [](Compositor&) { return readX11GTKWindows(); }};
 

@@ -1,0 +1,220 @@
+#include <array>
+#include <future>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "DesktopSupport/Windows/Wayland/Compositor.h"
+#include "DesktopSupport/Windows/Wayland/ListedToplevels.h"
+#include "DesktopSupport/Windows/Wayland/Protocols.h"
+#include "DesktopSupport/Windows/Wayland/WlrootsWindows.h"
+#include "Tests/Support/TestCompositor.h"
+
+extern "C" {
+extern const wl_interface ext_foreign_toplevel_handle_v1_interface;
+extern const wl_interface zwlr_foreign_toplevel_handle_v1_interface;
+}
+
+namespace {
+
+using namespace DesktopSupport;
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::Field;
+using testing::IsEmpty;
+using TestSupport::TestCompositor;
+
+/// A window that zwlr_foreign_toplevel_manager_v1 tells about.
+class WlrootsHandle {
+ public:
+  explicit WlrootsHandle(wl_resource* manager)
+      : resource_(TestSupport::makeObject(manager, zwlr_foreign_toplevel_handle_v1_interface)) {
+    wl_resource_post_event(manager, 0, resource_);
+  }
+
+  WlrootsHandle& title(const char* text) { return post(0, text); }
+  WlrootsHandle& appID(const char* text) { return post(1, text); }
+  WlrootsHandle& states(std::vector<std::uint32_t> states) {
+    wl_array array = {
+        .size = states.size() * sizeof(std::uint32_t), .alloc = 0, .data = static_cast<void*>(states.data())};
+    return post(4, &array);
+  }
+  WlrootsHandle& done() { return post(5); }
+  WlrootsHandle& closed() { return post(6); }
+  WlrootsHandle& parent(const WlrootsHandle& parent) { return post(7, parent.resource_); }
+
+ private:
+  template <typename... Arguments>
+  WlrootsHandle& post(std::uint32_t event, Arguments... arguments) {
+    wl_resource_post_event(resource_, event, arguments...);
+    return *this;
+  }
+
+  wl_resource* resource_;
+};
+
+/// The windows that a compositor with zwlr_foreign_toplevel_manager_v1 lists if it tells what `bound` does.
+std::expected<WindowList, DesktopError> wlrootsWindowsAfter(const TestCompositor::Bound& bound, int version = 3) {
+  TestCompositor server;
+  server.offer(zwlr_foreign_toplevel_manager_v1_interface, version, bound);
+  server.start();
+  Compositor compositor;
+  return readWlrootsWindows(compositor);
+}
+
+TEST(WlrootsWindows, AreToldWithTheirNamesAndStates) {
+  const auto list = wlrootsWindowsAfter([](wl_resource* manager) {
+    WlrootsHandle(manager).title("One").appID("org.example.One").states({}).done();
+    WlrootsHandle(manager).title("Two").appID("two").states({0, 1}).done();
+    WlrootsHandle(manager).title("Three").appID("three").states({3, 2}).done();
+  });
+  ASSERT_TRUE(list);
+  ASSERT_EQ(list->windows.size(), 3U);
+  const auto& [one, two, three] = std::array{list->windows[0], list->windows[1], list->windows[2]};
+  EXPECT_EQ(one.title, "One");
+  EXPECT_EQ(one.applicationID, "org.example.One");
+  EXPECT_EQ(one.windowClass, "org.example.One");
+  EXPECT_FALSE(one.pid);
+  EXPECT_TRUE(one.isOrdinary);
+  EXPECT_FALSE(one.isHidden);
+  EXPECT_EQ(two.title, "Two");
+  EXPECT_TRUE(two.isHidden);
+  EXPECT_EQ(three.applicationID, "three");
+  EXPECT_FALSE(three.isHidden);
+  EXPECT_EQ(list->active, three.id);
+  EXPECT_TRUE(list->isComplete);
+  EXPECT_THAT(list->stack, IsEmpty());
+}
+
+TEST(WlrootsWindows, AreNoneIfNoneIsOpen) {
+  const auto list = wlrootsWindowsAfter([](wl_resource*) {});
+  ASSERT_TRUE(list);
+  EXPECT_THAT(list->windows, IsEmpty());
+  EXPECT_FALSE(list->active);
+}
+
+TEST(WlrootsWindows, BelongToTheirParents) {
+  const auto list = wlrootsWindowsAfter([](wl_resource* manager) {
+    WlrootsHandle dialog(manager);
+    WlrootsHandle owner(manager);
+    dialog.title("Dialog").parent(owner).done();
+    owner.title("Owner").done();
+  });
+  ASSERT_TRUE(list);
+  ASSERT_EQ(list->windows.size(), 2U);
+  EXPECT_EQ(list->windows[0].transientFor, list->windows[1].id);
+  EXPECT_FALSE(list->windows[1].transientFor);
+}
+
+TEST(WlrootsWindows, AreLeftOutIfTheyCloseMeanwhile) {
+  const auto list = wlrootsWindowsAfter([](wl_resource* manager) {
+    WlrootsHandle(manager).title("Closed").done().closed();
+    WlrootsHandle(manager).title("Open").done();
+  });
+  ASSERT_TRUE(list);
+  EXPECT_THAT(list->windows, ElementsAre(Field(&Window::title, "Open")));
+}
+
+TEST(WlrootsWindows, AreLeftOutUntilTheyHaveBeenTold) {
+  const auto list = wlrootsWindowsAfter([](wl_resource* manager) { WlrootsHandle(manager).title("Half"); });
+  ASSERT_TRUE(list);
+  EXPECT_THAT(list->windows, IsEmpty());
+}
+
+TEST(WlrootsWindows, MayBeToldByAnOldCompositor) {
+  const auto list =
+      wlrootsWindowsAfter([](wl_resource* manager) { WlrootsHandle(manager).title("Old").appID("old").done(); }, 1);
+  ASSERT_TRUE(list);
+  EXPECT_THAT(list->windows, ElementsAre(Field(&Window::title, "Old")));
+}
+
+TEST(WlrootsWindows, MayHaveAnyTitle) {
+  const std::string title = "\xff line\nbreak \u202e" + std::string(3000, 'x');
+  const auto list =
+      wlrootsWindowsAfter([&](wl_resource* manager) { WlrootsHandle(manager).title(title.c_str()).done(); });
+  ASSERT_TRUE(list);
+  EXPECT_THAT(list->windows, ElementsAre(Field(&Window::title, title)));
+}
+
+TEST(WlrootsWindows, AreManyAtOnce) {
+  constexpr int count = 2000;
+  const auto list = wlrootsWindowsAfter([](wl_resource* manager) {
+    for (int index = 0; index < count; ++index)
+      WlrootsHandle(manager).title(std::to_string(index).c_str()).appID("many").done();
+  });
+  ASSERT_TRUE(list);
+  ASSERT_EQ(list->windows.size(), static_cast<std::size_t>(count));
+  EXPECT_EQ(list->windows.back().title, "1999");
+}
+
+TEST(WlrootsWindows, AreAbsentIfTheCompositorDoesNotOfferThem) {
+  TestCompositor server;
+  server.offer(ext_foreign_toplevel_list_v1_interface, 1, [](wl_resource*) {});
+  server.start();
+  Compositor compositor;
+  const auto list = readWlrootsWindows(compositor);
+  ASSERT_FALSE(list);
+  EXPECT_TRUE(list.error().isAbsent);
+  EXPECT_EQ(list.error().message, "The compositor does not offer zwlr_foreign_toplevel_manager_v1.");
+}
+
+TEST(WlrootsWindows, FailIfTheCompositorBreaksOff) {
+  const auto list =
+      wlrootsWindowsAfter([](wl_resource* manager) { wl_client_post_no_memory(wl_resource_get_client(manager)); });
+  ASSERT_FALSE(list);
+  EXPECT_FALSE(list.error().isAbsent);
+  EXPECT_EQ(list.error().message, "The compositor has broken off the connection.");
+}
+
+TEST(WlrootsWindows, FailOnceIfTheCompositorDoesNotAnswer) {
+  const TestCompositor server;
+  Compositor compositor(50ms);
+  const auto list = readWlrootsWindows(compositor);
+  ASSERT_FALSE(list);
+  EXPECT_FALSE(list.error().isAbsent);
+  EXPECT_EQ(list.error().message, "The compositor does not answer.");
+  // The second source fails with the connection and does not wait again.
+  EXPECT_EQ(readListedToplevels(compositor).error().message, "The compositor does not answer.");
+}
+
+TEST(WlrootsWindows, FailIfTheCompositorFallsSilent) {
+  TestCompositor server;
+  std::promise<void> isOver;
+  server.offer(zwlr_foreign_toplevel_manager_v1_interface, 3,
+               [over = isOver.get_future().share()](wl_resource*) { over.wait(); });
+  server.start();
+  Compositor compositor(50ms);
+  EXPECT_EQ(readWlrootsWindows(compositor).error().message, "The compositor does not answer.");
+  EXPECT_EQ(readWlrootsWindows(compositor).error().message, "The compositor does not answer.");
+  isOver.set_value();
+}
+
+TEST(ListedToplevels, AreToldWithTheirNames) {
+  TestCompositor server;
+  server.offer(ext_foreign_toplevel_list_v1_interface, 1, [](wl_resource* list) {
+    for (const char* name : {"first", "second"}) {
+      wl_resource* const handle = TestSupport::makeObject(list, ext_foreign_toplevel_handle_v1_interface);
+      wl_resource_post_event(list, 0, handle);
+      wl_resource_post_event(handle, 4, "identifier");
+      wl_resource_post_event(handle, 2, "title");
+      wl_resource_post_event(handle, 3, name);
+      wl_resource_post_event(handle, 1);
+    }
+    wl_resource* const closed = TestSupport::makeObject(list, ext_foreign_toplevel_handle_v1_interface);
+    wl_resource_post_event(list, 0, closed);
+    wl_resource_post_event(closed, 1);
+    wl_resource_post_event(closed, 0);
+  });
+  server.start();
+  Compositor compositor;
+  const auto list = readListedToplevels(compositor);
+  ASSERT_TRUE(list);
+  ASSERT_EQ(list->windows.size(), 2U);
+  EXPECT_EQ(list->windows[0].title, "title");
+  EXPECT_EQ(list->windows[0].applicationID, "first");
+  EXPECT_EQ(list->windows[1].windowClass, "second");
+}
+
+}  // namespace

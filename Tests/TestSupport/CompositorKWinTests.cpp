@@ -1,0 +1,1 @@
+#include "Tests/TestSupport/CompositorContract.h"
