@@ -156,8 +156,8 @@ TEST_P(EachWithWindows, LogsHowManyAreNotKnown) {
 class FullPaths : public FileManagersTest {
  protected:
   ~FullPaths() override {
-    std::filesystem::remove(configuration_);
     endSettingsDaemon();
+    std::filesystem::remove(configuration_);
   }
 
   /// Ends what keeps Thunar's settings after it has read them; the bus starts it again.
@@ -165,7 +165,7 @@ class FullPaths : public FileManagersTest {
     constexpr const char* name = "org.xfce.Xfconf";
     const auto bus = DesktopSupport::SessionBus::connect();
     if (const auto daemon = DesktopSupport::BusDaemon(*bus, 60s).processOf(name))
-      kill(*daemon, SIGTERM);
+      kill(*daemon, SIGKILL);  // it would write the settings again
     TestSupport::awaitNoOwner(name);
   }
 
@@ -173,8 +173,8 @@ class FullPaths : public FileManagersTest {
   void configure(const std::filesystem::path& file, const std::string& contents) {
     configuration_ = DesktopSupport::userConfigurationFolder() / file;
     std::filesystem::create_directories(configuration_.parent_path());
-    std::ofstream(configuration_) << contents;
     endSettingsDaemon();
+    std::ofstream(configuration_) << contents;
   }
 
   /// A link is known by its path alone.
