@@ -30,6 +30,9 @@ namespace BusErrorName = DesktopSupport::BusErrorName;
 // The surest way first. A further one is one more row.
 constexpr std::array<FolderWay, 4> ways = {reportedFolders, dolphinFolders, foldersInTitles, shownFolders};
 
+// How much of the patience a search for folders may take: it needs no other program's answer, and it seldom takes long.
+constexpr int searchShare = 10;
+
 // What is known of a file manager.
 struct Answer {
   // Its `windows` are those of which nothing is known yet.
@@ -92,7 +95,7 @@ Answers askAll(const SessionBus* bus, const WindowsOnScreen& screen, millisecond
   Answers answers;
   for (FileManager& fileManager : runningFileManagers(bus, screen, patience))
     answers.emplace_back(std::move(fileManager));
-  WatchedFolders watched;
+  WatchedFolders watched(patience / searchShare);
   for (const FolderWay way : ways) {
     watched.expect(processesOf(answers));
     for (Answer& answer : answers)

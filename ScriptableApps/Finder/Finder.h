@@ -10,8 +10,8 @@
 
 namespace ScriptableApps {
 
-/// "Finder": the folders that file managers show. Each tab is a window, those of the topmost window first. File
-/// managers are asked over D-Bus, and the X server for the order of their windows.
+/// "Finder": the folders that file managers show. Each tab is a window, those of the topmost window first, as far as
+/// they are known.
 class Finder : public AppleScript::Application {
  public:
   /// `patience` is how long to wait for each program. File managers only have to report what they know, so the default
@@ -22,10 +22,10 @@ class Finder : public AppleScript::Application {
   /// The classes `application`, `window` and `Finder window` with their properties and elements.
   [[nodiscard]] const AppleScript::Dictionary& dictionary() const override;
 
-  /// Yields a `FinderRoot`. If some file managers report what they show and others don't, or if a folder's path is not
-  /// one line, what is missing is logged. Fails with -600 if no file manager is running, and with -1728 and their names
-  /// if none of them can report. Otherwise, if none reports: with -1712 after a timeout, -1723 if access is denied, and
-  /// -2700 if the answer is malformed.
+  /// Yields a `FinderRoot`. If the folders of some windows are not known, or if a folder's path is not one line, what
+  /// is missing is logged. Fails with -600 if no file manager is running, and with -1728 and their names if nothing is
+  /// known of any of them. Otherwise, if none reports: with -1712 after a timeout, -1723 if access is denied, and -2700
+  /// if the answer is malformed.
   [[nodiscard]] AppleScript::Result<AppleScript::ObjectPointer> open() override;
 
  private:

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <deque>
+#include <map>
 #include <memory>
 #include <new>
 #include <set>
@@ -43,6 +44,13 @@ std::string handleOf(const path& file) {
   return text;
 }
 
+// How far a folder is from where the search begins, in levels. Those with a lower number are looked into first.
+constexpr int likely = 0;
+constexpr int aboveALikelyOne = 2;
+constexpr int lessLikely = 2;
+constexpr int mountPoint = 3;
+constexpr int furtherIfHidden = 2;
+
 class FolderSearch {
  public:
   FolderSearch(const std::vector<FileMark>& marks, std::chrono::milliseconds limit)
@@ -53,20 +61,27 @@ class FolderSearch {
     }
   }
 
-  void start(const std::vector<path>& nearby) {
-    for (const path& folder : nearby)
-      for (path above = folder.lexically_normal(); above != above.parent_path(); above = above.parent_path())
-        begin(above);
-    for (const auto& [mountPoint, device] : mounts_.devices())
-      begin(mountPoint);
+  void start(const SearchPlaces& places) {
+    for (const path& folder : places.likely)
+      begin(folder, likely);
+    for (const path& folder : places.lessLikely)
+      begin(folder, lessLikely);
+    for (const path& folder : places.likely)
+      for (path above = folder.parent_path(); above != above.parent_path(); above = above.parent_path())
+        begin(above, aboveALikelyOne);
+    for (const auto& [folder, device] : mounts_.devices())
+      begin(folder, mountPoint);
   }
 
   void run() {
-    while (left_ > 0 && Clock::now() < deadline_ && !(open_.empty() && hidden_.empty())) {
-      std::deque<path>& queue = open_.empty() ? hidden_ : open_;
-      const path folder = std::move(queue.front());
-      queue.pop_front();
-      lookInto(folder);
+    while (left_ > 0 && Clock::now() < deadline_ && !open_.empty()) {
+      const auto nearest = open_.begin();
+      const int distance = nearest->first;
+      const path folder = std::move(nearest->second.front());
+      nearest->second.pop_front();
+      if (nearest->second.empty())
+        open_.erase(nearest);
+      lookInto(folder, distance + 1);
     }
   }
 
@@ -80,21 +95,21 @@ class FolderSearch {
   }
 
  private:
-  void begin(const path& folder) {
+  void begin(const path& folder, int distance) {
     const dev_t device = mounts_.deviceOf(folder);
     struct stat status = {};
     if (!devices_.contains(device) || stat(folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
       return;
     compare(folder, device, status.st_ino);
-    lookLater(folder, open_);
+    lookLater(folder, distance);
   }
 
-  void lookLater(const path& folder, std::deque<path>& queue) {
+  void lookLater(const path& folder, int distance) {
     if (seen_.insert(folder.string()).second)
-      queue.push_back(folder);
+      open_[distance].push_back(folder);
   }
 
-  void lookInto(const path& folder) {
+  void lookInto(const path& folder, int distance) {
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(opendir(folder.c_str()), closedir);
     if (!listing)
       return;
@@ -107,7 +122,7 @@ class FolderSearch {
         continue;
       compare(below, device, entry->d_ino);
       if (entry->d_type == DT_DIR)
-        lookLater(below, name.starts_with('.') ? hidden_ : open_);
+        lookLater(below, name.starts_with('.') ? distance + furtherIfHidden : distance);
     }
   }
 
@@ -130,21 +145,22 @@ class FolderSearch {
   std::set<dev_t> devices_;
   std::unordered_set<ino_t> inodes_;
   std::unordered_set<std::string> seen_;
-  std::deque<path> open_;
-  std::deque<path> hidden_;
+  // The folders that have not been looked into, by their distance.
+  std::map<int, std::deque<path>> open_;
 };
 
 }  // namespace
 
-std::vector<std::optional<path>> pathsWith(const std::vector<FileMark>& marks, const std::vector<path>& nearby,
+std::vector<std::optional<path>> pathsWith(const std::vector<FileMark>& marks, const SearchPlaces& places,
                                            std::chrono::milliseconds limit) {
   std::vector<std::optional<path>> paths(marks.size());
-  const auto found = marks.empty() ? std::nullopt : DesktopSupport::foundWithin(DesktopSupport::fileSystemTime, [&] {
-    FolderSearch search(marks, limit);
-    search.start(nearby);
-    search.run();
-    return search.result();
-  });
+  const auto found =
+      marks.empty() ? std::nullopt : DesktopSupport::foundWithin(limit + DesktopSupport::fileSystemTime, [&] {
+        FolderSearch search(marks, limit);
+        search.start(places);
+        search.run();
+        return search.result();
+      });
   const auto texts = DesktopSupport::separated(found ? std::string_view(*found) : "", '\0');
   for (std::size_t index = 0; index + 1 < texts.size(); index += 2)
     if (const auto mark = DesktopSupport::parseNumber<std::size_t>(texts[index]); mark && *mark < paths.size())

@@ -21,15 +21,19 @@ struct FileMark {
   auto operator<=>(const FileMark&) const = default;
 };
 
-/// How long a search may take.
-inline constexpr std::chrono::milliseconds folderSearchTime{300};
+/// Folders in and near which a search begins.
+struct SearchPlaces {
+  std::vector<std::filesystem::path> likely = {};
+  /// Those that it looks into later.
+  std::vector<std::filesystem::path> lessLikely = {};
+};
 
-/// For each mark the path of its file or folder, or `nullopt` if it is not found in time. Looks at the folders given
-/// and at those above them, then level by level below them and below the mount points of the marks' file systems, with
-/// hidden folders last. Touches no other file system, and waits for one that does not answer for
-/// `DesktopSupport::fileSystemTime` at most.
+/// For each mark the path of its file or folder, or `nullopt` if it is not found within `limit`. Looks at the folders
+/// given and at those above them, then level by level below them and below the mount points of the marks' file systems,
+/// with hidden folders last. Touches no other file system, and gives up on those if they do not answer for
+/// `DesktopSupport::fileSystemTime` after that.
 std::vector<std::optional<std::filesystem::path>> pathsWith(const std::vector<FileMark>& marks,
-                                                            const std::vector<std::filesystem::path>& nearby,
-                                                            std::chrono::milliseconds limit = folderSearchTime);
+                                                            const SearchPlaces& places,
+                                                            std::chrono::milliseconds limit);
 
 }  // namespace ScriptableApps

@@ -80,20 +80,21 @@ void addAddressesIn(const path& file, std::vector<path>& folders) {
   }
 }
 
-// Where a search finds most folders soon: where the user goes, and what programs watch without showing it.
-std::vector<path> likelyFolders(const std::vector<pid_t>& processes) {
+// Where the user goes, and what programs watch without showing it.
+SearchPlaces placesFor(const std::vector<pid_t>& processes) {
   const path home = DesktopSupport::homeFolder();
-  std::vector<path> folders = {home, DesktopSupport::folderNamedBy("XDG_CACHE_HOME").value_or(home / ".cache")};
+  std::vector<path> likely = {home, DesktopSupport::userConfigurationFolder(), DesktopSupport::userDataFolder(),
+                              DesktopSupport::folderNamedBy("XDG_CACHE_HOME").value_or(home / ".cache")};
   for (const pid_t process : processes)
     for (const std::string& argument : DesktopSupport::ProcessInfo(process).arguments())
       if (argument.starts_with('/'))
-        folders.emplace_back(argument);
-  std::ranges::move(DesktopSupport::configurationFolders(), std::back_inserter(folders));
-  std::ranges::move(DesktopSupport::dataFolders(), std::back_inserter(folders));
-  addAddressesIn(DesktopSupport::userConfigurationFolder() / "gtk-3.0/bookmarks", folders);
-  addAddressesIn(DesktopSupport::userDataFolder() / "user-places.xbel", folders);
-  addAddressesIn(DesktopSupport::userDataFolder() / "recently-used.xbel", folders);
-  return folders;
+        likely.emplace_back(argument);
+  addAddressesIn(DesktopSupport::userConfigurationFolder() / "gtk-3.0/bookmarks", likely);
+  addAddressesIn(DesktopSupport::userDataFolder() / "user-places.xbel", likely);
+  addAddressesIn(DesktopSupport::userDataFolder() / "recently-used.xbel", likely);
+  std::vector<path> lessLikely = DesktopSupport::configurationFolders();
+  std::ranges::move(DesktopSupport::dataFolders(), std::back_inserter(lessLikely));
+  return {.likely = std::move(likely), .lessLikely = std::move(lessLikely)};
 }
 
 }  // namespace
@@ -125,7 +126,7 @@ void WatchedFolders::search() {
     owners.resize(owners.size() + its.size(), process);
     std::ranges::move(its, std::back_inserter(marks));
   }
-  const auto found = pathsWith(marks, likelyFolders(expected_));
+  const auto found = pathsWith(marks, placesFor(expected_), searchTime_);
   for (std::size_t index = 0; index < found.size(); ++index)
     if (found[index])
       folders_[owners[index]].folders.push_back(*found[index]);

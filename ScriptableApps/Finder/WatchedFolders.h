@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <map>
 #include <string_view>
@@ -26,6 +27,9 @@ struct ProcessFolders {
 /// The folders that processes watch. What cannot be read, as of another user's process, is empty.
 class WatchedFolders {
  public:
+  /// `searchTime` is how long to look for their paths.
+  explicit WatchedFolders(std::chrono::milliseconds searchTime) : searchTime_(searchTime) {}
+
   /// Says which processes will be asked for, so that their folders are looked for together.
   void expect(std::vector<pid_t> processes) { expected_ = std::move(processes); }
 
@@ -34,8 +38,9 @@ class WatchedFolders {
  private:
   void search();
 
-  std::vector<pid_t> expected_;
-  std::map<pid_t, ProcessFolders> folders_;
+  std::chrono::milliseconds searchTime_;
+  std::vector<pid_t> expected_ = {};
+  std::map<pid_t, ProcessFolders> folders_ = {};
 };
 
 }  // namespace ScriptableApps

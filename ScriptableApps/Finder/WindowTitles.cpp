@@ -48,9 +48,11 @@ std::optional<FolderTitle> nameAndPath(std::string_view text) {
 FolderTitle folderTitle(std::string_view title, std::string_view end) {
   if (title.ends_with(end))
     title.remove_suffix(end.size());
+  if (auto both = nameAndPath(title))
+    return std::move(*both);
   if (auto location = locationOf(title))
     return {.location = std::move(location)};
-  return nameAndPath(title).value_or(FolderTitle{.name = std::string(title)});
+  return {.name = std::string(title)};
 }
 
 FolderTitle folderTitle(const DesktopSupport::Window& window, const FileManager& fileManager) {

@@ -1,7 +1,12 @@
 // The Finder with real file managers that don't report which folders they show.
 
+#include <fstream>
+
+#include "DesktopSupport/Bus/BusDaemon.h"
+#include "DesktopSupport/System/UserFolders.h"
 #include "Tests/ScriptableApps/FileManagersTest.h"
 #include "Tests/ScriptableApps/Scripts.h"
+#include "Tests/Support/BusNames.h"
 #include "Tests/Support/EnvironmentVariable.h"
 
 namespace {
@@ -93,6 +98,14 @@ TEST_P(EachFileManager, IsWaitedForNoLongerThanSaidIfItHangs) {
   kill(program.pid(), SIGCONT);
 }
 
+TEST_P(EachFileManager, DoesNotListAFolderThatHasBeenRemoved) {
+  const std::string shown = make("outer/shown");
+  const ChildProcess program = start({shown});
+  awaitWindow(program, shown);
+  std::filesystem::remove(shown);
+  EXPECT_THAT(openPaths().value_or(std::vector<std::string>()), testing::Not(testing::Contains(shown + '/')));
+}
+
 /// File managers that show a window for each folder.
 using EachWithWindows = EachFileManager;
 
@@ -137,6 +150,128 @@ TEST_P(EachWithWindows, LogsHowManyAreNotKnown) {
   std::string log;
   EXPECT_THAT(openPathsAndLog(log), shows({known}));
   EXPECT_EQ(log, GetParam().command.front() + " does not report which folder it shows in 1 of its 2 windows.\n");
+}
+
+/// A file manager that is set up to show the whole path in its windows' titles.
+class FullPaths : public FileManagersTest {
+ protected:
+  ~FullPaths() override {
+    endSettingsDaemon();
+    std::filesystem::remove(configuration_);
+  }
+
+  /// Ends what keeps Thunar's settings after it has read them; the bus starts it again.
+  static void endSettingsDaemon() {
+    constexpr const char* name = "org.xfce.Xfconf";
+    const auto bus = DesktopSupport::SessionBus::connect();
+    if (const auto daemon = DesktopSupport::BusDaemon(*bus, 60s).processOf(name))
+      kill(*daemon, SIGKILL);  // it would write the settings again
+    TestSupport::awaitNoOwner(name);
+  }
+
+  /// Writes one of the user's configuration files. It lasts as long as the test.
+  void configure(const std::filesystem::path& file, const std::string& contents) {
+    configuration_ = DesktopSupport::userConfigurationFolder() / file;
+    std::filesystem::create_directories(configuration_.parent_path());
+    endSettingsDaemon();
+    std::ofstream(configuration_) << contents;
+  }
+
+  /// A link is known by its path alone.
+  [[nodiscard]] std::string link() const {
+    std::filesystem::create_directory_symlink(make("folder"), folder_.path() / "a link");
+    return folder_.path() / "a link";
+  }
+
+ private:
+  std::filesystem::path configuration_;
+};
+
+TEST_F(FullPaths, AreReadInThunarsTitles) {
+  configure("xfce4/xfconf/xfce-perchannel-xml/thunar.xml", R"(<?xml version="1.0" encoding="UTF-8"?>
+      <channel name="thunar" version="1.0">
+        <property name="misc-full-path-in-window-title" type="bool" value="true"/>
+      </channel>)");
+  const std::string shown = link();
+  const std::string broken = make("two\nlines");
+  const ChildProcess thunar({"thunar", shown, "/", broken});
+  ASSERT_TRUE(desktop_.waitForTitle(shown + " - Thunar"));
+  ASSERT_TRUE(desktop_.waitForTitle("/ - Thunar"));
+  ASSERT_TRUE(desktop_.waitForTitle("file://" + folder_.path().string() + "/two%0Alines - Thunar"));
+  std::string log;
+  EXPECT_THAT(openPathsAndLog(log), testing::UnorderedElementsAre(shown + '/', "/"));
+  EXPECT_EQ(log, "The folder " + folder_.path().string() +
+                     "/two lines is left out: its path contains characters that cannot be shown.\n");
+}
+
+TEST_F(FullPaths, AreReadInNemosTitles) {
+  configure("glib-2.0/settings/keyfile", "[org/nemo/preferences]\nshow-full-path-titles=true\n");
+  const std::string shown = link();
+  const ChildProcess nemo({"nemo", shown}, {.environment = {{"GSETTINGS_BACKEND", "keyfile"}}});
+  ASSERT_TRUE(desktop_.waitForTitle("a link - " + shown));
+  EXPECT_THAT(openPaths().value(), shows({shown}));
+}
+
+TEST_F(FullPaths, AreReadInDolphinsTitles) {
+  configure("dolphinrc", "[General]\nShowFullPathInTitlebar=true\n");
+  const std::string shown = link();
+  const ChildProcess dolphin({"dolphin", shown});
+  ASSERT_TRUE(desktop_.waitForTitle(shown + " — Dolphin"));
+  EXPECT_THAT(openPaths().value(), shows({shown}));
+}
+
+TEST_F(FileManagersTest, ListTheTabsAndViewsOfDolphinTheOneInFrontFirst) {
+  const std::string first = make("first");
+  const std::string second = make("second");
+  const std::string third = make("a third");
+  const ChildProcess dolphin({"dolphin", third, first, second});
+  ASSERT_TRUE(desktop_.waitForTitle("second — Dolphin"));
+  const ChildProcess split({"dolphin", "--new-window", "--split", third, first});
+  ASSERT_TRUE(desktop_.waitUntil([&] { return desktop_.clients().size() == 2; }));
+  for (const auto& folder : {first, second, third})
+    awaitWatch(dolphin, folder);
+  awaitWatch(split, first);
+  awaitWatch(split, third);
+  const auto paths = openPaths().value();
+  ASSERT_EQ(paths.size(), 5U);
+  const auto front = std::ranges::find(paths, second + '/');
+  EXPECT_NE(front, paths.end());
+  EXPECT_TRUE(front == paths.begin() || front == paths.begin() + 2) << "each window begins with what its title names";
+  EXPECT_THAT(paths, testing::UnorderedElementsAre(first + '/', second + '/', third + '/', first + '/', third + '/'));
+}
+
+TEST_F(FileManagersTest, ListTheHomeFolderByItsOwnName) {
+  const std::string home = DesktopSupport::homeFolder();
+  const ChildProcess nemo({"nemo", home});
+  ASSERT_TRUE(desktop_.waitForTitle("Home"));
+  awaitWatch(nemo, home);
+  EXPECT_THAT(openPaths().value(), shows({home}));
+  const ChildProcess dolphin({"dolphin", home});
+  ASSERT_TRUE(desktop_.waitForTitle("Home — Dolphin"));
+  EXPECT_THAT(openPaths().value(), shows({home, home}));
+}
+
+TEST_F(FileManagersTest, AreListedBesideEachOther) {
+  const std::string known = make("known");
+  std::filesystem::create_directory_symlink(make("folder"), folder_.path() / "link");
+  const ChildProcess pcmanfm({"pcmanfm", folder_.path() / "link"});
+  ASSERT_TRUE(desktop_.waitForTitle("link"));
+  const ChildProcess thunar({"thunar", known});
+  ASSERT_TRUE(desktop_.waitForTitle("known - Thunar"));
+  awaitWatch(thunar, known);
+  std::string log;
+  EXPECT_THAT(openPathsAndLog(log), shows({known}));
+  EXPECT_EQ(log, "pcmanfm is running but does not report which folders it shows.\n");
+}
+
+TEST_F(FileManagersTest, AreKnownWithoutABus) {
+  const std::string shown = make("shown");
+  const ChildProcess pcmanfm({"pcmanfm", shown});
+  ASSERT_TRUE(desktop_.waitForTitle("shown"));
+  awaitWatch(pcmanfm, shown);
+  const TestSupport::EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
+  const TestSupport::EnvironmentVariable runtimeFolder("XDG_RUNTIME_DIR", std::nullopt);
+  EXPECT_THAT(openPaths().value(), shows({shown}));
 }
 
 }  // namespace

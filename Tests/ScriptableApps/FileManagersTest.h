@@ -19,11 +19,9 @@
 
 namespace TestSupport {
 
-/// Real file managers with folders to show.
-class FileManagersTest : public testing::Test {
+/// Folders for real file managers to show.
+class ShownFoldersTest : public testing::Test {
  protected:
-  ~FileManagersTest() override { EXPECT_TRUE(desktop_.waitForNoWindows()); }
-
   /// Makes a folder and returns its path.
   std::string make(const std::filesystem::path& name) const {
     std::filesystem::create_directories(folder_.path() / name);
@@ -34,7 +32,7 @@ class FileManagersTest : public testing::Test {
   static void awaitWatch(const ChildProcess& process, const std::string& folder) {
     const auto deadline = std::chrono::steady_clock::now() + patience;
     while (std::chrono::steady_clock::now() < deadline) {
-      ScriptableApps::WatchedFolders watched;
+      ScriptableApps::WatchedFolders watched(std::chrono::seconds(1));
       const auto& folders = watched.of(process.pid()).folders;
       if (std::ranges::find(folders, std::filesystem::path(folder)) != folders.end())
         return;
@@ -52,6 +50,13 @@ class FileManagersTest : public testing::Test {
   }
 
   TemporaryFolder folder_;
+};
+
+/// Real file managers on an X server.
+class FileManagersTest : public ShownFoldersTest {
+ protected:
+  ~FileManagersTest() override { EXPECT_TRUE(desktop_.waitForNoWindows()); }
+
   TestDesktop desktop_;
 };
 

@@ -1,0 +1,66 @@
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "ScriptableApps/Finder/WindowOrder.h"
+
+namespace {
+
+using DesktopSupport::Window;
+using DesktopSupport::WindowID;
+using DesktopSupport::WindowList;
+using ScriptableApps::FileManager;
+using ScriptableApps::FileManagerWindows;
+using ScriptableApps::topmostFirst;
+using testing::ElementsAre;
+
+std::vector<WindowID> idsOf(const std::vector<Window>& windows) {
+  std::vector<WindowID> ids;
+  for (const Window& window : windows)
+    ids.push_back(window.id);
+  return ids;
+}
+
+/// The first location of each window, in their order on the screen.
+std::vector<std::string> sorted(FileManagerWindows windows, const WindowList& screen) {
+  placeOnScreen(windows, {.windows = topmostFirst(screen)});
+  sortTopmostFirst(windows, screen);
+  std::vector<std::string> locations;
+  for (const auto& window : windows)
+    locations.push_back(window.locations.front());
+  return locations;
+}
+
+const std::vector<Window> three = {{.id = 1, .title = "a"}, {.id = 2, .title = "b"}, {.id = 3, .title = "c"}};
+
+TEST(WindowOrder, IsTheStacks) {
+  EXPECT_THAT(idsOf(topmostFirst({.windows = three, .stack = {2, 3, 1}, .active = 2})), ElementsAre(1, 3, 2));
+  EXPECT_THAT(idsOf(topmostFirst({.windows = three, .stack = {2, 3}})), ElementsAre(3, 2, 1));
+}
+
+TEST(WindowOrder, BeginsWithTheActiveWindowIfThereIsNoStack) {
+  EXPECT_THAT(idsOf(topmostFirst({.windows = three, .active = 2})), ElementsAre(2, 1, 3));
+  EXPECT_THAT(idsOf(topmostFirst({.windows = three})), ElementsAre(1, 2, 3));
+}
+
+TEST(WindowOrder, IsThatOfTheWindowsWithTheTabsNames) {
+  const FileManagerWindows reported = {
+      {.locations = {"file:///b", "file:///d"}}, {.locations = {"file:///c"}}, {.locations = {"file:///a"}}};
+  EXPECT_THAT(sorted(reported, {.windows = three, .stack = {1, 2, 3}}),
+              ElementsAre("file:///c", "file:///b", "file:///a"));
+  EXPECT_THAT(sorted(reported, {.windows = three, .active = 1}), ElementsAre("file:///a", "file:///b", "file:///c"));
+}
+
+TEST(WindowOrder, IsTheReportedOneIfTheTitlesLeaveADoubt) {
+  const std::vector<Window> windows = {{.id = 1, .title = "a"}, {.id = 2, .title = "a"}, {.id = 3, .title = "x"}};
+  const FileManagerWindows reported = {
+      {.locations = {"file:///1/a"}}, {.locations = {"file:///2/a"}}, {.locations = {"file:///x"}}};
+  EXPECT_THAT(sorted(reported, {.windows = windows, .stack = {3, 2, 1}}),
+              ElementsAre("file:///x", "file:///1/a", "file:///2/a"));
+  const FileManagerWindows tabs = {{.locations = {"file:///1/a", "file:///x"}}, {.locations = {"file:///2/a"}}};
+  EXPECT_THAT(sorted(tabs, {.windows = {{.id = 1, .title = "a"}}, .stack = {1}}),
+              ElementsAre("file:///1/a", "file:///2/a"));
+}
+
+}  // namespace
