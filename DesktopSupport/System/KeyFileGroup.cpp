@@ -106,7 +106,10 @@ std::optional<std::string> KeyFileGroup::localizedText(std::string_view key) con
 }
 
 bool KeyFileGroup::hasKeyStarting(std::string_view start) const {
-  return std::ranges::any_of(values_, [&](const auto& pair) { return pair.first.starts_with(start); });
+  // Most keys differ in the first character, which is compared without a call.
+  return std::ranges::any_of(values_, [&](const auto& pair) {
+    return !pair.first.empty() && pair.first.front() == start.front() && pair.first.starts_with(start);
+  });
 }
 
 bool KeyFileGroup::isTrue(std::string_view key) const {

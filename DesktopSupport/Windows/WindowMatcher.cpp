@@ -32,17 +32,15 @@ bool claims(const DesktopEntry& entry, const Window& window) {
 }
 
 // An application may have several entries: one for each of its programs, or for each web page that it shows as one.
-const DesktopEntry* ofSandbox(DesktopEntries& entries, const Evidence& evidence) {
-  const Sandbox& sandbox = *evidence.sandbox;
-  const Window& window = evidence.window;
+const DesktopEntry* ofSandbox(DesktopEntries& entries, const Sandbox& sandbox, const Window& window) {
   const DesktopEntry* main = entries.find(sandbox.entryID);
   if (main != nullptr && claims(*main, window))
     return main;
   const DesktopEntryIndex& index = entries.index();
   const auto all = sandbox.kind == Sandbox::Kind::flatpak ? index.ofFlatpak(sandbox.name) : index.ofSnap(sandbox.name);
   const auto rank = [&](const DesktopEntry* entry) {
-    const bool isMain = entry == main || sandbox.entryID == entry->snap + '_' + entry->snapApplication;
-    return std::tuple(claims(*entry, window), isMain, entry->isShown);
+    const SnapApplication application{.instance = entry->snap, .application = entry->snapApplication};
+    return std::tuple(claims(*entry, window), application.entryID() == sandbox.entryID, entry->isShown);
   };
   const auto best = std::ranges::max_element(all, {}, rank);
   return best == all.end() || (main != nullptr && !claims(**best, window)) ? main : *best;
@@ -57,11 +55,11 @@ std::optional<std::string> launchedFile(const ProcessInfo& process) {
 }
 
 // The entry that the user, or a tool for AppImages, made for it. Entries with its class are those of other programs.
-const DesktopEntry* ofAppImage(DesktopEntries& entries, const Evidence& evidence) {
+const DesktopEntry* ofAppImage(DesktopEntries& entries, const Sandbox& image, const Evidence& evidence) {
   if (const auto file = launchedFile(evidence.process))
     if (const auto* entry = entries.findFile(*file))
       return entry;
-  const auto all = entries.index().running(evidence.sandbox->name);
+  const auto all = entries.index().running(image.name);
   const auto rank = [&](const DesktopEntry* entry) {
     return std::pair(claims(*entry, evidence.window), entry->isShown);
   };
@@ -213,11 +211,12 @@ bool isOfAnotherSandbox(const DesktopEntry& entry, const Evidence& evidence) {
 }  // namespace
 
 const DesktopEntry* matchWindow(DesktopEntries& entries, const Window& window, const ProcessInfo& process) {
-  const Evidence evidence{.window = window, .process = process, .sandbox = Sandbox::of(process)};
-  if (evidence.sandbox && evidence.sandbox->kind == Sandbox::Kind::appImage)
-    return ofAppImage(entries, evidence);
-  if (evidence.sandbox)
-    if (const auto* entry = ofSandbox(entries, evidence))
+  const auto sandbox = Sandbox::of(process);
+  const Evidence evidence{.window = window, .process = process, .sandbox = sandbox};
+  if (sandbox && sandbox->kind == Sandbox::Kind::appImage)
+    return ofAppImage(entries, *sandbox, evidence);
+  if (sandbox)
+    if (const auto* entry = ofSandbox(entries, *sandbox, window))
       return entry;
   constexpr std::array steps = {byApplicationID, byStartupClass, byClassName, byEnvironment,
                                 byUnit,          byProgram,      byOtherName};

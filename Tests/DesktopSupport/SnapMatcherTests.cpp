@@ -45,6 +45,13 @@ TEST_F(SnapWindow, HasItsEntryUnderAnotherName) {
   EXPECT_EQ(match(windowOf("x", "writer")), "org.example.Writer") << "a program may start another of its snap";
 }
 
+TEST_F(SnapWindow, HasTheEntryOfItsOwnInstanceUnderAnotherName) {
+  addEntry("org.example.Help", "X-SnapInstanceName=suite_work\nX-SnapAppName=help");
+  addEntry("org.example.Tool", "X-SnapInstanceName=suite_work\nX-SnapAppName=tool");
+  setUnit("snap.suite_work.tool-"s + uuid + ".scope");
+  EXPECT_EQ(match(windowOf("x", "X")), "org.example.Tool");
+}
+
 TEST_F(SnapWindow, IsKnownByTheLabelOrTheEnvironmentIfNoUnitTells) {
   addEntry("tool_tool", "X-SnapInstanceName=tool");
   setUnit("session-2.scope");

@@ -39,6 +39,17 @@ TEST_F(WindowProcess, IsTheOneThatTheServerKnows) {
   EXPECT_EQ(localProcess({.ofServer = 5, .ofWindow = std::nullopt, .machine = ""}, "desk"), 5);
 }
 
+TEST_F(WindowProcess, IsNoneThatAServerInAnotherNamespaceKnows) {
+  const auto process = [&](pid_t ofServer, std::optional<std::uint32_t> ofWindow) {
+    return localProcess({.ofServer = ofServer, .ofWindow = ofWindow, .machine = "desk", .isServerForeign = true},
+                        "desk", folder_.path());
+  };
+  EXPECT_EQ(process(7, std::nullopt), std::nullopt);
+  EXPECT_EQ(process(7, 7), std::nullopt) << "the program is in the server's namespace";
+  EXPECT_EQ(process(5000, 7), 7) << "it may be in this one";
+  EXPECT_EQ(process(5000, 8), std::nullopt);
+}
+
 TEST_F(WindowProcess, IsTheOneThatTheWindowTellsForThisMachine) {
   EXPECT_EQ(saidByWindow(7, "desk"), 7);
 }

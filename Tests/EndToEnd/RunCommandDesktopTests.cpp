@@ -1,5 +1,6 @@
 // A run-command launch on a real desktop, from the launch URL to the command.
 
+#include <filesystem>
 #include <list>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/ClientList.h"
 #include "Tests/Support/HostProcess.h"
+#include "Tests/Support/TemporaryFolder.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -104,7 +106,10 @@ TEST_F(RunCommandTest, SendsAnEmptyListAndLogsWhichFileManagerDoesNotReportItsFo
   TestSupport::ClientList windows;
   windows.awaitCount(0);
   {
-    const ChildProcess pcmanfm({"pcmanfm", "/"});
+    // It shows a link's own name, and watches the folder by another.
+    const TestSupport::TemporaryFolder folder;
+    std::filesystem::create_directory_symlink("/", folder.path() / "link");
+    const ChildProcess pcmanfm({"pcmanfm", folder.path() / "link"});
     windows.awaitCount(1);
     ChildProcess plugin({GLEANERY_PROGRAM, "deskloomplugin://runCommand/finder"}, {.captureErrors = true});
     const std::string log = plugin.readAll();

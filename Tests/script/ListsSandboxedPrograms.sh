@@ -71,16 +71,38 @@ kill "$bubblewrap"
 wait "$bubblewrap" || true
 windows 0 >/dev/null
 
-# A program outside, as one that is in a PID namespace of its own sees it.
-mousepad --disable-server 2>/dev/null &
-mousepad=$!
-windows 1 >/dev/null
-entry="Mousepad|/usr/share/applications/org.xfce.mousepad.desktop"
-expect "$(applications)" "$entry|$mousepad"
-expect "$(applications bwrap --dev-bind / / --unshare-pid --proc /proc)" "$entry|missing value"
-expect "$(applications bwrap --dev-bind / / --unshare-pid)" "$entry|$mousepad"
-kill "$mousepad"
+# A program outside, as one that is in a PID namespace of its own sees it. In that namespace, another process has its
+# number.
+cat >"$entries/clock.desktop" <<'END'
+[Desktop Entry]
+Type=Application
+Name=Outside
+Exec=xclock
+StartupWMClass=XClock
+END
+xclock 2>/dev/null &
+xclock=$!
+window=$(windows 1)
+expect "$(number_of "$window")" "$xclock"
+cat >"$scratch/beside" <<'END'
+echo $(($1 - 1)) >/proc/sys/kernel/ns_last_pid
+sleep 120 &
+if [ "$!" != "$1" ]; then exit 1; fi
+shift
+"$@"
+kill "$!"
+END
+entry="Outside|$entries/clock.desktop"
+for told in told untold; do
+  expect "$(applications)" "$entry|$xclock"
+  expect "$(applications bwrap --dev-bind / / --unshare-pid)" "$entry|$xclock"
+  expect "$(applications bwrap --dev-bind / / --unshare-pid --proc /proc --cap-add ALL sh "$scratch/beside" "$xclock")" \
+    "$entry|missing value"
+  if [[ $told == told ]]; then xprop -id "$window" -remove _NET_WM_PID; fi
+done
+kill "$xclock"
 windows 0 >/dev/null
+rm "$entries/clock.desktop"
 
 # A program as in an AppImage that is mounted, and one that it has started.
 mkdir -p "$scratch/mount/usr/bin"

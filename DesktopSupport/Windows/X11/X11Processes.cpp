@@ -85,8 +85,7 @@ void X11ClientProcesses::collect(X11Connection& connection) {
       processes_[each.data->spec.client] = static_cast<pid_t>(*xcb_res_client_id_value_value(each.data));
   // The server, or a program between, may be in another PID namespace.
   const auto own = processes_.find(ownClient(connection));
-  if (own == processes_.end() || own->second != ownProcessID())
-    processes_.clear();
+  areForeign_ = own == processes_.end() || own->second != ownProcessID();
 }
 
 std::optional<pid_t> X11ClientProcesses::processOf(const X11Connection& connection, xcb_window_t window) const {
@@ -97,8 +96,11 @@ std::optional<pid_t> X11ClientProcesses::processOf(const X11Connection& connecti
 
 std::optional<pid_t> localProcess(const WindowProcess& told, const std::string& hostName,
                                   const std::filesystem::path& processes) {
-  if (told.ofServer)
+  if (told.ofServer && !told.isServerForeign)
     return told.ofServer;
+  // A program that knows itself by the server's number is in the server's namespace, not in this one.
+  if (told.ofServer && told.ofWindow == static_cast<std::uint32_t>(*told.ofServer))
+    return std::nullopt;
   const bool isPossible = told.ofWindow && *told.ofWindow > 0 && *told.ofWindow <= std::numeric_limits<pid_t>::max();
   if (!isPossible || !isSameHost(told.machine, hostName))
     return std::nullopt;

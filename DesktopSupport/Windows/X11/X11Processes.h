@@ -19,8 +19,7 @@ namespace DesktopSupport {
 class X11ClientProcesses {
  public:
   /// Asks for the processes of all `windows` at once; they are known after `collect`. Needs `prefetch` in an earlier
-  /// round trip. Asks for this process too: if the server knows it by another number than /proc, so it does all others,
-  /// and none is taken.
+  /// round trip. Asks for this process too: if the server knows it by another number than /proc, so it does the others.
   X11ClientProcesses(X11Connection& connection, std::span<const xcb_window_t> windows);
   void collect(X11Connection& connection);
 
@@ -29,7 +28,11 @@ class X11ClientProcesses {
   /// The process that made `window`. `nullopt` if the server cannot tell, or runs on another machine.
   [[nodiscard]] std::optional<pid_t> processOf(const X11Connection& connection, xcb_window_t window) const;
 
+  /// Whether these are numbers of another PID namespace: that of the server, or of a program between.
+  [[nodiscard]] bool areForeign() const { return areForeign_; }
+
  private:
+  bool areForeign_ = false;
   std::optional<xcb_res_query_client_ids_cookie_t> request_;
   std::unordered_map<std::uint32_t, pid_t> processes_;
 };
@@ -41,6 +44,8 @@ struct WindowProcess {
   /// _NET_WM_PID, a process id on the machine that WM_CLIENT_MACHINE names.
   std::optional<std::uint32_t> ofWindow = {};
   std::string machine = {};
+  /// Whether what the server knows is a number of another PID namespace.
+  bool isServerForeign = false;
 };
 
 /// The process, if it runs on this machine, whose name is `hostName`. The server is believed rather than the window,

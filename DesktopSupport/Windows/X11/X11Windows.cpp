@@ -74,9 +74,11 @@ std::optional<Window> WindowRequest::collect(X11Connection& connection, const X1
   window.isHidden = contains(states, atoms[X11Name::stateHidden]);
   const auto processID = property(processID_).number();
   const X11Property machine = property(machine_);
-  window.pid = localProcess(
-      {.ofServer = processes.processOf(connection, window_), .ofWindow = processID, .machine = machine.text(utf8)},
-      hostName());
+  window.pid = localProcess({.ofServer = processes.processOf(connection, window_),
+                             .ofWindow = processID,
+                             .machine = machine.text(utf8),
+                             .isServerForeign = processes.areForeign()},
+                            hostName());
   // The last property that was asked for: if the window still had it, it had the others too.
   return machine.hasAnswer() ? std::optional(window) : std::nullopt;
 }
