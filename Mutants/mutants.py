@@ -43,6 +43,7 @@ EXCLUDED_SOURCES = ["Linux/GTK/*", "Platform/Fake/*", "Linux/Windows*"]
 # install, and those with the thread sanitizer compile their sources once more.
 EXCLUDED_TESTS = re.compile(
     r"^(script|Threads|TestSupport|Benchmarks|UpdateCheck|BrimlaceTextView|HostStandIn|DesktopSupport)/|"
+    r"(Sway|KWin|GNOME|WithoutExtension|Mutter|Weston)Tests$|"
     r"^(ScriptableApps|AppleScriptTool)/.*DesktopTests$|"
     r"(Browser|Tabs|Chromium|Firefox|Web|Finder|Window|Alert|Update|Fuzz).*DesktopTests$")
 

@@ -50,6 +50,7 @@ read_log() {
       *'public X11 display :'*) line=${line#*'display '} && DISPLAY=${line%%,*} ;;
       *'Wayland display name '*) line=${line#*\'} && WAYLAND_DISPLAY=${line%\'*} ;;
       *'GNOME Shell started at '*) return 0 ;;
+      *'Failed to init X11 display'*) return 1 ;;
     esac
   done
   return 1

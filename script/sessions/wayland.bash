@@ -12,6 +12,8 @@ prepare_wayland() {
   export XDG_SESSION_TYPE=wayland LIBGL_ALWAYS_SOFTWARE=1
   start_bus session bus
   export DBUS_SESSION_BUS_ADDRESS=$bus_address
+  # For the sockets of Xwayland. Where no system manager has made this folder, compositors don't.
+  mkdir --mode=1777 /tmp/.X11-unix 2>/dev/null || true
   mkfifo "$place/displays"
   cat >"$place/announce" <<'END'
 #!/bin/sh
@@ -40,5 +42,5 @@ publish_displays() {
   for name in "${displays[@]}"; do
     if [[ -n ${!name-} ]]; then export "${name?}"; else unset "$name"; fi
   done
-  dbus-update-activation-environment --all
+  dbus-update-activation-environment --all || fail "the session bus does not answer:" "$place/bus.log"
 }
