@@ -1,0 +1,1 @@
+#include "Tests/ScriptableApps/FileManagersOnWayland.h"
