@@ -114,10 +114,13 @@ std::expected<FoundWindows, BusError> dolphinFolders(const FileManager& fileMana
   for (const Instance& instance : instancesOf(fileManager, sources)) {
     auto open = openLocationsIn(instance, fileManager, sources);
     hasAnyAnswered |= open.has_value();
+    if (open && !open->empty())
+      found.windows.push_back({.locations = std::move(*open)});
     if (!open)
       failure = std::move(open.error());
-    else if (!open->empty())
-      found.windows.push_back({.locations = std::move(*open)});
+    // The others are not worth waiting for one by one.
+    if (failure.name == DesktopSupport::BusErrorName::timeout)
+      break;
   }
   if (!hasAnyAnswered)
     return std::unexpected(std::move(failure));

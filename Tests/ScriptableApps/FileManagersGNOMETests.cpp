@@ -1,1 +1,0 @@
-#include "Tests/ScriptableApps/FileManagersOnWayland.h"
