@@ -102,9 +102,17 @@ BusError busErrorFrom(const GError& error) {
 std::expected<SessionBus, BusError> SessionBus::connect(std::chrono::milliseconds patience) {
   if (!isRunning())
     return std::unexpected(BusError{std::string(BusErrorName::noServer), "There is no session bus."});
-  return connectWithin(patience, [](GCancellable* cancellable, GError** error) {
+  // Asking GIO for the connection that there is needs no time limit, whose thread would take longer than the rest.
+  static GWeakRef made;
+  if (ObjectHandle<GDBusConnection> connection(static_cast<GDBusConnection*>(g_weak_ref_get(&made)));
+      connection && g_dbus_connection_is_closed(connection.get()) == FALSE)
+    return SessionBus(std::move(connection));
+  auto bus = connectWithin(patience, [](GCancellable* cancellable, GError** error) {
     return g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, error);
   });
+  if (bus)
+    g_weak_ref_set(&made, bus->connection());
+  return bus;
 }
 
 std::expected<SessionBus, BusError> SessionBus::connectTo(const std::string& address,

@@ -68,8 +68,8 @@ std::string joined(const std::vector<std::string>& sentences) {
 }  // namespace
 
 std::span<const WindowSource> windowSources() {
-  static constexpr std::array sources = {plasmaWindows, wlrootsWindows,    listedToplevels, gnomeShellWindows,
-                                         kwinWindows,   accessibleWindows, x11Windows};
+  static constexpr std::array sources = {gnomeShellWindows, plasmaWindows,     wlrootsWindows, listedToplevels,
+                                         kwinWindows,       accessibleWindows, x11Windows};
   return sources;
 }
 

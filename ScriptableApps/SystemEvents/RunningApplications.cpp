@@ -69,14 +69,10 @@ struct Origin {
 };
 
 // ssh shows windows here for programs on other machines; these are not its own.
-bool isTunnel(const ProcessInfo& process) {
-  return process.executable().value_or("").filename() == "ssh";
-}
+constexpr const char* tunnel = "ssh";
 
 // Programs in a Flatpak talk to the buses through a process that is in the same sandbox, but shows no windows.
-bool isBusProxy(const ProcessInfo& process) {
-  return process.executable().value_or("").filename() == "xdg-dbus-proxy";
-}
+constexpr const char* busProxy = "xdg-dbus-proxy";
 
 std::string classOf(const Window& window) {
   for (const std::string& name : {window.windowClass, window.instance, window.applicationID})
@@ -87,7 +83,8 @@ std::string classOf(const Window& window) {
 
 Origin originOf(const Window& window, DesktopSupport::DesktopEntries& entries, const path& processes) {
   ProcessInfo process(window.pid, processes);
-  if (isTunnel(process) || !process.exists())
+  const path program = process.executable().value_or("").filename();
+  if (program == tunnel || !process.exists())
     process = ProcessInfo(std::nullopt);
   Origin origin{.window = &window,
                 .entry = DesktopSupport::matchWindow(entries, window, process),
@@ -95,7 +92,7 @@ Origin originOf(const Window& window, DesktopSupport::DesktopEntries& entries, c
                 .windowClass = classOf(window)};
   if (origin.entry == nullptr)
     origin.file = ApplicationFile::of(process);
-  if (isBusProxy(process)) {
+  if (program == busProxy) {
     origin.pid.reset();
     origin.file.path.clear();
   }

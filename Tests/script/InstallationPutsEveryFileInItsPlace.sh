@@ -75,8 +75,7 @@ lib/deskloom/sdk/libGNOMEShellWindows.a
 lib/deskloom/sdk/libGNOMEWebSessions.a
 lib/deskloom/sdk/libKWinWindows.a
 lib/deskloom/sdk/libLinux.a
-lib/deskloom/sdk/libKWinWindows.a
-lib/deskloom/sdk/libLinux.aunching.a
+lib/deskloom/sdk/libLinuxLaunching.a
 lib/deskloom/sdk/libPlatform.a
 lib/deskloom/sdk/libPlatformFake.a
 lib/deskloom/sdk/libPlatformText.a

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <map>
 #include <ranges>
 #include <string>
 #include <string_view>
@@ -29,41 +30,52 @@ constexpr std::uint32_t splashScreen = 8;
 // The properties of one window. Whether one of them had another type than it should is remembered.
 class Properties {
  public:
-  explicit Properties(VariantHandle dictionary) : dictionary_(std::move(dictionary)) {}
+  explicit Properties(VariantHandle dictionary) : dictionary_(std::move(dictionary)) {
+    GVariantIter iterator;
+    g_variant_iter_init(&iterator, dictionary_.get());
+    const char* name = nullptr;
+    GVariant* value = nullptr;
+    while (g_variant_iter_next(&iterator, "{&sv}", &name, &value) != FALSE)
+      values_.emplace(name, VariantHandle(value));
+  }
 
   [[nodiscard]] bool areSound() const { return areSound_; }
 
   // Empty if the window does not have the property.
   std::string text(const char* name) {
-    const VariantHandle value = lookUp(name, G_VARIANT_TYPE_STRING);
-    return value ? g_variant_get_string(value.get(), nullptr) : "";
+    GVariant* const value = lookUp(name, G_VARIANT_TYPE_STRING);
+    return value != nullptr ? g_variant_get_string(value, nullptr) : "";
   }
 
   std::optional<std::uint32_t> number(const char* name) {
-    const VariantHandle value = lookUp(name, G_VARIANT_TYPE_UINT32);
-    return value ? std::optional(g_variant_get_uint32(value.get())) : std::nullopt;
+    GVariant* const value = lookUp(name, G_VARIANT_TYPE_UINT32);
+    return value != nullptr ? std::optional(g_variant_get_uint32(value)) : std::nullopt;
   }
 
   std::optional<std::int32_t> signedNumber(const char* name) {
-    const VariantHandle value = lookUp(name, G_VARIANT_TYPE_INT32);
-    return value ? std::optional(g_variant_get_int32(value.get())) : std::nullopt;
+    GVariant* const value = lookUp(name, G_VARIANT_TYPE_INT32);
+    return value != nullptr ? std::optional(g_variant_get_int32(value)) : std::nullopt;
   }
 
   bool flag(const char* name) {
-    const VariantHandle value = lookUp(name, G_VARIANT_TYPE_BOOLEAN);
-    return value && g_variant_get_boolean(value.get()) != FALSE;
+    GVariant* const value = lookUp(name, G_VARIANT_TYPE_BOOLEAN);
+    return value != nullptr && g_variant_get_boolean(value) != FALSE;
   }
 
  private:
-  VariantHandle lookUp(const char* name, const GVariantType* type) {
-    VariantHandle value(g_variant_lookup_value(dictionary_.get(), name, nullptr));
-    if (!value || g_variant_is_of_type(value.get(), type) != FALSE)
-      return value;
-    areSound_ = false;
-    return nullptr;
+  // Null if the window does not have the property.
+  GVariant* lookUp(std::string_view name, const GVariantType* type) {
+    const auto value = values_.find(name);
+    if (value == values_.end())
+      return nullptr;
+    const bool isSound = g_variant_is_of_type(value->second.get(), type) != FALSE;
+    areSound_ &= isSound;
+    return isSound ? value->second.get() : nullptr;
   }
 
   VariantHandle dictionary_;
+  // The names are those in the dictionary.
+  std::map<std::string_view, VariantHandle> values_;
   bool areSound_ = true;
 };
 
