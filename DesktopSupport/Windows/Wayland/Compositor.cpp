@@ -71,7 +71,8 @@ const std::optional<std::string>& Compositor::problem() {
 }
 
 std::expected<WaylandConnection*, DesktopError> Compositor::connection() {
-  if (!isRunning())
+  connect();
+  if (!socket_)
     return std::unexpected(DesktopError{.message = "No Wayland compositor is running.", .isAbsent = true});
   if (!connection_)
     connection_ = WaylandConnection::over(socket_->number(), patience_);
