@@ -77,8 +77,8 @@ std::expected<WindowList, DesktopError> readWindows(std::span<const WindowSource
   Compositor compositor;
   const DisplayServer server = serverOf(compositor);
   std::vector<std::string> problems;
-  if (compositor.problem())
-    problems.push_back(*compositor.problem());
+  if (const auto& problem = compositor.problem())
+    problems.push_back(*problem);
   for (const WindowSource& source : sources) {
     if (source.server != server)
       continue;

@@ -109,8 +109,8 @@ Answers askAll(const SessionBus* bus, const WindowsOnScreen& screen, millisecond
 BusError failureOf(const Answers& answers) {
   if (answers.empty())
     return {.name = std::string(BusErrorName::nameHasNoOwner), .message = "No file manager is running."};
-  if (answers.size() == 1 && answers.front().failure)
-    return *answers.front().failure;
+  if (const auto& failure = answers.front().failure; failure && answers.size() == 1)
+    return *failure;
   BusError all{.name = std::string(BusErrorName::notSupported), .message = ""};
   for (const Answer& answer : answers)
     all.message += (all.message.empty() ? "" : " ") + answer.problem().value_or("");

@@ -89,8 +89,8 @@ class FolderSearch {
   [[nodiscard]] std::string result() const {
     std::string text;
     for (std::size_t index = 0; index < found_.size(); ++index)
-      if (found_[index])
-        text += std::to_string(index) + '\0' + found_[index]->string() + '\0';
+      if (const auto& folder = found_[index])
+        text += std::to_string(index) + '\0' + folder->string() + '\0';
     return text;
   }
 
