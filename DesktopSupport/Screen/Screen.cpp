@@ -58,6 +58,11 @@ std::string missing(Compositor& compositor, std::span<const WindowSource> source
   return compositor.name() + " does not tell other programs about its windows: it has none of " + features + '.';
 }
 
+WindowList afterProblems(const std::vector<std::string>& problems, WindowList list) {
+  list.problems.insert(list.problems.begin(), problems.begin(), problems.end());
+  return list;
+}
+
 std::string joined(const std::vector<std::string>& sentences) {
   std::string text;
   for (const std::string& sentence : sentences)
@@ -86,8 +91,7 @@ std::expected<WindowList, DesktopError> readWindows(std::span<const WindowSource
     if (list) {
       if (server == DisplayServer::wayland)
         addXwaylandWindows(*list);
-      list->problems.insert(list->problems.begin(), problems.begin(), problems.end());
-      return list;
+      return afterProblems(problems, std::move(*list));
     }
     // Sources that share a connection fail with it.
     if (!list.error().isAbsent && std::ranges::find(problems, list.error().message) == problems.end())
@@ -96,10 +100,8 @@ std::expected<WindowList, DesktopError> readWindows(std::span<const WindowSource
   if (problems.empty())
     problems.push_back(missing(compositor, sources));
   else if (server == DisplayServer::wayland)
-    if (auto list = xwaylandWindowsAlone()) {
-      list->problems.insert(list->problems.begin(), problems.begin(), problems.end());
-      return std::move(*list);
-    }
+    if (auto list = xwaylandWindowsAlone())
+      return afterProblems(problems, std::move(*list));
   return std::unexpected(DesktopError{joined(problems)});
 }
 
