@@ -11,6 +11,6 @@ namespace ScriptableApps {
 bool mayShowRemotePlaces(const DesktopSupport::SessionBus* bus, std::chrono::milliseconds patience);
 
 /// The same for an answer of the virtual file systems, a variant of type "(a(sossssssbay(aya{sv})ay))".
-bool listsRemotePlaces(GVariant* mounts);
+bool listsRemotePlaces(GVariant* answer);
 
 }  // namespace ScriptableApps

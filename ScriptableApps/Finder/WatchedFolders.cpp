@@ -128,8 +128,8 @@ void WatchedFolders::search() {
   }
   const auto found = pathsWith(marks, placesFor(expected_), searchTime_);
   for (std::size_t index = 0; index < found.size(); ++index)
-    if (found[index])
-      folders_[owners[index]].folders.push_back(*found[index]);
+    if (const auto& folder = found[index])
+      folders_[owners[index]].folders.push_back(*folder);
     else
       folders_[owners[index]].areAll = false;
   expected_.clear();

@@ -114,7 +114,6 @@ TEST_F(AppImageWindow, CopesWithWhateverTheEnvironmentSays) {
   addEntry("clock");
   addEntry("root", "Exec=/");
   setProgram("/opt/clock");
-  const std::string folder = folder_.path();
   for (const std::string& variables :
        {"APPIMAGE=/\0APPDIR=/\0"s, "APPIMAGE=a\0APPDIR=/opt\0"s, "APPIMAGE=/opt/a\0APPDIR=/opt\0"s,
         "APPIMAGE=/a\0APPDIR=opt\0"s, "APPIMAGE=/a\0APPDIR=/x/..\0"s, "APPIMAGE=/a\0APPDIR=\0"s, "APPIMAGE=/a\0"s,

@@ -101,6 +101,13 @@ TEST(Screen, IsThatOfTheXServerIfTheCompositorIsGone) {
   EXPECT_THAT(list->problems, ElementsAre(testing::HasSubstr("/nowhere/wayland-0, where no compositor answers")));
 }
 
+TEST(Screen, IsUnknownIfACompositorWithoutX11ProgramsFailsToTell) {
+  const TestSupport::TestCompositor server;
+  const auto list = readWindows(std::array{source(DisplayServer::wayland, silence)});
+  ASSERT_FALSE(list);
+  EXPECT_EQ(list.error().message, "Silent.");
+}
+
 TEST(Screen, IsUnknownIfTheCompositorTellsNobody) {
   TestSupport::TestCompositor server;
   server.start();
