@@ -104,8 +104,7 @@ std::expected<SessionBus, BusError> SessionBus::connect(std::chrono::millisecond
     return std::unexpected(BusError{std::string(BusErrorName::noServer), "There is no session bus."});
   // Asking GIO for the connection that there is needs no time limit, whose thread would take longer than the rest.
   static GWeakRef made;
-  if (ObjectHandle<GDBusConnection> connection(static_cast<GDBusConnection*>(g_weak_ref_get(&made)));
-      connection && g_dbus_connection_is_closed(connection.get()) == FALSE)
+  if (ObjectHandle<GDBusConnection> connection(static_cast<GDBusConnection*>(g_weak_ref_get(&made))); connection)
     return SessionBus(std::move(connection));
   auto bus = connectWithin(patience, [](GCancellable* cancellable, GError** error) {
     return g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, error);
