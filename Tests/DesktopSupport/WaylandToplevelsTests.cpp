@@ -1,6 +1,7 @@
 #include <array>
 #include <atomic>
 #include <future>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -63,8 +64,8 @@ std::expected<WindowList, DesktopError> wlrootsWindowsAfter(const TestCompositor
 TEST(WlrootsWindows, AreToldWithTheirNamesAndStates) {
   const auto list = wlrootsWindowsAfter([](wl_resource* manager) {
     WlrootsHandle(manager).title("One").appID("org.example.One").states({}).done();
-    WlrootsHandle(manager).title("Two").appID("two").states({0, 1}).done();
-    WlrootsHandle(manager).title("Three").appID("three").states({3, 2}).done();
+    WlrootsHandle(manager).title("Two").appID("two").states({0, 1, 3}).done();
+    WlrootsHandle(manager).title("Three").appID("three").states({2}).done();
   });
   ASSERT_TRUE(list);
   ASSERT_EQ(list->windows.size(), 3U);
@@ -117,6 +118,23 @@ TEST(WlrootsWindows, AreLeftOutUntilTheyHaveBeenTold) {
   const auto list = wlrootsWindowsAfter([](wl_resource* manager) { WlrootsHandle(manager).title("Half"); });
   ASSERT_TRUE(list);
   EXPECT_THAT(list->windows, IsEmpty());
+}
+
+TEST(WlrootsWindows, MayBeToldAMomentAfterTheyAreListed) {
+  const auto list = wlrootsWindowsAfter([](wl_resource* manager) {
+    auto* const handle = new WlrootsHandle(manager);
+    wl_event_loop* const loop = wl_display_get_event_loop(wl_client_get_display(wl_resource_get_client(manager)));
+    // After the client's other requests so far are answered.
+    wl_event_loop_add_idle(
+        loop,
+        [](void* data) {
+          const std::unique_ptr<WlrootsHandle> late(static_cast<WlrootsHandle*>(data));
+          late->title("Late").done();
+        },
+        handle);
+  });
+  ASSERT_TRUE(list);
+  EXPECT_THAT(list->windows, ElementsAre(Field(&Window::title, "Late")));
 }
 
 TEST(WlrootsWindows, MayBeToldByAnOldCompositor) {
