@@ -31,6 +31,11 @@ class WlrootsHandle {
     wl_resource_post_event(manager, 0, resource_);
   }
 
+  // Sends what was told before.
+  WlrootsHandle& flush() {
+    wl_client_flush(wl_resource_get_client(resource_));
+    return *this;
+  }
   WlrootsHandle& title(const char* text) { return post(0, text); }
   WlrootsHandle& appID(const char* text) { return post(1, text); }
   WlrootsHandle& states(std::vector<std::uint32_t> states) {
@@ -129,7 +134,7 @@ TEST(WlrootsWindows, MayBeToldAMomentAfterTheyAreListed) {
         loop,
         [](void* data) {
           const std::unique_ptr<WlrootsHandle> late(static_cast<WlrootsHandle*>(data));
-          late->title("Late").done();
+          late->flush().title("Late").done();
         },
         handle);
   });
@@ -194,6 +199,8 @@ TEST(WlrootsWindows, FailOnceIfTheCompositorDoesNotAnswer) {
 }
 
 TEST(WlrootsWindows, FailIfTheCompositorFallsSilent) {
+  // It disconnects after the server has read everything.
+  Compositor compositor(50ms);
   std::atomic<int> requests = 0;
   std::promise<void> isOver;
   {
@@ -203,7 +210,6 @@ TEST(WlrootsWindows, FailIfTheCompositorFallsSilent) {
         isOver.get_future().wait();
     });
     server.start();
-    Compositor compositor(50ms);
     EXPECT_EQ(readWlrootsWindows(compositor).error().message, "The compositor does not answer.");
     EXPECT_EQ(readWlrootsWindows(compositor).error().message, "The compositor does not answer.");
     isOver.set_value();
