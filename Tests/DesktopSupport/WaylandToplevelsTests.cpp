@@ -31,11 +31,6 @@ class WlrootsHandle {
     wl_resource_post_event(manager, 0, resource_);
   }
 
-  // Sends what was told before.
-  WlrootsHandle& flush() {
-    wl_client_flush(wl_resource_get_client(resource_));
-    return *this;
-  }
   WlrootsHandle& title(const char* text) { return post(0, text); }
   WlrootsHandle& appID(const char* text) { return post(1, text); }
   WlrootsHandle& states(std::vector<std::uint32_t> states) {
@@ -125,18 +120,25 @@ TEST(WlrootsWindows, AreLeftOutUntilTheyHaveBeenTold) {
   EXPECT_THAT(list->windows, IsEmpty());
 }
 
+/// Tells about a window when its client makes its second request after the list, which the first answer did not
+/// satisfy.
+struct LateWindow {
+  wl_listener listener = {.link = {}, .notify = &LateWindow::requested};
+  WlrootsHandle handle;
+  int requests = 0;
+
+  static void requested(wl_listener* listener, void*) {
+    auto* const window = reinterpret_cast<LateWindow*>(listener);
+    if (++window->requests == 2)
+      window->handle.title("Late").done();
+  }
+};
+
 TEST(WlrootsWindows, MayBeToldAMomentAfterTheyAreListed) {
-  const auto list = wlrootsWindowsAfter([](wl_resource* manager) {
-    auto* const handle = new WlrootsHandle(manager);
-    wl_event_loop* const loop = wl_display_get_event_loop(wl_client_get_display(wl_resource_get_client(manager)));
-    // After the client's other requests so far are answered.
-    wl_event_loop_add_idle(
-        loop,
-        [](void* data) {
-          const std::unique_ptr<WlrootsHandle> late(static_cast<WlrootsHandle*>(data));
-          late->flush().title("Late").done();
-        },
-        handle);
+  std::unique_ptr<LateWindow> late;
+  const auto list = wlrootsWindowsAfter([&late](wl_resource* manager) {
+    late = std::make_unique<LateWindow>(LateWindow{.handle = WlrootsHandle(manager)});
+    wl_client_add_resource_created_listener(wl_resource_get_client(manager), &late->listener);
   });
   ASSERT_TRUE(list);
   EXPECT_THAT(list->windows, ElementsAre(Field(&Window::title, "Late")));
