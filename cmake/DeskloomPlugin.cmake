@@ -47,6 +47,9 @@ function(_deskloom_add_program program bundle sources libraries)
   target_link_options(${program} PRIVATE -Wl,-z,relro -Wl,-z,now)
   # A launch takes a few milliseconds. Loading the C++ library and binding its symbols would take one of them.
   target_link_options(${program} PRIVATE "$<$<CONFIG:Release>:-static-libstdc++;-static-libgcc>")
+  # Unused functions and the table of symbols are left out, since KWin reads the whole file before it permits
+  # the program to see the windows.
+  target_link_options(${program} PRIVATE "$<$<CONFIG:Release>:-Wl,--gc-sections;-s>")
   file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
   file(CREATE_LINK "../${bundle}/${program}" "${CMAKE_BINARY_DIR}/bin/${program}" SYMBOLIC)
 endfunction()

@@ -85,7 +85,10 @@ Answer readDevTools(const Browser& browser) {
 }
 
 void addTitlesAndProblems(Logs& logs, LoggedSession& session, const path& profile) {
-  addTitles(session.windows, profile);
+  TitleHistory history(profile);
+  addTitles(session.windows, history);
+  if (!history.problem().empty())
+    logs.problems.push_back(history.problem());
   if (session.tabsWithoutAddress > 0)
     logs.problems.push_back("Tabs of the profile " + profile.string() +
                             " left out because their addresses are too long for the browser's session log: " +

@@ -3,8 +3,6 @@
 #include <string_view>
 #include <system_error>
 
-#include <sqlite3.h>
-
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "DesktopSupport/System/Text.h"
@@ -40,14 +38,6 @@ std::string uri(const path& file) {
 
 }  // namespace
 
-void TitleHistory::Close::operator()(sqlite3* database) const {
-  sqlite3_close_v2(database);
-}
-
-void TitleHistory::Close::operator()(sqlite3_stmt* query) const {
-  sqlite3_finalize(query);
-}
-
 const std::string& TitleHistory::titleOf(const std::string& url) {
   const auto [title, isNew] = titles_.try_emplace(url);
   if (isNew)
@@ -60,17 +50,23 @@ void TitleHistory::open() {
   const path file = profile_ / "History";
   if (!isFile(file))
     return;
+  const auto& library = load_();
+  if (!library) {
+    problem_ = "The titles of pages in " + file.string() + " are unknown: " + library.error();
+    return;
+  }
+  const SQLiteLibrary& sqlite = *library;
   sqlite3* database = nullptr;
   const int flags = SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX;
-  const int result = sqlite3_open_v2(uri(file).c_str(), &database, flags, nullptr);
-  database_.reset(database);
+  const int result = sqlite.open(uri(file).c_str(), &database, flags, nullptr);
+  database_ = {database, Close{&sqlite}};
   if (result != SQLITE_OK)
     return;
-  sqlite3_limit(database, SQLITE_LIMIT_LENGTH, maximumTextSize);
-  sqlite3_progress_handler(database, maximumSteps, giveUp, nullptr);
+  sqlite.limit(database, SQLITE_LIMIT_LENGTH, maximumTextSize);
+  sqlite.progressHandler(database, maximumSteps, giveUp, nullptr);
   sqlite3_stmt* query = nullptr;
-  sqlite3_prepare_v2(database, "SELECT title FROM urls WHERE url = ? LIMIT 1", -1, &query, nullptr);
-  query_.reset(query);
+  sqlite.prepare(database, "SELECT title FROM urls WHERE url = ? LIMIT 1", -1, &query, nullptr);
+  query_ = {query, Close{&sqlite}};
 }
 
 std::string TitleHistory::lookUp(const std::string& url) {
@@ -78,18 +74,18 @@ std::string TitleHistory::lookUp(const std::string& url) {
     open();
   if (!query_ || url.size() > maximumTextSize)
     return {};
+  const SQLiteLibrary& sqlite = *query_.get_deleter().sqlite;
   sqlite3_stmt* query = query_.get();
   std::string title;
-  sqlite3_bind_text(query, 1, url.data(), static_cast<int>(url.size()), SQLITE_STATIC);
-  if (sqlite3_step(query) == SQLITE_ROW)
-    if (const auto* text = static_cast<const char*>(sqlite3_column_blob(query, 0)))
-      title = validUTF8(shortened({text, static_cast<std::size_t>(sqlite3_column_bytes(query, 0))}));
-  sqlite3_reset(query);
+  sqlite.bindText(query, 1, url.data(), static_cast<int>(url.size()), SQLITE_STATIC);
+  if (sqlite.step(query) == SQLITE_ROW)
+    if (const auto* text = static_cast<const char*>(sqlite.columnBlob(query, 0)))
+      title = validUTF8(shortened({text, static_cast<std::size_t>(sqlite.columnBytes(query, 0))}));
+  sqlite.reset(query);
   return title;
 }
 
-void addTitles(std::vector<ChromiumWindow>& windows, const path& profile) {
-  TitleHistory history(profile);
+void addTitles(std::vector<ChromiumWindow>& windows, TitleHistory& history) {
   for (ChromiumWindow& window : windows)
     for (BrowserTab& tab : window.contents.tabs)
       if (tab.title.empty() && !tab.url.empty())

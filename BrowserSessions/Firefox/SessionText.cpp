@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstdint>
 
-#include <lz4.h>
-
 #include "BrowserSessions/BrowserFiles.h"
 
 namespace BrowserSessions {
@@ -72,7 +70,7 @@ Escape escapeAt(std::string_view json, std::size_t position) {
 
 }  // namespace
 
-std::expected<std::string, std::string> mozillaLZ4Contents(std::string_view file) {
+std::expected<std::string, std::string> mozillaLZ4Contents(std::string_view file, decltype(LZ4Library::load) load) {
   if (!file.starts_with(magic) || file.size() < magic.size() + sizeLength)
     return std::unexpected("It does not begin as Firefox's compressed files do.");
   const std::size_t size = littleEndian<std::uint32_t>(file.substr(magic.size()));
@@ -81,9 +79,12 @@ std::expected<std::string, std::string> mozillaLZ4Contents(std::string_view file
     return "";
   if (size > maximumContentsSize || block.size() > maximumContentsSize || size / highestRatio > block.size())
     return std::unexpected("It cannot hold the " + std::to_string(size) + " bytes that it claims.");
+  const auto& library = load();
+  if (!library)
+    return std::unexpected(library.error());
   std::string contents(size, '\0');
   const int written =
-      LZ4_decompress_safe(block.data(), contents.data(), static_cast<int>(block.size()), static_cast<int>(size));
+      library->decompressSafe(block.data(), contents.data(), static_cast<int>(block.size()), static_cast<int>(size));
   if (written < 0 || static_cast<std::size_t>(written) != size)
     return std::unexpected("Its compressed contents are damaged.");
   return contents;

@@ -30,6 +30,12 @@ TEST(MozillaLZ4, IsEmptyWhereTheSizeIsNought) {
   EXPECT_EQ(mozillaLZ4Contents(mozillaLZ4File(0, "")), "");
 }
 
+TEST(MozillaLZ4, SaysThatItNeedsTheLibrary) {
+  static const std::expected<BrowserSessions::LZ4Library, std::string> missing = std::unexpected("There is no LZ4.");
+  const auto contents = mozillaLZ4Contents(mozillaLZ4File("{}"), []() -> const auto& { return missing; });
+  EXPECT_EQ(contents.error(), "There is no LZ4.");
+}
+
 TEST(MozillaLZ4, RefusesFilesThatBeginOtherwise) {
   for (const std::string_view file :
        {""sv, "moz"sv, "mozLz40\0"sv, "mozLz40\0\1\0\0"sv, "mozLz41\0\x05\0\0\0\x50hello"sv,

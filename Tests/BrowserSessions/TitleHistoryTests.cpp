@@ -189,10 +189,34 @@ TEST_F(TitleHistoryTest, CompletesTheTabsThatHaveNoTitle) {
   std::vector<ChromiumWindow> windows = {
       {1, {{{"", "https://a.example/"}, {"Own", "https://a.example/"}, {"", ""}}, 1}},
       {2, {{{"", "https://d.example/"}, {"", "https://a.example/"}}, 0}}};
-  addTitles(windows, profile());
+  TitleHistory history(profile());
+  addTitles(windows, history);
   const BrowserSession expected = {{{{"Tür 🎈", "https://a.example/"}, {"Own", "https://a.example/"}, {"", ""}}, 1},
                                    {{{"", "https://d.example/"}, {"Tür 🎈", "https://a.example/"}}, 0}};
   EXPECT_EQ(browserSession({windows}), expected);
+  EXPECT_EQ(history.problem(), "");
+}
+
+const std::expected<SQLiteLibrary, std::string>& noLibrary() {
+  static const std::expected<SQLiteLibrary, std::string> missing = std::unexpected("There is no SQLite.");
+  return missing;
+}
+
+TEST_F(TitleHistoryTest, SaysThatItNeedsTheLibrary) {
+  write(std::string(makeTable) + threePages);
+  TitleHistory history(profile(), noLibrary);
+  std::vector<ChromiumWindow> windows = {{1, {{{"Own", "https://a.example/"}}, 0}}};
+  addTitles(windows, history);
+  EXPECT_EQ(history.problem(), "") << "nothing was looked up";
+  EXPECT_EQ(history.titleOf("https://a.example/"), "");
+  EXPECT_EQ(history.titleOf("https://b.example/"), "");
+  EXPECT_EQ(history.problem(), "The titles of pages in " + file().string() + " are unknown: There is no SQLite.");
+}
+
+TEST_F(TitleHistoryTest, NeedsNoLibraryWhereItIsMissing) {
+  TitleHistory history(profile(), noLibrary);
+  EXPECT_EQ(history.titleOf("https://a.example/"), "");
+  EXPECT_EQ(history.problem(), "");
 }
 
 }  // namespace

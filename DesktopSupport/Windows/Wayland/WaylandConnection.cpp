@@ -54,9 +54,9 @@ bool waitUntilReadable(int socket, steady_clock::time_point deadline) {
 
 std::expected<std::unique_ptr<WaylandConnection>, DesktopError> WaylandConnection::over(int socket,
                                                                                         milliseconds patience) {
-  const WaylandLibrary* const library = WaylandLibrary::load();
-  if (library == nullptr)
-    return std::unexpected(DesktopError{"libwayland-client.so.0 is not installed, so no compositor can be asked."});
+  const auto& library = WaylandLibrary::load();
+  if (!library)
+    return std::unexpected(DesktopError{library.error()});
   // It closes the descriptor when it disconnects.
   wl_display* const display = library->displayConnectToFD(fcntl(socket, F_DUPFD_CLOEXEC, 0));
   if (display == nullptr)

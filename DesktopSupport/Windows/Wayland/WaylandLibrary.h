@@ -1,5 +1,8 @@
 #pragma once
 
+#include <expected>
+#include <string>
+
 #include <wayland-client-core.h>
 
 namespace DesktopSupport {
@@ -20,8 +23,8 @@ struct WaylandLibrary {
   decltype(&wl_proxy_get_version) proxyGetVersion;
   decltype(&wl_proxy_marshal_array_flags) proxyMarshalArrayFlags;
 
-  /// Null if the library is not installed, or too old.
-  static const WaylandLibrary* load();
+  /// Fails with a sentence if the library is not installed, or too old.
+  static const std::expected<WaylandLibrary, std::string>& load();
 };
 
 }  // namespace DesktopSupport
