@@ -150,14 +150,17 @@ void BusPresence::releaseName() {
 }
 
 void BusPresence::flush() const {
-  BusDaemon(bus_, answerTime).synchronize();
+  if (wasCalled_)
+    BusDaemon(bus_, answerTime).synchronize();
 }
 
 void BusPresence::methodCalled(GDBusConnection* /*connection*/, const gchar* /*sender*/, const gchar* /*path*/,
                                const gchar* /*interface*/, const gchar* /*method*/, GVariant* /*parameters*/,
                                GDBusMethodInvocation* invocation, gpointer self) {
+  auto* const presence = static_cast<BusPresence*>(self);
+  presence->wasCalled_ = true;
   for (Launch& launch : launchesOf(invocation))
-    static_cast<BusPresence*>(self)->takeLaunch_(std::move(launch));
+    presence->takeLaunch_(std::move(launch));
 }
 
 }  // namespace Linux

@@ -54,7 +54,7 @@ class BusPresence {
   /// before is waiting in the context.
   void releaseName();
 
-  /// Returns when the bus has received all answers.
+  /// Returns when the bus has received all answers to what it has delivered.
   void flush() const;
 
  private:
@@ -69,6 +69,7 @@ class BusPresence {
   TakeLaunch takeLaunch_;
   guint registration_ = 0;
   bool mayOwnName_ = false;
+  bool wasCalled_ = false;
 };
 
 }  // namespace Linux

@@ -1,3 +1,4 @@
+#include <atomic>
 #include <functional>
 #include <limits>
 #include <string>
@@ -11,6 +12,7 @@
 #include "Tests/Support/FakeService.h"
 
 using DesktopSupport::SessionBus;
+using Linux::BusPresence;
 using Linux::Launch;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -135,6 +137,50 @@ TEST_F(LaunchesOfACallTest, KeepsItsCallerUntilAllLaunchesAreSeenTo) {
                 .error()
                 .name,
             DesktopSupport::BusErrorName::timeout);
+}
+
+/// Counts the messages that a connection sends.
+class SentMessages {
+ public:
+  explicit SentMessages(GDBusConnection* connection)
+      : connection_(connection),
+        filter_(g_dbus_connection_add_filter(connection, &SentMessages::count, this, nullptr)) {}
+  SentMessages(const SentMessages&) = delete;
+  SentMessages& operator=(const SentMessages&) = delete;
+  ~SentMessages() { g_dbus_connection_remove_filter(connection_, filter_); }
+
+  [[nodiscard]] int count() const { return count_; }
+
+ private:
+  static GDBusMessage* count(GDBusConnection*, GDBusMessage* message, gboolean isIncoming, gpointer self) {
+    if (isIncoming == FALSE)
+      ++static_cast<SentMessages*>(self)->count_;
+    return message;
+  }
+
+  GDBusConnection* connection_;
+  std::atomic<int> count_ = 0;
+  guint filter_;
+};
+
+TEST(BusPresence, WaitsForItsAnswersOnlyIfItWasCalled) {
+  const SessionBus bus = SessionBus::connect().value();
+  const DesktopSupport::MainContextHandle context(g_main_context_new());
+  bool isCalled = false;
+  BusPresence presence(bus, "com.example.Present", context.get(), [&](const Launch&) { isCalled = true; });
+  ASSERT_TRUE(presence.acquireName());
+  const SentMessages sent(bus.connection());
+  presence.flush();
+  EXPECT_EQ(sent.count(), 0);
+
+  g_dbus_connection_call(bus.connection(), "com.example.Present", "/com/example/Present",
+                         DesktopSupport::applicationInterface, "Activate", DesktopSupport::activateArguments(), nullptr,
+                         G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr, nullptr);
+  while (!isCalled)
+    g_main_context_iteration(context.get(), /*may_block=*/TRUE);
+  presence.flush();
+  EXPECT_EQ(sent.count(), 2) << "the call, which wants no answer, and the question of whether all have arrived";
+  presence.releaseName();
 }
 
 }  // namespace

@@ -20,6 +20,15 @@ TEST_F(SystemEventsOnWaylandTest, KnowsTheProcessesOfAllPrograms) {
   EXPECT_EQ(onlyProcess().pid, programs.front().pid());
 }
 
+TEST_F(SystemEventsOnWaylandTest, HasTitlesWithAnyCharacters) {
+  const std::string title = "\"one\" 'two' \\u0041 \\ {<$>} %s ](\x01\n\t\x7f) \u00fc \u2028 \U0001F600";
+  start("Native", {title});
+  const auto windows = DesktopSupport::readWindows();
+  ASSERT_TRUE(windows) << windows.error().message;
+  ASSERT_EQ(windows->windows.size(), 1U);
+  EXPECT_EQ(windows->windows.front().title, title);
+}
+
 // An editor with a window for each file, called "<file> - Mousepad".
 TEST_F(SystemEventsOnWaylandTest, HasTheNamesOfGTKWindowsTopmostFirst) {
   const TestSupport::TemporaryFolder folder;
