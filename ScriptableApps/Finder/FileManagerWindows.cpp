@@ -30,9 +30,6 @@ namespace BusErrorName = DesktopSupport::BusErrorName;
 // The surest way first. A further one is one more row.
 constexpr std::array<FolderWay, 4> ways = {reportedFolders, dolphinFolders, foldersInTitles, shownFolders};
 
-// How much of the patience a search for folders may take: it needs no other program's answer, and it seldom takes long.
-constexpr int searchShare = 10;
-
 // What is known of a file manager.
 struct Answer {
   // Its `windows` are those of which nothing is known yet.
@@ -91,11 +88,11 @@ std::vector<pid_t> processesOf(const Answers& answers) {
   return processes;
 }
 
-Answers askAll(const SessionBus* bus, const WindowsOnScreen& screen, milliseconds patience) {
+Answers askAll(const SessionBus* bus, const WindowsOnScreen& screen, milliseconds patience, milliseconds searchTime) {
   Answers answers;
   for (FileManager& fileManager : runningFileManagers(bus, screen, patience))
     answers.emplace_back(std::move(fileManager));
-  WatchedFolders watched(patience / searchShare);
+  WatchedFolders watched(searchTime);
   for (const FolderWay way : ways) {
     watched.expect(processesOf(answers));
     for (Answer& answer : answers)
@@ -131,10 +128,10 @@ BusError doesNotReport(const FileManager& fileManager) {
           .message = nameOf(fileManager) + " is running but does not report which folders it shows."};
 }
 
-std::expected<OpenLocations, BusError> openLocations(milliseconds patience) {
+std::expected<OpenLocations, BusError> openLocations(milliseconds patience, milliseconds searchTime) {
   const auto screen = DesktopSupport::readWindows();
   const auto bus = SessionBus::connect();
-  Answers answers = askAll(bus ? &*bus : nullptr, screen, patience);
+  Answers answers = askAll(bus ? &*bus : nullptr, screen, patience, searchTime);
   if (!bus && answers.empty())
     return std::unexpected(bus.error());
   if (std::ranges::none_of(answers, &Answer::hasReported))

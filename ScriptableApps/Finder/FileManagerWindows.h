@@ -19,10 +19,12 @@ struct OpenLocations {
 };
 
 /// Finds out what all running file managers have open, each in the first of several ways that tells. None is started.
+/// A search for the paths of folders that they watch takes `searchTime` at most.
 ///
 /// Fails if nothing is known of any of them: with `nameHasNoOwner` or `noServer` if none is running; with
 /// `notSupported` and a message that names them if they do not tell; otherwise with the failure, such as `timeout` if
 /// one took longer than `patience`.
-std::expected<OpenLocations, DesktopSupport::BusError> openLocations(std::chrono::milliseconds patience);
+std::expected<OpenLocations, DesktopSupport::BusError> openLocations(std::chrono::milliseconds patience,
+                                                                     std::chrono::milliseconds searchTime);
 
 }  // namespace ScriptableApps

@@ -80,7 +80,7 @@ const AppleScript::Dictionary& Finder::dictionary() const {
 }
 
 AppleScript::Result<AppleScript::ObjectPointer> Finder::open() {
-  const auto open = openLocations(patience_);
+  const auto open = openLocations(patience_, searchTime_);
   if (!open)
     return std::unexpected(errorFor(name(), open.error()));
   for (const std::string& problem : open->problems)

@@ -15,8 +15,11 @@ namespace ScriptableApps {
 class Finder : public AppleScript::Application {
  public:
   /// `patience` is how long to wait for each program. File managers only have to report what they know, so the default
-  /// is far below the language's own two minutes.
-  explicit Finder(std::chrono::milliseconds patience = std::chrono::seconds(3)) : patience_(patience) {}
+  /// is far below the language's own two minutes. `searchTime` is how long to look in the file system for folders that
+  /// they show, which needs nobody's answer.
+  explicit Finder(std::chrono::milliseconds patience = std::chrono::seconds(3),
+                  std::chrono::milliseconds searchTime = std::chrono::milliseconds(300))
+      : patience_(patience), searchTime_(searchTime) {}
 
   [[nodiscard]] std::string_view name() const override;
   /// The classes `application`, `window` and `Finder window` with their properties and elements.
@@ -30,6 +33,7 @@ class Finder : public AppleScript::Application {
 
  private:
   std::chrono::milliseconds patience_;
+  std::chrono::milliseconds searchTime_;
 };
 
 /// A window of the Finder: a folder that a file manager shows.

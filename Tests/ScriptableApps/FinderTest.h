@@ -43,7 +43,8 @@ inline constexpr std::chrono::milliseconds shortly{2000};
 
 inline AppleScript::Result<std::vector<std::string>> openPaths(
     std::chrono::milliseconds patience = std::chrono::minutes(1)) {
-  ScriptableApps::Finder finder(patience);
+  // A busy machine takes longer for the search.
+  ScriptableApps::Finder finder(patience, std::chrono::minutes(1));
   const auto root = finder.open();
   if (!root)
     return std::unexpected(root.error());
