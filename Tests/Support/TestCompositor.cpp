@@ -30,7 +30,7 @@ void countArrival(wl_listener* listener, void*) {
 TestCompositor::TestCompositor() : display_(wl_display_create()), stopper_(eventfd(0, EFD_CLOEXEC)) {
   if (wl_display_add_socket(display_, socketName) != 0)
     throw std::runtime_error("no Wayland socket");
-  wl_event_loop_add_fd(wl_display_get_event_loop(display_), stopper_, WL_EVENT_READABLE, terminate, display_);
+  stop_ = wl_event_loop_add_fd(wl_display_get_event_loop(display_), stopper_, WL_EVENT_READABLE, terminate, display_);
 }
 
 TestCompositor::~TestCompositor() {
@@ -38,6 +38,7 @@ TestCompositor::~TestCompositor() {
     eventfd_write(stopper_, 1);
     thread_.join();
   }
+  wl_event_source_remove(stop_);
   wl_display_destroy_clients(display_);
   wl_display_destroy(display_);
   close(stopper_);

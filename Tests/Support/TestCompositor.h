@@ -52,6 +52,7 @@ class TestCompositor {
   EnvironmentVariable noXServer_{"DISPLAY", std::nullopt};
   wl_display* display_;
   int stopper_;
+  wl_event_source* stop_ = nullptr;
   std::list<Global> globals_;
   std::atomic<int> clients_ = 0;
   std::thread thread_;
