@@ -196,8 +196,8 @@ std::expected<WindowList, DesktopError> readPlasmaWindows(Compositor& compositor
   if (!connected)
     return std::unexpected(connected.error());
   WaylandConnection& connection = **connected;
-  wl_proxy* const manager = connection.bind(org_kde_plasma_window_management_interface);
-  if (manager == nullptr || connection.versionOf(manager) < firstWithInitialState)
+  wl_proxy* const manager = connection.bind(org_kde_plasma_window_management_interface, firstWithInitialState);
+  if (manager == nullptr)
     return std::unexpected(
         DesktopError{.message = "The compositor does not offer org_kde_plasma_window_management to this program.",
                      .isAbsent = true});

@@ -86,9 +86,9 @@ wl_proxy* WaylandConnection::displayObject() const {
   return reinterpret_cast<wl_proxy*>(display_);
 }
 
-wl_proxy* WaylandConnection::bind(const wl_interface& interface) {
+wl_proxy* WaylandConnection::bind(const wl_interface& interface, std::uint32_t oldest) {
   const auto global = globals_.find(std::string_view(interface.name));
-  if (global == globals_.end())
+  if (global == globals_.end() || global->second.version < oldest)
     return nullptr;
   const auto [name, offered] = global->second;
   const std::uint32_t version = std::min(offered, static_cast<std::uint32_t>(interface.version));

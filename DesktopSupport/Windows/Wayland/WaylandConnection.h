@@ -31,8 +31,9 @@ class WaylandConnection {
   WaylandConnection& operator=(const WaylandConnection&) = delete;
   ~WaylandConnection();
 
-  /// The global with this interface, in the newest version that both sides know; null if the compositor offers none.
-  [[nodiscard]] wl_proxy* bind(const wl_interface& interface);
+  /// The global with this interface, in the newest version that both sides know; null if the compositor offers none, or
+  /// one older than `oldest`.
+  [[nodiscard]] wl_proxy* bind(const wl_interface& interface, std::uint32_t oldest = 1);
 
   /// The version of the interface that the object has.
   [[nodiscard]] std::uint32_t versionOf(wl_proxy* object) const;
