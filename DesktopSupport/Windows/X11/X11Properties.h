@@ -5,10 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
-
-#include <xcb/xcb.h>
 
 #include "DesktopSupport/Windows/X11/X11Connection.h"
 
@@ -60,8 +57,6 @@ class X11Property {
 
   static xcb_get_property_cookie_t request(X11Connection& connection, xcb_window_t window, xcb_atom_t name);
   X11Property(X11Connection& connection, xcb_get_property_cookie_t request);
-  /// From an answer that has been received; null if the server answered with an error.
-  explicit X11Property(Reply<xcb_get_property_reply_t> reply) : reply_(std::move(reply)) {}
 
   /// Whether the server answered. It does not for a window that is gone.
   [[nodiscard]] bool hasAnswer() const { return reply_ != nullptr; }
@@ -82,6 +77,7 @@ class X11Property {
 
  private:
   Reply<xcb_get_property_reply_t> reply_;
+  const XCBLibrary* library_;
 };
 
 }  // namespace DesktopSupport
