@@ -61,7 +61,7 @@ X11Property answerWith(const Property& property) {
   reply->length = static_cast<std::uint32_t>(words);
   reply->value_len = static_cast<std::uint32_t>(property.units());
   if (size > 0)
-    std::memcpy(xcb_get_property_value(reply.get()), property.value.data(), size);
+    std::memcpy(reply.get() + 1, property.value.data(), size);
   return X11Property(std::move(reply));
 }
 

@@ -2,7 +2,6 @@
 
 #include <map>
 #include <unordered_map>
-#include <unordered_set>
 #include <utility>
 
 #include "DesktopSupport/Processes/CommandLine.h"
@@ -130,17 +129,11 @@ RunningApplication describe(const Origin& origin) {
 class Builder {
  public:
   void add(const Origin& origin) {
-    const std::string key = origin.key();
-    if (auto problem = problemWith(origin)) {
-      if (leftOut_.insert(key).second)
-        problems_.push_back(std::move(*problem));
+    const auto place = placeOf(origin);
+    if (!place)
       return;
-    }
-    const auto [place, isNew] = places_.emplace(key, applications_.size());
-    if (isNew)
-      begin(origin);
-    owners_.emplace(origin.window->id, place->second);
-    applications_[place->second].isVisible |= !origin.window->isHidden;
+    owners_.emplace(origin.window->id, *place);
+    applications_[*place].isVisible |= !origin.window->isHidden;
   }
 
   void markFrontmost(WindowID window) {
@@ -157,6 +150,21 @@ class Builder {
   }
 
  private:
+  // The place of the window's application, or `nullopt` if that is left out. Whether it is takes a process to find out,
+  // so only the application's first window decides.
+  std::optional<std::size_t> placeOf(const Origin& origin) {
+    const auto [known, isNew] = places_.try_emplace(origin.key());
+    if (!isNew)
+      return known->second;
+    if (auto problem = problemWith(origin)) {
+      problems_.push_back(std::move(*problem));
+      return std::nullopt;
+    }
+    known->second = applications_.size();
+    begin(origin);
+    return known->second;
+  }
+
   void begin(const Origin& origin) {
     applications_.push_back(describe(origin));
     classes_.push_back(origin.file.isAppImage ? "" : origin.windowClass);
@@ -174,8 +182,8 @@ class Builder {
   std::vector<std::string> classes_;
   // How many applications have each file.
   std::unordered_map<std::string, int> sharers_;
-  std::unordered_set<std::string> leftOut_;
-  std::unordered_map<std::string, std::size_t> places_;
+  // The applications' places by their keys; `nullopt` for those that are left out.
+  std::unordered_map<std::string, std::optional<std::size_t>> places_;
   std::unordered_map<WindowID, std::size_t> owners_;
 };
 

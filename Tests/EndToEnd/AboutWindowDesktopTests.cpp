@@ -179,10 +179,13 @@ TEST_F(AboutWindowTest, IsAllThatTheUserInterfaceIsLoadedFor) {
   host.hang();
   ChildProcess run = launch({"--dbus-activated"});
   TestSupport::awaitOwner(pluginName);
+  for (const auto* library : {"libxcb", "libwayland"})
+    EXPECT_THAT(mapsOf(run.pid()), Not(HasSubstr(library))) << "before anybody asked for windows";
   EXPECT_TRUE(TestSupport::openURL(pluginName, "deskloomplugin://runCommand/apps"));
   TestSupport::awaitNoOwner(pluginName);  // all is done then but the hand-over to the host, which hangs
   const std::string maps = mapsOf(run.pid());
   EXPECT_THAT(maps, HasSubstr("libgio-2.0"));
+  EXPECT_THAT(maps, HasSubstr("libxcb"));
   for (const auto* library : {"deskloom-windows.so", "libgtk", "libgdk", "libpango", "libcairo"})
     EXPECT_THAT(maps, Not(HasSubstr(library)));
   host.crash();

@@ -1,6 +1,7 @@
 #include <string>
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include "Tests/ScriptableApps/RunningApplicationsTest.h"
 
@@ -21,6 +22,20 @@ TEST_F(RunningApplicationsTest, AreListedOnceHoweverManyWindowsTheyHave) {
   addWindow("Clock", 9);
   addWindow("Clock", 10);
   EXPECT_EQ(names(), (Names{"Terminal", "xclock"}));
+}
+
+// A file is looked for in a process of its own.
+TEST_F(RunningApplicationsTest, AreLookedForOnceHoweverManyWindowsTheyHave) {
+  static int forks = 0;
+  ASSERT_EQ(pthread_atfork([] { ++forks; }, nullptr, nullptr), 0);
+  for (int window = 0; window < 3; ++window) {
+    addApplication("First");
+    addWindow("Gone", 7);
+  }
+  addProcess(7, "/no/such/program");
+  forks = 0;
+  EXPECT_EQ(names(), Names{"First"});
+  EXPECT_EQ(forks, 2);
 }
 
 TEST_F(RunningApplicationsTest, AreToldApartByTheClassesOfTheirWindowsBeforeTheirFiles) {

@@ -8,7 +8,6 @@
 
 #include <poll.h>
 #include <sys/socket.h>
-#include <xcb/xcbext.h>
 
 #include "DesktopSupport/System/FileContents.h"
 #include "DesktopSupport/System/Text.h"
@@ -18,10 +17,10 @@ namespace DesktopSupport {
 
 namespace {
 
-const xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
-  auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
+const xcb_screen_t* screenOf(const XCBLibrary& library, xcb_connection_t* connection, int number) {
+  auto screens = library.setupRootsIterator(library.getSetup(connection));
   while (screens.rem > 0 && number-- > 0)
-    xcb_screen_next(&screens);
+    library.screenNext(&screens);
   return screens.rem > 0 ? screens.data : nullptr;
 }
 
@@ -30,29 +29,32 @@ const xcb_screen_t* screenOf(xcb_connection_t* connection, int number) {
 std::expected<X11Connection, DesktopError> X11Connection::connect(std::chrono::milliseconds patience) {
   if (std::getenv("DISPLAY") == nullptr)
     return std::unexpected(DesktopError{"There is no X display: DISPLAY is not set."});
+  const auto& library = XCBLibrary::load();
+  if (!library)
+    return std::unexpected(DesktopError{library.error()});
   // A server that hangs takes the connection and does not answer.
-  const auto connected = resultWithin(patience, [] {
+  const auto connected = resultWithin(patience, [&library] {
     int number = 0;
-    xcb_connection_t* const made = xcb_connect(nullptr, &number);
+    xcb_connection_t* const made = library->connect(nullptr, &number);
     return std::pair(made, number);
   });
   if (!connected)
     return std::unexpected(DesktopError{"The X server does not answer."});
   const auto [connection, screenNumber] = *connected;
-  const bool isConnected = xcb_connection_has_error(connection) == 0;
-  const xcb_screen_t* screen = isConnected ? screenOf(connection, screenNumber) : nullptr;
-  X11Connection made(connection, screen, patience);
+  const bool isConnected = library->connectionHasError(connection) == 0;
+  const xcb_screen_t* screen = isConnected ? screenOf(*library, connection, screenNumber) : nullptr;
+  X11Connection made(*library, connection, screen, patience);
   if (screen == nullptr)
     return std::unexpected(DesktopError{"The X display cannot be opened."});
   return made;
 }
 
-X11Connection::X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen,
+X11Connection::X11Connection(const XCBLibrary& library, xcb_connection_t* connection, const xcb_screen_t* screen,
                              std::chrono::milliseconds patience)
-    : connection_(connection), screen_(screen), patience_(patience) {}
+    : library_(&library), connection_(connection, Disconnect{&library}), screen_(screen), patience_(patience) {}
 
 std::uint32_t X11Connection::clientOf(xcb_window_t window) const {
-  return window & ~xcb_get_setup(connection_.get())->resource_id_mask;
+  return window & ~library_->getSetup(connection_.get())->resource_id_mask;
 }
 
 bool X11Connection::isLocal() const {
@@ -60,11 +62,11 @@ bool X11Connection::isLocal() const {
   socklen_t size = sizeof(address);
   // The C interface takes every kind of address through this pointer type.
   auto* const any = reinterpret_cast<sockaddr*>(&address);
-  return getsockname(xcb_get_file_descriptor(connection_.get()), any, &size) == 0 && address.ss_family == AF_UNIX;
+  return getsockname(library_->getFileDescriptor(connection_.get()), any, &size) == 0 && address.ss_family == AF_UNIX;
 }
 
 bool X11Connection::waitUntilReadable() {
-  pollfd socket = {.fd = xcb_get_file_descriptor(connection_.get()), .events = POLLIN, .revents = 0};
+  pollfd socket = {.fd = library_->getFileDescriptor(connection_.get()), .events = POLLIN, .revents = 0};
   int ready = 0;
   do
     ready = poll(&socket, 1, static_cast<int>(patience_.count()));
@@ -75,13 +77,13 @@ bool X11Connection::waitUntilReadable() {
 
 void* X11Connection::await(unsigned int sequence) {
   if (sequence > lastFlushed_) {
-    xcb_flush(connection_.get());
+    library_->flush(connection_.get());
     lastFlushed_ = lastSent_;
     ++roundTrips_;
   }
   void* reply = nullptr;
   xcb_generic_error_t* error = nullptr;
-  while (isAlive() && xcb_poll_for_reply(connection_.get(), sequence, &reply, &error) == 0)
+  while (isAlive() && library_->pollForReply(connection_.get(), sequence, &reply, &error) == 0)
     if (!waitUntilReadable())
       break;
   std::free(error);

@@ -8,10 +8,9 @@
 #include <filesystem>
 #include <memory>
 
-#include <xcb/xcb.h>
-
 #include "DesktopSupport/System/GLibHandles.h"
 #include "DesktopSupport/Windows/Window.h"
+#include "DesktopSupport/Windows/X11/XCBLibrary.h"
 
 namespace DesktopSupport {
 
@@ -26,10 +25,12 @@ class X11Connection {
   /// The usual timeout for the server. A program may hold it for a while, as one that takes a screenshot does.
   static constexpr std::chrono::seconds longestSilence{30};
 
-  /// Connects to the server that DISPLAY names. Fails if DISPLAY is unset, or the server refuses the connection or does
-  /// not answer within `patience`, which is its time limit for each reply too.
+  /// Connects to the server that DISPLAY names. Fails if DISPLAY is unset, libxcb is missing, or the server refuses the
+  /// connection or does not answer within `patience`, which is its time limit for each reply too.
   static std::expected<X11Connection, DesktopError> connect(std::chrono::milliseconds patience = longestSilence);
 
+  /// The functions that take the handle.
+  [[nodiscard]] const XCBLibrary& library() const { return *library_; }
   [[nodiscard]] xcb_connection_t* handle() const { return connection_.get(); }
   [[nodiscard]] xcb_window_t root() const { return screen_->root; }
 
@@ -40,9 +41,9 @@ class X11Connection {
   [[nodiscard]] bool isLocal() const;
 
   /// False after the connection broke or the server did not answer in time. Replies are missing then.
-  [[nodiscard]] bool isAlive() const { return !isSilent_ && xcb_connection_has_error(connection_.get()) == 0; }
+  [[nodiscard]] bool isAlive() const { return !isSilent_ && library_->connectionHasError(connection_.get()) == 0; }
 
-  /// Records a request that has just been made: `sent(xcb_get_property(…))`.
+  /// Records a request that has just been made: `sent(library().getProperty(…))`.
   template <typename Cookie>
   Cookie sent(Cookie cookie) {
     lastSent_ = cookie.sequence;
@@ -60,11 +61,18 @@ class X11Connection {
   [[nodiscard]] std::size_t roundTrips() const { return roundTrips_; }
 
  private:
-  X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen, std::chrono::milliseconds patience);
+  struct Disconnect {
+    const XCBLibrary* library;
+    void operator()(xcb_connection_t* connection) const { library->disconnect(connection); }
+  };
+
+  X11Connection(const XCBLibrary& library, xcb_connection_t* connection, const xcb_screen_t* screen,
+                std::chrono::milliseconds patience);
   void* await(unsigned int sequence);
   bool waitUntilReadable();
 
-  std::unique_ptr<xcb_connection_t, ReleasedBy<xcb_disconnect>> connection_;
+  const XCBLibrary* library_;
+  std::unique_ptr<xcb_connection_t, Disconnect> connection_;
   const xcb_screen_t* screen_;
   std::chrono::milliseconds patience_;
   bool isSilent_ = false;

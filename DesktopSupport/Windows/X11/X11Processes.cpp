@@ -18,12 +18,12 @@ namespace {
 
 // Whether the server has the extension, and its process ids are those of this machine.
 bool isUsable(const X11Connection& connection) {
-  const auto* extension = xcb_get_extension_data(connection.handle(), &xcb_res_id);
+  const auto* extension = connection.library().getExtensionData(connection.handle(), connection.library().resID);
   return extension != nullptr && extension->present != 0 && connection.isLocal();
 }
 
 std::uint32_t ownClient(const X11Connection& connection) {
-  return xcb_get_setup(connection.handle())->resource_id_base;
+  return connection.library().getSetup(connection.handle())->resource_id_base;
 }
 
 std::vector<xcb_res_client_id_spec_t> clientSpecs(const X11Connection& connection,
@@ -63,26 +63,26 @@ bool isForThisDisplay(const ProcessInfo& process) {
 }  // namespace
 
 void X11ClientProcesses::prefetch(X11Connection& connection) {
-  xcb_prefetch_extension_data(connection.handle(), &xcb_res_id);
+  connection.library().prefetchExtensionData(connection.handle(), connection.library().resID);
 }
 
 X11ClientProcesses::X11ClientProcesses(X11Connection& connection, std::span<const xcb_window_t> windows) {
   if (windows.empty() || !isUsable(connection))
     return;
   const auto clients = clientSpecs(connection, windows);
-  request_ = connection.sent(
-      xcb_res_query_client_ids(connection.handle(), static_cast<std::uint32_t>(clients.size()), clients.data()));
+  request_ = connection.sent(connection.library().resQueryClientIDs(
+      connection.handle(), static_cast<std::uint32_t>(clients.size()), clients.data()));
 }
 
 void X11ClientProcesses::collect(X11Connection& connection) {
   const auto reply = request_ ? connection.reply<xcb_res_query_client_ids_reply_t>(*request_) : nullptr;
   if (!reply)
     return;
-  for (auto each = xcb_res_query_client_ids_ids_iterator(reply.get()); each.rem > 0;
-       xcb_res_client_id_value_next(&each))
+  const XCBLibrary& library = connection.library();
+  for (auto each = library.resQueryClientIDsIterator(reply.get()); each.rem > 0; library.resClientIDValueNext(&each))
     if (each.data->spec.mask == XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID &&
-        xcb_res_client_id_value_value_length(each.data) > 0)
-      processes_[each.data->spec.client] = static_cast<pid_t>(*xcb_res_client_id_value_value(each.data));
+        library.resClientIDValueValueLength(each.data) > 0)
+      processes_[each.data->spec.client] = static_cast<pid_t>(*library.resClientIDValueValue(each.data));
   // The server, or a program between, may be in another PID namespace.
   const auto own = processes_.find(ownClient(connection));
   areForeign_ = own == processes_.end() || own->second != ownProcessID();

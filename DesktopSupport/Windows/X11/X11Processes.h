@@ -8,7 +8,6 @@
 #include <unordered_map>
 
 #include <sys/types.h>
-#include <xcb/res.h>
 
 #include "DesktopSupport/Windows/X11/X11Connection.h"
 

@@ -37,8 +37,8 @@ constexpr std::uint32_t wordSize = 4;
 X11Atoms::X11Atoms(X11Connection& connection) {
   for (std::size_t index = 0; index < size; ++index) {
     const std::string_view name = names[index];
-    requests_[index] =
-        connection.sent(xcb_intern_atom(connection.handle(), 0, static_cast<std::uint16_t>(name.size()), name.data()));
+    requests_[index] = connection.sent(
+        connection.library().internAtom(connection.handle(), 0, static_cast<std::uint16_t>(name.size()), name.data()));
   }
 }
 
@@ -49,19 +49,19 @@ void X11Atoms::collect(X11Connection& connection) {
 }
 
 xcb_get_property_cookie_t X11Property::request(X11Connection& connection, xcb_window_t window, xcb_atom_t name) {
-  return connection.sent(
-      xcb_get_property(connection.handle(), 0, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, maximumSize / wordSize));
+  return connection.sent(connection.library().getProperty(connection.handle(), 0, window, name,
+                                                          XCB_GET_PROPERTY_TYPE_ANY, 0, maximumSize / wordSize));
 }
 
 X11Property::X11Property(X11Connection& connection, xcb_get_property_cookie_t request)
-    : X11Property(connection.reply<xcb_get_property_reply_t>(request)) {}
+    : reply_(connection.reply<xcb_get_property_reply_t>(request)) {}
 
 std::vector<std::uint32_t> X11Property::numbers() const {
   if (!exists() || reply_->format != 32)
     return {};
   std::vector<std::uint32_t> numbers(reply_->value_len);
   if (!numbers.empty())
-    std::memcpy(numbers.data(), xcb_get_property_value(reply_.get()), numbers.size() * wordSize);
+    std::memcpy(numbers.data(), value(), numbers.size() * wordSize);
   return numbers;
 }
 
@@ -74,7 +74,7 @@ std::vector<std::string> X11Property::texts(xcb_atom_t utf8String) const {
   std::vector<std::string> texts;
   if (!exists() || reply_->format != 8)
     return texts;
-  std::string_view bytes(static_cast<const char*>(xcb_get_property_value(reply_.get())), reply_->value_len);
+  std::string_view bytes(static_cast<const char*>(value()), reply_->value_len);
   while (!bytes.empty()) {
     const std::string_view part = bytes.substr(0, bytes.find('\0'));
     texts.push_back(reply_->type == utf8String ? std::string(part) : utf8FromLatin1(part));

@@ -8,8 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include <xcb/xcb.h>
-
 #include "DesktopSupport/Windows/X11/X11Connection.h"
 
 namespace DesktopSupport {
@@ -60,7 +58,8 @@ class X11Property {
 
   static xcb_get_property_cookie_t request(X11Connection& connection, xcb_window_t window, xcb_atom_t name);
   X11Property(X11Connection& connection, xcb_get_property_cookie_t request);
-  /// From an answer that has been received; null if the server answered with an error.
+
+  /// From an answer; null if there is none.
   explicit X11Property(Reply<xcb_get_property_reply_t> reply) : reply_(std::move(reply)) {}
 
   /// Whether the server answered. It does not for a window that is gone.
@@ -81,6 +80,9 @@ class X11Property {
   [[nodiscard]] std::string text(xcb_atom_t utf8String) const;
 
  private:
+  // It follows the header.
+  [[nodiscard]] const void* value() const { return reply_.get() + 1; }
+
   Reply<xcb_get_property_reply_t> reply_;
 };
 
