@@ -6,7 +6,6 @@
 #include "DesktopSupport/System/UserFolders.h"
 #include "DesktopSupport/Windows/X11/X11Connection.h"
 #include "Tests/ScriptableApps/FileManagersTest.h"
-#include "Tests/ScriptableApps/Scripts.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/EnvironmentVariable.h"
 
@@ -15,10 +14,8 @@ namespace {
 using namespace std::chrono_literals;
 using TestSupport::ChildProcess;
 using TestSupport::FileManagersTest;
-using TestSupport::listFolders;
 using TestSupport::openPaths;
 using TestSupport::openPathsAndLog;
-using TestSupport::textOfScript;
 
 /// A file manager, and how it titles its windows.
 struct Program {
@@ -73,9 +70,11 @@ TEST_P(EachFileManager, DoesNotReportIfItShowsALinkToAFolder) {
   const ChildProcess program = start({link});
   ASSERT_TRUE(desktop_.waitForTitle("link" + GetParam().titleEnd));
   awaitWatch(program, shown);
-  const std::string name = GetParam().command.front();
-  EXPECT_EQ(textOfScript(listFolders),
-            "-1728: Finder got an error: " + name + " is running but does not report which folders it shows.");
+  const auto paths = openPaths();
+  ASSERT_FALSE(paths);
+  EXPECT_EQ(paths.error().number, AppleScript::ErrorNumber::noSuchObject);
+  EXPECT_EQ(paths.error().message, "Finder got an error: " + GetParam().command.front() +
+                                       " is running but does not report which folders it shows.");
 }
 
 TEST_P(EachFileManager, LeavesOutAFolderWhosePathIsNotOneLine) {

@@ -41,16 +41,28 @@ class FakeFileManager : public FakeService {
 /// How long to wait for a program that does not answer: longer than others need for an answer on a busy machine.
 inline constexpr std::chrono::milliseconds shortly{2000};
 
-inline AppleScript::Result<std::vector<std::string>> openPaths(
+/// The folders that the Finder lists. Its usual patience is too short for a program that starts on a busy machine.
+inline AppleScript::Result<std::vector<ScriptableApps::OpenFolder>> openFolders(
     std::chrono::milliseconds patience = std::chrono::minutes(1)) {
-  // A busy machine takes longer for the search.
   ScriptableApps::Finder finder(patience, std::chrono::minutes(1));
   const auto root = finder.open();
   if (!root)
     return std::unexpected(root.error());
-  std::vector<std::string> paths;
+  std::vector<ScriptableApps::OpenFolder> folders;
   for (const auto& window : static_cast<const ScriptableApps::FinderRoot&>(**root).windows())
-    paths.push_back(window.folder().path);
+    folders.push_back(window.folder());
+  return folders;
+}
+
+/// Their paths.
+inline AppleScript::Result<std::vector<std::string>> openPaths(
+    std::chrono::milliseconds patience = std::chrono::minutes(1)) {
+  const auto folders = openFolders(patience);
+  if (!folders)
+    return std::unexpected(folders.error());
+  std::vector<std::string> paths;
+  for (const auto& folder : *folders)
+    paths.push_back(folder.path);
   return paths;
 }
 

@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "DesktopSupport/Bus/SessionBus.h"
-#include "Tests/ScriptableApps/Scripts.h"
+#include "Tests/ScriptableApps/FinderTest.h"
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/TemporaryFolder.h"
@@ -23,8 +23,6 @@ namespace {
 using namespace std::chrono_literals;
 using DesktopSupport::SessionBus;
 using TestSupport::ChildProcess;
-using TestSupport::listFolders;
-using TestSupport::textOfScript;
 
 constexpr const char* fileManagerName = "org.freedesktop.FileManager1";
 
@@ -65,14 +63,22 @@ class NautilusTest : public testing::Test {
   }
 
   [[nodiscard]] std::string path(const std::string& name) const { return folder_.path() / name; }
-  /// The lines that the script yields for a folder.
+  /// The lines that `listed` yields for a folder.
   [[nodiscard]] std::string lines(const std::string& name) const { return name + '\n' + path(name) + "/\n"; }
 
-  /// Waits until the script lists this number of folders. Yields its result.
+  /// The name and the path of each folder that is listed, each on a line; nothing while the Finder fails.
+  static std::string listed() {
+    std::string folders;
+    for (const auto& folder : TestSupport::openFolders().value_or(std::vector<ScriptableApps::OpenFolder>()))
+      folders += folder.name + '\n' + folder.path + '\n';
+    return folders;
+  }
+
+  /// Waits until this number of folders is listed. Yields them.
   static std::string foldersOnceThereAre(std::ptrdiff_t count) {
     std::string folders;
     LocationChanges::awaitUntil([&] {
-      folders = textOfScript(listFolders);
+      folders = listed();
       return std::ranges::count(folders, '\n') == 2 * count;
     });
     return folders;
@@ -118,9 +124,9 @@ TEST_F(NautilusTest, ShowsItsWindowsTheTopmostFirst) {
   raise(*first);
   raise(*second);
   raise(*third);
-  EXPECT_EQ(textOfScript(listFolders), lines("third") + lines("second") + lines("first"));
+  EXPECT_EQ(listed(), lines("third") + lines("second") + lines("first"));
   raise(*first);
-  EXPECT_EQ(textOfScript(listFolders), lines("first") + lines("third") + lines("second"));
+  EXPECT_EQ(listed(), lines("first") + lines("third") + lines("second"));
 }
 
 TEST_F(NautilusTest, ShowsEachTabAsAWindow) {
@@ -157,13 +163,15 @@ TEST_F(NautilusTest, ShowsWindowsWithTheSameNameTheTopmostFirst) {
   foldersOnceThereAre(2);
   ASSERT_TRUE(desktop_.waitUntil([&] { return desktop_.stackedClients().size() == 2; }));
   raise(*first);
-  EXPECT_EQ(textOfScript(listFolders), inFirst + inSecond);
+  EXPECT_EQ(listed(), inFirst + inSecond);
   raise(desktop_.stackedClients().front());
-  EXPECT_EQ(textOfScript(listFolders), inSecond + inFirst);
+  EXPECT_EQ(listed(), inSecond + inFirst);
 }
 
 TEST_F(NautilusTest, IsNotStarted) {
-  EXPECT_EQ(textOfScript(listFolders), "-600: Finder got an error: Application isn’t running.");
+  const auto folders = TestSupport::openFolders();
+  ASSERT_FALSE(folders);
+  EXPECT_EQ(folders.error().number, AppleScript::ErrorNumber::notRunning);
   TestSupport::awaitNoOwner(fileManagerName);
 }
 
