@@ -1,7 +1,7 @@
 #include <string>
 
 #include "BrowserSessions/Firefox/FirefoxState.h"
-#include "BrowserSessions/Firefox/SessionText.h"
+#include "BrowserSessions/Firefox/MozillaLZ4.h"
 #include "Fuzz/SoundSession.h"
 #include "Fuzz/Target.h"
 #include "Tests/BrowserSessions/MozillaLZ4File.h"

@@ -24,14 +24,20 @@ using Session = std::expected<LoggedSession, std::string>;
 constexpr std::size_t maximumStateSize = 4 << 20;
 constexpr std::size_t maximumProfiles = 64;
 
-// Makes the parser keep only the two entries that are needed, since the rest is long.
+// Makes the parser keep only the entries that are needed, since the rest is long. Of the profiles' descriptions, the
+// names are kept.
 bool isWanted(int depth, json::parse_event_t event, const json& parsed) {
   if (event == json::parse_event_t::key && depth == 1)
     return parsed == "profile";
   if (event == json::parse_event_t::key && depth == 2)
-    return parsed == "last_active_profiles" || parsed == "last_used";
-  const bool isStart = event == json::parse_event_t::object_start || event == json::parse_event_t::array_start;
-  return !isStart || depth <= 2;
+    return parsed == "last_active_profiles" || parsed == "last_used" || parsed == "info_cache";
+  return event != json::parse_event_t::key || depth <= 3;
+}
+
+// What the browser has noted about its profiles.
+json notedProfiles(const path& userData) {
+  const std::string text = DesktopSupport::fileContents(userData / "Local State", maximumStateSize).value_or("");
+  return field(json::parse(text, isWanted, /*allow_exceptions=*/false), "profile");
 }
 
 bool isFolderName(const std::string& name) {
@@ -46,9 +52,7 @@ void add(std::vector<std::string>& names, const json& name) {
 }
 
 std::vector<std::string> openProfileNames(const path& userData) {
-  const std::string text = DesktopSupport::fileContents(userData / "Local State", maximumStateSize).value_or("");
-  const json state = json::parse(text, isWanted, /*allow_exceptions=*/false);
-  const json& profile = field(state, "profile");
+  const json profile = notedProfiles(userData);
   const json& lastUsed = field(profile, "last_used");
   std::vector<std::string> names;
   if (const json& list = field(profile, "last_active_profiles"); list.is_array())
@@ -118,6 +122,10 @@ std::vector<path> openChromiumProfiles(const path& userData) {
   if (profiles.empty() && isFolder(userData))
     profiles.push_back(userData);
   return profiles;
+}
+
+std::size_t numberOfChromiumProfiles(const path& userData) {
+  return std::max<std::size_t>(field(notedProfiles(userData), "info_cache").size(), 1);
 }
 
 Session chromiumProfileSession(const path& profile, const std::optional<ChromiumRun>& run) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <expected>
 #include <filesystem>
@@ -17,6 +18,10 @@ namespace BrowserSessions {
 /// was used last, or the first one that the browser makes. A browser with a single profile may keep it in the user data
 /// folder itself. Only folders that exist are listed.
 std::vector<std::filesystem::path> openChromiumProfiles(const std::filesystem::path& userData);
+
+/// The number of profiles that the browser with this user data folder has, open or not, as far as it has noted them; at
+/// least 1.
+std::size_t numberOfChromiumProfiles(const std::filesystem::path& userData);
 
 /// What a running browser of the Chromium family has open with the profile in a folder, as its session log had it a few
 /// seconds ago; see `chromiumSession`. Fails with a sentence if the profile has no session log, or none of `run` if

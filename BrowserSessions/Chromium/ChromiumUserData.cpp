@@ -11,6 +11,8 @@
 #include "BrowserSessions/Chromium/PageNames.h"
 #include "BrowserSessions/Chromium/SessionFiles.h"
 #include "BrowserSessions/Chromium/TitleHistory.h"
+#include "BrowserSessions/Chromium/ToldSession.h"
+#include "BrowserSessions/Companion/Companions.h"
 
 namespace BrowserSessions {
 
@@ -44,7 +46,8 @@ void append(std::vector<T>& all, std::vector<T> more) {
 }
 
 // `complete` adds to each profile's session what its log lacks.
-Logs readLogs(const Browser& browser, void (*complete)(Logs& logs, LoggedSession& session, const path& profile)) {
+template <typename Complete>
+Logs readLogs(const Browser& browser, Complete complete) {
   const auto run = browser.process ? std::optional(ChromiumRun(browser.userData, *browser.process)) : std::nullopt;
   Logs logs;
   for (const path& profile : openChromiumProfiles(browser.userData)) {
@@ -95,6 +98,39 @@ void addTitlesAndProblems(Logs& logs, LoggedSession& session, const path& profil
                             std::to_string(session.tabsWithoutAddress) + '.');
 }
 
+// Adds the windows of the profiles that have no companion.
+void addProfilesWithoutCompanion(SessionReading& reading, const Browser& browser, const ToldSession& told) {
+  Logs logs = readLogs(browser, [&told](Logs& all, LoggedSession& session, const path& profile) {
+    if (hasWindowOf(told, session))
+      session = {};
+    else
+      addTitlesAndProblems(all, session, profile);
+  });
+  // Then it is the logs of profiles with a companion that cannot be read.
+  if (told.profiles >= logs.profiles)
+    logs.problems.clear();
+  addChromiumNames(logs.session.windows);
+  append(reading.session, browserSession(std::move(logs.session)));
+  append(reading.problems, std::move(logs.problems));
+}
+
+Answer readCompanions(const Browser& browser) {
+  CompanionReading companions = browser.process ? askCompanions(*browser.process) : CompanionReading();
+  if (companions.answers.empty() && !companions.problems.empty())
+    return std::unexpected(std::move(companions.problems.front()));
+  if (companions.answers.empty())
+    return std::nullopt;
+  ToldSession told = toldSession(std::move(companions.answers));
+  addChromiumNames(told.windows);
+  SessionReading reading{.session = {}, .problems = std::move(companions.problems)};
+  const bool areAllTold = told.profiles >= numberOfChromiumProfiles(browser.userData);
+  for (ChromiumWindow& window : told.windows)
+    reading.session.push_back(std::move(window.contents));
+  if (!areAllTold)
+    addProfilesWithoutCompanion(reading, browser, told);
+  return reading;
+}
+
 Answer readSessionLogs(const Browser& browser) {
   Logs logs = readLogs(browser, addTitlesAndProblems);
   if (!logs.isAnyRead)
@@ -108,7 +144,7 @@ Answer readSessionLogs(const Browser& browser) {
 }
 
 // The most current one comes first. The first one that has a reading is used.
-constexpr Source sources[] = {readDevTools, readSessionLogs};
+constexpr Source sources[] = {readCompanions, readDevTools, readSessionLogs};
 
 }  // namespace
 

@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <optional>
+#include <cstdint>
+#include <set>
 #include <utility>
+#include <vector>
 
 #include "BrowserSessions/BrowserFiles.h"
+#include "BrowserSessions/Companion/Companions.h"
 #include "BrowserSessions/Firefox/FirefoxState.h"
-#include "BrowserSessions/Firefox/SessionText.h"
+#include "BrowserSessions/Firefox/MozillaLZ4.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/FileContents.h"
 
@@ -51,9 +54,24 @@ bool isAddress(std::string_view title, std::string_view url) {
   return title.starts_with(url.substr(0, scheme + schemeEnd.size())) && partsAfterHost(title) == partsAfterHost(url);
 }
 
-}  // namespace
+// The windows of the companions, each once. Pop-ups count as windows, as in a saved session.
+BrowserSession sessionIn(const std::vector<CompanionAnswer>& answers) {
+  BrowserSession session;
+  std::set<std::int64_t> numbers;
+  for (const CompanionAnswer& answer : answers)
+    for (const CompanionWindow& window : answer.windows) {
+      if (window.tabs.empty() || !numbers.insert(window.number).second)
+        continue;
+      session.push_back(browserWindow(window));
+      for (BrowserTab& tab : session.back().tabs)
+        tab.url = withoutReadingView(std::move(tab.url));
+    }
+  addFirefoxNames(session);
+  return session;
+}
 
-SessionResult firefoxSession(const std::filesystem::path& profile) {
+// What Firefox has saved.
+SessionResult savedSession(const std::filesystem::path& profile) {
   const std::filesystem::path file = profile / "sessionstore-backups/recovery.jsonlz4";
   const auto locked = timeOfLock(profile);
   auto newest = stateIn(file, locked);
@@ -65,6 +83,18 @@ SessionResult firefoxSession(const std::filesystem::path& profile) {
   if (newest || previous)
     return SessionReading{.session = std::move(newest ? *newest : *previous)};
   return std::unexpected("The session of Firefox in " + file.string() + " is unknown: " + newest.error());
+}
+
+}  // namespace
+
+SessionResult firefoxSession(const std::filesystem::path& profile, std::optional<pid_t> process) {
+  CompanionReading told = process ? askCompanions(*process) : CompanionReading();
+  if (!told.answers.empty())
+    return SessionReading{.session = sessionIn(told.answers), .problems = std::move(told.problems)};
+  auto saved = savedSession(profile);
+  if (saved)
+    saved->problems = std::move(told.problems);
+  return saved;
 }
 
 std::string firefoxPageName(std::string_view url) {

@@ -9,7 +9,7 @@
 
 #include "BrowserSessions/BrowserFiles.h"
 #include "BrowserSessions/Firefox/FirefoxStateReader.h"
-#include "BrowserSessions/Firefox/SessionText.h"
+#include "BrowserSessions/JSONText.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "DesktopSupport/System/Text.h"
 
@@ -19,15 +19,6 @@ namespace {
 
 using DesktopSupport::isUTF8;
 using DesktopSupport::validUTF8;
-
-std::string withoutReadingView(std::string address) {
-  constexpr std::string_view readingView = "about:reader?url=";
-  if (!address.starts_with(readingView))
-    return address;
-  const std::string page = address.substr(readingView.size(), address.find('&') - readingView.size());
-  const DesktopSupport::CharsHandle unescaped(g_uri_unescape_string(page.c_str(), nullptr));
-  return unescaped ? validUTF8(unescaped.get()) : address;
-}
 
 // The texts are made valid once more, since the escape \u0000 yields a NUL.
 BrowserTab shownPage(const FirefoxTab& tab) {
@@ -77,6 +68,15 @@ std::expected<BrowserSession, std::string> firefoxState(std::string json) {
   if (!state.isKnownVersion())
     return std::unexpected("It has an unknown version.");
   return shownWindows(state);
+}
+
+std::string withoutReadingView(std::string address) {
+  constexpr std::string_view readingView = "about:reader?url=";
+  if (!address.starts_with(readingView))
+    return address;
+  const std::string page = address.substr(readingView.size(), address.find('&') - readingView.size());
+  const DesktopSupport::CharsHandle unescaped(g_uri_unescape_string(page.c_str(), nullptr));
+  return unescaped ? validUTF8(unescaped.get()) : address;
 }
 
 }  // namespace BrowserSessions

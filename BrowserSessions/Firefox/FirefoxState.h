@@ -14,4 +14,7 @@ namespace BrowserSessions {
 /// unknown version, or has more windows, tabs and pages than anybody has open.
 std::expected<BrowserSession, std::string> firefoxState(std::string json);
 
+/// The address of the page that the reader view with this address shows; any other address as it is.
+std::string withoutReadingView(std::string address);
+
 }  // namespace BrowserSessions

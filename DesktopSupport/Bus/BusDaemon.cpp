@@ -44,6 +44,20 @@ std::optional<std::string> BusDaemon::ownerOf(const std::string& name) const {
   return owner;
 }
 
+std::vector<std::string> BusDaemon::names() const {
+  const auto reply = bus_.call(busDaemonMethod("ListNames"), nullptr, G_VARIANT_TYPE("(as)"), timeout_);
+  if (!reply)
+    return {};
+  std::vector<std::string> names;
+  const VariantHandle list(g_variant_get_child_value(reply->get(), 0));
+  GVariantIter iterator;
+  g_variant_iter_init(&iterator, list.get());
+  const char* name = nullptr;
+  while (g_variant_iter_next(&iterator, "&s", &name) != FALSE)
+    names.emplace_back(name);
+  return names;
+}
+
 std::optional<pid_t> BusDaemon::processOf(const std::string& name) const {
   const auto reply = bus_.call(busDaemonMethod("GetConnectionUnixProcessID"), g_variant_new("(s)", name.c_str()),
                                G_VARIANT_TYPE("(u)"), timeout_);

@@ -4,6 +4,7 @@
 #include <expected>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <sys/types.h>
 
@@ -33,6 +34,9 @@ class BusDaemon {
 
   /// The unique name of the connection that owns `name`. `nullopt` if there is none, or the bus does not answer.
   [[nodiscard]] std::optional<std::string> ownerOf(const std::string& name) const;
+
+  /// The names that are owned: unique and well-known ones. Empty if the bus does not answer.
+  [[nodiscard]] std::vector<std::string> names() const;
 
   /// The process that owns `name`. `nullopt` if there is none, or the bus does not know it or does not answer.
   [[nodiscard]] std::optional<pid_t> processOf(const std::string& name) const;

@@ -80,8 +80,8 @@ std::vector<RunningBrowser> Safari::runningBrowsers(const std::vector<pid_t>& pr
                           return BrowserSessions::gnomeWebSession(profile, titles);
                         }});
   for (const RunningFirefox& firefox : allRunningFirefoxes(processes))
-    browsers.push_back({firefox.process, [profile = firefox.profile](const std::vector<std::string>& /*titles*/) {
-                          return BrowserSessions::firefoxSession(profile);
+    browsers.push_back({firefox.process, [firefox](const std::vector<std::string>& /*titles*/) {
+                          return BrowserSessions::firefoxSession(firefox.profile, firefox.process);
                         }});
   return browsers;
 }

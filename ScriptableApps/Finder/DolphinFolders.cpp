@@ -16,7 +16,6 @@ namespace ScriptableApps {
 namespace {
 
 using DesktopSupport::BusError;
-using DesktopSupport::VariantHandle;
 using DesktopSupport::Window;
 
 // A process of Dolphin, which has one window.
@@ -28,18 +27,10 @@ constexpr std::string_view busNameStart = "org.kde.dolphin-";
 
 // All that are on the bus.
 std::vector<Instance> runningInstances(const FolderSources& sources) {
-  const auto reply = sources.bus->call(DesktopSupport::busDaemonMethod("ListNames"), nullptr, G_VARIANT_TYPE("(as)"),
-                                       sources.patience);
-  std::vector<Instance> instances;
-  if (!reply)
-    return instances;
-  const VariantHandle names(g_variant_get_child_value(reply->get(), 0));
   const DesktopSupport::BusDaemon daemon(*sources.bus, sources.patience);
-  GVariantIter iterator;
-  g_variant_iter_init(&iterator, names.get());
-  const char* name = nullptr;
-  while (g_variant_iter_next(&iterator, "&s", &name) != FALSE)
-    if (std::string_view(name).starts_with(busNameStart))
+  std::vector<Instance> instances;
+  for (const std::string& name : daemon.names())
+    if (name.starts_with(busNameStart))
       instances.push_back({.busName = name, .pid = daemon.processOf(name)});
   return instances;
 }

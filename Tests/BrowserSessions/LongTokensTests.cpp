@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/Firefox/SessionText.h"
+#include "BrowserSessions/JSONText.h"
 
 namespace {
 

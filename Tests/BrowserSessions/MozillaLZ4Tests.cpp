@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "BrowserSessions/Firefox/SessionText.h"
+#include "BrowserSessions/Firefox/MozillaLZ4.h"
 #include "Tests/BrowserSessions/MozillaLZ4File.h"
 
 namespace {

@@ -25,6 +25,11 @@ struct Wait {
   bool isLate = false;
 };
 
+gboolean beLate(gpointer wait) {
+  static_cast<Wait*>(wait)->isLate = true;
+  return G_SOURCE_CONTINUE;
+}
+
 void await(const std::string& busName, bool owned) {
   Wait wait{owned};
   const auto appeared = [](GDBusConnection*, const gchar*, const gchar*, gpointer data) {
@@ -35,11 +40,7 @@ void await(const std::string& busName, bool owned) {
     auto* state = static_cast<Wait*>(data);
     state->over = !state->wanted;
   };
-  const auto beLate = [](gpointer data) -> gboolean {
-    static_cast<Wait*>(data)->isLate = true;
-    return G_SOURCE_CONTINUE;
-  };
-  const guint alarm = g_timeout_add(milliseconds(patience), beLate, &wait);
+  const guint alarm = g_timeout_add(milliseconds(patience), &beLate, &wait);
   const guint watch = g_bus_watch_name(G_BUS_TYPE_SESSION, busName.c_str(), G_BUS_NAME_WATCHER_FLAGS_NONE, appeared,
                                        vanished, &wait, nullptr);
   while (!wait.over && !wait.isLate)
@@ -77,6 +78,30 @@ bool hasOwner(const std::string& busName) {
 
 void awaitOwner(const std::string& busName) {
   await(busName, true);
+}
+
+std::vector<std::string> awaitOwners(const std::string& prefix, std::size_t count) {
+  const auto bus = DesktopSupport::SessionBus::connect().value();
+  const DesktopSupport::BusDaemon daemon(bus, patience);
+  // A change of any name wakes the loop.
+  const guint changes = g_dbus_connection_signal_subscribe(
+      bus.connection(), "org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged", nullptr, nullptr,
+      G_DBUS_SIGNAL_FLAGS_NONE, [](auto...) {}, nullptr, nullptr);
+  Wait wait;
+  const guint alarm = g_timeout_add(milliseconds(patience), &beLate, &wait);
+  std::vector<std::string> names;
+  for (;;) {
+    names = daemon.names();
+    std::erase_if(names, [&](const std::string& name) { return !name.starts_with(prefix); });
+    if (names.size() == count || wait.isLate)
+      break;
+    g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+  }
+  g_source_remove(alarm);
+  g_dbus_connection_signal_unsubscribe(bus.connection(), changes);
+  if (names.size() != count)
+    throw std::runtime_error(std::to_string(names.size()) + " names begin with " + prefix);
+  return names;
 }
 
 void awaitNoOwner(const std::string& busName) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 namespace TestSupport {
 
@@ -9,6 +11,10 @@ bool hasOwner(const std::string& busName);
 
 /// Waits until this name has an owner on the session bus, without starting one. Throws if it takes too long.
 void awaitOwner(const std::string& busName);
+
+/// Waits until this many names that begin with the prefix have owners on the session bus, and returns them. Throws if
+/// it takes too long.
+std::vector<std::string> awaitOwners(const std::string& prefix, std::size_t count);
 
 /// Waits until this name has no owner on the session bus. Throws if it takes too long.
 void awaitNoOwner(const std::string& busName);

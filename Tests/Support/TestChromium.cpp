@@ -12,6 +12,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include "BrowserSessions/JSONText.h"
 #include "Tests/Support/FolderChanges.h"
 #include "Tests/Support/Patience.h"
 
@@ -23,6 +24,8 @@ namespace {
 constexpr std::chrono::seconds untilNextLook{1};
 
 using std::filesystem::path;
+
+constexpr const char* workerFile = "worker.js";
 
 constexpr const char* manifest = R"({
   "name": "Test", "version": "1", "manifest_version": 3,
@@ -55,7 +58,7 @@ async function session() {
   windows.sort((a, b) => (b.id === last) - (a.id === last) || a.id - b.id);
   return windows.map(({tabs}) => ({
     active: tabs.findIndex(tab => tab.active),
-    tabs: tabs.map(({title, url}) => ({title, url}))}));
+    tabs: tabs.map(({title, url, pendingUrl}) => ({title, url: url || pendingUrl || ''}))}));
 }
 
 console.log('ready');)";
@@ -68,12 +71,16 @@ void writeOnce(const path& file, std::string_view contents) {
 
 }  // namespace
 
-TestChromium::TestChromium(const Options& options) {
+TestChromium::TestChromium(const Options& options, InstalledExtensions installed) {
   // With settings from an earlier run it restores what was open.
   writeOnce(userData() / "Default/Preferences", R"({"session": {"restore_on_startup": 1}})");
   extension_.write("manifest.json", manifest);
-  extension_.write("worker.js", worker);
-  start(options);
+  extension_.write(workerFile, worker);
+  std::string extensions = extension_.path().string();
+  if (installed == InstalledExtensions::all)
+    for (const auto& entry : std::filesystem::directory_iterator("/usr/share/chromium/extensions"))
+      extensions += ',' + entry.path().string();
+  start(options, extensions);
   awaitWorker();
 }
 
@@ -93,7 +100,7 @@ void TestChromium::ask(Options options) {
 }
 
 // It reads commands from its descriptor 3 and answers on its descriptor 4.
-void TestChromium::start(const Options& options) {
+void TestChromium::start(const Options& options, const std::string& extensions) {
   std::array<int, 2> commands{};
   std::array<int, 2> answers{};
   if (pipe(commands.data()) != 0 || pipe(answers.data()) != 0)
@@ -105,18 +112,23 @@ void TestChromium::start(const Options& options) {
   const std::string pipes = " 3<&" + std::to_string(commands[0]) + " 4>&" + std::to_string(answers[1]);
   Options arguments = {"bash", "-c", "exec chromium \"$@\"" + pipes, "chromium"};
   arguments.insert(arguments.end(), {"--no-sandbox", "--password-store=basic", "--no-first-run", "--disable-gpu",
-                                     "--remote-debugging-pipe", "--load-extension=" + extension_.path().string()});
+                                     "--remote-debugging-pipe", "--load-extension=" + extensions});
   arguments.insert(arguments.end(), options.begin(), options.end());
   process_.emplace(arguments, ChildProcess::Options{.captureErrors = true, .hasHelpers = true});
+  pid_ = process_->pid();
   close(commands[0]);
   close(answers[1]);
 }
 
 void TestChromium::awaitWorker() {
   call("Target.setDiscoverTargets", {{"discover", true}});
-  awaitUntil([&] { return !target("service_worker", "").is_null(); });
-  const json found = target("service_worker", "").at("targetId");
-  workerSession_ = call("Target.attachToTarget", {{"targetId", found}, {"flatten", true}})["sessionId"];
+  // Other extensions have workers too.
+  json worker;
+  awaitUntil([&] {
+    worker = target("service_worker", [](const std::string& url) { return url.ends_with(workerFile); });
+    return !worker.is_null();
+  });
+  workerSession_ = call("Target.attachToTarget", {{"targetId", worker.at("targetId")}, {"flatten", true}})["sessionId"];
   call("Runtime.enable", json::object(), workerSession_);
   // The worker exists before its script has run, and before it may use the extension's interfaces.
   awaitUntil([&] { return isReady_; });
@@ -130,21 +142,23 @@ nlohmann::json TestChromium::run(const std::string& script) {
   return answer["result"].value("value", json());
 }
 
-nlohmann::json TestChromium::target(const std::string& type, const std::string& url) {
+nlohmann::json TestChromium::target(const std::string& type, const std::function<bool(const std::string&)>& hasURL) {
   const json targets = call("Target.getTargets")["targetInfos"];
-  const auto isWanted = [&](const json& target) {
-    return target["type"] == type && (url.empty() || target["url"] == url);
-  };
+  const auto isWanted = [&](const json& target) { return target["type"] == type && hasURL(target["url"]); };
   const auto found = std::ranges::find_if(targets, isWanted);
   return found != targets.end() ? *found : json();
 }
 
+nlohmann::json TestChromium::page(const std::string& url) {
+  return target("page", [&url](const std::string& its) { return its == url; });
+}
+
 bool TestChromium::hasPage(const std::string& url) {
-  return !target("page", url).is_null();
+  return !page(url).is_null();
 }
 
 void TestChromium::openDevTools(const std::string& url) {
-  call("Target.openDevTools", {{"targetId", target("page", url).at("targetId")}});
+  call("Target.openDevTools", {{"targetId", page(url).at("targetId")}});
 }
 
 void TestChromium::awaitUntil(const std::function<bool()>& condition) {
@@ -169,7 +183,7 @@ void TestChromium::awaitPage(const std::string& url) {
 
 void TestChromium::runInPage(const std::string& url, const std::string& script) {
   const json session =
-      call("Target.attachToTarget", {{"targetId", target("page", url).at("targetId")}, {"flatten", true}})["sessionId"];
+      call("Target.attachToTarget", {{"targetId", page(url).at("targetId")}, {"flatten", true}})["sessionId"];
   call("Runtime.evaluate", {{"expression", script}, {"userGesture", true}}, session);
   call("Target.detachFromTarget", {{"sessionId", session}});
 }
@@ -206,7 +220,9 @@ nlohmann::json TestChromium::nextMessage() {
       throw std::runtime_error(isAnswered ? "Chromium has ended" : "Chromium does not answer");
     received_.append(buffer.data(), static_cast<std::size_t>(count));
   }
-  json message = json::parse(received_.substr(0, end));
+  std::string text = received_.substr(0, end);
+  BrowserSessions::replaceLoneSurrogates(text);
+  json message = json::parse(text);
   received_.erase(0, end + 1);
   isReady_ = isReady_ || message.value("method", "") == "Runtime.consoleAPICalled";
   isChanged_ = isChanged_ || message.contains("method");

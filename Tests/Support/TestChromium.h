@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include <sys/types.h>
+
 #include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/TemporaryFolder.h"
 
@@ -19,9 +21,11 @@ class TestChromium {
  public:
   using json = nlohmann::json;
   using Options = std::vector<std::string>;
+  /// Whether it also has the extensions that packages have installed.
+  enum class InstalledExtensions { none, all };
 
   /// Starts it with its usual folder for user data, below XDG_CONFIG_HOME, and waits until it can be controlled.
-  explicit TestChromium(const Options& options = {});
+  explicit TestChromium(const Options& options = {}, InstalledExtensions installed = InstalledExtensions::none);
   TestChromium(const TestChromium&) = delete;
   TestChromium& operator=(const TestChromium&) = delete;
   ~TestChromium();
@@ -30,6 +34,8 @@ class TestChromium {
 
   /// Starts the program again, which passes its options on to the one that runs.
   static void ask(Options options);
+
+  [[nodiscard]] pid_t pid() const { return pid_; }
 
   /// Runs JavaScript in the extension and returns its value. Waits for it if it is a promise. Throws if the script
   /// does.
@@ -56,10 +62,11 @@ class TestChromium {
   void openDevTools(const std::string& url);
 
  private:
-  void start(const Options& options);
+  void start(const Options& options, const std::string& extensions);
   void awaitWorker();
   json call(const std::string& method, const json& parameters = json::object(), const std::string& session = "");
-  json target(const std::string& type, const std::string& url);
+  json target(const std::string& type, const std::function<bool(const std::string&)>& hasURL);
+  json page(const std::string& url);
   [[nodiscard]] bool hasMessageWithin(std::chrono::milliseconds time) const;
   json nextMessage();
 
@@ -68,6 +75,7 @@ class TestChromium {
   int answers_ = -1;
   std::optional<ChildProcess> process_;
   std::string received_;
+  pid_t pid_ = 0;
   std::string workerSession_;
   int calls_ = 0;
   bool isChanged_ = false;

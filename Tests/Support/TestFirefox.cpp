@@ -17,7 +17,8 @@ using std::filesystem::path;
 
 constexpr std::string_view portFile = "MarionetteActivePort";
 
-/// No pages except those that a test opens, no questions, and no connections to other machines.
+/// No extensions that packages have installed, no pages except those that a test opens, no questions, and no
+/// connections to other machines.
 constexpr std::string_view usualPreferences = R"({
   "app.normandy.enabled": false,
   "app.update.disabledForTesting": true,
@@ -30,6 +31,7 @@ constexpr std::string_view usualPreferences = R"({
   "browser.startup.page": 0,
   "browser.tabs.warnOnClose": false,
   "datareporting.policy.dataSubmissionEnabled": false,
+  "extensions.enabledScopes": 5,
   "extensions.update.enabled": false,
   "marionette.port": 0,
   "network.captive-portal-service.enabled": false,

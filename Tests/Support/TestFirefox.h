@@ -11,6 +11,10 @@
 
 namespace TestSupport {
 
+/// The preference by which a Firefox has the extensions that packages have installed.
+inline constexpr const char* enabledScopes = "extensions.enabledScopes";
+inline constexpr int allScopes = 15;
+
 /// A Firefox under remote control. It is set up to start fast, to ask nothing, and to reach only this machine.
 class TestFirefox {
  public:

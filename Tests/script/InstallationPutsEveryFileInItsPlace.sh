@@ -57,6 +57,7 @@ lib/deskloom/sdk/libBrowserApplications.a
 lib/deskloom/sdk/libBrowserSessions.a
 lib/deskloom/sdk/libChromiumDevTools.a
 lib/deskloom/sdk/libChromiumSessions.a
+lib/deskloom/sdk/libCompanionSessions.a
 lib/deskloom/sdk/libDeskloomApplication.a
 lib/deskloom/sdk/libDeskloomSDK.a
 lib/deskloom/sdk/libDeskloomSDKConfiguration.a
@@ -98,9 +99,21 @@ expect "$(files_in "$scratch/shell")" 'share/glib-2.0/schemas/00_com.quillary.Gl
 share/gnome-shell/extensions/gleanery@quillary.com/extension.js
 share/gnome-shell/extensions/gleanery@quillary.com/metadata.json'
 
-# By default, all three are installed.
+# The browsers' companion: the extension for each family, the program that it talks to, and what tells browsers of it.
+install_to "$scratch/browser" --component browser
+host=native-messaging-hosts/com.quillary.gleanery.tabs.json
+expect "$(files_in "$scratch/browser")" "etc/chromium/$host
+etc/opt/chrome/$host
+etc/opt/edge/$host
+lib/deskloom/gleanery-tabs
+lib/mozilla/$host
+share/chromium/extensions/gleanery/companion.js
+share/chromium/extensions/gleanery/manifest.json
+share/mozilla/extensions/{ec8030f7-c20a-464f-9b0e-13a3a9e97384}/gleanery@quillary.com.xpi"
+
+# By default, all four are installed.
 install_to "$scratch/all"
-expect "$(files_in "$scratch/all")" "$(for part in prefix sdk shell; do files_in "$scratch/$part"; done | LC_ALL=C sort)"
+expect "$(files_in "$scratch/all")" "$(for part in prefix sdk shell browser; do files_in "$scratch/$part"; done | LC_ALL=C sort)"
 
 # The host's entries are installed on request.
 install_to "$scratch/development" --component development

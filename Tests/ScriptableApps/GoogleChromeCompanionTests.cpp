@@ -1,0 +1,168 @@
+// "Google Chrome" with a real browser of the Chromium family that has the companion, compared with what the browser
+// itself reports at the same moment.
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "BrowserSessions/Companion/Companions.h"
+#include "Tests/ScriptableApps/GoogleChromeTest.h"
+#include "Tests/Support/BusNames.h"
+#include "Tests/Support/TestDesktop.h"
+
+namespace {
+
+using BrowserSessions::BrowserSession;
+using TestSupport::openIn;
+using TestSupport::TestChromium;
+using TestSupport::textOfScript;
+
+class ChromiumWithCompanion : public TestSupport::GoogleChromeTest {
+ protected:
+  ChromiumWithCompanion() {
+    introducePages(browser_);
+    awaitCompanions(1);
+  }
+
+  void awaitCompanions(std::size_t count) {
+    TestSupport::awaitOwners(BrowserSessions::companionNamePrefix(browser_.pid()), count);
+  }
+
+  /// Expects that what is read now equals what the browser reports now. Pages that are still loading may change between
+  /// the two, so the browser is asked before and after.
+  void expectReadNow(const View& view = std::identity()) {
+    BrowserSession before;
+    BrowserSession isRead;
+    BrowserSession isOpen = openIn(browser_);
+    do {
+      before = isOpen;
+      isRead = TestSupport::read();
+      isOpen = openIn(browser_);
+    } while (before != isOpen);
+    EXPECT_EQ(view(isRead), view(isOpen));
+  }
+
+  /// Waits until the browser itself reports a title.
+  void awaitTitle(const std::string& title) {
+    const std::string find = "chrome.tabs.query({title: '" + title + "'}).then(tabs => tabs.length)";
+    browser_.awaitUntil([&] { return browser_.run(find) == 1; });
+  }
+
+  TestChromium browser_{{}, TestChromium::InstalledExtensions::all};
+};
+
+TEST_F(ChromiumWithCompanion, ListsEachChangeAtOnce) {
+  openThreeWindows(browser_);
+  expectReadNow();
+  for (const char* name : {"m", "n", "o", "p", "q", "r", "s", "t", "u", "v", "w", "x", "y", "z", "1", "2", "3", "4"})
+    browser_.run("openTab(pages + '" + std::string(name) + "')");
+  expectReadNow();
+  follow(browser_, "a", "a2");
+  expectReadNow();
+  go(browser_, "a2", "goBack", "a");
+  expectReadNow();
+  for (const char* change :
+       {"tab('c').then(id => chrome.tabs.remove(id))", "tab('d').then(id => chrome.tabs.move(id, {index: 0}))",
+        "tab('i').then(id => chrome.tabs.update(id, {pinned: true}))",
+        "Promise.all([tab('f'), tab('h')]).then(tabIds => chrome.tabs.group({tabIds}))",
+        "Promise.all([tab('k'), windowOf('a')]).then(([id, windowId]) => chrome.tabs.move(id, {windowId, index: 1}))",
+        "tab('e').then(tabId => chrome.windows.create({tabId}))",
+        "tab('g').then(id => chrome.tabs.update(id, {active: true}))",
+        "windowOf('e').then(id => chrome.windows.remove(id))"}) {
+    browser_.run(change);
+    expectReadNow();
+  }
+}
+
+TEST_F(ChromiumWithCompanion, ListsTheTitlesThatScriptsSet) {
+  openWindow(browser_, {"a"});
+  awaitTitle("Page a");
+  browser_.runInPage(pages_.url("a"), "document.title = 'Größe | \\u{1F600} \\ud83d'");
+  awaitTitle("Größe | *");
+  EXPECT_THAT(textOfScript(TestSupport::listChromeTabs), testing::HasSubstr("Größe | 😀 \uFFFD"));
+}
+
+TEST_F(ChromiumWithCompanion, ListsTheWindowThatIsInFrontFirst) {
+  openThreeWindows(browser_);
+  for (const char* name : {"a", "f", "j"}) {
+    browser_.run("windowOf('" + std::string(name) + "').then(id => chrome.windows.update(id, {focused: true}))");
+    browser_.awaitUntil([&] {
+      return browser_.run("chrome.windows.getLastFocused().then(async w => w.id === await windowOf('" +
+                          std::string(name) + "'))") == true;
+    });
+    expectReadNow();
+  }
+}
+
+TEST_F(ChromiumWithCompanion, ListsNoOtherWindows) {
+  openThreeWindows(browser_);
+  openOtherWindows(browser_);
+  expectReadNow(sorted);
+  EXPECT_EQ(textOfScript(TestSupport::listChromeTabs).find(pages_.url("private")), std::string::npos);
+}
+
+TEST_F(ChromiumWithCompanion, IsInEachProfile) {
+  openWindow(browser_, {"first"});
+  TestChromium::ask({"--profile-directory=Profile 1", pages_.url("second")});
+  browser_.awaitPage(pages_.url("second"));
+  awaitCompanions(2);
+  const std::string tabs = textOfScript(TestSupport::listChromeTabs);
+  for (const char* name : {"first", "second"})
+    EXPECT_THAT(tabs, testing::HasSubstr("Page " + std::string(name) + '\n' + pages_.url(name) + '\n'));
+}
+
+TEST_F(ChromiumWithCompanion, IsReadWithoutTheBrowsersFiles) {
+  openWindow(browser_, {"a"});
+  std::filesystem::remove_all(TestChromium::userData() / "Default/Sessions");
+  expectReadNow();
+}
+
+// More than fits into one message of the extension.
+TEST_F(ChromiumWithCompanion, ListsTabsWithLongAddresses) {
+  for (int i = 0; i < 6; ++i)
+    browser_.run("openTab(pages + 'a#" + std::to_string(i) + "' + 'x'.repeat(60000))");
+  expectReadNow();
+  EXPECT_THAT(textOfScript(TestSupport::listChromeTabs), testing::HasSubstr("a#5xxx"));
+}
+
+TEST_F(ChromiumWithCompanion, LeavesOutTabsWhoseAddressesAreTooLong) {
+  browser_.run("openTab(pages + 'b#' + 'x'.repeat(1 << 20)).then(() => openTab(pages + 'c'))");
+  const std::string tabs = textOfScript(TestSupport::listChromeTabs);
+  EXPECT_THAT(tabs, testing::HasSubstr("Page c\n"));
+  EXPECT_THAT(tabs, testing::Not(testing::HasSubstr("Page b\n")));
+}
+
+TEST_F(ChromiumWithCompanion, StartsItsProgramAgainIfThatIsKilled) {
+  openWindow(browser_, {"a"});
+  const auto prefix = BrowserSessions::companionNamePrefix(browser_.pid());
+  const std::string name = TestSupport::awaitOwners(prefix, 1).front();
+  TestSupport::run({"kill", "-KILL", name.substr(name.rfind("Companion") + 9)});
+  TestSupport::awaitNoOwner(name);
+  awaitCompanions(1);
+  expectReadNow();
+}
+
+TEST_F(ChromiumWithCompanion, IsGoneWithTheBrowser) {
+  const auto prefix = BrowserSessions::companionNamePrefix(browser_.pid());
+  const std::string name = TestSupport::awaitOwners(prefix, 1).front();
+  TestSupport::run({"kill", "-KILL", std::to_string(browser_.pid())});
+  TestSupport::awaitNoOwner(name);
+  EXPECT_EQ(textOfScript(TestSupport::listChromeTabs), "-600: Google Chrome got an error: Application isn’t running.");
+}
+
+/// A Chromium that is started as a user does, by its own launcher alone.
+TEST(ChromiumLauncher, LoadsTheCompanion) {
+  const TestSupport::TemporaryFolder folder;
+  const TestSupport::EnvironmentVariable configuration("XDG_CONFIG_HOME", folder.path());
+  const TestSupport::PageServer pages;
+  TestSupport::ChildProcess browser(
+      {"chromium", "--no-sandbox", "--password-store=basic", "--no-first-run", "--disable-gpu", pages.url("a")},
+      {.captureErrors = true, .hasHelpers = true});
+  TestSupport::awaitOwners(BrowserSessions::companionInterface, 1);
+  EXPECT_TRUE(TestSupport::TestDesktop().waitForTitle("Page a - Chromium"));
+  EXPECT_EQ(textOfScript(TestSupport::listChromeTabs), "Page a\n" + pages.url("a") + '\n');
+}
+
+}  // namespace
