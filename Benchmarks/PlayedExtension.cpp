@@ -31,7 +31,8 @@ std::vector<std::string> tabsIn(const char* file) {
       continue;
     if (parts.back().size() > messageSize)
       parts.emplace_back();
-    parts.back() += (isActive ? "a\n" : "\n") + page["title"].get<std::string>() + '\n' + page["url"].get<std::string>() + '\n';
+    parts.back() +=
+        (isActive ? "a\n" : "\n") + page["title"].get<std::string>() + '\n' + page["url"].get<std::string>() + '\n';
     isActive = false;
   }
   for (std::string& part : parts)

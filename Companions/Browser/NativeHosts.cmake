@@ -7,21 +7,17 @@ set(_firefoxExtension "gleanery@quillary.com")
 
 # deskloom_write_native_hosts(TEMPLATE PREFIX CONFIGURATION STAGE)
 #
-# Writes the files by which browsers find PREFIX/lib/deskloom/gleanery-tabs: those of Chromium, Google Chrome and Microsoft Edge
-# to the folder CONFIGURATION, Firefox's to the PREFIX. With a STAGE that is not empty, they are written below it, to be moved
-# later. Sets native_hosts to the files, without the STAGE.
+# Writes the files by which browsers find PREFIX/lib/deskloom/gleanery-tabs: Chromium's to the folder CONFIGURATION, Firefox's to
+# the PREFIX. With a STAGE that is not empty, they are written below it, to be moved later. Sets native_hosts to the files, without
+# the STAGE.
 function(deskloom_write_native_hosts template prefix configuration stage)
   set(name "com.quillary.gleanery.tabs.json")
   string(REGEX REPLACE "([\"\\\\])" "\\\\\\1" program "${prefix}/lib/deskloom/gleanery-tabs")
-  set(files)
   set(allowed "\"allowed_origins\": [\"chrome-extension://${_chromiumExtension}/\"]")
-  foreach(browser chromium opt/chrome opt/edge)
-    set(file "${configuration}/${browser}/native-messaging-hosts/${name}")
-    configure_file("${template}" "${stage}${file}" @ONLY)
-    list(APPEND files "${file}")
-  endforeach()
+  set(chromium "${configuration}/chromium/native-messaging-hosts/${name}")
+  configure_file("${template}" "${stage}${chromium}" @ONLY)
   set(allowed "\"allowed_extensions\": [\"${_firefoxExtension}\"]")
-  set(file "${prefix}/lib/mozilla/native-messaging-hosts/${name}")
-  configure_file("${template}" "${stage}${file}" @ONLY)
-  set(native_hosts "${files}" "${file}" PARENT_SCOPE)
+  set(firefox "${prefix}/lib/mozilla/native-messaging-hosts/${name}")
+  configure_file("${template}" "${stage}${firefox}" @ONLY)
+  set(native_hosts "${chromium}" "${firefox}" PARENT_SCOPE)
 endfunction()

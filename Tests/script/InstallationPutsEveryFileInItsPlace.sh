@@ -18,6 +18,7 @@ share/applications/com.quillary.Gleanery.desktop
 share/applications/mimeinfo.cache
 share/dbus-1/services/com.quillary.Gleanery.service
 share/icons/hicolor/scalable/apps/com.quillary.Gleanery.svg
+share/man/man1/gleanery.1.gz
 share/metainfo/com.quillary.Gleanery.metainfo.xml"
 expect "$(readlink "$scratch/prefix/bin/gleanery")" "../$bundle/gleanery"
 expect "$(find "$scratch/prefix" -type f -executable -printf '%f\n' | LC_ALL=C sort)" gleanery
@@ -29,7 +30,6 @@ install_to "$scratch/sdk" --component sdk
 headers() { (cd "$1" && find DeskloomSDK Platform BrimlaceTextView -name '*.h' | LC_ALL=C sort); }
 expect "$(cd "$scratch/sdk/include/deskloom" && find . -type f -printf '%P\n' | LC_ALL=C sort)" "$(headers "$1")"
 expect "$(files_in "$scratch/sdk" | grep --invert-match '^include/deskloom/')" "bin/applescript
-bin/deskloom-host
 $package/DeskloomPlugin.cmake
 $package/DeskloomSDKConfig.cmake
 $package/DeskloomSDKConfigVersion.cmake
@@ -91,7 +91,13 @@ share/deskloom/locale/de/LC_MESSAGES/DeskloomSDK.mo
 share/deskloom/locale/es/LC_MESSAGES/DeskloomSDK.mo
 share/deskloom/locale/fr/LC_MESSAGES/DeskloomSDK.mo
 share/deskloom/locale/ja/LC_MESSAGES/DeskloomSDK.mo
-share/deskloom/locale/zh_CN/LC_MESSAGES/DeskloomSDK.mo"
+share/deskloom/locale/zh_CN/LC_MESSAGES/DeskloomSDK.mo
+share/man/man1/applescript.1.gz"
+
+# The host for development.
+install_to "$scratch/host" --component host
+expect "$(files_in "$scratch/host")" 'bin/deskloom-host
+share/man/man1/deskloom-host.1.gz'
 
 # The extension of GNOME Shell, and the setting that enables it.
 install_to "$scratch/shell" --component gnome-shell
@@ -103,17 +109,15 @@ share/gnome-shell/extensions/gleanery@quillary.com/metadata.json'
 install_to "$scratch/browser" --component browser
 host=native-messaging-hosts/com.quillary.gleanery.tabs.json
 expect "$(files_in "$scratch/browser")" "etc/chromium/$host
-etc/opt/chrome/$host
-etc/opt/edge/$host
 lib/deskloom/gleanery-tabs
 lib/mozilla/$host
 share/chromium/extensions/gleanery/companion.js
 share/chromium/extensions/gleanery/manifest.json
 share/mozilla/extensions/{ec8030f7-c20a-464f-9b0e-13a3a9e97384}/gleanery@quillary.com.xpi"
 
-# By default, all four are installed.
+# By default, all five are installed.
 install_to "$scratch/all"
-expect "$(files_in "$scratch/all")" "$(for part in prefix sdk shell browser; do files_in "$scratch/$part"; done | LC_ALL=C sort)"
+expect "$(files_in "$scratch/all")" "$(for part in prefix sdk host shell browser; do files_in "$scratch/$part"; done | LC_ALL=C sort)"
 
 # The host's entries are installed on request.
 install_to "$scratch/development" --component development

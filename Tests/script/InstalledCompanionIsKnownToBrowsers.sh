@@ -6,7 +6,7 @@ stage=$scratch/stage
 
 # Browsers read the system's configuration in /etc, also for what a package has installed to /usr.
 DESTDIR=$stage install_to /usr --component browser
-for file in "etc/chromium/$host" "etc/opt/chrome/$host" "etc/opt/edge/$host" "usr/lib/mozilla/$host"; do
+for file in "etc/chromium/$host" "usr/lib/mozilla/$host"; do
   grep --quiet --fixed-strings '"path": "/usr/lib/deskloom/gleanery-tabs"' "$stage/$file" || fail "$file names another program"
   python3 -m json.tool "$stage/$file" >/dev/null || fail "$file is no JSON"
 done

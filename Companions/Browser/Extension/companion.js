@@ -45,8 +45,9 @@ async function lastFocused() {
 
 // The windows, the one that was used last first.
 async function openWindows() {
-    const windows = await api.windows.getAll({populate: true, windowTypes: ['normal', 'popup']});
-    const order = [await lastFocused(), ...used];
+    const all = {populate: true, windowTypes: ['normal', 'popup']};
+    const [windows, last] = await Promise.all([api.windows.getAll(all), lastFocused()]);
+    const order = [last, ...used];
     const place = window => order.includes(window.id) ? order.indexOf(window.id) : order.length;
     return windows.filter(window => !window.incognito).sort((a, b) => place(a) - place(b) || a.id - b.id);
 }
