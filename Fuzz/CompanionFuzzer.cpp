@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -32,9 +33,10 @@ std::vector<std::string> messagesIn(std::string_view bytes, std::size_t pieceSiz
         messages.push_back(next.error());
       if (!next)
         return messages;
-      if (!*next)
+      std::optional<std::string>& complete = *next;
+      if (!complete)
         break;
-      messages.push_back(std::move(**next));
+      messages.push_back(std::move(*complete));
     }
   }
   return messages;

@@ -5,6 +5,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/sdk.bash"
 
 # The installed package can be moved, to a folder whose name needs quoting.
 install_to "$scratch/sdk" --component sdk
+install_to "$scratch/sdk" --component host
 mv "$scratch/sdk" "$scratch/a sdk"
 make_project "$scratch/project"
 {

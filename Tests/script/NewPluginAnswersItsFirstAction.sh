@@ -4,6 +4,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/installation.bash"
 
 sdk="$scratch/an sdk"
 install_to "$sdk" --component sdk
+install_to "$sdk" --component host
 install_to "$scratch/development" --component development
 # The program needs the archives' compiler options, such as a sanitizer.
 CXXFLAGS=$(sed -n 's/^CMAKE_CXX_FLAGS:STRING=//p' "$build/CMakeCache.txt")

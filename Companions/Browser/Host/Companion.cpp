@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cerrno>
+#include <optional>
 #include <utility>
 #include <variant>
 
@@ -83,8 +84,8 @@ std::expected<std::unique_ptr<Companion>, std::string> Companion::create(const D
   return companion;
 }
 
-Companion::Companion(const DesktopSupport::SessionBus& bus, Port port)
-    : bus_(bus), port_(std::move(port)), loop_(g_main_loop_new(nullptr, /*is_running=*/FALSE)) {
+Companion::Companion(DesktopSupport::SessionBus bus, Port port)
+    : bus_(std::move(bus)), port_(std::move(port)), loop_(g_main_loop_new(nullptr, /*is_running=*/FALSE)) {
   static constexpr GDBusInterfaceVTable table = {&Companion::called, nullptr, nullptr, {}};
   const NodeInfoHandle node(g_dbus_node_info_new_for_xml(BrowserSessions::companionIntrospection, nullptr));
   registration_ = g_dbus_connection_register_object(bus_.connection(), BrowserSessions::companionPath,
@@ -138,7 +139,7 @@ void Companion::ask(std::int64_t number) {
 }
 
 void Companion::readPort() {
-  std::array<char, 1 << 16> bytes;
+  std::array<char, 1 << 16> bytes = {};
   const ssize_t count = read(port_.input, bytes.data(), bytes.size());
   if (count < 0 && (errno == EINTR || errno == EAGAIN))
     return;
@@ -149,9 +150,10 @@ void Companion::readPort() {
     auto message = reader_.next();
     if (!message)
       return end(std::unexpected(std::move(message.error())));
-    if (!*message)
+    std::optional<std::string>& complete = *message;
+    if (!complete)
       return;
-    receive(std::move(**message));
+    receive(std::move(*complete));
   }
 }
 

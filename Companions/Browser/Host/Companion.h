@@ -53,7 +53,7 @@ class Companion {
   struct Request;
   using Requests = std::map<std::int64_t, std::unique_ptr<Request>>;
 
-  Companion(const DesktopSupport::SessionBus& bus, Port port);
+  Companion(DesktopSupport::SessionBus bus, Port port);
   void add(DesktopSupport::ObjectHandle<GDBusMethodInvocation> invocation);
   void ask(std::int64_t number);
   void readPort();
