@@ -112,13 +112,18 @@ TEST_F(Companion, AsksTheExtensionForEachCaller) {
               ElementsAre(testing::Field(&CompanionWindow::tabs, tab("New", "n") + tab("Newer", "n"))));
 }
 
-TEST_F(Companion, WaitsForTheGreeting) {
-  auto call = list(extension_);
+TEST_F(Companion, AsksOnceAfterTheGreeting) {
   const auto bus = SessionBus::connect().value();
+  g_dbus_connection_call(bus.connection(), extension_.name().c_str(), BrowserSessions::companionPath,
+                         BrowserSessions::companionInterface, "List", nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
+                         nullptr, nullptr, nullptr);
+  // When this is answered, the call has arrived.
+  EXPECT_TRUE(
+      bus.call({extension_.name(), "/", "org.freedesktop.DBus.Peer", "Ping"}, nullptr, nullptr, TestSupport::patience));
   extension_.send(greeting);
-  const json request = extension_.receive();
-  extension_.send(answer(request, {}));
-  EXPECT_EQ(told(call).windows, std::vector<CompanionWindow>());
+  extension_.send(answer(extension_.receive(), {}));
+  extension_.close();
+  EXPECT_EQ(extension_.receive(), json());
 }
 
 TEST_F(Companion, SaysWhatTheBrowserCouldNotDo) {

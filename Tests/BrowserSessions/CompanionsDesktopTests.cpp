@@ -181,6 +181,16 @@ TEST_F(ChromiumCompanions, ArePassedOverIfTheyCannotAnswer) {
   EXPECT_THAT(reading.problems, ElementsAre(testing::StartsWith("The browser's companion does not list the tabs: ")));
 }
 
+TEST_F(ChromiumCompanions, SayWhyOneOfThemCannotAnswer) {
+  twoProfiles();
+  const FakeCompanion first(1, window(1, "now"));
+  FakeCompanion second(2);
+  second.refuse("List");
+  const auto reading = read();
+  EXPECT_THAT(reading.session, ElementsAre(windowWith("now"), windowWith("second")));
+  EXPECT_THAT(reading.problems, ElementsAre(testing::StartsWith("The browser's companion does not list the tabs: ")));
+}
+
 TEST_F(ChromiumCompanions, GiveUntitledPagesTheBrowsersNameForThem) {
   const FakeCompanion companion(1, "(1, 'normal', false, 'a\\n\\nhttp://a.b/c\\n')");
   EXPECT_THAT(read().session, ElementsAre(BrowserWindow{{{"a.b/c", "http://a.b/c"}}, 0}));
