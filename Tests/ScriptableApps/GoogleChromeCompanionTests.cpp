@@ -11,6 +11,7 @@
 #include "BrowserSessions/Companion/Companions.h"
 #include "Tests/ScriptableApps/GoogleChromeTest.h"
 #include "Tests/Support/BusNames.h"
+#include "Tests/Support/SilentServer.h"
 #include "Tests/Support/TestDesktop.h"
 
 namespace {
@@ -138,6 +139,17 @@ TEST_F(ChromiumWithCompanion, LeavesOutTabsWhoseAddressesAreTooLong) {
   const std::string tabs = textOfScript(TestSupport::listChromeTabs);
   EXPECT_THAT(tabs, testing::HasSubstr("Page c\n"));
   EXPECT_THAT(tabs, testing::Not(testing::HasSubstr("Page b\n")));
+  // Only as much of the address travels as shows that it is too long.
+  const auto reading = BrowserSessions::askCompanions(browser_.pid());
+  ASSERT_EQ(reading.answers.size(), 1U);
+  for (const auto& window : reading.answers[0].windows)
+    EXPECT_LT(window.tabs.size(), 100'000U);
+}
+
+TEST_F(ChromiumWithCompanion, ListsTheAddressOfAPageThatIsBeingLoaded) {
+  const TestSupport::SilentServer server;
+  browser_.run("chrome.tabs.create({url: 'http://" + server.address() + "/slow', active: false})");
+  EXPECT_THAT(textOfScript(TestSupport::listChromeTabs), testing::HasSubstr("http://" + server.address() + "/slow\n"));
 }
 
 TEST_F(ChromiumWithCompanion, StartsItsProgramAgainIfThatIsKilled) {

@@ -22,9 +22,9 @@ let used = [];
 let port = null;
 let delay = firstDelay;
 
-// A surrogate without its partner can't be sent to other programs, and each text is one line.
+// As one line.
 function text(given, longest) {
-    return (given ?? '').slice(0, longest).replace(/\p{Surrogate}/gu, '\ufffd').replace(/[\0-\x1f]/g, ' ');
+    return (given ?? '').slice(0, longest).replace(/[\0-\x1f]/g, ' ');
 }
 
 // A tab as three lines: letters for what it is, its title, its address. One text for all tabs of a window costs everybody much
