@@ -51,12 +51,6 @@ std::string_view takeLine(std::string_view& text) {
   return line;
 }
 
-bool isWhole(const CompanionWindow& window) {
-  constexpr std::ptrdiff_t linesOfATab = 3;
-  return std::ranges::count(window.tabs, '\n') % linesOfATab == 0 &&
-         (window.tabs.empty() || window.tabs.ends_with('\n'));
-}
-
 // The number that the replies of all versions begin with.
 std::optional<guint32> versionOf(GVariant* reply) {
   if (g_variant_is_of_type(reply, G_VARIANT_TYPE_TUPLE) == FALSE || g_variant_n_children(reply) == 0)
@@ -115,9 +109,15 @@ std::expected<CompanionAnswer, std::string> companionAnswerIn(GVariant* reply) {
   g_variant_lookup(facts.get(), "process", "u", &answer.browser);
   const VariantHandle windows(g_variant_get_child_value(reply, 2));
   answer.windows = windowsIn(windows.get());
-  if (!std::ranges::all_of(answer.windows, isWhole))
+  if (!std::ranges::all_of(answer.windows, hasWholeTabs))
     return std::unexpected(malformed);
   return answer;
+}
+
+bool hasWholeTabs(const CompanionWindow& window) {
+  constexpr std::ptrdiff_t linesOfATab = 3;
+  return std::ranges::count(window.tabs, '\n') % linesOfATab == 0 &&
+         (window.tabs.empty() || window.tabs.ends_with('\n'));
 }
 
 std::vector<CompanionTab> tabsOf(const CompanionWindow& window) {

@@ -68,6 +68,9 @@ struct CompanionAnswer {
   bool operator==(const CompanionAnswer&) const = default;
 };
 
+/// Whether the text of a window has all lines of its tabs.
+bool hasWholeTabs(const CompanionWindow& window);
+
 /// The tabs in the text of a window.
 std::vector<CompanionTab> tabsOf(const CompanionWindow& window);
 
@@ -76,7 +79,7 @@ std::vector<CompanionTab> tabsOf(const CompanionWindow& window);
 GVariant* variantFrom(const CompanionAnswer& answer);
 
 /// Reads the reply to List, of any type. Fails with a sentence if the companion has another version or the reply is
-/// malformed.
+/// malformed, also in the text of a window.
 std::expected<CompanionAnswer, std::string> companionAnswerIn(GVariant* reply);
 
 }  // namespace BrowserSessions

@@ -63,7 +63,9 @@ TEST(ExtensionMessage, IsRefusedIfAWindowInItIsMalformed) {
         R"({"id": 7, "type": "normal", "focused": true, "tabs": []})",
         R"({"id": "7", "type": "normal", "focused": true, "tabs": ""})",
         R"({"id": 7, "type": null, "focused": true, "tabs": ""})",
-        R"({"id": 7, "type": "normal", "focused": 1, "tabs": ""})"})
+        R"({"id": 7, "type": "normal", "focused": 1, "tabs": ""})",
+        R"({"id": 7, "type": "normal", "focused": true, "tabs": "a\nA\n"})",
+        R"({"id": 7, "type": "normal", "focused": true, "tabs": "a\nA\na\nb"})"})
     EXPECT_FALSE(extensionMessage(with(window))) << window;
 }
 

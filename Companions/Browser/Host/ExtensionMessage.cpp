@@ -48,7 +48,8 @@ bool take(json& value, std::int64_t& taken) {
 std::optional<CompanionWindow> windowFrom(json& object) {
   CompanionWindow window;
   const bool isSound = take(valueOf(object, "id"), window.number) && take(valueOf(object, "type"), window.type) &&
-                       take(valueOf(object, "focused"), window.isFocused) && take(valueOf(object, "tabs"), window.tabs);
+                       take(valueOf(object, "focused"), window.isFocused) &&
+                       take(valueOf(object, "tabs"), window.tabs) && BrowserSessions::hasWholeTabs(window);
   return isSound ? std::optional(std::move(window)) : std::nullopt;
 }
 
