@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <optional>
 #include <string_view>
 #include <utility>
 
+#include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
@@ -51,16 +51,6 @@ std::string_view takeLine(std::string_view& text) {
   return line;
 }
 
-// The number that the replies of all versions begin with.
-std::optional<guint32> versionOf(GVariant* reply) {
-  if (g_variant_is_of_type(reply, G_VARIANT_TYPE_TUPLE) == FALSE || g_variant_n_children(reply) == 0)
-    return std::nullopt;
-  const VariantHandle version(g_variant_get_child_value(reply, 0));
-  return g_variant_is_of_type(version.get(), G_VARIANT_TYPE_UINT32) != FALSE
-             ? std::optional(g_variant_get_uint32(version.get()))
-             : std::nullopt;
-}
-
 }  // namespace
 
 const char* const companionIntrospection = R"XML(
@@ -95,7 +85,7 @@ GVariant* variantFrom(const CompanionAnswer& answer) {
 }
 
 std::expected<CompanionAnswer, std::string> companionAnswerIn(GVariant* reply) {
-  if (const auto version = versionOf(reply); version && *version != companionVersion)
+  if (const auto version = DesktopSupport::leadingNumber(reply); version && *version != companionVersion)
     return std::unexpected("The browser runs version " + std::to_string(*version) +
                            " of the companion, which does not go with this program. After an update, start the "
                            "browser again.");

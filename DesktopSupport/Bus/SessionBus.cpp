@@ -181,6 +181,15 @@ std::vector<BusAnswer> SessionBus::callAll(const std::vector<BusCall>& calls, st
   return answers;
 }
 
+std::optional<std::uint32_t> leadingNumber(GVariant* reply) {
+  if (g_variant_is_of_type(reply, G_VARIANT_TYPE_TUPLE) == FALSE || g_variant_n_children(reply) == 0)
+    return std::nullopt;
+  const VariantHandle number(g_variant_get_child_value(reply, 0));
+  return g_variant_is_of_type(number.get(), G_VARIANT_TYPE_UINT32) != FALSE
+             ? std::optional(g_variant_get_uint32(number.get()))
+             : std::nullopt;
+}
+
 std::expected<VariantHandle, BusError> busString(const std::string& text) {
   if (!isUTF8(text))
     return std::unexpected(

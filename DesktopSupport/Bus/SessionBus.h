@@ -1,7 +1,9 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <expected>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -100,6 +102,10 @@ class SessionBus {
 
   ObjectHandle<GDBusConnection> connection_;
 };
+
+/// The number that a reply begins with, of whatever type the rest is: the replies of our own programs begin with the
+/// version of their form. `nullopt` if the reply is not a tuple that begins with one of 32 bits without a sign.
+std::optional<std::uint32_t> leadingNumber(GVariant* reply);
 
 /// The text as a D-Bus string. Fails with `invalidArguments` if it holds a NUL or is not UTF-8.
 std::expected<VariantHandle, BusError> busString(const std::string& text);

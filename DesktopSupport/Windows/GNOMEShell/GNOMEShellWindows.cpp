@@ -112,21 +112,11 @@ Window windowFrom(Properties& properties, WindowID id) {
           .isHidden = properties.flag("minimized")};
 }
 
-// The number that every version of the extension begins its answer with.
-std::optional<guint32> versionOf(GVariant* answer) {
-  if (g_variant_is_of_type(answer, G_VARIANT_TYPE_TUPLE) == FALSE || g_variant_n_children(answer) == 0)
-    return std::nullopt;
-  const VariantHandle version(g_variant_get_child_value(answer, 0));
-  return g_variant_is_of_type(version.get(), G_VARIANT_TYPE_UINT32) != FALSE
-             ? std::optional(g_variant_get_uint32(version.get()))
-             : std::nullopt;
-}
-
 // Why the windows cannot be read, or `nullopt`.
 std::optional<DesktopError> problemWith(GVariant* answer) {
   if (g_variant_get_size(answer) > longestAnswer)
     return DesktopError{"GNOME Shell's list of windows is too long."};
-  const auto version = versionOf(answer);
+  const auto version = leadingNumber(answer);
   if (version && version != knownVersion)
     return DesktopError{
         "GNOME Shell runs version " + std::to_string(*version) +
