@@ -31,7 +31,9 @@ class ExtensionEnd {
     process_.reset(g_subprocess_newv(texts.data(), flags, nullptr));
     if (!process_)
       throw std::runtime_error("gleanery-tabs cannot be started");
-    pid_ = DesktopSupport::parseNumber<pid_t>(g_subprocess_get_identifier(process_.get())).value();
+    // A program that has ended already has none.
+    if (const char* const identifier = g_subprocess_get_identifier(process_.get()))
+      pid_ = DesktopSupport::parseNumber<pid_t>(identifier).value();
   }
   ExtensionEnd(const ExtensionEnd&) = delete;
   ExtensionEnd& operator=(const ExtensionEnd&) = delete;
