@@ -1,6 +1,7 @@
 #include "Platform/Text/URL.h"
 
 #include <algorithm>
+#include <array>
 #include <system_error>
 #include <utility>
 
@@ -32,6 +33,46 @@ class ParsedText {
   bool valid_;
 };
 
+/// For each byte whether the path, query and fragment may contain it; an escape begins with '%'.
+constexpr auto allowedAfterAuthority = [] {
+  std::array<bool, 256> allowed{};
+  for (const char character : std::string_view("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
+                                               "-._~!$&'()*+,;=:@/?"))
+    allowed[static_cast<unsigned char>(character)] = true;
+  return allowed;
+}();
+
+bool isEscape(std::string_view text) {
+  constexpr std::string_view hexDigits = "0123456789ABCDEFabcdef";
+  return text.size() >= 3 && text[0] == '%' && hexDigits.contains(text[1]) && hexDigits.contains(text[2]);
+}
+
+/// Whether the text is a path that begins with a slash or is empty, and a query and fragment if it has them.
+bool isWellFormedAfterAuthority(std::string_view text) {
+  const auto isAllowed = [](char character) { return allowedAfterAuthority[static_cast<unsigned char>(character)]; };
+  bool isInFragment = false;
+  for (;;) {
+    const auto* const other = std::ranges::find_if_not(text, isAllowed);
+    if (other == text.end())
+      return true;
+    text = {other, text.end()};
+    const bool beginsFragment = text.front() == '#' && !isInFragment;
+    if (!beginsFragment && !isEscape(text))
+      return false;
+    isInFragment = isInFragment || beginsFragment;
+    text.remove_prefix(1);
+  }
+}
+
+/// Where the authority ends, for a text that has one.
+std::optional<std::size_t> authorityEnd(std::string_view text) {
+  const std::size_t colon = text.find_first_of(":/?#");
+  const std::size_t start = colon < text.size() && text[colon] == ':' ? colon + 1 : 0;
+  if (!text.substr(start).starts_with("//"))
+    return std::nullopt;
+  return std::min(text.find_first_of("/?#", start + 2), text.size());
+}
+
 std::size_t length(const UriTextRangeA& range) {
   return range.first == nullptr ? 0 : static_cast<std::size_t>(range.afterLast - range.first);
 }
@@ -55,10 +96,15 @@ URL::URL(std::string text, Range host, Range path, std::size_t schemeLength)
 std::optional<URL> URL::parse(std::string text) {
   if (text.empty())
     return std::nullopt;
+  // Most of a text is after the authority, where the library takes twenty times as long to look at each character.
+  const std::optional<std::size_t> authority = authorityEnd(text);
+  const std::string_view beginning = std::string_view(text).substr(0, authority.value_or(text.size()));
+  if (!isWellFormedAfterAuthority(std::string_view(text).substr(beginning.size())))
+    return std::nullopt;
   std::size_t schemeLength = 0;
   Range host;
   {
-    const ParsedText parsed(text);
+    const ParsedText parsed(beginning);
     if (!parsed.isValid())
       return std::nullopt;
     const UriUriA& uri = parsed.uri();
@@ -66,11 +112,7 @@ std::optional<URL> URL::parse(std::string text) {
     if (uri.hostText.first != nullptr)
       host = {static_cast<std::size_t>(uri.hostText.first - text.data()), length(uri.hostText)};
   }
-
-  // In a well-formed text, the authority after "//" ends at the path, and the path ends at the query or the fragment.
-  std::size_t pathStart = schemeLength == 0 ? 0 : schemeLength + 1;
-  if (std::string_view(text).substr(pathStart).starts_with("//"))
-    pathStart = std::min(text.find_first_of("/?#", pathStart + 2), text.size());
+  const std::size_t pathStart = authority.value_or(schemeLength == 0 ? 0 : schemeLength + 1);
   const std::size_t pathEnd = std::min({text.find('?', pathStart), text.find('#', pathStart), text.size()});
   return URL(std::move(text), host, {pathStart, pathEnd - pathStart}, schemeLength);
 }

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <string_view>
+#include <cstdint>
+#include <cstring>
 
 namespace Platform {
 
@@ -50,9 +51,18 @@ std::size_t sequenceLength(std::string_view bytes) {
 }
 
 std::string_view withoutLeadingASCII(std::string_view bytes) {
+  std::uint64_t word = 0;
+  while (bytes.size() >= sizeof word) {
+    std::memcpy(&word, bytes.data(), sizeof word);
+    if ((word & 0x8080808080808080U) != 0)
+      break;
+    bytes.remove_prefix(sizeof word);
+  }
   const auto* const end = std::ranges::find_if_not(bytes, [](char byte) { return isBetween(byte, 0x00, 0x7F); });
   return {end, bytes.end()};
 }
+
+}  // namespace
 
 bool isUTF8(std::string_view bytes) {
   for (bytes = withoutLeadingASCII(bytes); !bytes.empty(); bytes = withoutLeadingASCII(bytes)) {
@@ -63,8 +73,6 @@ bool isUTF8(std::string_view bytes) {
   }
   return true;
 }
-
-}  // namespace
 
 std::optional<std::string> utf8Bytes(std::string text) {
   if (!isUTF8(text))

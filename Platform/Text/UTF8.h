@@ -2,8 +2,12 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace Platform {
+
+/// Whether the bytes are valid UTF-8.
+bool isUTF8(std::string_view bytes);
 
 /// The UTF-8 bytes of a text, without lossy conversion (dataUsingEncoding:); `nullopt` if any part of the text is not
 /// Unicode.

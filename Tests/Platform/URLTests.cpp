@@ -103,6 +103,25 @@ TEST(URL, RefusesWhatIsNotWellFormed) {
   EXPECT_FALSE(URL::parse(std::string("http://h/a\0b", 12)));
 }
 
+// What follows an authority is read in another way than what follows a scheme.
+TEST(URL, AllowsTheSameCharactersWithAnAuthorityAsWithout) {
+  for (int byte = 0; byte <= 0xFF; ++byte)
+    for (const std::string_view before : {"/", "/a", "/?", "?", "?a", "#", "/#a", "?#", "/%", "/%4", "?%", "#%", "#%f"})
+      for (const std::string_view after : {"", "0", "#", "0#", "/?@:"}) {
+        const std::string rest = std::string(before) + static_cast<char>(byte) + std::string(after);
+        EXPECT_EQ(URL::parse("x://h" + rest).has_value(), URL::parse("x:" + rest).has_value()) << rest;
+      }
+}
+
+TEST(URL, TellsAnAuthorityFromAPath) {
+  EXPECT_THAT(components("x://h"), IsEmpty());
+  EXPECT_THAT(components("//h/a"), ElementsAre("/", "a"));
+  EXPECT_EQ(URL::parse("//h/a")->host(), "h");
+  EXPECT_THAT(components("a//b:c"), ElementsAre("a", "b:c"));
+  EXPECT_THAT(components("a/b://c/d"), ElementsAre("a", "b:", "c", "d"));
+  EXPECT_FALSE(URL::parse("x:a//b|"));
+}
+
 TEST(URL, TakesAMegabyte) {
   const std::string text = "x://h/" + std::string(1 << 20, 'a');
   EXPECT_EQ(URL::parse(text)->pathComponents()[1].size(), 1U << 20);

@@ -21,3 +21,14 @@ TEST(UTF8, RefusesWhatIsNoUnicode) {
     EXPECT_EQ(stringFromUTF8(bytes), std::nullopt);
   }
 }
+
+TEST(UTF8, RefusesAByteThatIsNoUnicodeAnywhereInALongText) {
+  for (std::size_t place = 0; place < 40; ++place) {
+    std::string text(40, 'a');
+    EXPECT_TRUE(Platform::isUTF8(text));
+    text[place] = '\x80';
+    EXPECT_FALSE(Platform::isUTF8(text)) << place;
+    text.replace(place, 1, "é");
+    EXPECT_TRUE(Platform::isUTF8(text)) << place;
+  }
+}
