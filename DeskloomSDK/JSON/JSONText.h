@@ -31,8 +31,8 @@ struct EncodingError {
   std::string reason;
 };
 
-/// Appends finished JSON text with every '/' written as "\/". In JSON text, a '/' is always inside a string.
-void appendEscapingSlashes(std::string& output, std::string_view text);
+/// Appends the text as a JSON string, every '/' written as "\/". Fails if it is not valid UTF-8.
+std::expected<void, EncodingError> appendString(std::string& output, std::string_view text);
 
 /// The value as compact JSON text, UTF-8, every '/' written as "\/". Fails if a string is not valid UTF-8 or a number
 /// is not finite.

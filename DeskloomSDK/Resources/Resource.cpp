@@ -86,6 +86,20 @@ void encodeObject(JSON& object, const Resource& resource) {
   object[stringValue(url)] = resource.url().absoluteString();
 }
 
+std::expected<void, EncodingError> append(std::string& text, const Resource& resource) {
+  const std::array<std::string_view, stringValues.size()> values = {rawValue(resource.type()), resource.name(),
+                                                                    resource.url().absoluteString()};
+  char separator = '{';
+  for (std::size_t index = 0; index < values.size(); ++index) {
+    text.append({separator, '"'}).append(stringValues[index]).append("\":");
+    if (auto appended = appendString(text, values[index]); !appended)
+      return appended;
+    separator = ',';
+  }
+  text += '}';
+  return {};
+}
+
 /// The approximate length of the text: exact if nothing needs an escape but the slashes of web addresses.
 std::size_t estimatedLength(const std::vector<Resource>& resources) {
   constexpr std::size_t punctuation = std::string_view(R"({"type":"application","name":"","url":"\/\/\/\/"},)").size();
@@ -131,14 +145,11 @@ std::expected<std::string, EncodingError> encodeResources(const std::vector<Reso
   std::string text;
   text.reserve(estimatedLength(resources));
   text += '[';
-  try {
-    for (const Resource& resource : resources) {
-      if (text.size() > 1)
-        text += ',';
-      appendEscapingSlashes(text, ordered_json(resource).dump());
-    }
-  } catch (const json::exception& failure) {
-    return std::unexpected(EncodingError{failure.what()});
+  for (const Resource& resource : resources) {
+    if (text.size() > 1)
+      text += ',';
+    if (auto appended = append(text, resource); !appended)
+      return std::unexpected(std::move(appended.error()));
   }
   text += ']';
   return text;

@@ -6,6 +6,7 @@
 
 #include "DeskloomSDK/JSON/JSONText.h"
 
+using DeskloomSDK::appendString;
 using DeskloomSDK::decodeJSON;
 using DeskloomSDK::encodeJSON;
 using nlohmann::json;
@@ -23,6 +24,24 @@ TEST(JSONText, IsCompactAndEscapesSlashes) {
 
 TEST(JSONText, HasNoControlCharacters) {
   EXPECT_EQ(encodeJSON(std::string("\0\n\x1f", 3)), R"("\u0000\n\u001f")");
+}
+
+TEST(JSONText, HasEachCharacterOfAStringAsJSONWantsIt) {
+  for (int byte = 0; byte < 0x80; ++byte)
+    for (const std::string_view rest : {"", "a", "é/", "\n"}) {
+      const std::string string = "a/" + std::string(1, static_cast<char>(byte)) + std::string(rest);
+      std::string text = "[";
+      EXPECT_TRUE(appendString(text, string));
+      EXPECT_EQ(text + "]", encodeJSON(json::array({string})));
+      EXPECT_EQ(decodeJSON(text + "]"), json::array({string}));
+    }
+}
+
+TEST(JSONText, IsNotMadeOfAStringThatIsNotUTF8) {
+  for (const std::string_view string : {"\xFF", "a\xC3", "\n\xED\xA0\x80", "plain until the end\x80"}) {
+    std::string text;
+    EXPECT_FALSE(appendString(text, string));
+  }
 }
 
 TEST(JSONText, IsNotMadeOfWhatJSONCannotSay) {
