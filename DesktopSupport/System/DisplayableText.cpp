@@ -22,6 +22,11 @@ std::string_view takePlain(std::string_view& text) {
   return plain;
 }
 
+bool isPlain(std::string_view text) {
+  takePlain(text);
+  return text.empty();
+}
+
 // Removes the first character of a text in valid UTF-8, and returns it. CR LF counts as one.
 std::string_view takeCharacter(std::string_view& text) {
   const std::size_t length = static_cast<unsigned char>(g_utf8_skip[static_cast<unsigned char>(text.front())]);
@@ -59,6 +64,8 @@ std::string validWithoutNUL(std::string_view text) {
 }  // namespace
 
 std::string displayable(std::string_view text) {
+  if (isPlain(text))
+    return std::string(text);
   const std::string valid = validWithoutNUL(text);
   std::string_view rest = valid;
   std::string line;
@@ -73,6 +80,8 @@ bool isDisplayable(std::string_view text) {
 }
 
 std::string printable(std::string_view text) {
+  if (isPlain(text))
+    return std::string(text);
   const std::string line = displayable(text);
   std::string_view rest = line;
   std::string shown;

@@ -1,10 +1,31 @@
 #include "DesktopSupport/System/Text.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 #include "DesktopSupport/System/GLibHandles.h"
 
 namespace DesktopSupport {
+
+namespace {
+
+// The text without the words of eight bytes at its beginning that are ASCII and have no NUL.
+std::string_view withoutLeadingASCII(std::string_view text) {
+  constexpr std::uint64_t ones = 0x0101010101010101;
+  constexpr std::uint64_t highBits = 0x8080808080808080;
+  std::uint64_t word = 0;
+  while (text.size() >= sizeof word) {
+    std::memcpy(&word, text.data(), sizeof word);
+    // Taking one from each byte sets the high bit of a NUL.
+    if (((word | (word - ones)) & highBits) != 0)
+      break;
+    text.remove_prefix(sizeof word);
+  }
+  return text;
+}
+
+}  // namespace
 
 std::vector<std::string_view> separated(std::string_view list, char separator) {
   std::vector<std::string_view> parts;
@@ -18,6 +39,8 @@ std::vector<std::string_view> separated(std::string_view list, char separator) {
 }
 
 bool isUTF8(std::string_view text) {
+  // Long texts are mostly ASCII, which GLib looks at byte by byte.
+  text = withoutLeadingASCII(text);
   return text.empty() || g_utf8_validate_len(text.data(), text.size(), nullptr) != FALSE;
 }
 

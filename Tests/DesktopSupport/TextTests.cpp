@@ -8,7 +8,7 @@
 namespace {
 
 using namespace DesktopSupport;
-using namespace std::string_literals;
+using namespace std::literals;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -44,6 +44,15 @@ TEST(UTF8, IsTextWithoutNUL) {
   EXPECT_TRUE(isUTF8({})) << "a view of nothing";
   for (const std::string& text : {"a\xFF"s, "\xC3"s, "\xED\xA0\x80"s, "\xC0\xAF"s, "a\0b"s, "\0"s})
     EXPECT_FALSE(isUTF8(text)) << text;
+}
+
+TEST(UTF8, IsTextAlsoIfItIsLong) {
+  for (std::size_t place = 0; place < 40; ++place)
+    for (const std::string_view other : {"\0"sv, "\x80"sv, "\xFF"sv, "\x7F"sv, "\x01"sv, "é"sv}) {
+      std::string text(40, 'a');
+      text.replace(place, 1, other);
+      EXPECT_EQ(isUTF8(text), other == "\x7F" || other == "\x01" || other == "é") << place;
+    }
 }
 
 TEST(ValidUTF8, KeepsTextAsItIs) {
