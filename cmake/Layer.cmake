@@ -4,14 +4,15 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   set(CMAKE_CXX_COMPILE_OPTIONS_IPO -flto=auto -ffat-lto-objects)
 endif()
 
-# deskloom_layer(NAME [FOLDERS folder...] [USES layer...] [LIBRARIES target...])
+# deskloom_layer(NAME [FOR_SPEED] [FOLDERS folder...] [USES layer...] [LIBRARIES target...])
 #
 # Makes the static library NAME from all sources in the current folder and in the subfolders after FOLDERS. The layer may include
 # the project's layers after USES and the outside libraries after LIBRARIES; both are part of its interface. An installed layer's
 # headers include no library found by pkg-config, so there these are only linked, as PkgConfig::Deskloom_NAME. Includes are written
 # from the top of the tree ("Platform/Text/URL.h"), and script/check-layers checks each include against these lists.
+# With FOR_SPEED a release is optimised for speed instead of size here: for layers whose code runs for each of many items.
 function(deskloom_layer name)
-  cmake_parse_arguments(LAYER "" "" "FOLDERS;USES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(LAYER "FOR_SPEED" "" "FOLDERS;USES;LIBRARIES" ${ARGN})
   set(patterns *.cpp *.h)
   foreach(folder IN LISTS LAYER_FOLDERS)
     list(APPEND patterns ${folder}/*.cpp ${folder}/*.h)
@@ -28,6 +29,9 @@ function(deskloom_layer name)
     ${name}
     PUBLIC ${LAYER_USES} ${LAYER_LIBRARIES}
     PRIVATE $<BUILD_INTERFACE:DeskloomWarnings>)
+  if(LAYER_FOR_SPEED)
+    target_compile_options(${name} PRIVATE "$<$<CONFIG:Release>:-O2>")
+  endif()
 endfunction()
 
 # deskloom_program(NAME [USES layer...] [LIBRARIES target...])
