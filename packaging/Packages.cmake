@@ -61,6 +61,8 @@ deskloom_package(
   DESCRIPTION "Deskloom keeps files, folders, websites and applications together. When it
 asks, Gleanery lists the applications, folders or browser tabs that are open
 at the moment, hands the list over and quits, all in a few milliseconds."
+  # Launches that need these load them by name, so the dependencies that are found in the programs lack them.
+  DEPENDS "libxcb1, libxcb-res0, libwayland-client0, libsqlite3-0, liblz4-1"
   RECOMMENDS "gleanery-browser, gleanery-gnome-shell")
 deskloom_package(
   gleanery-browser

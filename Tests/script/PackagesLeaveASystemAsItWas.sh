@@ -38,9 +38,15 @@ for file in etc/chromium/native-messaging-hosts/com.quillary.gleanery.tabs.json 
 done
 if grep --recursive --files-with-matches --fixed-strings "$scratch" "$root/usr" "$root/etc"; then fail "these files name the staging folder"; fi
 grep --quiet '^Exec="/usr/bin/gleanery"' "$root/usr/share/applications/com.quillary.Gleanery.desktop" || fail "the entry names another program"
+# PACKAGE: the packages that it depends on, one in a line.
+dependencies() { dpkg-query --admindir="$root/var/lib/dpkg" --showformat='${Depends}' --show "$1" | sed 's/, */\n/g' | cut --delimiter=' ' --fields=1; }
 for package in gleanery gleanery-browser deskloom-host; do
-  [[ $(dpkg-query --admindir="$root/var/lib/dpkg" --showformat='${Depends}' --show "$package") == *libglib2.0-0* ]] ||
-    fail "$package does not depend on the libraries that it needs"
+  dependencies "$package" | grep --quiet '^libglib2\.0-0' || fail "$package does not depend on the libraries that it needs"
+done
+# The libraries that are loaded by name.
+for library in $(strings "$root"/usr/lib/deskloom/plugins/*/gleanery | grep --only-matching '^lib[-A-Za-z0-9]*\.so\.[0-9]$'); do
+  owner=$(dpkg --search "*/$library" | head -n 1 | cut --delimiter=: --fields=1)
+  dependencies gleanery | grep --quiet --line-regexp --fixed-strings "$owner" || fail "gleanery does not depend on $owner"
 done
 
 run_dpkg --purge gleanery gleanery-browser gleanery-gnome-shell deskloom-sdk-dev deskloom-host
