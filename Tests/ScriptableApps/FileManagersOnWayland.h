@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,10 +23,19 @@ class FileManagersOnWaylandTest : public TestSupport::ShownFoldersTest {
 
   // Brings each of the windows to the front. Their folder is then listed first.
   void expectThatTheFrontComesFirst(const std::vector<std::string>& folders, const std::string& titleEnd = "") {
+    std::vector<std::string> titles;
     for (const std::string& folder : folders)
-      ASSERT_TRUE(compositor_->awaitWindow(std::filesystem::path(folder).filename().string() + titleEnd));
-    for (const std::string& folder : folders) {
-      EXPECT_TRUE(compositor_->focus(std::filesystem::path(folder).filename().string() + titleEnd));
+      titles.push_back(std::filesystem::path(folder).filename().string() + titleEnd);
+    expectThatTheFrontComesFirst(folders, titles);
+  }
+
+  // The same for windows with these titles.
+  void expectThatTheFrontComesFirst(const std::vector<std::string>& folders, const std::vector<std::string>& titles) {
+    for (const std::string& title : titles)
+      ASSERT_TRUE(compositor_->awaitWindow(title)) << title;
+    for (std::size_t index = 0; index < folders.size(); ++index) {
+      const std::string& folder = folders[index];
+      EXPECT_TRUE(compositor_->focus(titles[index])) << titles[index];
       std::string log;
       const auto paths = openPathsAndLog(log);
       EXPECT_THAT(paths, shows(folders));
@@ -51,6 +61,18 @@ TEST_F(FileManagersOnWaylandTest, ShowThunarTheWindowInFrontFirst) {
   awaitWatch(thunar, first);
   awaitWatch(thunar, second);
   expectThatTheFrontComesFirst({first, second}, " - Thunar");
+}
+
+// Nautilus has the name on the bus that Thunar would take otherwise.
+TEST_F(FileManagersOnWaylandTest, ShowNautilusBesideThunarTheWindowInFrontFirst) {
+  const std::string first = make("first");
+  const std::string second = make("second one");
+  const std::string third = make("third");
+  const ChildProcess nautilus({"nautilus", "--new-window", first, second});
+  ASSERT_TRUE(compositor_->awaitWindow("first"));
+  const ChildProcess thunar({"thunar", third});
+  awaitWatch(thunar, third);
+  expectThatTheFrontComesFirst({first, second, third}, {"first", "second one", "third - Thunar"});
 }
 
 TEST_F(FileManagersOnWaylandTest, ShowNemoTheWindowInFrontFirst) {

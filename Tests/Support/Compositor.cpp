@@ -67,18 +67,23 @@ std::optional<CompositorWindow> Compositor::findAndChange(std::string_view title
   return window;
 }
 
-bool Compositor::focus(std::string_view title) {
-  return findAndChange(title, Change::focus) && waitUntil([&] {
-           const auto window = find(title);
-           return window && window->isFocused && !window->isMinimized;
+bool Compositor::awaitChange(const std::optional<CompositorWindow>& changed,
+                             bool (*isDone)(const CompositorWindow& window)) {
+  return changed && waitUntil([&] {
+           const auto all = windows();
+           const auto window = std::ranges::find(all, changed->id, &CompositorWindow::id);
+           return window != all.end() && isDone(*window);
          });
 }
 
+bool Compositor::focus(std::string_view title) {
+  return awaitChange(findAndChange(title, Change::focus),
+                     [](const CompositorWindow& window) { return window.isFocused && !window.isMinimized; });
+}
+
 bool Compositor::minimize(std::string_view title) {
-  return findAndChange(title, Change::minimize) && waitUntil([&] {
-           const auto window = find(title);
-           return window && window->isMinimized;
-         });
+  return awaitChange(findAndChange(title, Change::minimize),
+                     [](const CompositorWindow& window) { return window.isMinimized; });
 }
 
 bool Compositor::close(std::string_view title) {

@@ -37,7 +37,7 @@ class Compositor {
   Compositor& operator=(const Compositor&) = delete;
   virtual ~Compositor() = default;
 
-  /// Wayland and X windows that a taskbar would show.
+  /// Wayland and X windows that a taskbar would show. GNOME Shell's are in stacking order, the lowest first.
   [[nodiscard]] virtual std::vector<CompositorWindow> windows() = 0;
 
   /// Waits until there is a window with this title, and returns it. `nullopt` if it takes too long.
@@ -61,6 +61,9 @@ class Compositor {
  private:
   [[nodiscard]] std::optional<CompositorWindow> find(std::string_view title);
   [[nodiscard]] std::optional<CompositorWindow> findAndChange(std::string_view title, Change change);
+  /// Waits until the window is as it should be. Others may have its title.
+  [[nodiscard]] bool awaitChange(const std::optional<CompositorWindow>& changed,
+                                 bool (*isDone)(const CompositorWindow& window));
 };
 
 }  // namespace TestSupport

@@ -6,7 +6,12 @@ const description = `
     <method name="Evaluate"><arg type="s" direction="in"/><arg type="s" direction="out"/></method>
   </interface></node>`;
 
-const windows = () => global.get_window_actors().map(actor => actor.meta_window).filter(window => !window.skip_taskbar);
+// The windows that are shown or minimized, the lowest first. The Shell lists a new one before it shows it, and gives it the
+// focus only then.
+const windows = () => {
+  const actors = global.get_window_actors().filter(actor => actor.visible || actor.meta_window.minimized);
+  return global.display.sort_windows_by_stacking(actors.map(actor => actor.meta_window)).filter(window => !window.skip_taskbar);
+};
 
 let object;
 
