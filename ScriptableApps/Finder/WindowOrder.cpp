@@ -65,12 +65,10 @@ void placeByNames(FileManagerWindows& reported, const FileManager& fileManager) 
   const auto places = placesLeft(reported, fileManager);
   if (unplaced.empty() || places.empty())
     return;
-  if (reported.size() > 1 || fileManager.windows.size() > 1) {
-    const auto names = DesktopSupport::readGTKWindows();
-    const auto depth = [&](const auto* window) { return std::ranges::find(names, window->name) - names.begin(); };
-    std::erase_if(unplaced, [&](const auto* window) { return depth(window) == std::ssize(names); });
-    std::ranges::stable_sort(unplaced, {}, depth);
-  }
+  const auto names = DesktopSupport::readGTKWindows();
+  const auto depth = [&](const auto* window) { return std::ranges::find(names, window->name) - names.begin(); };
+  std::erase_if(unplaced, [&](const auto* window) { return depth(window) == std::ssize(names); });
+  std::ranges::stable_sort(unplaced, {}, depth);
   for (std::size_t index = 0; index < std::min(unplaced.size(), places.size()); ++index)
     unplaced[index]->id = places[index];
 }
@@ -84,6 +82,11 @@ std::vector<Window> topmostFirst(const WindowList& screen) {
 }
 
 void placeOnScreen(FileManagerWindows& reported, const FileManager& fileManager) {
+  // The title of the only window need not name its folder: in Dolphin, the user's places may have any names.
+  if (reported.size() == 1 && fileManager.windows.size() == 1) {
+    reported.front().id = fileManager.windows.front().id;
+    return;
+  }
   placeByTitles(reported, fileManager);
   placeByNames(reported, fileManager);
 }

@@ -14,9 +14,9 @@ namespace ScriptableApps {
 /// in the order of the list.
 std::vector<DesktopSupport::Window> topmostFirst(const DesktopSupport::WindowList& screen);
 
-/// Finds out which window on the screen each of the reported windows is, and sets its `id`: the one whose title names
-/// one of its folders, if there is just one such pair. For the others, the names of GTK's windows give the order, if
-/// the desktop knows these.
+/// Finds out which window on the screen each of the reported windows is, and sets its `id`: the only one, or the one
+/// whose title names one of its folders, if there is just one such pair. For the others, the names of GTK's windows
+/// give the order, if the desktop knows these.
 void placeOnScreen(FileManagerWindows& reported, const FileManager& fileManager);
 
 /// Sorts the windows, the topmost first. Those that have no place on the screen keep their order, after the others.

@@ -135,6 +135,22 @@ TEST(AccessibleWindowsOfGNOMEShell, AreFramesThatAreVisibleOrMinimized) {
   EXPECT_THAT(list->problems, ElementsAre(HasSubstr("gnome-extensions enable gleanery@quillary.com")));
 }
 
+TEST(AccessibleWindowsOfGNOMEShell, AreNoneIfTheirSetOfStatesIsTooShort) {
+  const FakeShell shell;
+  FakeAccessibility accessibility;
+  accessibility.registry.has({"com.example.One"});
+  FakeAccessible one("com.example.One");
+  one.has({"com.example.One.Frame"});
+  FakeAccessible frameOfOne("com.example.One.Frame");
+  frameOfOne.is(frame, visible);
+  frameOfOne.answer("GetState", "(@au [],)");
+  testing::internal::CaptureStderr();
+  EXPECT_THAT(classesIn(read()), IsEmpty());
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "GLib says if it is asked for a missing word";
+  frameOfOne.answer("GetState", "([uint32 " + std::to_string(visible) + "],)");
+  EXPECT_THAT(classesIn(read()), ElementsAre("com.example.One"));
+}
+
 TEST(AccessibleWindowsOfGNOMEShell, AreThoseOfProgramsThatAnswer) {
   const FakeShell shell;
   FakeAccessibility accessibility;

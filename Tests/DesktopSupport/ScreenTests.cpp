@@ -1,11 +1,19 @@
 #include <array>
+#include <cstddef>
+#include <cstring>
 #include <filesystem>
+#include <optional>
+#include <stdexcept>
 #include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 #include "DesktopSupport/Screen/Screen.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TestCompositor.h"
 
@@ -31,6 +39,10 @@ List oneWindow(Compositor&) {
 
 List noWindow(Compositor&) {
   return WindowList();
+}
+
+List incomplete(Compositor&) {
+  return WindowList{.windows = {{.id = 1, .pid = 10}}, .isComplete = false};
 }
 
 std::vector<GTKWindowName> oneName(Compositor&) {
@@ -99,6 +111,50 @@ TEST(Screen, IsThatOfTheXServerIfTheCompositorIsGone) {
   ASSERT_TRUE(list);
   EXPECT_EQ(list->windows.size(), 1U);
   EXPECT_THAT(list->problems, ElementsAre(testing::HasSubstr("/nowhere/wayland-0, where no compositor answers")));
+}
+
+/// An X server that has a client and takes no more. DISPLAY names it during the lifetime of this object.
+class FullXServer {
+ public:
+  FullXServer() {
+    const std::string number = std::to_string(getpid());
+    display_.emplace("DISPLAY", ':' + number);
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    // The name is in the abstract namespace, which begins with a zero.
+    const std::string name = "/tmp/.X11-unix/X" + number;
+    std::memcpy(address.sun_path + 1, name.data(), name.size());
+    const auto* const any = reinterpret_cast<const sockaddr*>(&address);
+    const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + name.size());
+    const FileDescriptor listening(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (bind(listening.number(), any, size) != 0 || listen(listening.number(), 1) != 0 ||
+        connect(client_.number(), any, size) != 0)
+      throw std::runtime_error("no socket of an X server");
+    server_.emplace(accept4(listening.number(), nullptr, nullptr, SOCK_CLOEXEC));
+  }
+
+ private:
+  std::optional<TestSupport::EnvironmentVariable> display_;
+  FileDescriptor client_{socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)};
+  std::optional<FileDescriptor> server_;
+};
+
+TEST(Screen, SaysIfTheWindowsOfX11ProgramsAreUnknown) {
+  const TestSupport::TestCompositor server;
+  const FullXServer x11;
+  const auto list = readWindows(std::array{source(DisplayServer::wayland, incomplete)});
+  ASSERT_TRUE(list);
+  EXPECT_EQ(list->windows.size(), 1U);
+  EXPECT_THAT(list->problems, ElementsAre("The windows of X11 programs could not be asked about: "
+                                          "The X display cannot be opened."));
+}
+
+TEST(Screen, AsksNoXServerIfTheCompositorTellsEverything) {
+  const TestSupport::TestCompositor server;
+  const FullXServer x11;
+  const auto list = readWindows(std::array{source(DisplayServer::wayland, oneWindow)});
+  ASSERT_TRUE(list);
+  EXPECT_THAT(list->problems, IsEmpty());
 }
 
 TEST(Screen, IsUnknownIfACompositorWithoutX11ProgramsFailsToTell) {

@@ -1,12 +1,17 @@
 #include <array>
 #include <atomic>
+#include <csignal>
+#include <fstream>
 #include <future>
 #include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <pthread.h>
+#include <unistd.h>
 
 #include "DesktopSupport/Windows/Wayland/Compositor.h"
 #include "DesktopSupport/Windows/Wayland/ListedToplevels.h"
@@ -187,6 +192,44 @@ TEST(WlrootsWindows, FailIfTheCompositorBreaksOff) {
   ASSERT_FALSE(list);
   EXPECT_FALSE(list.error().isAbsent);
   EXPECT_EQ(list.error().message, "The compositor has broken off the connection.");
+}
+
+TEST(WlrootsWindows, FailIfTheCompositorReportsAnErrorAfterAWindow) {
+  const auto list = wlrootsWindowsAfter([](wl_resource* manager) {
+    WlrootsHandle(manager).title("One").done();
+    wl_resource_post_error(manager, 0, "No.");
+  });
+  ASSERT_FALSE(list);
+  EXPECT_EQ(list.error().message, "The compositor has broken off the connection.");
+}
+
+std::atomic<int> signalsReceived = 0;
+
+/// Whether a thread of this process waits for something.
+bool isWaiting(pid_t thread) {
+  std::string status;
+  std::getline(std::ifstream("/proc/self/task/" + std::to_string(thread) + "/stat"), status);
+  return status.contains(") S ");
+}
+
+TEST(WlrootsWindows, AreReadEvenIfASignalArrives) {
+  struct sigaction counting = {};
+  counting.sa_handler = [](int) { ++signalsReceived; };
+  struct sigaction before = {};
+  sigaction(SIGUSR1, &counting, &before);
+  const pthread_t reader = pthread_self();
+  const pid_t readerID = gettid();
+  const auto list = wlrootsWindowsAfter([&](wl_resource* manager) {
+    while (!isWaiting(readerID))
+      std::this_thread::yield();
+    pthread_kill(reader, SIGUSR1);
+    while (signalsReceived == 0)
+      std::this_thread::yield();
+    WlrootsHandle(manager).title("One").done();
+  });
+  sigaction(SIGUSR1, &before, nullptr);
+  ASSERT_TRUE(list) << list.error().message;
+  EXPECT_THAT(list->windows, ElementsAre(Field(&Window::title, "One")));
 }
 
 TEST(WlrootsWindows, FailOnceIfTheCompositorDoesNotAnswer) {

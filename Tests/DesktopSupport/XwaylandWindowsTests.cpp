@@ -86,17 +86,30 @@ TEST(XwaylandWindows, AreToldApartByTheirProcesses) {
   EXPECT_FALSE(list.windows[2].pid);
 }
 
+TEST(XwaylandWindows, KeepWhatTheCompositorAloneKnows) {
+  WindowList list{.windows = {x11(1, 10, "app", "one"), wayland(2, "owner")}};
+  list.windows[0].transientFor = 2;
+  Window window = x11(7, 0, "app", "one");
+  window.pid = std::nullopt;
+  addX11Windows(list, {.windows = {window}});
+  EXPECT_EQ(list.windows[0].pid, 10);
+  EXPECT_EQ(list.windows[0].transientFor, 2U);
+}
+
 TEST(XwaylandWindows, HaveTheStatesOfBothSides) {
-  WindowList list{.windows = {wayland(1, "hidden"), wayland(2, "skipped"), wayland(3, "plain")}};
+  WindowList list{.windows = {wayland(1, "hidden"), wayland(2, "skipped"), wayland(3, "plain"), wayland(4, "panel")}};
   list.windows[0].isHidden = true;
+  list.windows[3].isOrdinary = false;
   Window skipped = x11(8, 20, "skipped");
   skipped.isOrdinary = false;
-  addX11Windows(list, {.windows = {x11(7, 10, "hidden"), skipped, x11(9, 30, "plain")}});
+  addX11Windows(list, {.windows = {x11(7, 10, "hidden"), skipped, x11(9, 30, "plain"), x11(6, 40, "panel")}});
   EXPECT_TRUE(list.windows[0].isHidden);
   EXPECT_TRUE(list.windows[0].isOrdinary);
   EXPECT_FALSE(list.windows[1].isOrdinary);
   EXPECT_FALSE(list.windows[2].isHidden);
   EXPECT_TRUE(list.windows[2].isOrdinary);
+  EXPECT_EQ(list.windows[3].pid, 40);
+  EXPECT_FALSE(list.windows[3].isOrdinary);
 }
 
 TEST(XwaylandWindows, AreLeftOutIfACompleteListLacksThem) {

@@ -248,6 +248,32 @@ TEST_F(FileManagersTest, ListTheTabsAndViewsOfDolphinTheOneInFrontFirst) {
   EXPECT_THAT(paths, testing::UnorderedElementsAre(first + '/', second + '/', third + '/', first + '/', third + '/'));
 }
 
+TEST_F(FileManagersTest, ListAFolderOfDolphinThatThePlacesNameOtherwise) {
+  const std::string shown = make("shown");
+  const std::string other = make("other");
+  const auto places = DesktopSupport::userDataFolder() / "user-places.xbel";
+  std::filesystem::create_directories(places.parent_path());
+  std::ofstream(places) << R"(<?xml version="1.0" encoding="UTF-8"?>
+      <!DOCTYPE xbel>
+      <xbel xmlns:bookmark="http://www.freedesktop.org/standards/desktop-bookmarks">
+        <bookmark href="file://)"
+                        << shown << R"("><title>Work</title></bookmark>
+      </xbel>)";
+  const ChildProcess dolphin({"dolphin", shown});
+  const auto window = desktop_.waitForTitle("Work — Dolphin");
+  ASSERT_TRUE(window);
+  const ChildProcess second({"dolphin", "--new-window", other});
+  ASSERT_TRUE(desktop_.waitForTitle("other — Dolphin"));
+  awaitWatch(dolphin, shown);
+  awaitWatch(second, other);
+  desktop_.askWindowManager(*window, "_NET_ACTIVE_WINDOW");
+  ASSERT_TRUE(desktop_.waitUntil([&] { return desktop_.stackedClients().back() == *window; }));
+  std::string log;
+  EXPECT_THAT(openPathsAndLog(log), testing::ElementsAre(shown + '/', other + '/'));
+  EXPECT_EQ(log, "");
+  std::filesystem::remove(places);
+}
+
 TEST_F(FileManagersTest, ListTheHomeFolderByItsOwnName) {
   const std::string home = DesktopSupport::homeFolder();
   const ChildProcess nemo({"nemo", home});
@@ -273,13 +299,15 @@ TEST_F(FileManagersTest, AreListedBesideEachOther) {
 }
 
 TEST_F(FileManagersTest, AreKnownWithoutABus) {
-  const std::string shown = make("shown");
-  const ChildProcess pcmanfm({"pcmanfm", shown});
-  ASSERT_TRUE(desktop_.waitForTitle("shown"));
-  awaitWatch(pcmanfm, shown);
-  const TestSupport::EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
-  const TestSupport::EnvironmentVariable runtimeFolder("XDG_RUNTIME_DIR", std::nullopt);
-  EXPECT_THAT(openPaths().value(), shows({shown}));
+  // Any program may watch the home folder without showing it.
+  for (const std::string& shown : {make("shown"), DesktopSupport::homeFolder().string()}) {
+    const ChildProcess pcmanfm({"pcmanfm", shown});
+    ASSERT_TRUE(desktop_.waitForTitle(std::filesystem::path(shown).filename().string()));
+    awaitWatch(pcmanfm, shown);
+    const TestSupport::EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", std::nullopt);
+    const TestSupport::EnvironmentVariable runtimeFolder("XDG_RUNTIME_DIR", std::nullopt);
+    EXPECT_THAT(openPaths().value(), shows({shown}));
+  }
 }
 
 }  // namespace

@@ -80,6 +80,45 @@ TEST_F(FinderTest, HasTheOrderOfGTKWindowsThatShowFoldersOfTheSameName) {
   EXPECT_THAT(openPaths().value(), ElementsAre(folders[2] / "", folders[0] / "", folders[1] / ""));
 }
 
+TEST_F(FinderTest, KnowsAWindowByItsTitleBeforeOthersByTheirNames) {
+  std::vector<std::filesystem::path> folders;
+  for (const char* parent : {"1", "2"}) {
+    folders.push_back(folder_.path() / parent / "same");
+    std::filesystem::create_directories(folders.back());
+  }
+  FakeFileManager fileManager;
+  fileManager.has("{'OpenWindowsWithLocations': <{'/window/1': [" + uri(a_) + "], '/window/2': [" + uri(folders[0]) +
+                  "], '/window/3': [" + uri(folders[1]) + "]}>}");
+  const TestSupport::TestDesktop desktop;
+  TestSupport::TestWindow lowest(desktop);
+  TestSupport::TestWindow middle(desktop);
+  TestSupport::TestWindow topmost(desktop);
+  const auto show = [&](TestSupport::TestWindow& window, const char* title, const char* path) {
+    window.setText("_NET_WM_NAME", title, "UTF8_STRING");
+    window.setText("_GTK_UNIQUE_BUS_NAME", ownerOf(interfaceOwner)).setText("_GTK_WINDOW_OBJECT_PATH", path);
+    ASSERT_TRUE(window.show());
+    ASSERT_TRUE(desktop.waitUntil([&] { return desktop.stackedClients().back() == window.id(); }));
+  };
+  show(lowest, "same", "/window/2");
+  show(middle, "a", "/window/1");
+  show(topmost, "same", "/window/3");
+  EXPECT_THAT(openPaths().value(), ElementsAre(folders[1] / "", a_ / "", folders[0] / ""));
+}
+
+TEST_F(FinderTest, HasLocationsWithoutWindowsAtThePlaceOfTheTopmostWindow) {
+  FakeFileManager fileManager;
+  FakeFileManager other(otherFileManager);
+  fileManager.has("{'OpenWindowsWithLocations': <{'/window/1': [" + uri(c_) + "]}>}");
+  other.has("{'OpenLocations': <[" + uri(a_) + ", " + uri(b_) + "]>}");
+  const TestSupport::TestDesktop desktop;
+  TestSupport::TestWindow lower(desktop);
+  ASSERT_TRUE(lower.setText("_NET_WM_NAME", "c", "UTF8_STRING").show());
+  TestSupport::TestWindow upper(desktop);
+  ASSERT_TRUE(upper.setText("_NET_WM_NAME", "another", "UTF8_STRING").show());
+  ASSERT_TRUE(desktop.waitUntil([&] { return desktop.stackedClients().back() == upper.id(); }));
+  EXPECT_THAT(openPaths().value(), ElementsAre(a_ / "", b_ / "", c_ / ""));
+}
+
 TEST_F(FinderTest, HasTheLocationsIfTheFileManagerDoesNotReportWindows) {
   FakeFileManager fileManager;
   const std::string locations = "'OpenLocations': <[" + uri(b_) + ", " + uri(a_) + "]>";

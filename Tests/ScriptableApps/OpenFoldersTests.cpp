@@ -1,3 +1,4 @@
+#include <clocale>
 #include <cstdlib>
 #include <expected>
 #include <filesystem>
@@ -140,6 +141,12 @@ TEST_F(OpenFolderTest, IsAProblemIfItsPathIsNotOneLineOfUTF8) {
 
 TEST_F(OpenFolderTest, IsNoProblemIfItDoesNotExist) {
   EXPECT_FALSE(at("file://" + folder_.path().string() + "/no%0Afolder"));
+}
+
+TEST_F(OpenFolderTest, LeavesTheLanguageOfTheThreadAsItIs) {
+  const locale_t before = uselocale(nullptr);
+  EXPECT_TRUE(ScriptableApps::folderWithPath(std::getenv("HOME")));
+  EXPECT_EQ(uselocale(nullptr), before);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 #include <iterator>
 
 #include "Tests/ScriptableApps/SystemEventsOnWayland.h"
+#include "Tests/Support/TestDesktop.h"
+#include "Tests/Support/TestWindow.h"
 
 // Here KWin permits the program to see the windows: its desktop entry in the build folder asks for that.
 
@@ -51,6 +53,15 @@ TEST_F(SystemEventsOnWaylandTest, KnowsEverything) {
   ASSERT_TRUE(list) << list.error().message;
   EXPECT_TRUE(list->isComplete);
   EXPECT_THAT(list->problems, IsEmpty());
+}
+
+TEST_F(SystemEventsOnWaylandTest, KnowsTheProcessOfAWindowUnderXThatDoesNotTellIt) {
+  const TestSupport::TestDesktop desktop;
+  TestSupport::TestWindow window(desktop);
+  ASSERT_TRUE(
+      window.setText("_NET_WM_NAME", "silent", "UTF8_STRING").setClass("xwayland", "com.example.Xwayland").show());
+  EXPECT_TRUE(compositor->awaitWindow("silent"));
+  EXPECT_EQ(onlyProcess().pid, getpid());
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 #include <sys/inotify.h>
@@ -12,6 +13,7 @@
 #include "ScriptableApps/Finder/Mounts.h"
 #include "ScriptableApps/Finder/ShownFolders.h"
 #include "ScriptableApps/Finder/WatchedFolders.h"
+#include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/DeadMount.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TemporaryFolder.h"
@@ -31,11 +33,14 @@ using testing::UnorderedElementsAre;
 
 TEST(WatchMarks, AreReadFromTheKernelsList) {
   EXPECT_THAT(
-      marksIn("pos:\t0\nflags:\t02004000\n"
-              "inotify wd:2 ino:a741b4 sdev:fe00000 mask:fce ignored_mask:0 fhandle-bytes:8 fhandle-type:1 "
-              "f_handle:b441a700ae5fb9e1\n"
-              "inotify wd:1 ino:13 sdev:2d mask:fce ignored_mask:0\n"),
-      ElementsAre(FileMark{makedev(254, 0), 0xa741b4, "1:b441a700ae5fb9e1"}, FileMark{makedev(0, 45), 0x13, ""}));
+      marksIn(
+          "pos:\t0\nflags:\t02004000\n"
+          "inotify wd:2 ino:a741b4 sdev:fe00000 mask:fce ignored_mask:0 fhandle-bytes:8 fhandle-type:1 "
+          "f_handle:b441a700ae5fb9e1\n"
+          "inotify wd:1 ino:13 sdev:2d mask:fce ignored_mask:0\n"
+          "inotify wd:3 ino:14 sdev:2d mask:fce ignored_mask:0 fhandle-bytes:4 fhandle-type:4d f_handle:01020304\n"),
+      ElementsAre(FileMark{makedev(254, 0), 0xa741b4, "1:b441a700ae5fb9e1"}, FileMark{makedev(0, 45), 0x13, ""},
+                  FileMark{makedev(0, 45), 0x14, "77:01020304"}));
 }
 
 TEST(WatchMarks, AreAbsentInOtherLines) {
@@ -52,10 +57,11 @@ TEST(MountPoints, AreReadFromTheKernelsList) {
                                    "23 27 0:22 / /a\\040b rw - tmpfs tmpfs rw\n"
                                    "24 27 0:23 / /over rw - tmpfs tmpfs rw\n"
                                    "25 27 254:3 /sub /over rw - btrfs tmpfs rw\n"
-                                   "rubbish\n26 27 x:y / /no rw\n27 27 1:2 / /cut\\04"));
+                                   "rubbish\n26 27 x:y / /no rw\n28 27 1:3 / /end\\040 rw\n27 27 1:2 / /cut\\04"));
   EXPECT_EQ(mounts.deviceOf("/a b/c/d"), makedev(0, 22));
   EXPECT_EQ(mounts.deviceOf("/a"), makedev(0, 21));
   EXPECT_EQ(mounts.deviceOf("/over"), makedev(254, 3)) << "the later one covers the earlier one";
+  EXPECT_EQ(mounts.deviceOf("/end "), makedev(1, 3));
   EXPECT_EQ(mounts.deviceOf("/no/x"), makedev(0, 21));
   EXPECT_EQ(mounts.deviceOf("/cut\\04"), makedev(1, 2));
   EXPECT_EQ(Mounts(folder.path() / "none").deviceOf("/a"), 0U);
@@ -141,6 +147,75 @@ TEST_F(WatchedFoldersTest, AreFoundFarFromHomeIfABookmarkNamesThem) {
   watch(deep);
   WatchedFolders watched(10s);
   EXPECT_THAT(watched.of(getpid()).folders, ElementsAre(deep));
+}
+
+TEST_F(WatchedFoldersTest, AreOnceEachIfTheyAreWatchedTwice) {
+  const DesktopSupport::FileDescriptor others(inotify_init1(IN_CLOEXEC));
+  const path first = make("first");
+  const path second = make("second");
+  for (const path& folder : {first, second}) {
+    watch(folder);
+    ASSERT_GE(inotify_add_watch(others.number(), folder.c_str(), IN_CREATE), 0);
+  }
+  WatchedFolders watched(10s);
+  EXPECT_THAT(watched.of(getpid()).folders, UnorderedElementsAre(first, second));
+}
+
+/// A watched file with several names, of which the search finds one.
+class WatchedFileTest : public WatchedFoldersTest {
+ protected:
+  WatchedFileTest() { watch(file_); }
+
+  /// Gives the file a further name in this folder.
+  void link(const path& folder) const {
+    std::filesystem::create_directories(folder);
+    std::filesystem::create_hard_link(file_, folder / "file");
+  }
+
+  /// The name that is found. The first one is gone before the search.
+  [[nodiscard]] path found() const {
+    std::filesystem::remove(file_);
+    WatchedFolders watched(10s);
+    const auto& files = watched.of(getpid()).folders;
+    return files.size() == 1 ? files.front() : path();
+  }
+
+  path file_ = home_.write("watched", "contents");
+};
+
+TEST_F(WatchedFileTest, IsFoundLevelByLevel) {
+  for (int number = 0; number < 10; ++number)
+    link(make(std::to_string(number) + "/a/b"));
+  link(make("nearer/a"));
+  EXPECT_EQ(found(), home_.path() / "nearer/a/file");
+}
+
+TEST_F(WatchedFileTest, IsFoundInHiddenFoldersLast) {
+  link(make(".hidden"));
+  link(make("a/b"));
+  EXPECT_EQ(found(), home_.path() / "a/b/file");
+}
+
+TEST_F(WatchedFileTest, IsFoundFirstInABookmarkedFolder) {
+  const TestSupport::TemporaryFolder elsewhere;
+  link(make("a"));
+  link(elsewhere.path());
+  home_.write(".config/gtk-3.0/bookmarks", "file://" + elsewhere.path().string() + '\n');
+  EXPECT_EQ(found(), elsewhere.path() / "file");
+}
+
+TEST_F(WatchedFoldersTest, AreFoundFirstNearWhatTheProcessWasStartedFor) {
+  const TestSupport::TemporaryFolder elsewhere;
+  const path shown = elsewhere.write("a/file", "contents");
+  std::filesystem::create_hard_link(shown, make("a/b/c") / "file");
+  const TestSupport::ChildProcess tail({"tail", "--follow", shown});
+  // The kernel tells nobody when the process begins to watch.
+  std::vector<path> files;
+  while (files.empty()) {
+    WatchedFolders watched(10s);
+    files = watched.of(tail.pid()).folders;
+  }
+  EXPECT_THAT(files, ElementsAre(shown));
 }
 
 TEST(NamedFolders, AreThoseWithTheName) {

@@ -52,6 +52,17 @@ TEST(WindowOrder, IsThatOfTheWindowsWithTheTabsNames) {
   EXPECT_THAT(sorted(reported, {.windows = three, .active = 1}), ElementsAre("file:///a", "file:///b", "file:///c"));
 }
 
+TEST(WindowOrder, KnowsTheOnlyWindowWhateverItsTitle) {
+  FileManagerWindows one = {{.locations = {"file:///shown"}}};
+  placeOnScreen(one, {.windows = {{.id = 7, .title = "Work"}}});
+  EXPECT_EQ(one.front().id, 7U);
+  FileManagerWindows two = {{.locations = {"file:///shown"}}, {.locations = {"file:///other"}}};
+  placeOnScreen(two, {.windows = {{.id = 7, .title = "Work"}}});
+  EXPECT_FALSE(two.front().id) << "it may be the other one";
+  placeOnScreen(one = {{.locations = {"file:///shown"}}}, {.windows = three});
+  EXPECT_FALSE(one.front().id);
+}
+
 TEST(WindowOrder, IsTheReportedOneIfTheTitlesLeaveADoubt) {
   const std::vector<Window> windows = {{.id = 1, .title = "a"}, {.id = 2, .title = "a"}, {.id = 3, .title = "x"}};
   const FileManagerWindows reported = {
