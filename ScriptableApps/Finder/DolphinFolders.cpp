@@ -17,6 +17,7 @@ namespace {
 
 using DesktopSupport::BusError;
 using DesktopSupport::Window;
+namespace BusErrorName = DesktopSupport::BusErrorName;
 
 // A process of Dolphin, which has one window.
 struct Instance {
@@ -74,6 +75,11 @@ std::expected<bool, BusError> isOpen(const std::string& location, const Instance
   return answer != FALSE;
 }
 
+// A Dolphin in a sandbox, or of another session, has another name on the bus or none.
+bool isAbsent(const BusError& error) {
+  return error.name == BusErrorName::serviceUnknown || error.name == BusErrorName::nameHasNoOwner;
+}
+
 std::expected<std::vector<std::string>, BusError> openLocationsIn(const Instance& instance,
                                                                   const FileManager& fileManager,
                                                                   const FolderSources& sources) {
@@ -107,10 +113,10 @@ std::expected<FoundWindows, BusError> dolphinFolders(const FileManager& fileMana
     hasAnyAnswered |= open.has_value();
     if (open && !open->empty())
       found.windows.push_back({.locations = std::move(*open)});
-    if (!open)
+    if (!open && !isAbsent(open.error()))
       failure = std::move(open.error());
     // The others are not worth waiting for one by one.
-    if (failure.name == DesktopSupport::BusErrorName::timeout)
+    if (failure.name == BusErrorName::timeout)
       break;
   }
   if (!hasAnyAnswered)

@@ -36,6 +36,7 @@ TEST(ApplicationUnit, OfAServiceHasItsInstanceAfterAnAt) {
 
 TEST(ApplicationUnit, HasItsIDUnescaped) {
   EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-debian\x2dxterm-1.scope)")->applicationID, "debian-xterm");
+  EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-a\x2d-1.scope)")->applicationID, "a-");
   EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-a\xzz-1.scope)")->applicationID, R"(a\xzz)");
   EXPECT_EQ(unitIn(R"(/app.slice/app-gnome-a\x2-1.scope)")->applicationID, R"(a\x2)");
 }

@@ -1,4 +1,5 @@
 #include <array>
+#include <atomic>
 #include <cstddef>
 #include <cstring>
 #include <filesystem>
@@ -14,6 +15,7 @@
 
 #include "DesktopSupport/Screen/Screen.h"
 #include "DesktopSupport/System/FileDescriptor.h"
+#include "DesktopSupport/Windows/Wayland/Protocols.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/TestCompositor.h"
 
@@ -138,6 +140,18 @@ class FullXServer {
   FileDescriptor client_{socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)};
   std::optional<FileDescriptor> server_;
 };
+
+TEST(Screen, IsReadInTheWayThatTellsMost) {
+  TestSupport::TestCompositor server;
+  std::atomic<int> lists = 0;
+  server.offer(ext_foreign_toplevel_list_v1_interface, 1, [&](wl_resource*) { ++lists; });
+  server.offer(zwlr_foreign_toplevel_manager_v1_interface, 3, [](wl_resource*) {});
+  server.start();
+  const auto list = readWindows();
+  ASSERT_TRUE(list) << list.error().message;
+  EXPECT_THAT(list->windows, IsEmpty());
+  EXPECT_EQ(lists, 0);
+}
 
 TEST(Screen, SaysIfTheWindowsOfX11ProgramsAreUnknown) {
   const TestSupport::TestCompositor server;

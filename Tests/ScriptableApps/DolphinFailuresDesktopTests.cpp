@@ -8,6 +8,7 @@
 
 #include "Tests/ScriptableApps/FakeDolphin.h"
 #include "Tests/ScriptableApps/FinderTest.h"
+#include "Tests/Support/BusNames.h"
 #include "Tests/Support/TestDesktop.h"
 #include "Tests/Support/TestWindow.h"
 
@@ -36,6 +37,17 @@ TEST_F(DolphinTest, ShowsTheFolderThatItConfirms) {
   std::string log;
   EXPECT_THAT(openPathsAndLog(log), ElementsAre("/"));
   EXPECT_EQ(log, "");
+}
+
+TEST_F(DolphinTest, DoesNotReportIfItIsNotOnTheBus) {
+  dolphin_.disappear();
+  window_.setText("_NET_WM_NAME", "folder — Dolphin", "UTF8_STRING");
+  desktop_.synchronize();
+  TestSupport::awaitNoOwner("org.kde.dolphin-" + std::to_string(getpid()));
+  const auto paths = openPaths();
+  ASSERT_FALSE(paths);
+  EXPECT_EQ(paths.error().number, ErrorNumber::noSuchObject);
+  EXPECT_THAT(paths.error().message, testing::EndsWith(" is running but does not report which folders it shows."));
 }
 
 TEST_F(DolphinTest, FailsIfItFails) {

@@ -1,3 +1,6 @@
+#include <sys/inotify.h>
+
+#include "DesktopSupport/System/FileDescriptor.h"
 #include "Tests/ScriptableApps/FakeDolphin.h"
 #include "Tests/ScriptableApps/FileManagersOnWayland.h"
 #include "Tests/Support/EnvironmentVariable.h"
@@ -14,6 +17,23 @@ TEST_F(FileManagersOnWaylandTest, SayThatAProgramWithoutANameOnTheBusDoesNotRepo
   ASSERT_FALSE(paths);
   EXPECT_EQ(paths.error().message,
             "Finder got an error: pcmanfm is running but does not report which folders it shows.");
+}
+
+// This process counts as the program whose name it has on the bus.
+TEST_F(FileManagersOnWaylandTest, HaveTheProcessesThatHaveTheirNamesOnTheBus) {
+  const std::string shown = make("shown");
+  const DesktopSupport::FileDescriptor watches(inotify_init1(IN_CLOEXEC));
+  ASSERT_GE(inotify_add_watch(watches.number(), shown.c_str(), IN_CREATE), 0);
+  for (const auto& [application, name] : {std::pair("org.gnome.Nautilus", "org.gnome.Nautilus"),
+                                          {"nemo", "org.Nemo"},
+                                          {"caja", "org.mate.Caja"},
+                                          {"thunar", "org.xfce.Thunar"}}) {
+    const TestSupport::FakeService program(name, "/none", "<node><interface name='org.example.None'/></node>");
+    const auto windows = TestSupport::startGTKWindows(application, {"shown"});
+    std::string log;
+    EXPECT_THAT(openPathsAndLog(log), shows({shown})) << application;
+    EXPECT_EQ(log, "") << application;
+  }
 }
 
 TEST_F(FileManagersOnWaylandTest, SayThatNoneReportsWithoutABus) {

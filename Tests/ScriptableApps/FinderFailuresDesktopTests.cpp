@@ -179,6 +179,23 @@ TEST_F(FinderTest, SaysThatAFileManagerWithAnEmptyListDoesNotReportIfItMayHaveAW
   expectDoesNotReport();
 }
 
+TEST_F(FinderTest, KnowsFileManagersByTheClassesOfTheirWindows) {
+  const TestSupport::TestDesktop desktop;
+  for (const char* windowClass : {"org.gnome.Nautilus", "dolphin", "org.kde.dolphin", "Nemo", "Caja", "Thunar",
+                                  "org.xfce.thunar", "Pcmanfm", "pcmanfm-qt", "SpaceFM"}) {
+    TestSupport::TestWindow window(desktop);
+    ASSERT_TRUE(window.setClass("instance", windowClass).show());
+    SCOPED_TRACE(windowClass);
+    expectDoesNotReport();
+  }
+  for (const char* windowClass : {"", "org.gnome.Nautilus2", "Thunar-settings"}) {
+    TestSupport::TestWindow window(desktop);
+    ASSERT_TRUE(window.setClass("thunar", windowClass).show());
+    SCOPED_TRACE(windowClass);
+    expectNotRunning();
+  }
+}
+
 TEST_F(FinderTest, IsNotRunningForTheDesktopsIcons) {
   const TestSupport::TestDesktop desktop;
   TestSupport::TestWindow background(desktop);

@@ -1,4 +1,5 @@
 #include <clocale>
+#include <cstdint>
 #include <cstdlib>
 #include <expected>
 #include <filesystem>
@@ -8,6 +9,7 @@
 #include <vector>
 
 #include <gmock/gmock.h>
+#include <libintl.h>
 
 #include "DesktopSupport/System/GLibHandles.h"
 #include "ScriptableApps/Finder/OpenFolders.h"
@@ -90,6 +92,34 @@ TEST_F(OpenFolderTest, IsCalledHomeIfItIsTheUsersOwn) {
   const TestSupport::EnvironmentVariable english("LC_ALL", "C");
   const std::filesystem::path home = std::getenv("HOME");
   expectFolder("file://" + home.string(), "Home", (home / "").string());
+}
+
+/// A compiled catalogue that translates one text.
+std::string catalogueWith(const std::string& text, const std::string& translation) {
+  constexpr std::uint32_t headSize = 28;
+  constexpr std::uint32_t entrySize = 8;
+  const auto textSize = static_cast<std::uint32_t>(text.size());
+  const auto translationSize = static_cast<std::uint32_t>(translation.size());
+  constexpr std::uint32_t texts = headSize + 2 * entrySize;
+  std::string catalogue;
+  for (const std::uint32_t number : {0x950412deU, 0U, 1U, headSize, headSize + entrySize, 0U, 0U, textSize, texts,
+                                     translationSize, texts + textSize + 1})
+    catalogue.append(reinterpret_cast<const char*>(&number), sizeof(number));
+  return catalogue + text + '\0' + translation + '\0';
+}
+
+TEST_F(OpenFolderTest, IsTheUsersOwnUnderTheNameOfAnyFileManager) {
+  const TestSupport::EnvironmentVariable locale("LC_ALL", "C.UTF-8");
+  const TestSupport::EnvironmentVariable language("LANGUAGE", "tlh");
+  for (const std::string catalogue : {"nautilus", "nemo", "kio5", "kio6"}) {
+    const std::string text = catalogue.starts_with("kio") ? "KFile System Bookmarks\004Home" : "Home";
+    folder_.write("tlh/LC_MESSAGES/" + catalogue + ".mo", catalogueWith(text, "juH of " + catalogue));
+    bindtextdomain(catalogue.c_str(), folder_.path().c_str());
+    EXPECT_TRUE(ScriptableApps::isNameOfHomeFolder("juH of " + catalogue)) << catalogue;
+    bindtextdomain(catalogue.c_str(), "/usr/share/locale");
+  }
+  EXPECT_FALSE(ScriptableApps::isNameOfHomeFolder("juH"));
+  EXPECT_TRUE(ScriptableApps::isNameOfHomeFolder("Home")) << "no catalogue translates it";
 }
 
 TEST_F(OpenFolderTest, MayBeTheRoot) {

@@ -52,6 +52,12 @@ TEST(WindowOrder, IsThatOfTheWindowsWithTheTabsNames) {
   EXPECT_THAT(sorted(reported, {.windows = three, .active = 1}), ElementsAre("file:///a", "file:///b", "file:///c"));
 }
 
+TEST(WindowOrder, EndsWithTheWindowsThatAreNotOnTheScreen) {
+  const FileManagerWindows reported = {{.locations = {"file:///d"}}, {.locations = {"file:///a"}}};
+  EXPECT_THAT(sorted(reported, {.windows = three, .active = 2}), ElementsAre("file:///a", "file:///d"));
+  EXPECT_THAT(sorted(reported, {.windows = three, .stack = {2, 3}}), ElementsAre("file:///a", "file:///d"));
+}
+
 TEST(WindowOrder, KnowsTheOnlyWindowWhateverItsTitle) {
   FileManagerWindows one = {{.locations = {"file:///shown"}}};
   placeOnScreen(one, {.windows = {{.id = 7, .title = "Work"}}});
