@@ -1,6 +1,8 @@
 #include <array>
 #include <atomic>
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <future>
 #include <memory>
@@ -17,6 +19,8 @@
 #include "DesktopSupport/Windows/Wayland/ListedToplevels.h"
 #include "DesktopSupport/Windows/Wayland/Protocols.h"
 #include "DesktopSupport/Windows/Wayland/WlrootsWindows.h"
+#include "Tests/Support/EnvironmentVariable.h"
+#include "Tests/Support/TemporaryFolder.h"
 #include "Tests/Support/TestCompositor.h"
 
 namespace {
@@ -230,6 +234,22 @@ TEST(WlrootsWindows, AreReadEvenIfASignalArrives) {
   sigaction(SIGUSR1, &before, nullptr);
   ASSERT_TRUE(list) << list.error().message;
   EXPECT_THAT(list->windows, ElementsAre(Field(&Window::title, "One")));
+}
+
+// The test starts once more, since a process loads the library once.
+TEST(WlrootsWindowsDeathTest, AreUnknownIfTheLibraryCannotBeLoaded) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const TestSupport::TemporaryFolder folder;
+  folder.write("libwayland-client.so.0", "This is no library.");
+  const TestSupport::EnvironmentVariable libraries("LD_LIBRARY_PATH", folder.path());
+  const auto read = [] {
+    const TestCompositor server;
+    Compositor compositor;
+    const auto list = readWlrootsWindows(compositor);
+    std::fputs(list ? "listed" : list.error().message.c_str(), stderr);
+    std::_Exit(0);
+  };
+  EXPECT_EXIT(read(), testing::ExitedWithCode(0), "^libwayland-client.so.0 is not installed or cannot be loaded.$");
 }
 
 TEST(WlrootsWindows, FailOnceIfTheCompositorDoesNotAnswer) {

@@ -86,23 +86,27 @@ TEST_F(FinderTest, KnowsAWindowByItsTitleBeforeOthersByTheirNames) {
     folders.push_back(folder_.path() / parent / "same");
     std::filesystem::create_directories(folders.back());
   }
-  FakeFileManager fileManager;
+  FakeFileManager below;
+  FakeFileManager fileManager(otherFileManager);
+  below.has("{'OpenWindowsWithLocations': <{'/window/1': [" + uri(c_) + "]}>}");
   fileManager.has("{'OpenWindowsWithLocations': <{'/window/1': [" + uri(a_) + "], '/window/2': [" + uri(folders[0]) +
                   "], '/window/3': [" + uri(folders[1]) + "]}>}");
   const TestSupport::TestDesktop desktop;
   TestSupport::TestWindow lowest(desktop);
+  TestSupport::TestWindow lower(desktop);
   TestSupport::TestWindow middle(desktop);
   TestSupport::TestWindow topmost(desktop);
   const auto show = [&](TestSupport::TestWindow& window, const char* title, const char* path) {
     window.setText("_NET_WM_NAME", title, "UTF8_STRING");
-    window.setText("_GTK_UNIQUE_BUS_NAME", ownerOf(interfaceOwner)).setText("_GTK_WINDOW_OBJECT_PATH", path);
+    window.setText("_GTK_UNIQUE_BUS_NAME", ownerOf(otherFileManager)).setText("_GTK_WINDOW_OBJECT_PATH", path);
     ASSERT_TRUE(window.show());
     ASSERT_TRUE(desktop.waitUntil([&] { return desktop.stackedClients().back() == window.id(); }));
   };
-  show(lowest, "same", "/window/2");
+  show(lowest, "c", "/window/none");
+  show(lower, "same", "/window/2");
   show(middle, "a", "/window/1");
   show(topmost, "same", "/window/3");
-  EXPECT_THAT(openPaths().value(), ElementsAre(folders[1] / "", a_ / "", folders[0] / ""));
+  EXPECT_THAT(openPaths().value(), ElementsAre(folders[1] / "", a_ / "", folders[0] / "", c_ / ""));
 }
 
 TEST_F(FinderTest, HasLocationsWithoutWindowsAtThePlaceOfTheTopmostWindow) {
