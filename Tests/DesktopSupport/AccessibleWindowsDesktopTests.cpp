@@ -135,6 +135,19 @@ TEST(AccessibleWindowsOfGNOMEShell, AreFramesThatAreVisibleOrMinimized) {
   EXPECT_THAT(list->problems, ElementsAre(HasSubstr("gnome-extensions enable gleanery@quillary.com")));
 }
 
+TEST(AccessibleWindowsOfGNOMEShell, MayBeDialogsAndAlerts) {
+  const FakeShell shell;
+  FakeAccessibility accessibility;
+  accessibility.registry.has({"com.example.One"});
+  FakeAccessible one("com.example.One");
+  one.has({"com.example.One.Window"});
+  FakeAccessible window("com.example.One.Window");
+  for (const char* role : {"(uint32 2,)", "(uint32 16,)"}) {
+    window.is(role, visible);
+    EXPECT_THAT(classesIn(read()), ElementsAre("com.example.One")) << role;
+  }
+}
+
 TEST(AccessibleWindowsOfGNOMEShell, AreNoneIfTheirSetOfStatesIsTooShort) {
   const FakeShell shell;
   FakeAccessibility accessibility;

@@ -196,12 +196,19 @@ TEST_F(WatchedFileTest, IsFoundInHiddenFoldersLast) {
   EXPECT_EQ(found(), home_.path() / "a/b/file");
 }
 
-TEST_F(WatchedFileTest, IsFoundFirstInABookmarkedFolder) {
+TEST_F(WatchedFileTest, IsFoundFirstWhereTheUserGoes) {
   const TestSupport::TemporaryFolder elsewhere;
   link(make("a"));
   link(elsewhere.path());
-  home_.write(".config/gtk-3.0/bookmarks", "file://" + elsewhere.path().string() + '\n');
-  EXPECT_EQ(found(), elsewhere.path() / "file");
+  const std::string address = "file://" + elsewhere.path().string();
+  for (const auto& [file, contents] : {std::pair(".config/gtk-3.0/bookmarks", address + " Name\n"),
+                                       {"user-places.xbel", "<bookmark href=\"" + address + "\">"},
+                                       {"recently-used.xbel", "<bookmark href='" + address + "' added=''>"}}) {
+    const path list = home_.write(file, contents);
+    EXPECT_EQ(found(), elsewhere.path() / "file") << file;
+    std::filesystem::remove(list);
+  }
+  EXPECT_EQ(found(), home_.path() / "a/file");
 }
 
 TEST_F(WatchedFoldersTest, AreFoundFirstNearWhatTheProcessWasStartedFor) {
