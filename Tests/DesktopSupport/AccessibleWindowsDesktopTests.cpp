@@ -148,7 +148,7 @@ TEST(AccessibleWindowsOfGNOMEShell, MayBeDialogsAndAlerts) {
   }
 }
 
-TEST(AccessibleWindowsOfGNOMEShell, AreNoneIfTheirSetOfStatesIsTooShort) {
+TEST(AccessibleWindowsOfGNOMEShell, AreNoneIfTheirKindOrTheirStateIsUnknown) {
   const FakeShell shell;
   FakeAccessibility accessibility;
   accessibility.registry.has({"com.example.One"});
@@ -159,7 +159,12 @@ TEST(AccessibleWindowsOfGNOMEShell, AreNoneIfTheirSetOfStatesIsTooShort) {
   frameOfOne.answer("GetState", "(@au [],)");
   testing::internal::CaptureStderr();
   EXPECT_THAT(classesIn(read()), IsEmpty());
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "GLib says if it is asked for a missing word";
+  for (const char* question : {"GetState", "GetRole"}) {
+    frameOfOne.refuse(question);
+    EXPECT_THAT(classesIn(read()), IsEmpty());
+  }
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "GLib says if it is asked for what is missing";
+  frameOfOne.is(frame, visible);
   frameOfOne.answer("GetState", "([uint32 " + std::to_string(visible) + "],)");
   EXPECT_THAT(classesIn(read()), ElementsAre("com.example.One"));
 }

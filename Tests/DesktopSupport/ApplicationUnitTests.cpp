@@ -71,6 +71,8 @@ TEST(SnapID, JoinsSnapAndApplication) {
   EXPECT_EQ(snapID("0::/app.slice/snap.code.url-handler.0a1b2c3d-0011-2233-4455-66778899aabb.scope\n"),
             "code_url-handler");
   EXPECT_EQ(snapID("0::/app.slice/snap.code.url-handler.service\n"), "code_url-handler");
+  EXPECT_EQ(snapID("0::/app.slice/snap.a-snap-with-a-long-name.its-application.1234.scope\n"),
+            "a-snap-with-a-long-name_its-application");
 }
 
 TEST(SnapID, HasAPlusBeforeTheKeyOfTheInstance) {

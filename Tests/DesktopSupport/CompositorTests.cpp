@@ -22,6 +22,18 @@ TEST(Compositor, RunsIfItTakesConnections) {
   EXPECT_FALSE(compositor.problem());
 }
 
+TEST(Compositor, IsConnectedToOnce) {
+  TestCompositor server;
+  server.start();
+  Compositor compositor;
+  EXPECT_TRUE(compositor.isRunning());
+  EXPECT_FALSE(compositor.problem());
+  EXPECT_NE(compositor.name(), "");
+  EXPECT_TRUE(compositor.connection());
+  EXPECT_TRUE(compositor.connection());
+  EXPECT_EQ(server.clients(), 1);
+}
+
 TEST(Compositor, IsNamedByItsProgram) {
   const TestCompositor server;
   Compositor compositor;

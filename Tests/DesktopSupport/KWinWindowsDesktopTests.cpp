@@ -132,6 +132,9 @@ TEST(KWinWindows, AreUnknownIfADescriptionLacksWhatIsNeeded) {
     EXPECT_EQ(errorOf().message, "KWin describes a window without \"" + name + "\".");
     EXPECT_FALSE(errorOf().isAbsent);
   }
+  FakeKWin kwin;
+  kwin.addWindow("1", FakeKWin::described("First", "'caption': <7>, 'minimized': <7>"));
+  EXPECT_EQ(errorOf().message, "KWin describes a window without \"caption\".") << "the first one is named";
 }
 
 TEST(KWinWindows, MayBeFoundAsTheInterfacePromises) {

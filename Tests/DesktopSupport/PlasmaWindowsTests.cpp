@@ -279,8 +279,8 @@ TEST(PlasmaWindows, HaveTheirOwnTitlesWithoutNumbers) {
 }
 
 TEST(PlasmaWindows, KeepTitlesThatOnlyLookNumbered) {
-  const std::vector<std::string> titles = {"Home",    "Alone <2>", "Home <>", "Home <2> ", "Home <x>",
-                                           "Home<2>", "Home <2",   "",        ">",         " <2>x"};
+  const std::vector<std::string> titles = {"Home",    "Alone <2>", "Home <>", "Home <2> ", "Home <x>", "Home<2>",
+                                           "Home <2", "",          ">",       " <2>x",     "Home <2x"};
   std::vector<Tell> windows;
   for (const std::string& title : titles)
     windows.push_back(titled(title));

@@ -114,6 +114,16 @@ TEST(WlrootsWindows, BelongToTheirParents) {
   EXPECT_FALSE(list->windows[1].transientFor);
 }
 
+TEST(WlrootsWindows, AreReadEvenIfTheCompositorEndsTheirList) {
+  const auto list = wlrootsWindowsAfter([](wl_resource* manager) {
+    WlrootsHandle(manager).title("One").done();
+    constexpr std::uint32_t finished = 1;
+    wl_resource_post_event(manager, finished);
+  });
+  ASSERT_TRUE(list);
+  EXPECT_THAT(list->windows, ElementsAre(Field(&Window::title, "One")));
+}
+
 TEST(WlrootsWindows, AreLeftOutIfTheyCloseMeanwhile) {
   const auto list = wlrootsWindowsAfter([](wl_resource* manager) {
     WlrootsHandle(manager).title("Closed").done().closed();

@@ -63,6 +63,7 @@ TEST_F(OpenFolderTest, HasThePathOfTheFolderWithASlashAtItsEnd) {
   expectFolder("file://" + path, "Reports", path + '/');
   expectFolder("file://" + path + '/', "Reports", path + '/');
   expectFolder("file://localhost" + path, "Reports", path + '/');
+  expectFolder(std::string("file://") + g_get_host_name() + path, "Reports", path + '/');
   expectFolder("FILE://" + path, "Reports", path + '/');
   expectFolder("file://" + path + "/.././/Reports//", "Reports", path + '/');
 }
@@ -90,6 +91,12 @@ TEST_F(OpenFolderTest, IsReadFromTheURIsPercentEncoding) {
 
 TEST_F(OpenFolderTest, IsCalledHomeIfItIsTheUsersOwn) {
   const TestSupport::EnvironmentVariable english("LC_ALL", "C");
+  const std::filesystem::path home = std::getenv("HOME");
+  expectFolder("file://" + home.string(), "Home", (home / "").string());
+}
+
+TEST_F(OpenFolderTest, IsCalledHomeIfTheUsersLocaleIsUnknown) {
+  const TestSupport::EnvironmentVariable unknown("LC_ALL", "xx_XX.UTF-8");
   const std::filesystem::path home = std::getenv("HOME");
   expectFolder("file://" + home.string(), "Home", (home / "").string());
 }
