@@ -52,6 +52,13 @@ TEST_F(AppImageWindow, HasTheEntryThatRunsTheImage) {
   EXPECT_EQ(match(windowOf("tool", "Tool")), "integrated");
 }
 
+TEST_F(AppImageWindow, IsNoneOfAProgramOfTheSystem) {
+  addEntry("integrated", "Exec=\"" + image_ + "\"");
+  setProgram("/usr/bin/tool");
+  setProcessFile("environ", "APPIMAGE=" + image_ + "\0APPDIR=/usr\0"s);
+  EXPECT_EQ(match(windowOf("tool", "Tool")), "none");
+}
+
 TEST_F(AppImageWindow, HasTheEntryThatTriesTheImage) {
   addEntry("integrated", "Exec=image-launcher tool\nTryExec=" + image_);
   EXPECT_EQ(match(windowOf("tool", "Tool")), "integrated");

@@ -43,6 +43,12 @@ TEST(WatchMarks, AreReadFromTheKernelsList) {
                   FileMark{makedev(0, 45), 0x14, "77:01020304"}));
 }
 
+TEST(WatchMarks, HaveNoHandleIfHalfOfItIsMissing) {
+  EXPECT_THAT(marksIn("inotify wd:1 ino:13 sdev:2d fhandle-bytes:8 fhandle-type:1\n"
+                      "inotify wd:2 ino:14 sdev:2d fhandle-bytes:8 f_handle:b441a700ae5fb9e1\n"),
+              ElementsAre(FileMark{makedev(0, 45), 0x13, ""}, FileMark{makedev(0, 45), 0x14, ""}));
+}
+
 TEST(WatchMarks, AreAbsentInOtherLines) {
   for (const char* text : {"", "\n", "inotify", "inotify wd:1", "inotify wd:1 ino:13", "inotify wd:1 sdev:2d",
                            "inotify wd:1 ino:xyz sdev:2d", "inotify wd:1 ino:13 sdev:", "fanotify ino:13 sdev:2d",

@@ -1,3 +1,5 @@
+#include <expected>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -50,6 +52,31 @@ TEST(WindowOrder, IsThatOfTheWindowsWithTheTabsNames) {
   EXPECT_THAT(sorted(reported, {.windows = three, .stack = {1, 2, 3}}),
               ElementsAre("file:///c", "file:///b", "file:///a"));
   EXPECT_THAT(sorted(reported, {.windows = three, .active = 1}), ElementsAre("file:///a", "file:///b", "file:///c"));
+}
+
+/// The window on the screen that each reported one is.
+std::vector<std::optional<WindowID>> placesOf(FileManagerWindows reported, const std::vector<Window>& windows) {
+  placeOnScreen(reported, {.windows = windows});
+  std::vector<std::optional<WindowID>> places;
+  for (const auto& window : reported)
+    places.push_back(window.id);
+  return places;
+}
+
+TEST(WindowOrder, PlacesNoWindowIfTheTitlesLeaveADoubt) {
+  const FileManagerWindows equal = {{.locations = {"file:///1/a"}}, {.locations = {"file:///2/a"}}};
+  EXPECT_THAT(placesOf(equal, {{.id = 1, .title = "a"}, {.id = 2, .title = "x"}}),
+              ElementsAre(std::nullopt, std::nullopt));
+  const FileManagerWindows different = {{.locations = {"file:///a"}}, {.locations = {"file:///b"}}};
+  EXPECT_THAT(placesOf(different, {{.id = 1, .title = "a"}, {.id = 2, .title = "a"}}),
+              ElementsAre(std::nullopt, std::nullopt));
+  EXPECT_THAT(placesOf(different, {{.id = 1, .title = "b"}, {.id = 2, .title = "x"}}), ElementsAre(std::nullopt, 1));
+}
+
+TEST(WindowOrder, IsTheReportedOneIfTheScreenIsUnknown) {
+  FileManagerWindows reported = {{.locations = {"file:///b"}, .id = 2}, {.locations = {"file:///a"}, .id = 1}};
+  sortTopmostFirst(reported, std::unexpected(DesktopSupport::DesktopError{"Unknown."}));
+  EXPECT_EQ(reported.front().id, 2U);
 }
 
 TEST(WindowOrder, EndsWithTheWindowsThatAreNotOnTheScreen) {
