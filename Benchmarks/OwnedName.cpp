@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include <gio/gio.h>
+#include "Tests/Support/GIOHandles.h"
 
 namespace {
 

@@ -10,14 +10,13 @@
 #include <string_view>
 #include <unordered_map>
 
-#include <gio/gio.h>
-
 #include "DesktopSupport/System/GLibHandles.h"
+#include "Tests/Support/GIOHandles.h"
 
 namespace {
 
 using DesktopSupport::CharsHandle;
-using DesktopSupport::ObjectHandle;
+using TestSupport::ObjectHandle;
 
 struct Pages {
   std::unordered_map<std::string, std::string> titles;

@@ -9,14 +9,12 @@
 #include <string_view>
 #include <vector>
 
-#include <gio/gio.h>
-
-#include "DesktopSupport/System/GLibHandles.h"
+#include "Tests/Support/GIOHandles.h"
 
 namespace {
 
-using DesktopSupport::ObjectHandle;
 using nlohmann::json;
+using TestSupport::ObjectHandle;
 
 /// About the length of a message of the extension, in bytes.
 constexpr std::size_t messageSize = 256 << 10;

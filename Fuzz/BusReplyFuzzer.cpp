@@ -6,7 +6,7 @@
 #include <string>
 
 #include "AppleScript/Values/Value.h"
-#include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/Bus/BusMessage.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/Windows/GNOMEShell/GNOMEShellWindows.h"
 #include "DesktopSupport/Windows/KWin/KWinWindows.h"
@@ -17,9 +17,7 @@
 
 namespace {
 
-using DesktopSupport::ErrorHandle;
-using DesktopSupport::ObjectHandle;
-using DesktopSupport::Out;
+using DesktopSupport::BusMessage;
 using DesktopSupport::VariantHandle;
 using Fuzz::require;
 
@@ -118,24 +116,33 @@ void read(GVariant* reply) {
   }
 }
 
-void readError(GDBusMessage& message) {
-  ErrorHandle failure;
-  require(g_dbus_message_to_gerror(&message, Out(failure)) != FALSE, "An error message becomes an error.");
-  const auto error = DesktopSupport::busErrorFrom(*failure);
+void readError(const BusMessage& message) {
+  const auto error = DesktopSupport::errorIn(message);
   Fuzz::requireUTF8(error.name);
   Fuzz::requireUTF8(error.message);
 }
 
+/// What was read can be written, unless it has file handles, and is then read as the same.
+void requireSame(const BusMessage& message) {
+  const auto written = DesktopSupport::encoded(message);
+  if (!written)
+    return;
+  const auto again = DesktopSupport::decodedMessage(*written);
+  require(again.has_value(), "A message that was written can be read.");
+  require(again->path == message.path && again->member == message.member && again->errorName == message.errorName,
+          "A message keeps its texts.");
+  require(g_variant_equal(again->arguments.get(), message.arguments.get()) != FALSE, "A message keeps its arguments.");
+}
+
 void readMessage(std::string_view bytes) {
-  std::string copy(bytes);
-  const ObjectHandle<GDBusMessage> message(g_dbus_message_new_from_blob(
-      reinterpret_cast<guchar*>(copy.data()), copy.size(), G_DBUS_CAPABILITY_FLAGS_NONE, nullptr));
+  const auto message = DesktopSupport::decodedMessage(bytes);
   if (!message)
     return;
-  if (g_dbus_message_get_message_type(message.get()) == G_DBUS_MESSAGE_TYPE_ERROR)
+  requireSame(*message);
+  if (message->type == BusMessage::Type::error)
     readError(*message);
-  else if (GVariant* body = g_dbus_message_get_body(message.get()))
-    read(body);
+  else
+    read(message->arguments.get());
 }
 
 void readValue(const char* type, std::string_view bytes) {

@@ -24,7 +24,7 @@ ToldConnection::ToldConnection(std::string_view told) {
   // As much as the system allows: each write takes far more room than its own size.
   const int bufferSize = 1 << 20;
   setsockopt(ends[0], SOL_SOCKET, SO_SNDBUF, &bufferSize, sizeof(bufferSize));
-  client_.reset(g_socket_new_from_fd(ends[0], nullptr));
+  client_ = std::make_unique<DesktopSupport::FileDescriptor>(ends[0]);
   server_ = ends[1];
   const ssize_t sent = send(server_, told.data(), told.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
   require(std::cmp_equal(sent, told.size()), "The server's bytes fit into the buffer.");

@@ -23,7 +23,7 @@ class ToldConnection {
   [[nodiscard]] std::string heard() const;
 
  private:
-  DesktopSupport::ObjectHandle<GSocket> client_;
+  std::unique_ptr<DesktopSupport::FileDescriptor> client_;
   int server_ = -1;
 };
 

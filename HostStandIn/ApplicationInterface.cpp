@@ -19,22 +19,16 @@ DesktopSupport::BusError noHostURL() {
 
 }  // namespace
 
-std::expected<ApplicationInterface, DesktopSupport::BusError> ApplicationInterface::create(
-    const DesktopSupport::SessionBus& bus, URLHandler open) {
-  auto handle = [open = std::move(open)](std::string_view method,
-                                         GVariant* arguments) mutable -> ExportedInterface::Answer {
-    if (method != "Open")
-      return {};
-    std::vector<std::string> urls = DesktopSupport::openedURLs(arguments);
-    if (!std::ranges::all_of(urls, isHostURL))
-      return {.reply = std::unexpected(noHostURL())};
-    return {.afterwards = [&open, urls = std::move(urls)] { std::ranges::for_each(urls, std::ref(open)); }};
-  };
-  auto exported = ExportedInterface::create(bus, "/com/quillary/Deskloom", DesktopSupport::applicationIntrospection,
-                                            std::move(handle));
-  if (!exported)
-    return std::unexpected(exported.error());
-  return ApplicationInterface(std::move(*exported));
-}
+ApplicationInterface::ApplicationInterface(const DesktopSupport::SessionBus& bus, URLHandler open)
+    : exported_(
+          bus, "/com/quillary/Deskloom", DesktopSupport::applicationIntrospection,
+          [open = std::move(open)](std::string_view method, GVariant* arguments) mutable -> ExportedInterface::Answer {
+            if (method != "Open")
+              return {};
+            std::vector<std::string> urls = DesktopSupport::openedURLs(arguments);
+            if (!std::ranges::all_of(urls, isHostURL))
+              return {.reply = std::unexpected(noHostURL())};
+            return {.afterwards = [&open, urls = std::move(urls)] { std::ranges::for_each(urls, std::ref(open)); }};
+          }) {}
 
 }  // namespace HostStandIn

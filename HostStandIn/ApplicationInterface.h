@@ -1,10 +1,7 @@
 #pragma once
 
-#include <expected>
 #include <functional>
-#include <memory>
 #include <string>
-#include <utility>
 
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "HostStandIn/ExportedInterface.h"
@@ -19,13 +16,10 @@ class ApplicationInterface {
 
   /// Calls `open` with each URL of an Open call, in order, after the caller was answered. If any of them is not a host
   /// URL, the call fails with InvalidArgs and opens none.
-  static std::expected<ApplicationInterface, DesktopSupport::BusError> create(const DesktopSupport::SessionBus& bus,
-                                                                              URLHandler open);
+  ApplicationInterface(const DesktopSupport::SessionBus& bus, URLHandler open);
 
  private:
-  explicit ApplicationInterface(std::unique_ptr<ExportedInterface> exported) : exported_(std::move(exported)) {}
-
-  std::unique_ptr<ExportedInterface> exported_;
+  ExportedInterface exported_;
 };
 
 }  // namespace HostStandIn

@@ -24,7 +24,7 @@ std::expected<BusName, BusError> BusName::acquire(const DesktopSupport::SessionB
 }
 
 BusName::~BusName() {
-  if (bus_.connection() != nullptr)
+  if (!name_.empty())
     DesktopSupport::BusDaemon(bus_, answerTime).releaseName(name_);
 }
 

@@ -2,6 +2,7 @@
 
 #include <expected>
 #include <string>
+#include <utility>
 
 #include "DesktopSupport/Bus/SessionBus.h"
 
@@ -14,8 +15,12 @@ class BusName {
   static std::expected<BusName, DesktopSupport::BusError> acquire(const DesktopSupport::SessionBus& bus,
                                                                   std::string name);
 
-  BusName(BusName&&) noexcept = default;
-  BusName& operator=(BusName&&) noexcept = default;
+  BusName(BusName&& other) noexcept : bus_(std::move(other.bus_)), name_(std::exchange(other.name_, {})) {}
+  BusName& operator=(BusName&& other) noexcept {
+    std::swap(bus_, other.bus_);
+    std::swap(name_, other.name_);
+    return *this;
+  }
   BusName(const BusName&) = delete;
   BusName& operator=(const BusName&) = delete;
   ~BusName();
@@ -24,6 +29,7 @@ class BusName {
   BusName(DesktopSupport::SessionBus bus, std::string name) : bus_(std::move(bus)), name_(std::move(name)) {}
 
   DesktopSupport::SessionBus bus_;
+  /// Empty if this was moved from.
   std::string name_;
 };
 

@@ -12,8 +12,8 @@
 
 namespace HostStandIn {
 
-/// One D-Bus interface of an object of this process, exported until this is destroyed. Calls arrive on the main context
-/// that was the thread's default when it was created.
+/// One D-Bus interface of an object of this process, exported until this is destroyed. Calls arrive on the main
+/// context.
 class ExportedInterface {
  public:
   /// The answer to a call.
@@ -26,25 +26,15 @@ class ExportedInterface {
   /// Carries out the method of this name. The arguments have the types that the description gives them.
   using Handler = std::move_only_function<Answer(std::string_view method, GVariant* arguments)>;
 
-  /// Exports the one interface that `description` (introspection XML) describes at `path`. Fails if the object has that
-  /// interface already.
-  static std::expected<std::unique_ptr<ExportedInterface>, DesktopSupport::BusError> create(
-      const DesktopSupport::SessionBus& bus, const std::string& path, const std::string& description, Handler handler);
-
-  ExportedInterface(const ExportedInterface&) = delete;
-  ExportedInterface& operator=(const ExportedInterface&) = delete;
-  ~ExportedInterface();
+  /// Exports the one interface that `description` (introspection XML) describes at `path`.
+  ExportedInterface(const DesktopSupport::SessionBus& bus, const std::string& path, const std::string& description,
+                    Handler handler);
 
  private:
-  ExportedInterface(GDBusConnection* connection, Handler handler)
-      : connection_(DesktopSupport::shared(connection)), handler_(std::move(handler)) {}
+  void take(const DesktopSupport::BusInvocation& invocation);
 
-  static void handleCall(GDBusConnection* connection, const gchar* sender, const gchar* path, const gchar* interface,
-                         const gchar* method, GVariant* arguments, GDBusMethodInvocation* invocation, gpointer self);
-
-  DesktopSupport::ObjectHandle<GDBusConnection> connection_;
   Handler handler_;
-  guint registration_ = 0;
+  std::unique_ptr<DesktopSupport::ServedObject> object_;
 };
 
 }  // namespace HostStandIn

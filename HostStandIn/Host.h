@@ -31,19 +31,18 @@ class Host {
   std::expected<void, std::string> run();
 
  private:
-  Host(const Options& options, GDBusConnection* connection);
+  Host(const Options& options, DesktopSupport::SessionBus bus);
   std::expected<void, std::string> openLog(const Options& options);
-  std::expected<void, DesktopSupport::BusError> serve(const DesktopSupport::SessionBus& bus);
+  std::expected<void, DesktopSupport::BusError> serve();
   void receive(const std::string& url);
-  static void handleClosed(GDBusConnection* connection, gboolean remotely, GError* error, gpointer self);
 
   Output output_;
   ScriptingCommands commands_;
   std::size_t received_ = 0;
   std::size_t enough_;
   DesktopSupport::MainLoopHandle loop_;
-  DesktopSupport::ObjectHandle<GDBusConnection> connection_;
-  gulong closedHandler_;
+  DesktopSupport::SessionBus bus_;
+  bool isBusGone_ = false;
   std::optional<ApplicationInterface> application_;
   std::optional<ScriptingInterface> scripting_;
   std::optional<BusName> name_;

@@ -104,20 +104,16 @@ Answer installationAnswer(ScriptingCommands& commands, std::move_only_function<v
 
 }  // namespace
 
-std::expected<ScriptingInterface, DesktopSupport::BusError> ScriptingInterface::create(
-    const DesktopSupport::SessionBus& bus, ScriptingCommands& commands, std::move_only_function<void()> installed) {
-  auto handle = [&commands, installed = std::move(installed)](std::string_view method,
+ScriptingInterface::ScriptingInterface(const DesktopSupport::SessionBus& bus, ScriptingCommands& commands,
+                                       std::move_only_function<void()> installed)
+    : exported_(bus, "/com/quillary/Deskloom", description,
+                [&commands, installed = std::move(installed)](std::string_view method,
                                                               GVariant* arguments) mutable -> Answer {
-    // GLib passes on only the methods of the description, so any other one is InstallPlugin.
-    const auto* command = std::ranges::find(configurationCommands, method, &Command::method);
-    if (command != std::end(configurationCommands))
-      return command->answer(commands, arguments);
-    return installationAnswer(commands, installed);
-  };
-  auto exported = ExportedInterface::create(bus, "/com/quillary/Deskloom", description, std::move(handle));
-  if (!exported)
-    return std::unexpected(exported.error());
-  return ScriptingInterface(std::move(*exported));
-}
+                  // Only the methods of the description arrive, so any other one is InstallPlugin.
+                  const auto* command = std::ranges::find(configurationCommands, method, &Command::method);
+                  if (command != std::end(configurationCommands))
+                    return command->answer(commands, arguments);
+                  return installationAnswer(commands, installed);
+                }) {}
 
 }  // namespace HostStandIn

@@ -1,9 +1,6 @@
 #pragma once
 
-#include <expected>
 #include <functional>
-#include <memory>
-#include <utility>
 
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "HostStandIn/ExportedInterface.h"
@@ -16,14 +13,11 @@ class ScriptingInterface {
  public:
   /// Calls are answered by `commands`, which must outlive this object. `installed` is called after a plug-in was
   /// installed. A refused installation fails with com.quillary.Deskloom.Error.InstallationRefused.
-  static std::expected<ScriptingInterface, DesktopSupport::BusError> create(const DesktopSupport::SessionBus& bus,
-                                                                            ScriptingCommands& commands,
-                                                                            std::move_only_function<void()> installed);
+  ScriptingInterface(const DesktopSupport::SessionBus& bus, ScriptingCommands& commands,
+                     std::move_only_function<void()> installed);
 
  private:
-  explicit ScriptingInterface(std::unique_ptr<ExportedInterface> exported) : exported_(std::move(exported)) {}
-
-  std::unique_ptr<ExportedInterface> exported_;
+  ExportedInterface exported_;
 };
 
 }  // namespace HostStandIn

@@ -11,19 +11,17 @@ namespace Linux {
 
 namespace {
 
+using DesktopSupport::BusAnswer;
 using DesktopSupport::BusError;
-using DesktopSupport::ErrorHandle;
-using DesktopSupport::Out;
-using DesktopSupport::VariantHandle;
 namespace BusErrorName = DesktopSupport::BusErrorName;
 
-/// GLib ends each call in time. If it ever fails to, the process still ends, this much later.
+/// The bus ends each call in time. If it ever fails to, the process still ends, this much later.
 constexpr std::chrono::seconds longestDelay{5};
 
 }  // namespace
 
 void HandOvers::add(const DesktopSupport::SessionBus& bus, std::string handler, std::string scheme, std::string url) {
-  HandOver handOver{.bus = DesktopSupport::shared(bus.connection()),
+  HandOver handOver{.bus = bus,
                     .handler = std::move(handler),
                     .scheme = std::move(scheme),
                     .arguments = DesktopSupport::owned(DesktopSupport::openArguments(std::move(url)))};
@@ -41,26 +39,21 @@ void HandOvers::beginWaiting() {
 
 void HandOvers::begin(std::uint64_t number, HandOver& handOver) {
   lastBegun_ = std::chrono::steady_clock::now();
-  g_dbus_connection_call(
-      handOver.bus.get(), handOver.handler.c_str(), DesktopSupport::applicationObjectPath(handOver.handler).c_str(),
-      DesktopSupport::applicationInterface, "Open", handOver.arguments.get(), nullptr, G_DBUS_CALL_FLAGS_NONE,
-      static_cast<int>(patience_.count()), nullptr, &HandOvers::complete,
-      new Finish(lifetime_.guarded([this, number](const GError* error) { finishCall(number, error); })));
+  const Finish finishThis = lifetime_.guarded([this, number](const BusAnswer& answer) { finishCall(number, answer); });
+  handOver.bus.callLater({handOver.handler, DesktopSupport::applicationObjectPath(handOver.handler),
+                          DesktopSupport::applicationInterface, "Open"},
+                         handOver.arguments.get(), patience_, DesktopSupport::Activation::ifNeeded,
+                         [finishThis](const BusAnswer& answer) {
+                           const std::lock_guard lock(mutex);
+                           finishThis(answer);
+                         });
 }
 
 /// Called from the main context, whichever thread began the call.
-void HandOvers::complete(GObject* connection, GAsyncResult* result, gpointer data) {
-  const std::lock_guard lock(mutex);
-  const std::unique_ptr<Finish> finishThis(static_cast<Finish*>(data));
-  ErrorHandle error;
-  const VariantHandle answer(g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, Out(error)));
-  (*finishThis)(error.get());
-}
-
-void HandOvers::finishCall(std::uint64_t number, const GError* error) {
+void HandOvers::finishCall(std::uint64_t number, const BusAnswer& answer) {
   auto finished = underWay_.extract(number);
-  if (error != nullptr) {
-    const BusError problem = DesktopSupport::busErrorFrom(*error);
+  if (!answer) {
+    const BusError& problem = answer.error();
     // The bus had no room for the call and has not sent it. There will be room when another one is done.
     if (problem.name == BusErrorName::limitsExceeded && !underWay_.empty()) {
       mostAtOnce_ = underWay_.size();

@@ -40,21 +40,20 @@ class HandOvers {
 
  private:
   struct HandOver {
-    DesktopSupport::ObjectHandle<GDBusConnection> bus;
+    DesktopSupport::SessionBus bus;
     std::string handler;
     std::string scheme;
     DesktopSupport::VariantHandle arguments;
   };
   /// By the order of the calls of `add`.
   using Numbered = std::map<std::uint64_t, HandOver>;
-  using Finish = std::function<void(const GError* error)>;
+  using Finish = std::function<void(const DesktopSupport::BusAnswer& answer)>;
 
   void beginWaiting();
   void begin(std::uint64_t number, HandOver& handOver);
-  void finishCall(std::uint64_t number, const GError* error);
+  void finishCall(std::uint64_t number, const DesktopSupport::BusAnswer& answer);
   void report(const HandOver& handOver, const DesktopSupport::BusError& error);
   [[nodiscard]] bool isDone() const;
-  static void complete(GObject* connection, GAsyncResult* result, gpointer data);
 
   /// Guards the hand-overs of all objects, which begin on any thread and complete on the main one.
   static inline std::mutex mutex;

@@ -4,22 +4,17 @@
 #include <memory>
 #include <optional>
 
-#include <gio/gdesktopappinfo.h>
-#include <gio/gio.h>
-
 #include "DesktopSupport/Bus/ApplicationBus.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/DesktopEntries/DesktopEntries.h"
 #include "DesktopSupport/DesktopEntries/SchemeHandler.h"
-#include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/GIO/GIO.h"
 
 namespace Linux {
 
 namespace {
 
 using DesktopSupport::DesktopEntry;
-using DesktopSupport::ErrorHandle;
-using DesktopSupport::Out;
 using DesktopSupport::SessionBus;
 
 /// The most bytes that one argument of a process can hold, without its terminator (MAX_ARG_STRLEN).
@@ -65,16 +60,9 @@ void Workspace::openByProgram(Platform::URL url, const DesktopEntry& handler) {
   if (const auto problem = lengthProblem(url.absoluteString().size(), longestArgument, "one argument of a process"))
     return reportFailure(schemeOf(url), *problem);
 
-  const DesktopSupport::ObjectHandle<GDesktopAppInfo> application(
-      g_desktop_app_info_new_from_filename(handler.file.c_str()));
-  if (!application)
-    return reportFailure(schemeOf(url), "its handler " + handler.file.string() + " cannot be started");
   const std::string scheme(schemeOf(url));
-  std::string text = std::move(url).absoluteString();
-  const DesktopSupport::ListHandle urls(g_list_append(nullptr, text.data()));
-  ErrorHandle error;
-  if (g_app_info_launch_uris(G_APP_INFO(application.get()), urls.get(), nullptr, Out(error)) == FALSE)
-    reportFailure(scheme, error->message);
+  if (const auto started = DesktopSupport::startWithURL(handler.file, std::move(url).absoluteString()); !started)
+    reportFailure(scheme, started.error());
 }
 
 void Workspace::reportFailure(std::string_view scheme, const std::string& reason) {

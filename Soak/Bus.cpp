@@ -2,9 +2,8 @@
 
 #include <stdexcept>
 
-#include <gio/gio.h>
-
 #include "DesktopSupport/Bus/ApplicationBus.h"
+#include "Tests/Support/GIOHandles.h"
 
 namespace Soak {
 
@@ -29,7 +28,10 @@ std::optional<BusError> Bus::open(const std::string& busName, const std::string&
   const VariantHandle answer(g_dbus_connection_call_sync(
       connection(), busName.c_str(), applicationObjectPath(busName).c_str(), applicationInterface, "Open",
       openArguments({url}), nullptr, G_DBUS_CALL_FLAGS_NONE, static_cast<int>(time.count()), nullptr, Out(error)));
-  return answer ? std::nullopt : std::optional(busErrorFrom(*error));
+  if (answer)
+    return std::nullopt;
+  const CharsHandle name(g_dbus_error_encode_gerror(error.get()));
+  return BusError{.name = name.get(), .message = error->message};
 }
 
 std::optional<pid_t> Bus::ownerOf(const std::string& busName) const {

@@ -7,7 +7,7 @@
 #include <sys/types.h>
 
 #include "DesktopSupport/Bus/SessionBus.h"
-#include "DesktopSupport/System/GLibHandles.h"
+#include "Tests/Support/GIOHandles.h"
 
 namespace Soak {
 
@@ -27,7 +27,7 @@ class Bus {
   [[nodiscard]] GDBusConnection* connection() const { return connection_.get(); }
 
  private:
-  DesktopSupport::ObjectHandle<GDBusConnection> connection_;
+  TestSupport::ObjectHandle<GDBusConnection> connection_;
 };
 
 }  // namespace Soak

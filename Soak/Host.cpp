@@ -19,6 +19,7 @@
 #include "HostStandIn/BusName.h"
 #include "HostStandIn/ScriptingCommands.h"
 #include "HostStandIn/ScriptingInterface.h"
+#include "Tests/Support/GIOHandles.h"
 
 namespace Soak {
 
@@ -80,7 +81,7 @@ void receiveTheRest(const SessionBus& bus) {
   DesktopSupport::BusDaemon(bus, answerTime).synchronize();
   while (g_main_context_iteration(nullptr, /*may_block=*/FALSE)) {
   }
-  g_dbus_connection_flush_sync(bus.connection(), nullptr, nullptr);
+  DesktopSupport::BusDaemon(bus, answerTime).synchronize();
 }
 
 }  // namespace
@@ -91,12 +92,11 @@ int beHost() {
     return 1;
   const Record record;
   HostStandIn::ScriptingCommands commands({.pluginFolder = "/", .isInstalled = true});
-  const auto application =
-      HostStandIn::ApplicationInterface::create(*bus, [&record](const std::string& url) { record.add(url); });
-  const auto scripting = HostStandIn::ScriptingInterface::create(*bus, commands, [] {});
+  const HostStandIn::ApplicationInterface application(*bus, [&record](const std::string& url) { record.add(url); });
+  const HostStandIn::ScriptingInterface scripting(*bus, commands, [] {});
   {
     const auto name = HostStandIn::BusName::acquire(*bus, hostName);
-    if (!application || !scripting || !name)
+    if (!name)
       return 1;
     awaitTermination();
   }

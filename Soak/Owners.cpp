@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <chrono>
 
+#include "Tests/Support/GIOHandles.h"
+
 namespace Soak {
 
 using namespace DesktopSupport;

@@ -10,6 +10,7 @@
 
 #include "Soak/Bus.h"
 #include "Soak/Launch.h"
+#include "Tests/Support/GIOHandles.h"
 #include "Tests/Support/ServingThread.h"
 
 namespace Soak {

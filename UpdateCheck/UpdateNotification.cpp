@@ -1,8 +1,12 @@
 #include "UpdateCheck/UpdateNotification.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
+#include <gio/gio.h>
+
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
 
@@ -10,9 +14,11 @@ namespace UpdateCheck {
 
 namespace {
 
+using DesktopSupport::BusDaemon;
 using DesktopSupport::BusError;
 using DesktopSupport::CharsHandle;
 using DesktopSupport::Out;
+using DesktopSupport::SessionBus;
 using DesktopSupport::VariantHandle;
 
 constexpr const char* service = "org.freedesktop.Notifications";
@@ -65,19 +71,31 @@ class Timer {
 /// Sets a flag when nobody owns the service's name, or the bus is gone.
 class OwnerWatch {
  public:
-  OwnerWatch(GDBusConnection* connection, bool& isGone)
-      : watch_(g_bus_watch_name_on_connection(connection, service, G_BUS_NAME_WATCHER_FLAGS_NONE, nullptr, &vanished,
-                                              &isGone, nullptr)) {}
+  OwnerWatch(const SessionBus& bus, bool& isGone)
+      : bus_(bus),
+        changes_(bus.subscribe("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus", service,
+                               [&isGone](const std::string& signal, GVariant* arguments) {
+                                 isGone = isGone || isLoss(signal, arguments);
+                               })) {
+    bus_.setWhenClosed([&isGone] { isGone = true; });
+    isGone = isGone || !BusDaemon(bus_, callTimeout).ownerOf(service);
+  }
   OwnerWatch(const OwnerWatch&) = delete;
   OwnerWatch& operator=(const OwnerWatch&) = delete;
-  ~OwnerWatch() { g_bus_unwatch_name(watch_); }
+  ~OwnerWatch() { bus_.setWhenClosed(nullptr); }
 
  private:
-  static void vanished(GDBusConnection* /*connection*/, const gchar* /*name*/, gpointer isGone) {
-    *static_cast<bool*>(isGone) = true;
+  /// Whether the signal says that a name has no owner any more.
+  static bool isLoss(const std::string& signal, GVariant* arguments) {
+    if (signal != "NameOwnerChanged" || g_variant_is_of_type(arguments, G_VARIANT_TYPE("(sss)")) == FALSE)
+      return false;
+    const char* newOwner = nullptr;
+    g_variant_get_child(arguments, 2, "&s", &newOwner);
+    return *newOwner == '\0';
   }
 
-  guint watch_;
+  const SessionBus& bus_;
+  std::unique_ptr<DesktopSupport::SignalSubscription> changes_;
 };
 
 /// Null until the application has been launched, or could not be.
@@ -112,12 +130,9 @@ std::string UpdateTexts::button() const {
 
 UpdateNotification::UpdateNotification(DesktopSupport::SessionBus bus)
     : bus_(std::move(bus)),
-      subscription_(g_dbus_connection_signal_subscribe(bus_.connection(), service, service, nullptr, objectPath,
-                                                       nullptr, G_DBUS_SIGNAL_FLAGS_NONE, &signalled, this, nullptr)) {}
-
-UpdateNotification::~UpdateNotification() {
-  g_dbus_connection_signal_unsubscribe(bus_.connection(), subscription_);
-}
+      subscription_(bus_.subscribe(
+          service, objectPath, service, /*firstArgument=*/"",
+          [this](const std::string& signal, GVariant* arguments) { handleSignal(signal, arguments); })) {}
 
 std::expected<VariantHandle, BusError> UpdateNotification::call(const char* method, GVariant* arguments,
                                                                 const char* replyType) const {
@@ -152,7 +167,7 @@ std::expected<void, BusError> UpdateNotification::show(const Contents& contents)
 // Signals that have come since `show` are still pending in the main context.
 bool UpdateNotification::awaitAnswer(std::chrono::seconds atMost) {
   const Timer timer(atMost, isOver_);
-  const OwnerWatch watch(bus_.connection(), isOver_);
+  const OwnerWatch watch(bus_, isOver_);
   while (!isOver_)
     g_main_context_iteration(nullptr, /*may_block=*/TRUE);
   return isAnswered_;
@@ -169,12 +184,6 @@ void UpdateNotification::handleSignal(const std::string& name, GVariant* argumen
     return;
   isOver_ = true;
   isAnswered_ = isAnswered_ || isInvoked;
-}
-
-void UpdateNotification::signalled(GDBusConnection* /*connection*/, const gchar* /*sender*/, const gchar* /*path*/,
-                                   const gchar* /*interface*/, const gchar* signal, GVariant* arguments,
-                                   gpointer notification) {
-  static_cast<UpdateNotification*>(notification)->handleSignal(signal, arguments);
 }
 
 std::expected<void, std::string> openPage(const Platform::URL& url) {

@@ -3,11 +3,10 @@
 #include <chrono>
 #include <cstdint>
 #include <expected>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-
-#include <gio/gio.h>
 
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "Platform/Bundle.h"
@@ -46,7 +45,7 @@ class UpdateNotification {
   explicit UpdateNotification(DesktopSupport::SessionBus bus);
   UpdateNotification(const UpdateNotification&) = delete;
   UpdateNotification& operator=(const UpdateNotification&) = delete;
-  ~UpdateNotification();
+  ~UpdateNotification() = default;
 
   /// Shows it, once. Starts the desktop's notification service if needed. Fails if there is none, or it refuses.
   [[nodiscard]] std::expected<void, DesktopSupport::BusError> show(const Contents& contents);
@@ -60,11 +59,9 @@ class UpdateNotification {
       const char* method, GVariant* arguments, const char* replyType) const;
   [[nodiscard]] bool readsMarkup() const;
   void handleSignal(const std::string& name, GVariant* arguments);
-  static void signalled(GDBusConnection* connection, const gchar* sender, const gchar* path, const gchar* interface,
-                        const gchar* signal, GVariant* arguments, gpointer notification);
 
   DesktopSupport::SessionBus bus_;
-  guint subscription_;
+  std::unique_ptr<DesktopSupport::SignalSubscription> subscription_;
   std::uint32_t id_ = 0;
   bool isAnswered_ = false;
   bool isOver_ = false;

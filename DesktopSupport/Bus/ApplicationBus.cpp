@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "DesktopSupport/Bus/BusNames.h"
 #include "DesktopSupport/System/Text.h"
 
 namespace DesktopSupport {
@@ -42,7 +43,7 @@ const char* const applicationIntrospection = R"(
   </node>)";
 
 bool isApplicationName(const std::string& text) {
-  return g_dbus_is_name(text.c_str()) != FALSE && g_dbus_is_unique_name(text.c_str()) == FALSE;
+  return isBusName(text) && !isUniqueBusName(text);
 }
 
 std::string applicationObjectPath(std::string_view busName) {

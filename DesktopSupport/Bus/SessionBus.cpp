@@ -1,15 +1,12 @@
 #include "DesktopSupport/Bus/SessionBus.h"
 
 #include <algorithm>
-#include <condition_variable>
 #include <cstdlib>
 #include <filesystem>
-#include <limits>
 #include <mutex>
-#include <thread>
 #include <utility>
 
-#include "DesktopSupport/System/DisplayableText.h"
+#include "DesktopSupport/Bus/BusConnection.h"
 #include "DesktopSupport/System/Text.h"
 #include "DesktopSupport/System/UserFolders.h"
 
@@ -17,168 +14,169 @@ namespace DesktopSupport {
 
 namespace {
 
-// GIO would start a bus of its own through dbus-launch if it finds none.
-bool isRunning() {
-  if (std::getenv("DBUS_SESSION_BUS_ADDRESS") != nullptr)
-    return true;
+BusError noServer(std::string message) {
+  return {.name = std::string(BusErrorName::noServer), .message = std::move(message)};
+}
+
+/// The address of the running session bus; `nullopt` if there is none.
+std::optional<std::string> sessionAddress() {
+  if (const char* const address = std::getenv("DBUS_SESSION_BUS_ADDRESS"))
+    return address;
   const auto runtimeFolder = folderNamedBy("XDG_RUNTIME_DIR");
   std::error_code ignored;
-  return runtimeFolder && std::filesystem::exists(*runtimeFolder / "bus", ignored);
+  if (!runtimeFolder || !std::filesystem::exists(*runtimeFolder / "bus", ignored))
+    return std::nullopt;
+  const CharsHandle escaped(g_uri_escape_string((*runtimeFolder / "bus").c_str(), "/", /*allow_utf8=*/FALSE));
+  return std::string("unix:path=") + escaped.get();
 }
 
-// GLib would start a program for other kinds of addresses.
-bool isOfSockets(const std::string& address) {
-  const auto parts = separated(address, ';');
-  return !parts.empty() && std::ranges::all_of(parts, [](std::string_view part) { return part.starts_with("unix:"); });
+BusConnection::Clock::time_point deadlineAfter(std::chrono::milliseconds time) {
+  // A time that is longer than any program runs would be too long for a time point.
+  return BusConnection::Clock::now() + std::min<std::chrono::milliseconds>(time, std::chrono::years(1));
 }
 
-/// Cancels an operation once it has taken `limit`.
-class TimeLimit {
- public:
-  TimeLimit(GCancellable* cancellable, std::chrono::milliseconds limit)
-      : thread_([this, cancellable, limit](const std::stop_token& end) {
-          std::unique_lock lock(mutex_);
-          const bool isOver = over_.wait_for(lock, end, limit, [&end] { return end.stop_requested(); });
-          if (!isOver)
-            g_cancellable_cancel(cancellable);
-        }) {}
-
- private:
-  std::mutex mutex_;
-  std::condition_variable_any over_;
-  std::jthread thread_;
-};
-
-std::string nameOf(const GError& error) {
-  if (g_error_matches(&error, G_IO_ERROR, G_IO_ERROR_TIMED_OUT) != FALSE)
-    return std::string(BusErrorName::timeout);
-  if (g_error_matches(&error, G_IO_ERROR, G_IO_ERROR_CLOSED) != FALSE)
-    return std::string(BusErrorName::disconnected);
-  const CharsHandle remoteName(g_dbus_error_get_remote_error(&error));
-  if (remoteName)
-    return remoteName.get();
-  const CharsHandle name(g_dbus_error_encode_gerror(&error));
-  return name.get();
+VariantHandle sharedVariant(GVariant* variant) {
+  return VariantHandle(variant != nullptr ? g_variant_ref_sink(variant) : nullptr);
 }
 
-bool isValid(const BusMethod& method) {
-  return g_dbus_is_name(method.destination.c_str()) != FALSE &&
-         g_variant_is_object_path(method.path.c_str()) != FALSE &&
-         g_dbus_is_interface_name(method.interface.c_str()) != FALSE &&
-         g_dbus_is_member_name(method.name.c_str()) != FALSE;
+BusMessage messageFor(const BusMethod& method, VariantHandle arguments, Activation activation) {
+  return {.mayActivate = activation == Activation::ifNeeded,
+          .destination = method.destination,
+          .path = method.path,
+          .interface = method.interface,
+          .member = method.name,
+          .arguments = std::move(arguments)};
 }
 
-BusError forbiddenName() {
-  return {.name = std::string(BusErrorName::invalidArguments), .message = "D-Bus allows no such name."};
+/// Tells the bus which signals to send. It needs no answer, as messages keep their order.
+BusMessage matchMessage(const char* method, const std::string& rule) {
+  return {.wantsAnswer = false,
+          .destination = "org.freedesktop.DBus",
+          .path = "/org/freedesktop/DBus",
+          .interface = "org.freedesktop.DBus",
+          .member = method,
+          .arguments = owned(g_variant_new("(s)", rule.c_str()))};
 }
 
-int millisecondsFor(std::chrono::milliseconds timeout) {
-  constexpr auto longest = std::numeric_limits<int>::max() - 1;
-  return static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(timeout.count(), 0, longest));
+/// The answer if it has the type that was asked for.
+BusAnswer checked(BusAnswer answer, const GVariantType* type) {
+  if (!answer || type == nullptr || g_variant_is_of_type(answer->get(), type) != FALSE)
+    return answer;
+  const CharsHandle expected(g_variant_type_dup_string(type));
+  return std::unexpected(BusError{.name = std::string(BusErrorName::invalidSignature),
+                                  .message = std::string("The answer has the type ") +
+                                             g_variant_get_type_string(answer->get()) + ", not " + expected.get() +
+                                             '.'});
 }
-
-/// One of several calls. Its answer arrives in the main context that was the thread's default when it was made.
-struct PendingCall {
-  bool isUnderWay = false;
-  BusAnswer answer = std::unexpected(forbiddenName());
-
-  static void finish(GObject* connection, GAsyncResult* result, gpointer call) {
-    auto& self = *static_cast<PendingCall*>(call);
-    ErrorHandle error;
-    VariantHandle reply(g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, Out(error)));
-    self.answer = reply ? BusAnswer(std::move(reply)) : std::unexpected(busErrorFrom(*error));
-    self.isUnderWay = false;
-  }
-};
 
 }  // namespace
 
-BusError busErrorFrom(const GError& error) {
-  const ErrorHandle copy(g_error_copy(&error));
-  g_dbus_error_strip_remote_error(copy.get());
-  return {.name = nameOf(error), .message = displayable(copy->message)};
+void BusInvocation::answer(VariantHandle result) const {
+  if (call_.wantsAnswer)
+    connection_->send(answerTo(call_, std::move(result)));
+}
+
+void BusInvocation::refuse(const BusError& error) const {
+  if (call_.wantsAnswer)
+    connection_->send(errorFor(call_, error));
+}
+
+ServedObject::ServedObject(std::shared_ptr<BusConnection> connection, std::string path, std::string interface,
+                           std::unique_ptr<BusSource> source)
+    : connection_(std::move(connection)),
+      path_(std::move(path)),
+      interface_(std::move(interface)),
+      source_(std::move(source)) {}
+
+ServedObject::~ServedObject() {
+  connection_->unserve(path_, interface_, std::move(source_));
+}
+
+SignalSubscription::~SignalSubscription() {
+  connection_->unsubscribe(number_);
+  connection_->send(matchMessage("RemoveMatch", rule_));
 }
 
 std::expected<SessionBus, BusError> SessionBus::connect(std::chrono::milliseconds patience) {
-  if (!isRunning())
-    return std::unexpected(BusError{std::string(BusErrorName::noServer), "There is no session bus."});
-  // Asking GIO for the connection that there is needs no time limit, whose thread would take longer than the rest.
-  static GWeakRef made;
-  if (ObjectHandle<GDBusConnection> connection(static_cast<GDBusConnection*>(g_weak_ref_get(&made))); connection)
+  static std::mutex mutex;
+  static std::weak_ptr<BusConnection> made;
+  const std::lock_guard lock(mutex);
+  if (auto connection = made.lock())
     return SessionBus(std::move(connection));
-  auto bus = connectWithin(patience, [](GCancellable* cancellable, GError** error) {
-    return g_bus_get_sync(G_BUS_TYPE_SESSION, cancellable, error);
-  });
-  if (bus)
-    g_weak_ref_set(&made, bus->connection());
-  return bus;
+  const auto address = sessionAddress();
+  if (!address)
+    return std::unexpected(noServer("There is no session bus."));
+  auto connection = BusConnection::open(*address, patience);
+  if (!connection)
+    return std::unexpected(noServer(std::move(connection.error().message)));
+  made = *connection;
+  return SessionBus(std::move(*connection));
 }
 
 std::expected<SessionBus, BusError> SessionBus::connectTo(const std::string& address,
                                                           std::chrono::milliseconds patience) {
-  if (!isOfSockets(address))
-    return std::unexpected(
-        BusError{std::string(BusErrorName::notSupported), "The bus has an unknown kind of address."});
-  return connectWithin(patience, [&address](GCancellable* cancellable, GError** error) {
-    constexpr auto client = static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
-                                                              G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-    return g_dbus_connection_new_for_address_sync(address.c_str(), client, nullptr, cancellable, error);
-  });
+  auto connection = BusConnection::open(address, patience);
+  if (!connection)
+    return std::unexpected(std::move(connection.error()));
+  return SessionBus(std::move(*connection));
 }
 
-template <typename Connect>
-std::expected<SessionBus, BusError> SessionBus::connectWithin(std::chrono::milliseconds patience, Connect connect) {
-  const ObjectHandle<GCancellable> cancellable(g_cancellable_new());
-  const TimeLimit limit(cancellable.get(), patience);
-  ErrorHandle error;
-  ObjectHandle<GDBusConnection> connection(connect(cancellable.get(), Out(error)));
-  if (!connection && g_cancellable_is_cancelled(cancellable.get()) != FALSE)
-    return std::unexpected(BusError{std::string(BusErrorName::noServer), "The session bus does not answer."});
-  if (!connection)
-    return std::unexpected(BusError{std::string(BusErrorName::noServer), displayable(error->message)});
-  g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
-  return SessionBus(std::move(connection));
+const std::string& SessionBus::uniqueName() const {
+  return connection_->uniqueName();
 }
 
 BusAnswer SessionBus::call(const BusMethod& method, GVariant* arguments, const GVariantType* replyType,
                            std::chrono::milliseconds timeout, Activation activation) const {
-  // GIO would return neither a reply nor an error.
-  if (!isValid(method)) {
-    const VariantHandle unused(arguments == nullptr ? nullptr : g_variant_ref_sink(arguments));
-    return std::unexpected(forbiddenName());
-  }
-  const auto flags = activation == Activation::never ? G_DBUS_CALL_FLAGS_NO_AUTO_START : G_DBUS_CALL_FLAGS_NONE;
-  ErrorHandle error;
-  VariantHandle reply(g_dbus_connection_call_sync(connection_.get(), method.destination.c_str(), method.path.c_str(),
-                                                  method.interface.c_str(), method.name.c_str(), arguments, replyType,
-                                                  flags, millisecondsFor(timeout), nullptr, Out(error)));
-  if (!reply)
-    return std::unexpected(busErrorFrom(*error));
-  return reply;
+  std::vector<BusMessage> messages;
+  messages.push_back(messageFor(method, sharedVariant(arguments), activation));
+  auto answers = connection_->call(std::move(messages), deadlineAfter(timeout));
+  return checked(std::move(answers.front()), replyType);
 }
 
 std::vector<BusAnswer> SessionBus::callAll(const std::vector<BusCall>& calls, std::chrono::milliseconds timeout) const {
-  const MainContextHandle context(g_main_context_new());
-  g_main_context_push_thread_default(context.get());
-  std::vector<PendingCall> pending(calls.size());
-  for (std::size_t index = 0; index < calls.size(); ++index) {
-    const auto& [method, arguments, replyType] = calls[index];
-    if (!isValid(method))
-      continue;
-    pending[index].isUnderWay = true;
-    g_dbus_connection_call(connection_.get(), method.destination.c_str(), method.path.c_str(), method.interface.c_str(),
-                           method.name.c_str(), arguments.get(), replyType, G_DBUS_CALL_FLAGS_NO_AUTO_START,
-                           millisecondsFor(timeout), nullptr, &PendingCall::finish, &pending[index]);
-  }
-  std::vector<BusAnswer> answers;
-  answers.reserve(calls.size());
-  for (PendingCall& call : pending) {
-    while (call.isUnderWay)
-      g_main_context_iteration(context.get(), /*may_block=*/TRUE);
-    answers.push_back(std::move(call.answer));
-  }
-  g_main_context_pop_thread_default(context.get());
+  std::vector<BusMessage> messages;
+  for (const auto& [method, arguments, replyType] : calls)
+    messages.push_back(messageFor(method, sharedVariant(arguments.get()), Activation::never));
+  auto answers = connection_->call(std::move(messages), deadlineAfter(timeout));
+  for (std::size_t index = 0; index < calls.size(); ++index)
+    answers[index] = checked(std::move(answers[index]), calls[index].replyType);
   return answers;
+}
+
+void SessionBus::callLater(const BusMethod& method, GVariant* arguments, std::chrono::milliseconds timeout,
+                           Activation activation, std::move_only_function<void(BusAnswer)> whenAnswered) const {
+  connection_->callLater(messageFor(method, sharedVariant(arguments), activation), deadlineAfter(timeout),
+                         std::move(whenAnswered));
+}
+
+std::unique_ptr<ServedObject> SessionBus::serve(const std::string& path, const std::string& description,
+                                                GMainContext* context, std::function<void(BusInvocation)> take) const {
+  // The connection must not keep itself alive.
+  const auto takeMessage = [connection = std::weak_ptr(connection_), take = std::move(take)](BusMessage call) {
+    if (auto strong = connection.lock())
+      take(BusInvocation(std::move(strong), std::move(call)));
+  };
+  BusInterface interface = BusInterface::describedBy(description);
+  std::string name = interface.name;
+  auto source = connection_->serve(path, std::move(interface), context, takeMessage);
+  return std::make_unique<ServedObject>(connection_, path, std::move(name), std::move(source));
+}
+
+std::unique_ptr<SignalSubscription> SessionBus::subscribe(
+    const std::string& sender, const std::string& path, const std::string& interface, const std::string& firstArgument,
+    std::function<void(const std::string& signal, GVariant* arguments)> take) const {
+  std::string rule = "type='signal',sender='" + sender + "',path='" + path + "',interface='" + interface + '\'';
+  if (!firstArgument.empty())
+    rule += ",arg0='" + firstArgument + '\'';
+  const std::uint64_t number = connection_->subscribe(
+      path, interface,
+      [take = std::move(take)](const BusMessage& signal) { take(signal.member, signal.arguments.get()); });
+  connection_->send(matchMessage("AddMatch", rule));
+  return std::make_unique<SignalSubscription>(connection_, number, std::move(rule));
+}
+
+void SessionBus::setWhenClosed(std::move_only_function<void()> whenClosed) const {
+  connection_->setWhenClosed(std::move(whenClosed));
 }
 
 std::optional<std::uint32_t> leadingNumber(GVariant* reply) {

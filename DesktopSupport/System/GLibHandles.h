@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include <gio/gio.h>
+#include <glib.h>
 
 namespace DesktopSupport {
 
@@ -16,8 +16,6 @@ struct ReleasedBy {
 };
 
 /// Owners of GLib's types. Each gives up one reference, or frees the memory.
-template <typename T>
-using ObjectHandle = std::unique_ptr<T, ReleasedBy<g_object_unref>>;
 using VariantHandle = std::unique_ptr<GVariant, ReleasedBy<g_variant_unref>>;
 using ErrorHandle = std::unique_ptr<GError, ReleasedBy<g_error_free>>;
 using CharsHandle = std::unique_ptr<gchar, ReleasedBy<g_free>>;
@@ -31,7 +29,6 @@ using ChecksumHandle = std::unique_ptr<GChecksum, ReleasedBy<g_checksum_free>>;
 using BytesHandle = std::unique_ptr<GBytes, ReleasedBy<g_bytes_unref>>;
 /// Owns the list, not its elements.
 using ListHandle = std::unique_ptr<GList, ReleasedBy<g_list_free>>;
-using NodeInfoHandle = std::unique_ptr<GDBusNodeInfo, ReleasedBy<g_dbus_node_info_unref>>;
 
 /// Lets a C function fill a handle through its `T**` parameter: `f(…, Out(error))`. The handle gets the pointer at the
 /// end of the full expression.
@@ -49,13 +46,6 @@ class Out {
   Handle& handle_;
   typename Handle::pointer pointer_ = nullptr;
 };
-
-/// Another owner of a GObject.
-template <typename T>
-ObjectHandle<T> shared(T* object) {
-  g_object_ref(object);
-  return ObjectHandle<T>(object);
-}
 
 /// Takes over a variant that has just been made and is still floating.
 inline VariantHandle owned(GVariant* variant) {

@@ -16,8 +16,7 @@ namespace Linux {
 namespace {
 
 using DesktopSupport::BusDaemon;
-using DesktopSupport::NodeInfoHandle;
-using DesktopSupport::ObjectHandle;
+using DesktopSupport::BusInvocation;
 using DesktopSupport::VariantHandle;
 using std::chrono::microseconds;
 
@@ -27,28 +26,24 @@ constexpr const char* deadlineKey = "deskloom-begin-by";
 /// The caller of one invocation.
 class BusCaller : public LaunchCaller {
  public:
-  BusCaller(GDBusMethodInvocation* invocation, bool helpsItself) : invocation_(invocation), helpsItself_(helpsItself) {}
+  BusCaller(BusInvocation invocation, bool helpsItself)
+      : invocation_(std::move(invocation)), helpsItself_(helpsItself) {}
   BusCaller(const BusCaller&) = delete;
   BusCaller& operator=(const BusCaller&) = delete;
   ~BusCaller() override { BusCaller::accept(); }
 
   void accept() override {
-    if (GDBusMethodInvocation* const unanswered = take())
-      g_dbus_method_invocation_return_value(unanswered, nullptr);
+    if (!isAnswered_.exchange(true))
+      invocation_.answer(nullptr);
   }
   void refuse(const std::string& reason) override {
-    if (GDBusMethodInvocation* const unanswered = take())
-      g_dbus_method_invocation_return_error_literal(unanswered, G_DBUS_ERROR, G_DBUS_ERROR_FAILED, reason.c_str());
+    if (!isAnswered_.exchange(true))
+      invocation_.refuse({.name = std::string(DesktopSupport::BusErrorName::failed), .message = reason});
   }
   [[nodiscard]] bool helpsItself() const override { return helpsItself_; }
 
  private:
-  /// Takes the invocation with a reference for the answer to consume; null if it was answered.
-  GDBusMethodInvocation* take() {
-    return isAnswered_.exchange(true) ? nullptr : static_cast<GDBusMethodInvocation*>(g_object_ref(invocation_.get()));
-  }
-
-  ObjectHandle<GDBusMethodInvocation> invocation_;
+  BusInvocation invocation_;
   bool helpsItself_;
   std::atomic<bool> isAnswered_ = false;
 };
@@ -71,12 +66,11 @@ std::optional<microseconds> callersDeadline(GVariant* arguments) {
 
 }  // namespace
 
-std::vector<Launch> launchesOf(GDBusMethodInvocation* invocation, Launch::Clock::time_point now) {
-  GVariant* const arguments = g_dbus_method_invocation_get_parameters(invocation);
-  auto requested = requestedURLs(g_dbus_method_invocation_get_method_name(invocation), arguments);
-  const auto deadline = callersDeadline(arguments);
+std::vector<Launch> launchesOf(BusInvocation invocation, Launch::Clock::time_point now) {
+  auto requested = requestedURLs(invocation.method(), invocation.arguments());
+  const auto deadline = callersDeadline(invocation.arguments());
   // A caller of several launches at once cannot be told which of them are refused.
-  const auto caller = std::make_shared<BusCaller>(invocation, deadline && requested.size() == 1);
+  const auto caller = std::make_shared<BusCaller>(std::move(invocation), deadline && requested.size() == 1);
   // The caller's deadline may be any number, so it is limited before it becomes a time point.
   const auto nowInMicroseconds = std::chrono::duration_cast<microseconds>(now.time_since_epoch());
   const microseconds wait =
@@ -101,23 +95,9 @@ BusPresence::BusPresence(DesktopSupport::SessionBus bus, std::string identifier,
     : bus_(std::move(bus)),
       identifier_(std::move(identifier)),
       objectPath_(DesktopSupport::applicationObjectPath(identifier_)),
-      takeLaunch_(std::move(takeLaunch)) {
-  exportObject(context);
-}
-
-BusPresence::~BusPresence() {
-  if (registration_ != 0)
-    g_dbus_connection_unregister_object(bus_.connection(), registration_);
-}
-
-void BusPresence::exportObject(GMainContext* context) {
-  static constexpr GDBusInterfaceVTable vtable = {&BusPresence::methodCalled, nullptr, nullptr, {}};
-  const NodeInfoHandle node(g_dbus_node_info_new_for_xml(DesktopSupport::applicationIntrospection, nullptr));
-  g_main_context_push_thread_default(context);
-  registration_ = g_dbus_connection_register_object(bus_.connection(), objectPath_.c_str(), node->interfaces[0],
-                                                    &vtable, this, nullptr, nullptr);
-  g_main_context_pop_thread_default(context);
-}
+      takeLaunch_(std::move(takeLaunch)),
+      object_(bus_.serve(objectPath_, DesktopSupport::applicationIntrospection, context,
+                         [this](BusInvocation invocation) { take(std::move(invocation)); })) {}
 
 bool BusPresence::acquireName() {
   const auto isOwner = BusDaemon(bus_, answerTime).requestName(identifier_);
@@ -154,13 +134,10 @@ void BusPresence::flush() const {
     BusDaemon(bus_, answerTime).synchronize();
 }
 
-void BusPresence::methodCalled(GDBusConnection* /*connection*/, const gchar* /*sender*/, const gchar* /*path*/,
-                               const gchar* /*interface*/, const gchar* /*method*/, GVariant* /*parameters*/,
-                               GDBusMethodInvocation* invocation, gpointer self) {
-  auto* const presence = static_cast<BusPresence*>(self);
-  presence->wasCalled_ = true;
-  for (Launch& launch : launchesOf(invocation))
-    presence->takeLaunch_(std::move(launch));
+void BusPresence::take(BusInvocation invocation) {
+  wasCalled_ = true;
+  for (Launch& launch : launchesOf(std::move(invocation)))
+    takeLaunch_(std::move(launch));
 }
 
 }  // namespace Linux

@@ -2,10 +2,11 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include <gio/gio.h>
+#include <glib.h>
 
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "Linux/Launching/LaunchQueue.h"
@@ -17,8 +18,9 @@ namespace Linux {
 inline constexpr std::chrono::milliseconds longestWait{500};
 
 /// The launches that a call of org.freedesktop.Application asks for: one for each URL, and one without a URL for
-/// Activate and ActivateAction. Takes over the invocation, which is answered after all of them were answered.
-std::vector<Launch> launchesOf(GDBusMethodInvocation* invocation, Launch::Clock::time_point now = Launch::Clock::now());
+/// Activate and ActivateAction. The invocation is answered after all of them were answered.
+std::vector<Launch> launchesOf(DesktopSupport::BusInvocation invocation,
+                               Launch::Clock::time_point now = Launch::Clock::now());
 
 /// The platform data of a caller that does the launch itself if it hears of no success in time: the time by which the
 /// launch must begin. Floating; of type a{sv}.
@@ -39,7 +41,7 @@ class BusPresence {
   BusPresence(DesktopSupport::SessionBus bus, std::string identifier, GMainContext* context, TakeLaunch takeLaunch);
   BusPresence(const BusPresence&) = delete;
   BusPresence& operator=(const BusPresence&) = delete;
-  ~BusPresence();
+  ~BusPresence() = default;
 
   /// Takes the name; launches arrive from then on. False if another process has the name, or if the bus refuses or does
   /// not answer.
@@ -59,17 +61,15 @@ class BusPresence {
 
  private:
   [[nodiscard]] bool deliver(const char* method, GVariant* arguments) const;
-  void exportObject(GMainContext* context);
-  static void methodCalled(GDBusConnection* connection, const gchar* sender, const gchar* path, const gchar* interface,
-                           const gchar* method, GVariant* parameters, GDBusMethodInvocation* invocation, gpointer self);
+  void take(DesktopSupport::BusInvocation invocation);
 
   DesktopSupport::SessionBus bus_;
   std::string identifier_;
   std::string objectPath_;
   TakeLaunch takeLaunch_;
-  guint registration_ = 0;
   bool mayOwnName_ = false;
   bool wasCalled_ = false;
+  std::unique_ptr<DesktopSupport::ServedObject> object_;
 };
 
 }  // namespace Linux

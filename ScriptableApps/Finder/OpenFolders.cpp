@@ -11,6 +11,7 @@
 #include <libintl.h>
 
 #include "DesktopSupport/Bus/SessionBus.h"
+#include "DesktopSupport/GIO/GIO.h"
 #include "DesktopSupport/System/DisplayableText.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "DesktopSupport/System/TimeLimit.h"
@@ -21,7 +22,6 @@ namespace ScriptableApps {
 namespace {
 
 using DesktopSupport::CharsHandle;
-using DesktopSupport::ObjectHandle;
 using DesktopSupport::Out;
 
 std::string canonical(const char* path) {
@@ -144,9 +144,7 @@ bool MountedPlaces::canBeAsked() {
 std::optional<std::string> MountedPlaces::pathOf(const std::string& uri) {
   if (!canBeAsked())
     return std::nullopt;
-  const ObjectHandle<GFile> place(g_file_new_for_uri(uri.c_str()));
-  const CharsHandle path(g_file_get_path(place.get()));
-  return path ? std::optional<std::string>(path.get()) : std::nullopt;
+  return DesktopSupport::mountedPath(uri);
 }
 
 bool isHomeFolder(const std::string& path) {

@@ -13,6 +13,7 @@
 #include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "Tests/BrowserCompanion/ExtensionEnd.h"
+#include "Tests/Support/GIOHandles.h"
 #include "Tests/Support/Patience.h"
 
 namespace {
@@ -114,9 +115,8 @@ TEST_F(Companion, AsksTheExtensionForEachCaller) {
 
 TEST_F(Companion, AsksOnceAfterTheGreeting) {
   const auto bus = SessionBus::connect().value();
-  g_dbus_connection_call(bus.connection(), extension_.name().c_str(), BrowserSessions::companionPath,
-                         BrowserSessions::companionInterface, "List", nullptr, nullptr, G_DBUS_CALL_FLAGS_NONE, -1,
-                         nullptr, nullptr, nullptr);
+  bus.callLater({extension_.name(), BrowserSessions::companionPath, BrowserSessions::companionInterface, "List"},
+                nullptr, TestSupport::patience, DesktopSupport::Activation::never, [](const auto&) {});
   // When this is answered, the call has arrived.
   EXPECT_TRUE(
       bus.call({extension_.name(), "/", "org.freedesktop.DBus.Peer", "Ping"}, nullptr, nullptr, TestSupport::patience));

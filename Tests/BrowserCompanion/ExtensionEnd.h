@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
-#include <gio/gio.h>
 #include <unistd.h>
 
 #include "BrowserSessions/Companion/CompanionAnswer.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "DesktopSupport/System/Text.h"
 #include "Tests/Support/BusNames.h"
+#include "Tests/Support/GIOHandles.h"
 
 /// The program gleanery-tabs, started as by a browser, and the end of its port at which a browser has the extension.
 class ExtensionEnd {
@@ -97,6 +97,6 @@ class ExtensionEnd {
     return text;
   }
 
-  DesktopSupport::ObjectHandle<GSubprocess> process_;
+  TestSupport::ObjectHandle<GSubprocess> process_;
   pid_t pid_ = 0;
 };

@@ -6,6 +6,7 @@
 #include "BrowserSessions/Companion/CompanionAnswer.h"
 #include "BrowserSessions/Companion/Companions.h"
 #include "Tests/BrowserSessions/BrowserSessionPrinting.h"
+#include "Tests/Support/GIOHandles.h"
 
 namespace BrowserSessions {
 namespace {

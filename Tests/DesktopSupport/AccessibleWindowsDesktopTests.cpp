@@ -10,6 +10,7 @@
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "DesktopSupport/Windows/Accessible/AccessibleWindows.h"
 #include "Tests/Support/FakeService.h"
+#include "Tests/Support/GIOHandles.h"
 #include "Tests/Support/SilentServer.h"
 #include "Tests/Support/TemporaryFolder.h"
 
@@ -172,7 +173,7 @@ TEST(AccessibleWindowsOfGNOMEShell, AreThoseOfProgramsThatAnswer) {
   FakeAccessibility accessibility;
   accessibility.registry.has({"com.example.Silent", "com.example.Gone", "not a name", "", "com.example.One"});
   FakeAccessible silent("com.example.Silent");
-  std::vector<ObjectHandle<GDBusMethodInvocation>> unanswered;
+  std::vector<TestSupport::ObjectHandle<GDBusMethodInvocation>> unanswered;
   silent.answer("GetChildren",
                 [&unanswered](GDBusMethodInvocation* invocation) { unanswered.emplace_back(invocation); });
   FakeAccessible one("com.example.One");

@@ -1,15 +1,12 @@
-#include <atomic>
-#include <semaphore>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <unistd.h>
 
 #include "DesktopSupport/Bus/BusDaemon.h"
-#include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/FakeDeskloomHost.h"
-#include "Tests/Support/Patience.h"
 
 namespace {
 
@@ -21,37 +18,8 @@ using namespace std::chrono_literals;
 const char* const name = "com.quillary.BusDaemonTests";
 const char* const takenName = "com.quillary.Deskloom";  // by the fake host
 
-/// What a connection receives, on a thread of its own: the signals First and Second.
-struct Reception {
-  std::binary_semaphore hasFirst{0};
-  std::binary_semaphore mayGoOn{0};
-  std::atomic<bool> hasSecond = false;
-};
-
-/// Takes nothing else until `mayGoOn`.
-GDBusMessage* receive(GDBusConnection* /*bus*/, GDBusMessage* message, gboolean incoming, gpointer data) {
-  auto& reception = *static_cast<Reception*>(data);
-  const char* const member = incoming != FALSE ? g_dbus_message_get_member(message) : nullptr;
-  if (g_strcmp0(member, "First") == 0) {
-    reception.hasFirst.release();
-    reception.mayGoOn.acquire();
-  }
-  if (g_strcmp0(member, "Second") == 0)
-    reception.hasSecond = true;
-  return message;
-}
-
-/// Sends a connection a signal, in another process: in this one, all connections share a thread. Returns after the bus
-/// has taken it.
-void sendSignal(const std::string& receiver, const std::string& signal) {
-  EXPECT_EQ(TestSupport::run({"gdbus", "emit", "--session", "--dest", receiver, "--object-path", "/", "--signal",
-                              name + ("." + signal)}),
-            0);
-  // The bus has answered a later process.
-  EXPECT_EQ(TestSupport::run({"gdbus", "call", "--session", "--dest", "org.freedesktop.DBus", "--object-path",
-                              "/org/freedesktop/DBus", "--method", "org.freedesktop.DBus.GetId"}),
-            0);
-}
+const char* const description = R"(
+  <node><interface name="com.quillary.BusDaemonTests"><method name="First"/><method name="Second"/></interface></node>)";
 
 class BusDaemonTest : public testing::Test {
  protected:
@@ -62,7 +30,7 @@ class BusDaemonTest : public testing::Test {
 TEST_F(BusDaemonTest, GivesANameToThisProcessAndTakesItBack) {
   EXPECT_EQ(daemon_.ownerOf(name), std::nullopt);
   EXPECT_TRUE(daemon_.requestName(name).value());
-  EXPECT_EQ(daemon_.ownerOf(name), g_dbus_connection_get_unique_name(bus_.connection()));
+  EXPECT_EQ(daemon_.ownerOf(name), bus_.uniqueName());
   daemon_.releaseName(name);
   EXPECT_EQ(daemon_.ownerOf(name), std::nullopt);
 }
@@ -85,26 +53,31 @@ TEST_F(BusDaemonTest, RefusesWhatIsNoName) {
 
 TEST_F(BusDaemonTest, KnowsTheProcessOfAName) {
   EXPECT_EQ(daemon_.processOf(name), std::nullopt);
-  EXPECT_EQ(daemon_.processOf(g_dbus_connection_get_unique_name(bus_.connection())), getpid());
+  EXPECT_EQ(daemon_.processOf(bus_.uniqueName()), getpid());
 }
 
 TEST_F(BusDaemonTest, ReturnsAfterWhatTheBusHadSentHasArrived) {
-  Reception reception;
-  const guint filter = g_dbus_connection_add_filter(bus_.connection(), receive, &reception, nullptr);
-  const std::string receiver = g_dbus_connection_get_unique_name(bus_.connection());
-  sendSignal(receiver, "First");
-  ASSERT_TRUE(reception.hasFirst.try_acquire_for(TestSupport::patience));
-  sendSignal(receiver, "Second");
-  reception.mayGoOn.release();
+  const DesktopSupport::MainContextHandle context(g_main_context_new());
+  std::vector<std::string> received;
+  const auto object = bus_.serve("/", description, context.get(), [&](const DesktopSupport::BusInvocation& invocation) {
+    received.push_back(invocation.method());
+  });
+  const auto other = SessionBus::connectTo(std::getenv("DBUS_SESSION_BUS_ADDRESS"));
+  for (const char* method : {"First", "Second"})
+    other->callLater({bus_.uniqueName(), "/", name, method}, nullptr, 60s, DesktopSupport::Activation::never,
+                     [](const auto&) {});
+  BusDaemon(*other, 60s).synchronize();  // the bus has passed them on
+  EXPECT_THAT(received, testing::IsEmpty());
   daemon_.synchronize();
-  EXPECT_TRUE(reception.hasSecond);
-  g_dbus_connection_remove_filter(bus_.connection(), filter);
+  while (g_main_context_iteration(context.get(), /*may_block=*/FALSE) != FALSE) {
+  }
+  EXPECT_THAT(received, testing::ElementsAre("First", "Second"));
 }
 
 TEST_F(BusDaemonTest, IsAskedThroughACopyOfTheBusToo) {
   const SessionBus copy = bus_;
-  EXPECT_EQ(copy.connection(), bus_.connection());
-  EXPECT_EQ(BusDaemon(copy, 60s).processOf(g_dbus_connection_get_unique_name(copy.connection())), getpid());
+  EXPECT_EQ(copy.uniqueName(), bus_.uniqueName());
+  EXPECT_EQ(BusDaemon(copy, 60s).processOf(copy.uniqueName()), getpid());
 }
 
 }  // namespace

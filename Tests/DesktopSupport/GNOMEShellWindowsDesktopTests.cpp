@@ -8,6 +8,7 @@
 #include "DesktopSupport/Windows/GNOMEShell/GNOMEShellWindows.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeService.h"
+#include "Tests/Support/GIOHandles.h"
 
 namespace {
 
@@ -89,7 +90,7 @@ TEST(GNOMEShell, FailsIfTheAnswerHasAnotherType) {
 TEST(GNOMEShell, FailsIfItDisappears) {
   FakeShell shell;
   shell.answer("List", [&shell](GDBusMethodInvocation* invocation) {
-    const ObjectHandle<GDBusMethodInvocation> unanswered(invocation);
+    const TestSupport::ObjectHandle<GDBusMethodInvocation> unanswered(invocation);
     shell.disappear();
   });
   EXPECT_FALSE(errorOf(readGNOMEShellWindows()).isAbsent);
@@ -97,7 +98,7 @@ TEST(GNOMEShell, FailsIfItDisappears) {
 
 TEST(GNOMEShell, IsGivenUpIfItDoesNotAnswer) {
   FakeShell shell;
-  ObjectHandle<GDBusMethodInvocation> unanswered;
+  TestSupport::ObjectHandle<GDBusMethodInvocation> unanswered;
   shell.answer("List", [&unanswered](GDBusMethodInvocation* invocation) { unanswered.reset(invocation); });
   const auto bus = SessionBus::connect();
   ASSERT_TRUE(bus);

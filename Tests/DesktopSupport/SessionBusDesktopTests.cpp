@@ -1,14 +1,19 @@
+#include <csignal>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "DesktopSupport/Bus/BusDaemon.h"
+#include "Tests/Support/ChildProcess.h"
 #include "Tests/Support/EnvironmentVariable.h"
 #include "Tests/Support/FakeDeskloomHost.h"
-#include "Tests/Support/SilentServer.h"
+#include "Tests/Support/SilentBus.h"
+#include "Tests/Support/TemporaryFolder.h"
 
 namespace {
 
@@ -52,9 +57,8 @@ TEST(SessionBus, IsAbsentIfItCannotBeReached) {
 }
 
 TEST(SessionBus, IsAbsentIfItTakesAConnectionAndSaysNothing) {
-  const TestSupport::SilentServer server;
-  const EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS",
-                                    "tcp:host=127.0.0.1,port=" + std::to_string(server.port()));
+  const TestSupport::SilentBus silent;
+  const EnvironmentVariable address("DBUS_SESSION_BUS_ADDRESS", silent.address());
   const auto bus = SessionBus::connect(50ms);
   ASSERT_FALSE(bus);
   EXPECT_EQ(bus.error().name, BusErrorName::noServer);
@@ -62,11 +66,8 @@ TEST(SessionBus, IsAbsentIfItTakesAConnectionAndSaysNothing) {
 }
 
 TEST(SessionBus, IsOneConnection) {
-  EXPECT_EQ(SessionBus::connect()->connection(), SessionBus::connect()->connection());
-}
-
-TEST(SessionBus, DoesNotEndTheProcessWithItself) {
-  EXPECT_EQ(g_dbus_connection_get_exit_on_close(SessionBus::connect()->connection()), FALSE);
+  const auto bus = SessionBus::connect();
+  EXPECT_EQ(bus->uniqueName(), SessionBus::connect()->uniqueName());
 }
 
 TEST(SessionBus, BringsTheAnswerToACall) {
@@ -186,10 +187,101 @@ TEST(SessionBus, WaitsForSeveralAnswersNoLongerThanAllowed) {
   EXPECT_THAT(typesOf(SessionBus::connect()->callAll(calls, 50ms)), testing::ElementsAre(late, late, late, "(as)"));
 }
 
+TEST(SessionBus, FailsWhatIsUnderWayIfItGoesAway) {
+  const TestSupport::TemporaryFolder folder;
+  const std::string address = "unix:path=" + (folder.path() / "bus").string();
+  TestSupport::ChildProcess daemon(
+      {"dbus-daemon", "--session", "--nofork", "--print-address=1", "--address=" + address});
+  ASSERT_TRUE(daemon.readLine());
+  const auto bus = SessionBus::connectTo(address);
+  ASSERT_TRUE(bus) << bus.error().message;
+  const DesktopSupport::MainContextHandle context(g_main_context_new());
+  const auto object = bus->serve(folderPath.path,
+                                 "<node><interface name='com.quillary.Deskloom.Scripting'>"
+                                 "<method name='GetPluginFolderPath'/></interface></node>",
+                                 context.get(), [](const auto&) {});
+  BusMethod unanswered = folderPath;
+  unanswered.destination = bus->uniqueName();
+  std::string later;
+  bool isClosed = false;
+  bus->callLater(unanswered, nullptr, plenty, DesktopSupport::Activation::never,
+                 [&](const auto& answer) { later = answer ? "none" : answer.error().name; });
+  bus->setWhenClosed([&] { isClosed = true; });
+  const std::jthread end([&] { kill(daemon.pid(), SIGKILL); });
+  EXPECT_EQ(bus->call(unanswered, nullptr, nullptr, plenty).error().name, BusErrorName::disconnected);
+  EXPECT_EQ(bus->call(listNames, nullptr, nullptr, plenty).error().name, BusErrorName::disconnected);
+  while (later.empty() || !isClosed)
+    g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+  EXPECT_EQ(later, BusErrorName::disconnected);
+}
+
+TEST(SessionBus, AnswersLaterOnlyAfterTheCallHasReturned) {
+  FakeDeskloomHost host;
+  host.answer("GetPluginFolderPath", "(true, 'text')");
+  const auto bus = SessionBus::connect();
+  std::vector<std::string> answers;
+  const auto note = [&](const auto& answer) {
+    answers.emplace_back(answer ? g_variant_get_type_string(answer->get()) : answer.error().name);
+  };
+  BusMethod forbidden = folderPath;
+  forbidden.destination = "no name";
+  bus->callLater(forbidden, nullptr, plenty, DesktopSupport::Activation::never, note);
+  bus->callLater(folderPath, nullptr, plenty, DesktopSupport::Activation::never, note);
+  EXPECT_TRUE(bus->call(folderPath, nullptr, nullptr, plenty));
+  EXPECT_THAT(answers, testing::IsEmpty());
+  while (answers.size() < 2)
+    g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+  EXPECT_THAT(answers, testing::ElementsAre(BusErrorName::invalidArguments, "(bs)"));
+
+  host.answer("GetPluginFolderPath", [](auto* invocation) { g_object_unref(invocation); });
+  bus->callLater(folderPath, nullptr, 50ms, DesktopSupport::Activation::never, note);
+  while (answers.size() < 3)
+    g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+  EXPECT_EQ(answers.back(), BusErrorName::timeout);
+}
+
+TEST(SessionBus, BringsTheSignalsSubscribedTo) {
+  FakeDeskloomHost host;
+  const auto bus = SessionBus::connect();
+  std::vector<std::string> signals;
+  auto subscription = bus->subscribe("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                     "com.quillary.Deskloom", [&](const std::string& signal, GVariant* arguments) {
+                                       signals.push_back(signal + g_variant_get_type_string(arguments));
+                                     });
+  DesktopSupport::BusDaemon(*bus, plenty).synchronize();
+  host.disappear();
+  while (signals.empty())
+    g_main_context_iteration(nullptr, /*may_block=*/TRUE);
+  EXPECT_THAT(signals, testing::ElementsAre("NameOwnerChanged(sss)"));
+  subscription.reset();
+  const FakeDeskloomHost another;
+  DesktopSupport::BusDaemon(*bus, plenty).synchronize();
+  while (g_main_context_iteration(nullptr, /*may_block=*/FALSE) != FALSE) {
+  }
+  EXPECT_THAT(signals, testing::SizeIs(1));
+}
+
+TEST(SessionBus, EndsAtAServerThatIsNoBus) {
+  const TestSupport::TemporaryFolder folder;
+  const auto path = folder.path() / "bus";
+  for (const std::string reply : {"REJECTED EXTERNAL\\r\\n", "HTTP/1.1 200 OK\\r\\n", "OK 1\\r\\nNo message at all"}) {
+    TestSupport::ChildProcess server({"python3", "-c",
+                                      "import socket\ns=socket.socket(socket.AF_UNIX)\ns.bind('" + path.string() +
+                                          "')\ns.listen()\nprint('listening',flush=True)\nc=s.accept()[0]\n"
+                                          "c.recv(4096)\nc.sendall(b'" +
+                                          reply + "')\nc.recv(4096)\n"});
+    ASSERT_TRUE(server.readLine());
+    const auto bus = SessionBus::connectTo("unix:path=" + path.string(), plenty);
+    ASSERT_FALSE(bus) << reply;
+    EXPECT_EQ(bus.error().name, BusErrorName::noServer) << reply;
+    std::filesystem::remove(path);
+  }
+}
+
 TEST(SessionBus, CanBeAnotherBusAtASocket) {
   const auto bus = SessionBus::connectTo(std::getenv("DBUS_SESSION_BUS_ADDRESS"));
   ASSERT_TRUE(bus) << bus.error().message;
-  EXPECT_NE(bus->connection(), SessionBus::connect()->connection());
+  EXPECT_NE(bus->uniqueName(), SessionBus::connect()->uniqueName());
   EXPECT_TRUE(bus->call(listNames, nullptr, G_VARIANT_TYPE("(as)"), plenty));
   EXPECT_EQ(SessionBus::connectTo("unix:path=/no/such/socket").error().name, BusErrorName::noServer);
 }

@@ -12,6 +12,7 @@
 #include <sys/wait.h>
 
 #include "DesktopSupport/Bus/ApplicationBus.h"
+#include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "Linux/Launching/FreshProcesses.h"
 #include "Tests/Support/BusNames.h"
@@ -71,12 +72,13 @@ class BesideABusyProcessTest : public testing::Test {
   }
 
   /// Tells the test plug-in to open a launch URL. Returns after the bus has passed that on.
-  static void sendWithoutWaiting(const std::string& launchURL) {
-    const auto bus = DesktopSupport::SessionBus::connect().value();
-    g_dbus_connection_call(bus.connection(), testPlugin, DesktopSupport::applicationObjectPath(testPlugin).c_str(),
-                           DesktopSupport::applicationInterface, "Open", DesktopSupport::openArguments(launchURL),
-                           nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr, nullptr);
-    TestSupport::awaitOwner(testPlugin);  // the bus answers after it has passed the call on
+  void sendWithoutWaiting(const std::string& launchURL) const {
+    bus.callLater(
+        {testPlugin, DesktopSupport::applicationObjectPath(testPlugin), DesktopSupport::applicationInterface, "Open"},
+        DesktopSupport::openArguments(launchURL), TestSupport::patience, DesktopSupport::Activation::ifNeeded,
+        [](const auto&) {});
+    DesktopSupport::BusDaemon(bus, TestSupport::patience).synchronize();  // it answers after it has passed the call on
+    TestSupport::awaitOwner(testPlugin);
   }
 
   void answerAboutSettings() { g_dbus_method_invocation_return_value(asked, g_variant_new_parsed("(true, '')")); }
@@ -98,6 +100,7 @@ class BesideABusyProcessTest : public testing::Test {
   }
 
   TestSupport::TestDesktop desktop;
+  const DesktopSupport::SessionBus bus = DesktopSupport::SessionBus::connect().value();
   FakeDeskloomHost host;
   GDBusMethodInvocation* asked = nullptr;
 };

@@ -15,6 +15,7 @@
 #include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/System/GLibHandles.h"
 #include "Linux/Services.h"
+#include "Tests/Support/BusMonitor.h"
 #include "Tests/Support/FakeDeskloomHost.h"
 #include "Tests/Support/HostProcess.h"
 #include "Tests/Support/TemporaryFolder.h"
@@ -185,44 +186,13 @@ TEST_F(LostHostTest, FailsEachRequestUnderWay) {
   }
 }
 
-/// Waits until this process has called the host.
-class RequestWatch {
- public:
-  RequestWatch() : filter_(g_dbus_connection_add_filter(connection(), &RequestWatch::look, this, nullptr)) {}
-  RequestWatch(const RequestWatch&) = delete;
-  RequestWatch& operator=(const RequestWatch&) = delete;
-  ~RequestWatch() { g_dbus_connection_remove_filter(connection(), filter_); }
-
-  /// Returns after the bus has passed the call on to the host.
-  void awaitCall() {
-    sent_.get_future().wait();
-    // Messages keep their order: the bus answers after it has passed on the call.
-    DesktopSupport::BusDaemon(*bus_, atOnce).synchronize();
-  }
-
- private:
-  GDBusConnection* connection() { return bus_->connection(); }
-
-  static GDBusMessage* look(GDBusConnection*, GDBusMessage* message, gboolean incoming, gpointer self) {
-    auto& watch = *static_cast<RequestWatch*>(self);
-    const char* destination = g_dbus_message_get_destination(message);
-    if (incoming == FALSE && g_strcmp0(destination, hostName) == 0)
-      watch.sent_.set_value();
-    return message;
-  }
-
-  std::expected<SessionBus, DesktopSupport::BusError> bus_ = SessionBus::connect();
-  std::promise<void> sent_;
-  guint filter_;
-};
-
 TEST_F(LostHostTest, FailsARequestAsSoonAsAHungHostIsKilled) {
   for (const Request& request : requests()) {
     const HostProcess host(DESKLOOM_HOST_PROGRAM);
     host.hang();
-    RequestWatch watch;
+    TestSupport::BusMonitor calls(std::string("type='method_call',destination='") + hostName + '\'');
     auto error = std::async(std::launch::async, request.perform);
-    watch.awaitCall();
+    static_cast<void>(calls.await(1));
     EXPECT_EQ(error.wait_for(0s), std::future_status::timeout) << request.method << " waits for the answer";
     host.crash();
     ASSERT_EQ(error.wait_for(atOnce), std::future_status::ready) << request.method;

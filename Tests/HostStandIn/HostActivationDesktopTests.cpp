@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "DesktopSupport/System/GLibHandles.h"
 #include "Tests/Support/BusNames.h"
+#include "Tests/Support/GIOHandles.h"
 #include "Tests/Support/TemporaryFolder.h"
 
 namespace {
@@ -29,7 +29,7 @@ TEST(HostActivation, StartsTheHostForURLsAndLosesNone) {
 }
 
 TEST(HostActivation, MakesItTheHandlerOfItsScheme) {
-  const DesktopSupport::ObjectHandle<GAppInfo> handler(g_app_info_get_default_for_uri_scheme("deskloom"));
+  const TestSupport::ObjectHandle<GAppInfo> handler(g_app_info_get_default_for_uri_scheme("deskloom"));
   ASSERT_TRUE(handler);
   EXPECT_STREQ(g_app_info_get_id(handler.get()), "com.quillary.Deskloom.desktop");
 }

@@ -1,7 +1,9 @@
-#include <atomic>
+#include <expected>
 #include <functional>
 #include <limits>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -9,8 +11,10 @@
 #include "DesktopSupport/Bus/ApplicationBus.h"
 #include "DesktopSupport/Bus/SessionBus.h"
 #include "Linux/Launching/BusPresence.h"
-#include "Tests/Support/FakeService.h"
+#include "Tests/Support/BusMonitor.h"
+#include "Tests/Support/ServingThread.h"
 
+using DesktopSupport::BusInvocation;
 using DesktopSupport::SessionBus;
 using Linux::BusPresence;
 using Linux::Launch;
@@ -29,13 +33,12 @@ class LaunchesOfACallTest : public testing::Test {
   /// Calls a method with arguments in GVariant's text form, and passes the launches of that call at the time `now` to
   /// `look`.
   Answer call(const char* method, const std::string& arguments, const std::function<void(std::vector<Launch>&)>& look) {
-    service.answer(method, [&](GDBusMethodInvocation* invocation) {
-      auto launches = Linux::launchesOf(invocation, now);
+    take = [&](BusInvocation invocation) {
+      auto launches = Linux::launchesOf(std::move(invocation), now);
       look(launches);
-    });
-    return SessionBus::connect()->call(
-        {"com.example.Called", "/com/example/Called", DesktopSupport::applicationInterface, method},
-        g_variant_new_parsed(arguments.c_str()), nullptr, 60s);
+    };
+    return bus->call({bus->uniqueName(), "/com/example/Called", DesktopSupport::applicationInterface, method},
+                     g_variant_new_parsed(arguments.c_str()), nullptr, 60s);
   }
 
   /// The time that a launch with this platform data has to begin.
@@ -51,8 +54,13 @@ class LaunchesOfACallTest : public testing::Test {
   }
 
   const Launch::Clock::time_point now{1h};
-  TestSupport::FakeService service{"com.example.Called", "/com/example/Called",
-                                   DesktopSupport::applicationIntrospection};
+  const std::expected<SessionBus, DesktopSupport::BusError> bus = SessionBus::connect();
+  std::function<void(BusInvocation)> take;
+  const DesktopSupport::MainContextHandle context{g_main_context_new()};
+  const std::unique_ptr<DesktopSupport::ServedObject> object =
+      bus->serve("/com/example/Called", DesktopSupport::applicationIntrospection, context.get(),
+                 [this](BusInvocation invocation) { take(std::move(invocation)); });
+  const TestSupport::ServingThread thread{context.get()};
 };
 
 TEST_F(LaunchesOfACallTest, IsALaunchForEachURL) {
@@ -127,41 +135,16 @@ TEST_F(LaunchesOfACallTest, TellsItsCallerTheFirstWord) {
 
 TEST_F(LaunchesOfACallTest, KeepsItsCallerUntilAllLaunchesAreSeenTo) {
   std::vector<Launch> kept;
-  service.answer("Open", [&](GDBusMethodInvocation* invocation) {
-    auto launches = Linux::launchesOf(invocation, now);
+  take = [&](BusInvocation invocation) {
+    auto launches = Linux::launchesOf(std::move(invocation), now);
     kept.push_back(std::move(launches.at(0)));
-  });
-  const auto bus = SessionBus::connect();
-  EXPECT_EQ(bus->call({"com.example.Called", "/com/example/Called", DesktopSupport::applicationInterface, "Open"},
+  };
+  EXPECT_EQ(bus->call({bus->uniqueName(), "/com/example/Called", DesktopSupport::applicationInterface, "Open"},
                       g_variant_new_parsed("(['a:b', 'c:d'], @a{sv} {})"), nullptr, 100ms)
                 .error()
                 .name,
             DesktopSupport::BusErrorName::timeout);
 }
-
-/// Counts the messages that a connection sends.
-class SentMessages {
- public:
-  explicit SentMessages(GDBusConnection* connection)
-      : connection_(connection),
-        filter_(g_dbus_connection_add_filter(connection, &SentMessages::count, this, nullptr)) {}
-  SentMessages(const SentMessages&) = delete;
-  SentMessages& operator=(const SentMessages&) = delete;
-  ~SentMessages() { g_dbus_connection_remove_filter(connection_, filter_); }
-
-  [[nodiscard]] int count() const { return count_; }
-
- private:
-  static GDBusMessage* count(GDBusConnection*, GDBusMessage* message, gboolean isIncoming, gpointer self) {
-    if (isIncoming == FALSE)
-      ++static_cast<SentMessages*>(self)->count_;
-    return message;
-  }
-
-  GDBusConnection* connection_;
-  std::atomic<int> count_ = 0;
-  guint filter_;
-};
 
 TEST(BusPresence, WaitsForItsAnswersOnlyIfItWasCalled) {
   const SessionBus bus = SessionBus::connect().value();
@@ -169,17 +152,17 @@ TEST(BusPresence, WaitsForItsAnswersOnlyIfItWasCalled) {
   bool isCalled = false;
   BusPresence presence(bus, "com.example.Present", context.get(), [&](const Launch&) { isCalled = true; });
   ASSERT_TRUE(presence.acquireName());
-  const SentMessages sent(bus.connection());
+  // What is counted is the question of whether the answers have arrived.
+  TestSupport::BusMonitor questions("type='method_call',member='GetId',sender='" + bus.uniqueName() + '\'');
   presence.flush();
-  EXPECT_EQ(sent.count(), 0);
 
-  g_dbus_connection_call(bus.connection(), "com.example.Present", "/com/example/Present",
-                         DesktopSupport::applicationInterface, "Activate", DesktopSupport::activateArguments(), nullptr,
-                         G_DBUS_CALL_FLAGS_NONE, -1, nullptr, nullptr, nullptr);
+  bus.callLater({"com.example.Present", "/com/example/Present", DesktopSupport::applicationInterface, "Activate"},
+                DesktopSupport::activateArguments(), 60s, DesktopSupport::Activation::never, [](const auto&) {});
   while (!isCalled)
     g_main_context_iteration(context.get(), /*may_block=*/TRUE);
   presence.flush();
-  EXPECT_EQ(sent.count(), 2) << "the call, which wants no answer, and the question of whether all have arrived";
+  presence.flush();
+  EXPECT_EQ(questions.await(2), 2) << "none before the call";
   presence.releaseName();
 }
 

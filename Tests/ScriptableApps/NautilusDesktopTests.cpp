@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -30,25 +31,15 @@ constexpr const char* fileManagerName = "org.freedesktop.FileManager1";
 /// changed.
 class LocationChanges {
  public:
-  LocationChanges() {
-    const auto ignore = [](GDBusConnection*, const gchar*, const gchar*, const gchar*, const gchar*, GVariant*,
-                           gpointer) {};
-    subscription_ = g_dbus_connection_signal_subscribe(bus_.connection(), nullptr, "org.freedesktop.DBus.Properties",
-                                                       "PropertiesChanged", "/org/freedesktop/FileManager1", nullptr,
-                                                       G_DBUS_SIGNAL_FLAGS_NONE, ignore, nullptr, nullptr);
-  }
-  LocationChanges(const LocationChanges&) = delete;
-  LocationChanges& operator=(const LocationChanges&) = delete;
-  ~LocationChanges() { g_dbus_connection_signal_unsubscribe(bus_.connection(), subscription_); }
-
   static void awaitUntil(const std::function<bool()>& condition) {
     while (!condition())
       g_main_context_iteration(nullptr, /*may_block=*/TRUE);
   }
 
  private:
-  SessionBus bus_ = SessionBus::connect().value();
-  guint subscription_ = 0;
+  std::unique_ptr<DesktopSupport::SignalSubscription> subscription_ = SessionBus::connect().value().subscribe(
+      fileManagerName, "/org/freedesktop/FileManager1", "org.freedesktop.DBus.Properties", fileManagerName,
+      [](const auto&...) {});
 };
 
 class NautilusTest : public testing::Test {

@@ -2,6 +2,7 @@
 
 #include "DesktopSupport/System/UserFolders.h"
 #include "Tests/ScriptableApps/FileManagersTest.h"
+#include "Tests/Support/GIOHandles.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "Tests/Support/GIOHandles.h"
 #include "Tests/Support/Patience.h"
 
 namespace TestSupport {
@@ -28,7 +29,7 @@ std::ostream& operator<<(std::ostream& stream, const AccessibleItem& item) {
 }
 
 AccessibleObject::AccessibleObject(GDBusConnection* bus, std::string owner, std::string path)
-    : bus_(DesktopSupport::shared(bus)), owner_(std::move(owner)), path_(std::move(path)) {}
+    : bus_(shared(bus)), owner_(std::move(owner)), path_(std::move(path)) {}
 
 VariantHandle AccessibleObject::call(const char* interface, const char* method, GVariant* arguments,
                                      const char* replyType) const {

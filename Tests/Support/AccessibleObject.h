@@ -8,6 +8,7 @@
 #include <sys/types.h>
 
 #include "DesktopSupport/System/GLibHandles.h"
+#include "Tests/Support/GIOHandles.h"
 
 namespace TestSupport {
 
@@ -64,7 +65,7 @@ class AccessibleObject {
   [[nodiscard]] DesktopSupport::VariantHandle call(const char* interface, const char* method, GVariant* arguments,
                                                    const char* replyType) const;
 
-  DesktopSupport::ObjectHandle<GDBusConnection> bus_;
+  ObjectHandle<GDBusConnection> bus_;
   std::string owner_;
   std::string path_;
 };

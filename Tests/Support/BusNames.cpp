@@ -2,12 +2,12 @@
 
 #include <stdexcept>
 
-#include <gio/gio.h>
 #include <gtest/gtest.h>
 
 #include "DesktopSupport/Bus/ApplicationBus.h"
 #include "DesktopSupport/Bus/BusDaemon.h"
 #include "DesktopSupport/System/GLibHandles.h"
+#include "Tests/Support/GIOHandles.h"
 #include "Tests/Support/Patience.h"
 
 namespace TestSupport {
@@ -15,7 +15,6 @@ namespace TestSupport {
 namespace {
 
 using DesktopSupport::ErrorHandle;
-using DesktopSupport::ObjectHandle;
 using DesktopSupport::Out;
 using DesktopSupport::VariantHandle;
 
@@ -84,9 +83,8 @@ std::vector<std::string> awaitOwners(const std::string& prefix, std::size_t coun
   const auto bus = DesktopSupport::SessionBus::connect().value();
   const DesktopSupport::BusDaemon daemon(bus, patience);
   // A change of any name wakes the loop.
-  const guint changes = g_dbus_connection_signal_subscribe(
-      bus.connection(), "org.freedesktop.DBus", "org.freedesktop.DBus", "NameOwnerChanged", nullptr, nullptr,
-      G_DBUS_SIGNAL_FLAGS_NONE, [](auto...) {}, nullptr, nullptr);
+  const auto changes = bus.subscribe("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
+                                     /*firstArgument=*/"", [](const auto&...) {});
   Wait wait;
   const guint alarm = g_timeout_add(milliseconds(patience), &beLate, &wait);
   std::vector<std::string> names;
@@ -98,7 +96,6 @@ std::vector<std::string> awaitOwners(const std::string& prefix, std::size_t coun
     g_main_context_iteration(nullptr, /*may_block=*/TRUE);
   }
   g_source_remove(alarm);
-  g_dbus_connection_signal_unsubscribe(bus.connection(), changes);
   if (names.size() != count)
     throw std::runtime_error(std::to_string(names.size()) + " names begin with " + prefix);
   return names;

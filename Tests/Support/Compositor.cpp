@@ -8,6 +8,7 @@
 
 #include "Tests/Support/BusNames.h"
 #include "Tests/Support/Compositors.h"
+#include "Tests/Support/GIOHandles.h"
 #include "Tests/Support/Patience.h"
 
 namespace TestSupport {

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "Tests/Support/GIOHandles.h"
 #include "Tests/Support/Patience.h"
 
 namespace TestSupport {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "DesktopSupport/System/GLibHandles.h"
+#include "Tests/Support/GIOHandles.h"
 #include "Tests/Support/ServingThread.h"
 
 namespace TestSupport {
@@ -75,7 +76,7 @@ class FakeService {
   std::string path_;
   std::string interface_;
   DesktopSupport::MainContextHandle context_;
-  DesktopSupport::ObjectHandle<GDBusConnection> connection_;
+  ObjectHandle<GDBusConnection> connection_;
   mutable std::mutex mutex_;
   std::condition_variable answered_;
   std::map<std::string, Answer> answers_;

@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "Tests/Support/GIOHandles.h"
 #include "Tests/Support/Patience.h"
 
 namespace TestSupport {

@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "DesktopSupport/System/GLibHandles.h"
+#include "Tests/Support/GIOHandles.h"
 
 namespace TestSupport {
 
@@ -27,8 +27,8 @@ class Marionette {
   void write(const std::string& text);
   nlohmann::json read();
 
-  DesktopSupport::ObjectHandle<GSocketConnection> connection_;
-  DesktopSupport::ObjectHandle<GDataInputStream> input_;
+  ObjectHandle<GSocketConnection> connection_;
+  ObjectHandle<GDataInputStream> input_;
   int lastCommand_ = 0;
 };
 

@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "Tests/Support/GIOHandles.h"
+
 namespace TestSupport {
 
 namespace {
@@ -63,12 +65,12 @@ PageServer::PageServer() : context_(g_main_context_new()) {
   g_main_context_push_thread_default(context_.get());
   service_.reset(g_threaded_socket_service_new(atOnce));
   g_signal_connect(service_.get(), "run", G_CALLBACK(serve), nullptr);
-  const DesktopSupport::ObjectHandle<GSocketAddress> local(g_inet_socket_address_new_from_string("127.0.0.1", 0));
+  const ObjectHandle<GSocketAddress> local(g_inet_socket_address_new_from_string("127.0.0.1", 0));
   GSocketAddress* address = nullptr;
   g_socket_listener_add_address(G_SOCKET_LISTENER(service_.get()), local.get(), G_SOCKET_TYPE_STREAM,
                                 G_SOCKET_PROTOCOL_TCP, nullptr, &address, nullptr);
   g_main_context_pop_thread_default(context_.get());
-  const DesktopSupport::ObjectHandle<GSocketAddress> owner(address);
+  const ObjectHandle<GSocketAddress> owner(address);
   if (!owner)
     throw std::runtime_error("no port for a web server");
   address_ = "http://127.0.0.1:" + std::to_string(g_inet_socket_address_get_port(G_INET_SOCKET_ADDRESS(address))) + '/';

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "DesktopSupport/System/GLibHandles.h"
+#include "Tests/Support/GIOHandles.h"
 #include "Tests/Support/ServingThread.h"
 
 namespace TestSupport {
@@ -23,7 +24,7 @@ class PageServer {
 
  private:
   DesktopSupport::MainContextHandle context_;
-  DesktopSupport::ObjectHandle<GSocketService> service_;
+  ObjectHandle<GSocketService> service_;
   std::string address_;
   std::optional<ServingThread> thread_;
 };

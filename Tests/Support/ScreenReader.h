@@ -9,6 +9,7 @@
 
 #include "DesktopSupport/System/GLibHandles.h"
 #include "Tests/Support/AccessibleObject.h"
+#include "Tests/Support/GIOHandles.h"
 
 namespace TestSupport {
 
@@ -39,7 +40,7 @@ class ScreenReader {
   void subscribe();
 
   DesktopSupport::MainContextHandle context_;
-  DesktopSupport::ObjectHandle<GDBusConnection> bus_;
+  ObjectHandle<GDBusConnection> bus_;
   guint subscription_ = 0;
 };
 

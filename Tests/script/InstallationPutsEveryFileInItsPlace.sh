@@ -66,6 +66,7 @@ lib/deskloom/sdk/libDeskloomSDKJSON.a
 lib/deskloom/sdk/libDeskloomSDKResources.a
 lib/deskloom/sdk/libDesktopBus.a
 lib/deskloom/sdk/libDesktopEntries.a
+lib/deskloom/sdk/libDesktopGIO.a
 lib/deskloom/sdk/libDesktopProcesses.a
 lib/deskloom/sdk/libDesktopScreen.a
 lib/deskloom/sdk/libDesktopSystem.a

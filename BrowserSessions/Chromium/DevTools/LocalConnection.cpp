@@ -2,20 +2,24 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <climits>
 #include <utility>
 
+#include <fcntl.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/socket.h>
 
+#include "DesktopSupport/System/GLibHandles.h"
 #include "DesktopSupport/System/Text.h"
 
 namespace BrowserSessions {
 
 namespace {
 
-using DesktopSupport::ErrorHandle;
-using DesktopSupport::ObjectHandle;
-using DesktopSupport::Out;
+using DesktopSupport::FileDescriptor;
 
 // The size of the content according to the head of a successful answer.
 std::optional<std::size_t> contentSize(std::string head) {
@@ -33,51 +37,58 @@ std::optional<std::size_t> contentSize(std::string head) {
 }  // namespace
 
 std::optional<LocalConnection> LocalConnection::open(std::uint16_t port, Deadline deadline) {
-  ErrorHandle error;
-  ObjectHandle<GSocket> socket(
-      g_socket_new(G_SOCKET_FAMILY_IPV4, G_SOCKET_TYPE_STREAM, G_SOCKET_PROTOCOL_TCP, Out(error)));
-  if (!socket)
+  auto socket = std::make_unique<FileDescriptor>(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+  if (!socket->isOpen())
     return std::nullopt;
-  g_socket_set_option(socket.get(), IPPROTO_TCP, TCP_NODELAY, TRUE, nullptr);
+  const int on = 1;
+  setsockopt(socket->number(), IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
   LocalConnection connection(std::move(socket), deadline);
   return connection.connect(port) ? std::optional(std::move(connection)) : std::nullopt;
 }
 
-LocalConnection::LocalConnection(ObjectHandle<GSocket> socket, Deadline deadline)
+LocalConnection::LocalConnection(std::unique_ptr<FileDescriptor> socket, Deadline deadline)
     : socket_(std::move(socket)), deadline_(deadline) {
-  g_socket_set_blocking(socket_.get(), FALSE);
+  fcntl(socket_->number(), F_SETFL, O_NONBLOCK);
 }
 
 bool LocalConnection::connect(std::uint16_t port) {
-  const ObjectHandle<GSocketAddress> address(g_inet_socket_address_new_from_string("127.0.0.1", port));
-  ErrorHandle error;
-  if (g_socket_connect(socket_.get(), address.get(), nullptr, Out(error)) != FALSE)
+  const sockaddr_in address = {
+      .sin_family = AF_INET, .sin_port = htons(port), .sin_addr = {.s_addr = htonl(INADDR_LOOPBACK)}, .sin_zero = {}};
+  if (::connect(socket_->number(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0)
     return true;
-  return g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_PENDING) != FALSE && await(G_IO_OUT) &&
-         g_socket_check_connect_result(socket_.get(), Out(error)) != FALSE;
+  int problem = errno;
+  socklen_t size = sizeof problem;
+  return problem == EINPROGRESS && await(POLLOUT) &&
+         getsockopt(socket_->number(), SOL_SOCKET, SO_ERROR, &problem, &size) == 0 && problem == 0;
 }
 
 std::uint16_t LocalConnection::localPort() const {
-  const ObjectHandle<GSocketAddress> address(g_socket_get_local_address(socket_.get(), nullptr));
-  return address ? g_inet_socket_address_get_port(G_INET_SOCKET_ADDRESS(address.get())) : 0;
+  sockaddr_in address = {};
+  socklen_t size = sizeof address;
+  const bool isKnown = getsockname(socket_->number(), reinterpret_cast<sockaddr*>(&address), &size) == 0;
+  return isKnown && address.sin_family == AF_INET ? ntohs(address.sin_port) : 0;
 }
 
-bool LocalConnection::await(GIOCondition condition) {
-  using std::chrono::microseconds;
-  const auto left = std::chrono::duration_cast<microseconds>(deadline_ - std::chrono::steady_clock::now());
-  ErrorHandle error;
-  return left > microseconds::zero() &&
-         g_socket_condition_timed_wait(socket_.get(), condition, left.count(), nullptr, Out(error)) != FALSE;
+bool LocalConnection::await(short events) {
+  pollfd descriptor = {.fd = socket_->number(), .events = events, .revents = 0};
+  for (;;) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline_ - std::chrono::steady_clock::now());
+    if (left.count() <= 0)
+      return false;
+    const int ready = poll(&descriptor, 1, static_cast<int>(std::min<std::int64_t>(left.count(), INT_MAX)));
+    if (ready > 0 || (ready < 0 && errno != EINTR))
+      return ready > 0;
+  }
 }
 
 bool LocalConnection::write(std::string_view bytes) {
   while (!bytes.empty()) {
-    ErrorHandle error;
-    const gssize count =
-        await(G_IO_OUT) ? g_socket_send(socket_.get(), bytes.data(), bytes.size(), nullptr, Out(error)) : -1;
+    if (!await(POLLOUT))
+      return false;
+    const ssize_t count = send(socket_->number(), bytes.data(), bytes.size(), MSG_NOSIGNAL);
     if (count > 0)
       bytes.remove_prefix(static_cast<std::size_t>(count));
-    else if (!g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_WOULD_BLOCK))
+    else if (errno != EAGAIN && errno != EINTR)
       return false;
   }
   return true;
@@ -85,13 +96,12 @@ bool LocalConnection::write(std::string_view bytes) {
 
 bool LocalConnection::readMore() {
   bytes_.erase(0, std::exchange(taken_, 0));
-  while (await(G_IO_IN)) {
-    std::array<char, 16384> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): g_socket_receive fills it
-    ErrorHandle error;
-    const gssize count = g_socket_receive(socket_.get(), buffer.data(), buffer.size(), nullptr, Out(error));
+  while (await(POLLIN)) {
+    std::array<char, 16384> buffer;  // NOLINT(cppcoreguidelines-pro-type-member-init): recv fills it
+    const ssize_t count = recv(socket_->number(), buffer.data(), buffer.size(), 0);
     if (count > 0)
       bytes_.append(buffer.data(), static_cast<std::size_t>(count));
-    if (count > 0 || !g_error_matches(error.get(), G_IO_ERROR, G_IO_ERROR_WOULD_BLOCK))
+    if (count >= 0 || (errno != EAGAIN && errno != EINTR))
       return count > 0;
   }
   return false;

@@ -3,11 +3,12 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
-#include "DesktopSupport/System/GLibHandles.h"
+#include "DesktopSupport/System/FileDescriptor.h"
 
 namespace BrowserSessions {
 
@@ -21,7 +22,7 @@ class LocalConnection {
   static std::optional<LocalConnection> open(std::uint16_t port, Deadline deadline);
 
   /// Takes over a stream socket that is connected to the program.
-  LocalConnection(DesktopSupport::ObjectHandle<GSocket> socket, Deadline deadline);
+  LocalConnection(std::unique_ptr<DesktopSupport::FileDescriptor> socket, Deadline deadline);
 
   void setDeadline(Deadline deadline) { deadline_ = deadline; }
 
@@ -37,11 +38,11 @@ class LocalConnection {
 
  private:
   bool connect(std::uint16_t port);
-  bool await(GIOCondition condition);
+  bool await(short events);
   bool readMore();
   std::string take(std::size_t count);
 
-  DesktopSupport::ObjectHandle<GSocket> socket_;
+  std::unique_ptr<DesktopSupport::FileDescriptor> socket_;
   Deadline deadline_;
   /// The bytes received, the first `taken_` of which have been returned.
   std::string bytes_;

@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "DesktopSupport/System/GLibHandles.h"
+
 namespace BrowserSessions {
 
 namespace {

@@ -6,7 +6,6 @@
 #include <utility>
 #include <variant>
 
-#include <gio/gio.h>
 #include <glib-unix.h>
 #include <malloc.h>
 #include <unistd.h>
@@ -19,17 +18,10 @@ namespace {
 
 using BrowserSessions::CompanionAnswer;
 using BrowserSessions::CompanionWindow;
-using DesktopSupport::NodeInfoHandle;
-using DesktopSupport::ObjectHandle;
+using DesktopSupport::BusInvocation;
 namespace BusErrorName = DesktopSupport::BusErrorName;
 
 constexpr std::chrono::seconds busTime(5);
-
-void returnError(GDBusMethodInvocation* invocation, std::string_view name, const std::string& reason) {
-  // Consumes a reference.
-  g_object_ref(invocation);
-  g_dbus_method_invocation_return_dbus_error(invocation, std::string(name).c_str(), reason.c_str());
-}
 
 void append(CompanionAnswer& answer, CompanionWindow part) {
   if (answer.windows.empty() || answer.windows.back().number != part.number) {
@@ -43,7 +35,7 @@ void append(CompanionAnswer& answer, CompanionWindow part) {
 
 /// A caller that waits, and what the extension has told so far.
 struct Companion::Request {
-  Request(Companion& owner, std::int64_t itsNumber, ObjectHandle<GDBusMethodInvocation> itsInvocation)
+  Request(Companion& owner, std::int64_t itsNumber, BusInvocation itsInvocation)
       : companion(owner), number(itsNumber), invocation(std::move(itsInvocation)), limit(g_timeout_source_new(0)) {
     wait();
     const auto timeIsOver = [](gpointer self) -> gboolean {
@@ -66,7 +58,7 @@ struct Companion::Request {
 
   Companion& companion;
   std::int64_t number;
-  ObjectHandle<GDBusMethodInvocation> invocation;
+  BusInvocation invocation;
   DesktopSupport::SourceHandle limit;
   CompanionAnswer answer;
   std::size_t size = 0;
@@ -86,14 +78,9 @@ std::expected<std::unique_ptr<Companion>, std::string> Companion::create(const D
 
 Companion::Companion(DesktopSupport::SessionBus bus, Port port)
     : bus_(std::move(bus)), port_(std::move(port)), loop_(g_main_loop_new(nullptr, /*is_running=*/FALSE)) {
-  static constexpr GDBusInterfaceVTable table = {&Companion::called, nullptr, nullptr, {}};
-  const NodeInfoHandle node(g_dbus_node_info_new_for_xml(BrowserSessions::companionIntrospection, nullptr));
-  registration_ = g_dbus_connection_register_object(bus_.connection(), BrowserSessions::companionPath,
-                                                    node->interfaces[0], &table, this, nullptr, nullptr);
-  const auto busIsGone = +[](GDBusConnection*, gboolean, GError*, gpointer self) {
-    static_cast<Companion*>(self)->end(std::unexpected("The session bus is gone."));
-  };
-  busClosed_ = g_signal_connect(bus_.connection(), "closed", G_CALLBACK(busIsGone), this);
+  object_ = bus_.serve(BrowserSessions::companionPath, BrowserSessions::companionIntrospection, /*context=*/nullptr,
+                       [this](BusInvocation invocation) { add(std::move(invocation)); });
+  bus_.setWhenClosed([this] { end(std::unexpected("The session bus is gone.")); });
   input_.reset(g_unix_fd_source_new(port_.input, static_cast<GIOCondition>(G_IO_IN | G_IO_HUP | G_IO_ERR)));
   const auto inputCame = +[](gint, GIOCondition, gpointer self) -> gboolean {
     static_cast<Companion*>(self)->readPort();
@@ -107,9 +94,8 @@ Companion::~Companion() {
   while (!requests_.empty())
     refuse(requests_.begin()->first, BusErrorName::noReply, "The browser has closed the port.");
   g_source_destroy(input_.get());
-  g_signal_handler_disconnect(bus_.connection(), busClosed_);
-  g_dbus_connection_unregister_object(bus_.connection(), registration_);
-  g_dbus_connection_flush_sync(bus_.connection(), nullptr, nullptr);
+  bus_.setWhenClosed(nullptr);
+  DesktopSupport::BusDaemon(bus_, busTime).synchronize();
 }
 
 std::expected<void, std::string> Companion::run() {
@@ -118,15 +104,10 @@ std::expected<void, std::string> Companion::run() {
   return result_;
 }
 
-void Companion::called(GDBusConnection* /*connection*/, const gchar* /*sender*/, const gchar* /*path*/,
-                       const gchar* /*interface*/, const gchar* /*method*/, GVariant* /*arguments*/,
-                       GDBusMethodInvocation* invocation, gpointer self) {
-  static_cast<Companion*>(self)->add(ObjectHandle<GDBusMethodInvocation>(invocation));
-}
-
-void Companion::add(ObjectHandle<GDBusMethodInvocation> invocation) {
+void Companion::add(BusInvocation invocation) {
   if (requests_.size() >= mostRequests)
-    return returnError(invocation.get(), BusErrorName::limitsExceeded, "Too many callers wait for the browser.");
+    return invocation.refuse(
+        {.name = std::string(BusErrorName::limitsExceeded), .message = "Too many callers wait for the browser."});
   const std::int64_t number = ++count_;
   requests_.emplace(number, std::make_unique<Request>(*this, number, std::move(invocation)));
   if (isGreeted_)
@@ -191,8 +172,7 @@ void Companion::take(AnswerPart part) {
     return;
   request.answer.browser = static_cast<std::uint32_t>(port_.browser);
   request.answer.extension = port_.extension;
-  // Consumes a reference to the invocation.
-  g_dbus_method_invocation_return_value(request.invocation.release(), variantFrom(request.answer));
+  request.invocation.answer(DesktopSupport::owned(variantFrom(request.answer)));
   requests_.erase(found);
   if (requests_.empty())
     malloc_trim(0);
@@ -205,7 +185,7 @@ void Companion::take(const Refusal& refusal) {
 void Companion::refuse(std::int64_t number, std::string_view error, const std::string& reason) {
   const auto request = requests_.extract(number);
   if (request)
-    returnError(request.mapped()->invocation.get(), error, reason);
+    request.mapped()->invocation.refuse({.name = std::string(error), .message = reason});
 }
 
 void Companion::end(std::expected<void, std::string> result) {

@@ -54,7 +54,7 @@ class Companion {
   using Requests = std::map<std::int64_t, std::unique_ptr<Request>>;
 
   Companion(DesktopSupport::SessionBus bus, Port port);
-  void add(DesktopSupport::ObjectHandle<GDBusMethodInvocation> invocation);
+  void add(DesktopSupport::BusInvocation invocation);
   void ask(std::int64_t number);
   void readPort();
   void receive(std::string text);
@@ -63,8 +63,6 @@ class Companion {
   void take(const Refusal& refusal);
   void refuse(std::int64_t number, std::string_view error, const std::string& reason);
   void end(std::expected<void, std::string> result);
-  static void called(GDBusConnection* connection, const gchar* sender, const gchar* path, const gchar* interface,
-                     const gchar* method, GVariant* arguments, GDBusMethodInvocation* invocation, gpointer self);
 
   DesktopSupport::SessionBus bus_;
   Port port_;
@@ -75,8 +73,7 @@ class Companion {
   std::expected<void, std::string> result_;
   DesktopSupport::MainLoopHandle loop_;
   DesktopSupport::SourceHandle input_;
-  guint registration_ = 0;
-  gulong busClosed_ = 0;
+  std::unique_ptr<DesktopSupport::ServedObject> object_;
 };
 
 }  // namespace BrowserCompanion
