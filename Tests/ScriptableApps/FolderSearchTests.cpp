@@ -65,6 +65,19 @@ TEST_F(FolderSearch, FindsAFolderUnderItsOwnPath) {
   EXPECT_THAT(pathsWith({markOf(folder_.path())}, {.lessLikely = {first_}}, 10s), ElementsAre(folder_.path()));
 }
 
+TEST_F(FolderSearch, LooksIntoLessLikelyFoldersAfterSomeLevels) {
+  const path less = folder_.write("second/file", "contents");
+  const auto foundWithName = [&](const path& name) {
+    make(name.parent_path());
+    std::filesystem::create_hard_link(less, name);
+    const auto found = pathsWith({markOf(less)}, {.likely = {first_}, .lessLikely = {second_}}, 10s);
+    std::filesystem::remove(name);
+    return found;
+  };
+  EXPECT_THAT(foundWithName(first_ / "a/b/c/file"), ElementsAre(less));
+  EXPECT_THAT(foundWithName(first_ / "a/file"), ElementsAre(first_ / "a/file"));
+}
+
 /// A file system with few files.
 class SearchInMemory : public FolderSearch {
  protected:
