@@ -72,6 +72,17 @@ TEST(GNOMEShell, IsAbsentWithoutTheExtension) {
   EXPECT_TRUE(error.isAbsent);
 }
 
+TEST(GNOMEShell, IsAbsentIfTheAnswerSaysThatSomethingIsMissing) {
+  FakeShell shell;
+  for (const char* name : {"UnknownMethod", "UnknownObject", "UnknownInterface", "ServiceUnknown", "NameHasNoOwner"}) {
+    shell.answer("List", [name](GDBusMethodInvocation* invocation) {
+      g_dbus_method_invocation_return_dbus_error(invocation,
+                                                 (std::string("org.freedesktop.DBus.Error.") + name).c_str(), "No.");
+    });
+    EXPECT_TRUE(errorOf(readGNOMEShellWindows()).isAbsent) << name;
+  }
+}
+
 TEST(GNOMEShell, FailsIfTheExtensionFails) {
   const FakeShell shell;
   const auto error = errorOf(readGNOMEShellWindows());

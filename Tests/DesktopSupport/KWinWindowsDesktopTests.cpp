@@ -165,6 +165,24 @@ TEST(KWinWindows, AreUnknownIfKWinRefusesToSearch) {
   EXPECT_FALSE(errorOf().isAbsent);
 }
 
+TEST(KWinWindows, AreAbsentIfNothingHasKWinsName) {
+  for (const char* name : {"ServiceUnknown", "NameHasNoOwner"}) {
+    FakeKWin kwin;
+    kwin.service().answer("Match", [name](GDBusMethodInvocation* invocation) {
+      g_dbus_method_invocation_return_dbus_error(invocation,
+                                                 (std::string("org.freedesktop.DBus.Error.") + name).c_str(), "No.");
+    });
+    EXPECT_TRUE(errorOf().isAbsent) << name;
+  }
+}
+
+TEST(KWinWindows, MayBeMany) {
+  FakeKWin kwin;
+  for (int number = 1; number <= 200; ++number)
+    kwin.addWindow(std::to_string(number), FakeKWin::described("Window"));
+  EXPECT_THAT(titles(), testing::SizeIs(200));
+}
+
 TEST(KWinWindows, AreUnknownIfThereAreMoreThanCanBe) {
   FakeKWin kwin;
   std::string results = "('0_{0}', '', '', 100, 0.8, @a{sv} {})";
