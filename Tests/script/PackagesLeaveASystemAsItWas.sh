@@ -45,7 +45,7 @@ for package in gleanery gleanery-browser deskloom-host; do
 done
 # The libraries that are loaded by name.
 for library in $(strings "$root"/usr/lib/deskloom/plugins/*/gleanery | grep --only-matching '^lib[-A-Za-z0-9]*\.so\.[0-9]$'); do
-  owner=$(dpkg --search "*/$library" | head -n 1 | cut --delimiter=: --fields=1)
+  owner=$(dpkg --search "*/$(dpkg-architecture --query DEB_HOST_MULTIARCH)/$library" | head -n 1 | cut --delimiter=: --fields=1)
   dependencies gleanery | grep --quiet --line-regexp --fixed-strings "$owner" || fail "gleanery does not depend on $owner"
 done
 

@@ -2,6 +2,8 @@
 
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <simdjson.h>
+#include <string_view>
 #include <utility>
 
 #include "BrowserSessions/JSONText.h"
@@ -13,52 +15,40 @@ namespace {
 
 using BrowserSessions::CompanionWindow;
 using nlohmann::json;
+using simdjson::dom::element;
 
 // Deeper than any message of the extension.
-constexpr int deepest = 16;
+constexpr std::size_t deepest = 16;
 
 const char* const malformed = "The extension sends a malformed message.";
 
-// The value of a key; null if there is none.
-json& valueOf(json& object, const char* key) {
-  static json null;
-  null = nullptr;
-  const auto found = object.is_object() ? object.find(key) : object.end();
-  return found != object.end() ? *found : null;
-}
-
-// Takes the value if it has the type `T`.
+// Takes the value of a key if there is one of the type `T`.
 template <typename T>
-bool take(json& value, T& taken) {
-  T* const typed = value.get_ptr<T*>();
-  if (typed != nullptr)
-    taken = std::move(*typed);
-  return typed != nullptr;
+bool take(element object, std::string_view key, T& value) {
+  return object[key].get(value) == simdjson::SUCCESS;
 }
 
-// The parser makes numbers without a sign unsigned.
-bool take(json& value, std::int64_t& taken) {
-  if (!value.is_number_integer() ||
-      (value.is_number_unsigned() && !std::in_range<std::int64_t>(value.get<std::uint64_t>())))
-    return false;
-  taken = value.get<std::int64_t>();
-  return true;
+bool take(element object, std::string_view key, std::string& value) {
+  std::string_view text;
+  const bool isText = take(object, key, text);
+  value = text;
+  return isText;
 }
 
-std::optional<CompanionWindow> windowFrom(json& object) {
+std::optional<CompanionWindow> windowFrom(element object) {
   CompanionWindow window;
-  const bool isSound = take(valueOf(object, "id"), window.number) && take(valueOf(object, "type"), window.type) &&
-                       take(valueOf(object, "focused"), window.isFocused) &&
-                       take(valueOf(object, "tabs"), window.tabs) && BrowserSessions::hasWholeTabs(window);
+  const bool isSound = take(object, "id", window.number) && take(object, "type", window.type) &&
+                       take(object, "focused", window.isFocused) && take(object, "tabs", window.tabs) &&
+                       BrowserSessions::hasWholeTabs(window);
   return isSound ? std::optional(std::move(window)) : std::nullopt;
 }
 
-std::optional<AnswerPart> answerFrom(json& object, std::int64_t request) {
+std::optional<AnswerPart> answerFrom(element object, std::int64_t request) {
   AnswerPart part{.request = request, .windows = {}};
-  json& windows = valueOf(object, "windows");
-  if (!take(valueOf(object, "isLast"), part.isLast) || !windows.is_array())
+  simdjson::dom::array windows;
+  if (!take(object, "isLast", part.isLast) || !take(object, "windows", windows))
     return std::nullopt;
-  for (json& each : windows) {
+  for (const element each : windows) {
     auto window = windowFrom(each);
     if (!window)
       return std::nullopt;
@@ -67,34 +57,27 @@ std::optional<AnswerPart> answerFrom(json& object, std::int64_t request) {
   return part;
 }
 
-std::optional<ExtensionMessage> messageFrom(json& object) {
+std::optional<ExtensionMessage> messageFrom(element object) {
   std::int64_t number = 0;
-  if (take(valueOf(object, "version"), number))
+  if (take(object, "version", number))
     return Greeting{.version = number};
-  if (!take(valueOf(object, "answer"), number))
+  if (!take(object, "answer", number))
     return std::nullopt;
   Refusal refusal{.request = number, .reason = {}};
-  if (take(valueOf(object, "failed"), refusal.reason))
+  if (take(object, "failed", refusal.reason))
     return refusal;
   return answerFrom(object, number);
-}
-
-// The parser needs memory for each level.
-json parsed(const std::string& text) {
-  bool isTooDeep = false;
-  const auto isWanted = [&isTooDeep](int depth, json::parse_event_t /*event*/, const json& /*value*/) {
-    isTooDeep = isTooDeep || depth > deepest;
-    return !isTooDeep;
-  };
-  json value = json::parse(text, isWanted, /*allow_exceptions=*/false);
-  return isTooDeep ? json() : value;
 }
 
 }  // namespace
 
 std::expected<ExtensionMessage, std::string> extensionMessage(std::string json) {
   BrowserSessions::replaceLoneSurrogates(json);
-  auto object = parsed(json);
+  json.reserve(json.size() + simdjson::SIMDJSON_PADDING);
+  simdjson::dom::parser parser;
+  element object;
+  if (parser.allocate(json.size(), deepest) != simdjson::SUCCESS || parser.parse(json).get(object) != simdjson::SUCCESS)
+    return std::unexpected(malformed);
   auto message = messageFrom(object);
   if (!message)
     return std::unexpected(malformed);
