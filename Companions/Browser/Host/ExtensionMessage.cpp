@@ -2,9 +2,10 @@
 
 #include <nlohmann/json.hpp>
 #include <optional>
-#include <simdjson.h>
 #include <string_view>
 #include <utility>
+
+#include <simdjson.h>
 
 #include "BrowserSessions/JSONText.h"
 #include "DesktopSupport/System/DisplayableText.h"
