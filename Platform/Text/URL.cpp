@@ -42,9 +42,13 @@ constexpr auto allowedAfterAuthority = [] {
   return allowed;
 }();
 
+bool isHexDigit(char character) {
+  return (character >= '0' && character <= '9') || (character >= 'A' && character <= 'F') ||
+         (character >= 'a' && character <= 'f');
+}
+
 bool isEscape(std::string_view text) {
-  constexpr std::string_view hexDigits = "0123456789ABCDEFabcdef";
-  return text.size() >= 3 && text[0] == '%' && hexDigits.contains(text[1]) && hexDigits.contains(text[2]);
+  return text.size() >= 3 && text[0] == '%' && isHexDigit(text[1]) && isHexDigit(text[2]);
 }
 
 /// Whether the text is a path that begins with a slash or is empty, and a query and fragment if it has them.
