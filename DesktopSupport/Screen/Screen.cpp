@@ -25,6 +25,14 @@ DisplayServer serverOf(Compositor& compositor) {
   return compositor.isRunning() ? DisplayServer::wayland : DisplayServer::x11;
 }
 
+void removeUnknownProcesses(WindowList& list, Compositor& compositor) {
+  const bool hasAny = std::ranges::any_of(list.windows, [](const Window& window) { return window.pid.has_value(); });
+  if (!hasAny || compositor.numbersProcessesAsHere())
+    return;
+  for (Window& window : list.windows)
+    window.pid.reset();
+}
+
 // A compositor's own X server. It is not started for this: then it would have no windows.
 void addXwaylandWindows(WindowList& list) {
   if (!needsX11Windows(list) || !hasX11Clients())
@@ -89,8 +97,10 @@ std::expected<WindowList, DesktopError> readWindows(std::span<const WindowSource
       continue;
     auto list = source.windows(compositor);
     if (list) {
-      if (server == DisplayServer::wayland)
+      if (server == DisplayServer::wayland) {
+        removeUnknownProcesses(*list, compositor);
         addXwaylandWindows(*list);
+      }
       return afterProblems(problems, std::move(*list));
     }
     // Sources that share a connection fail with it.

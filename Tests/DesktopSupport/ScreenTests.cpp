@@ -9,8 +9,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sched.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include "DesktopSupport/Screen/Screen.h"
@@ -151,6 +153,35 @@ TEST(Screen, IsReadInTheWayThatTellsMost) {
   ASSERT_TRUE(list) << list.error().message;
   EXPECT_THAT(list->windows, IsEmpty());
   EXPECT_EQ(lists, 0);
+}
+
+// What `work` returns in a process that is in a PID namespace of its own.
+int inANamespace(int (*work)()) {
+  const pid_t outer = fork();
+  if (outer == 0) {
+    if (unshare(geteuid() == 0 ? CLONE_NEWPID : CLONE_NEWUSER | CLONE_NEWPID) != 0)
+      _exit(100);
+    const pid_t inner = fork();
+    if (inner == 0)
+      _exit(work());
+    int status = 0;
+    waitpid(inner, &status, 0);
+    _exit(WIFEXITED(status) ? WEXITSTATUS(status) : 101);
+  }
+  int status = 0;
+  waitpid(outer, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 102;
+}
+
+TEST(Screen, HasNoProcessesThatTheCompositorNumbersInAnotherWay) {
+  const TestSupport::TestCompositor compositor;
+  static constexpr std::array sources = {source(DisplayServer::wayland, oneWindow)};
+  const auto numberOfTheProcess = [] {
+    const auto list = readWindows(sources);
+    return list && list->windows.size() == 1 ? list->windows.front().pid.value_or(0) : -1;
+  };
+  EXPECT_EQ(numberOfTheProcess(), 10);
+  EXPECT_EQ(inANamespace(numberOfTheProcess), 0);
 }
 
 TEST(Screen, SaysIfTheWindowsOfX11ProgramsAreUnknown) {

@@ -85,13 +85,20 @@ Compositor::Compositor(std::chrono::milliseconds patience) : patience_(patience)
 
 Compositor::~Compositor() = default;
 
-std::string Compositor::name() {
+ProcessInfo Compositor::process() {
   connect();
   ucred peer = {};
   socklen_t size = sizeof(peer);
-  if (!socket_ || getsockopt(socket_->number(), SOL_SOCKET, SO_PEERCRED, &peer, &size) != 0)
-    return "The compositor";
-  const auto program = ProcessInfo(peer.pid).executable();
+  const bool isKnown = socket_ && getsockopt(socket_->number(), SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0;
+  return ProcessInfo(isKnown ? std::optional(peer.pid) : std::nullopt);
+}
+
+bool Compositor::numbersProcessesAsHere() {
+  return process().isOwnAndOutsideNamespaces();
+}
+
+std::string Compositor::name() {
+  const auto program = process().executable();
   return program ? displayable(program->filename().string()) : "The compositor";
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "DesktopSupport/Processes/ProcessInfo.h"
 #include "DesktopSupport/System/FileDescriptor.h"
 #include "DesktopSupport/Windows/Window.h"
 
@@ -35,11 +36,16 @@ class Compositor {
   /// The name of its program, such as "weston".
   [[nodiscard]] std::string name();
 
+  /// Whether the numbers by which it knows processes are their numbers here: not if this process or the compositor is
+  /// in a PID namespace of its own.
+  [[nodiscard]] bool numbersProcessesAsHere();
+
   /// The connection that the sources share. Fails if it cannot be made, each time with the same error.
   [[nodiscard]] std::expected<WaylandConnection*, DesktopError> connection();
 
  private:
   void connect();
+  [[nodiscard]] ProcessInfo process();
 
   std::chrono::milliseconds patience_;
   bool hasConnected_ = false;
