@@ -129,9 +129,11 @@ void requireSame(const BusMessage& message) {
     return;
   const auto again = DesktopSupport::decodedMessage(*written);
   require(again.has_value(), "A message that was written can be read.");
-  require(again->path == message.path && again->member == message.member && again->errorName == message.errorName,
-          "A message keeps its texts.");
-  require(g_variant_equal(again->arguments.get(), message.arguments.get()) != FALSE, "A message keeps its arguments.");
+  require(
+      again && again->path == message.path && again->member == message.member && again->errorName == message.errorName,
+      "A message keeps its texts.");
+  require(again && g_variant_equal(again->arguments.get(), message.arguments.get()) != FALSE,
+          "A message keeps its arguments.");
 }
 
 void readMessage(std::string_view bytes) {
