@@ -25,6 +25,10 @@ DisplayServer serverOf(Compositor& compositor) {
   return compositor.isRunning() ? DisplayServer::wayland : DisplayServer::x11;
 }
 
+bool isOf(const WindowSource& source, DisplayServer server, Compositor& compositor) {
+  return source.server == server && compositor.mayBe(source.compositor);
+}
+
 void removeUnknownProcesses(WindowList& list, Compositor& compositor) {
   const bool hasAny = std::ranges::any_of(list.windows, [](const Window& window) { return window.pid.has_value(); });
   if (!hasAny || compositor.numbersProcessesAsHere())
@@ -93,7 +97,7 @@ std::expected<WindowList, DesktopError> readWindows(std::span<const WindowSource
   if (const auto& problem = compositor.problem())
     problems.push_back(*problem);
   for (const WindowSource& source : sources) {
-    if (source.server != server)
+    if (!isOf(source, server, compositor))
       continue;
     auto list = source.windows(compositor);
     if (list) {
@@ -119,7 +123,7 @@ std::vector<GTKWindowName> readGTKWindows(std::span<const WindowSource> sources)
   Compositor compositor;
   const DisplayServer server = serverOf(compositor);
   for (const WindowSource& source : sources)
-    if (source.server == server && source.gtkWindows != nullptr)
+    if (source.gtkWindows != nullptr && isOf(source, server, compositor))
       if (auto windows = source.gtkWindows(compositor); !windows.empty())
         return windows;
   return {};

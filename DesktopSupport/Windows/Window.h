@@ -81,6 +81,9 @@ struct WindowSource {
   std::expected<WindowList, DesktopError> (*windows)(Compositor& compositor) = nullptr;
   /// The GTK windows, the topmost first; empty if the source is not there or does not tell. Null if it never does.
   std::vector<GTKWindowName> (*gtkWindows)(Compositor& compositor) = nullptr;
+  /// How the name of the compositor's program begins, if only that compositor has this source. On the session bus, one
+  /// compositor may answer although another one runs inside of it.
+  const char* compositor = "";
 };
 
 }  // namespace DesktopSupport

@@ -59,7 +59,7 @@ std::vector<GTKWindowName> noName(Compositor&) {
 
 constexpr WindowSource source(DisplayServer server, List (*windows)(Compositor&),
                               std::vector<GTKWindowName> (*names)(Compositor&) = nullptr) {
-  return {.server = server, .feature = "test", .windows = windows, .gtkWindows = names};
+  return {.server = server, .feature = "test", .windows = windows, .gtkWindows = names, .compositor = ""};
 }
 
 constexpr WindowSource silent = source(DisplayServer::x11, silence, noName);
@@ -106,6 +106,21 @@ TEST(Screen, IsThatOfTheCompositorIfOneRuns) {
   EXPECT_EQ(list->windows.size(), 1U);
   EXPECT_THAT(readGTKWindows(std::array{silent, onWayland}), ElementsAre(GTKWindowName{":1.1", "/one"}));
   EXPECT_THAT(readGTKWindows(std::array{one}), IsEmpty());
+}
+
+// One compositor runs inside another one, which answers on the session bus.
+TEST(Screen, IsNotThatOfAnotherCompositor) {
+  const TestSupport::TestCompositor server;
+  const std::string own = std::filesystem::read_symlink("/proc/self/exe").filename();
+  const std::string beginning = own.substr(0, 5);
+  WindowSource outer = source(DisplayServer::wayland, oneWindow, oneName);
+  outer.compositor = "gnome-shell";
+  const WindowSource inner = source(DisplayServer::wayland, noWindow);
+  EXPECT_THAT(readWindows(std::array{outer, inner})->windows, IsEmpty());
+  EXPECT_THAT(readGTKWindows(std::array{outer}), IsEmpty());
+  outer.compositor = beginning.c_str();
+  EXPECT_EQ(readWindows(std::array{outer, inner})->windows.size(), 1U);
+  EXPECT_EQ(readGTKWindows(std::array{outer}).size(), 1U);
 }
 
 TEST(Screen, IsThatOfTheXServerIfTheCompositorIsGone) {

@@ -34,6 +34,7 @@ std::vector<GTKWindowName> readGNOMEShellGTKWindows();
 inline constexpr WindowSource gnomeShellWindows{.server = DisplayServer::wayland,
                                                 .feature = "com.quillary.Gleanery.Windows",
                                                 .windows = [](Compositor&) { return readGNOMEShellWindows(); },
-                                                .gtkWindows = [](Compositor&) { return readGNOMEShellGTKWindows(); }};
+                                                .gtkWindows = [](Compositor&) { return readGNOMEShellGTKWindows(); },
+                                                .compositor = "gnome-shell"};
 
 }  // namespace DesktopSupport

@@ -30,6 +30,7 @@ std::expected<WindowList, DesktopError> readKWinWindows(std::chrono::millisecond
 /// KWin, the compositor of KDE Plasma, as it answers every program.
 inline constexpr WindowSource kwinWindows{.server = DisplayServer::wayland,
                                           .feature = "org.kde.KWin",
-                                          .windows = [](Compositor&) { return readKWinWindows(); }};
+                                          .windows = [](Compositor&) { return readKWinWindows(); },
+                                          .compositor = "kwin_wayland"};
 
 }  // namespace DesktopSupport

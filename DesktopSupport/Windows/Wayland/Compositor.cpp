@@ -97,6 +97,13 @@ bool Compositor::numbersProcessesAsHere() {
   return process().isOwnAndOutsideNamespaces();
 }
 
+bool Compositor::mayBe(std::string_view program) {
+  if (program.empty())
+    return true;
+  const auto executable = process().executable();
+  return !executable || executable->filename().native().starts_with(program);
+}
+
 std::string Compositor::name() {
   const auto program = process().executable();
   return program ? displayable(program->filename().string()) : "The compositor";

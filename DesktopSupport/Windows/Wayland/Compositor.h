@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "DesktopSupport/Processes/ProcessInfo.h"
 #include "DesktopSupport/System/FileDescriptor.h"
@@ -35,6 +36,9 @@ class Compositor {
 
   /// The name of its program, such as "weston".
   [[nodiscard]] std::string name();
+
+  /// Whether the name of its program begins like this, or is not known.
+  [[nodiscard]] bool mayBe(std::string_view program);
 
   /// Whether the numbers by which it knows processes are their numbers here: not if this process or the compositor is
   /// in a PID namespace of its own.
