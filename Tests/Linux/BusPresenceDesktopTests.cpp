@@ -2,6 +2,7 @@
 #include <functional>
 #include <limits>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -34,11 +35,15 @@ class LaunchesOfACallTest : public testing::Test {
   /// `look`.
   Answer call(const char* method, const std::string& arguments, const std::function<void(std::vector<Launch>&)>& look) {
     take = [&](BusInvocation invocation) {
+      const std::lock_guard lock(looking);
       auto launches = Linux::launchesOf(std::move(invocation), now);
       look(launches);
     };
-    return bus->call({bus->uniqueName(), "/com/example/Called", DesktopSupport::applicationInterface, method},
-                     g_variant_new_parsed(arguments.c_str()), nullptr, 60s);
+    auto answer = bus->call({bus->uniqueName(), "/com/example/Called", DesktopSupport::applicationInterface, method},
+                            g_variant_new_parsed(arguments.c_str()), nullptr, 60s);
+    // A call without launches is answered before the look.
+    const std::lock_guard lock(looking);
+    return answer;
   }
 
   /// The time that a launch with this platform data has to begin.
@@ -55,6 +60,7 @@ class LaunchesOfACallTest : public testing::Test {
 
   const Launch::Clock::time_point now{1h};
   const std::expected<SessionBus, DesktopSupport::BusError> bus = SessionBus::connect();
+  std::mutex looking;
   std::function<void(BusInvocation)> take;
   const DesktopSupport::MainContextHandle context{g_main_context_new()};
   const std::unique_ptr<DesktopSupport::ServedObject> object =
