@@ -7,7 +7,7 @@
 
 namespace DesktopSupport {
 
-/// The functions here load GIO, which takes a quarter of a launch's time and which few launches need.
+/// The functions here load GIO, which takes more than half as long as a launch without it, and which few need.
 
 /// The path at which the location with this URI is mounted; `nullopt` if it is not mounted. Starts the desktop's
 /// virtual file systems if they don't run.
