@@ -51,6 +51,26 @@ class ChromiumWithCompanion : public TestSupport::GoogleChromeTest {
     EXPECT_EQ(view(isRead), view(isOpen));
   }
 
+  /// Brings the window with this page to the front.
+  void bringToFront(const std::string& name) {
+    browser_.run("windowOf('" + name + "').then(id => chrome.windows.update(id, {focused: true}))");
+    browser_.awaitUntil([&] {
+      return browser_.run("chrome.windows.getLastFocused().then(async w => w.id === await windowOf('" + name + "'))") ==
+             true;
+    });
+  }
+
+  /// Ends the companion and lets it begin again.
+  void beginAnew() {
+    const auto prefix = BrowserSessions::companionNamePrefix(browser_.pid());
+    const std::string name = TestSupport::awaitOwners(prefix, 1).front();
+    browser_.run(
+        "chrome.management.getAll().then(all => all.find(({name}) => name.includes('Gleanery')).id)"
+        ".then(id => chrome.management.setEnabled(id, false).then(() => chrome.management.setEnabled(id, true)))");
+    TestSupport::awaitNoOwner(name);
+    awaitCompanions(1);
+  }
+
   /// Waits until the browser itself reports a title.
   void awaitTitle(const std::string& title) {
     const std::string find = "chrome.tabs.query({title: '" + title + "'}).then(tabs => tabs.length)";
@@ -94,13 +114,27 @@ TEST_F(ChromiumWithCompanion, ListsTheTitlesThatScriptsSet) {
 TEST_F(ChromiumWithCompanion, ListsTheWindowThatIsInFrontFirst) {
   openThreeWindows(browser_);
   for (const char* name : {"a", "f", "j"}) {
-    browser_.run("windowOf('" + std::string(name) + "').then(id => chrome.windows.update(id, {focused: true}))");
-    browser_.awaitUntil([&] {
-      return browser_.run("chrome.windows.getLastFocused().then(async w => w.id === await windowOf('" +
-                          std::string(name) + "'))") == true;
-    });
+    bringToFront(name);
     expectReadNow();
   }
+}
+
+TEST_F(ChromiumWithCompanion, ListsTheWindowFirstThatWasInFrontBeforeItsScriptBegan) {
+  openThreeWindows(browser_);
+  bringToFront("f");
+  beginAnew();
+  expectReadNow();
+}
+
+TEST_F(ChromiumWithCompanion, MayBeginWithoutAWindow) {
+  browser_.run(
+      "chrome.windows.getAll().then(async windows => {"
+      "  await chrome.windows.create({url: pages + 'private', incognito: true});"
+      "  for (const {id} of windows) await chrome.windows.remove(id);"
+      "})");
+  beginAnew();
+  openWindow(browser_, {"a"});
+  expectReadNow();
 }
 
 TEST_F(ChromiumWithCompanion, ListsNoOtherWindows) {

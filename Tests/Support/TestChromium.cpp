@@ -29,7 +29,7 @@ constexpr const char* workerFile = "worker.js";
 
 constexpr const char* manifest = R"({
   "name": "Test", "version": "1", "manifest_version": 3,
-  "permissions": ["tabs", "tabGroups"], "background": {"service_worker": "worker.js"}})";
+  "permissions": ["tabs", "tabGroups", "management"], "background": {"service_worker": "worker.js"}})";
 
 /// Functions for scripts in the extension; `pages` is the address of the server with the pages.
 constexpr const char* worker = R"(

@@ -34,21 +34,15 @@ function describe(tab) {
     return `${state}\n${text(tab.title, longestTitle)}\n${text(tab.url || tab.pendingUrl, longestAddress)}\n`;
 }
 
-// Fails if the window used last is a private one.
-async function lastFocused() {
-    try {
-        return (await api.windows.getLastFocused()).id;
-    } catch {
-        return undefined;
-    }
-}
+// Adds the window that was used last before this script began, if there is one that is not private.
+const begun = api.windows.getLastFocused().then(({id}) => used.push(id), () => {});
 
 // The windows, the one that was used last first.
 async function openWindows() {
     const all = {populate: true, windowTypes: ['normal', 'popup']};
-    const [windows, last] = await Promise.all([api.windows.getAll(all), lastFocused()]);
-    const order = [last, ...used];
-    const place = window => order.includes(window.id) ? order.indexOf(window.id) : order.length;
+    await begun;
+    const windows = await api.windows.getAll(all);
+    const place = window => used.includes(window.id) ? used.indexOf(window.id) : used.length;
     return windows.filter(window => !window.incognito).sort((a, b) => place(a) - place(b) || a.id - b.id);
 }
 
