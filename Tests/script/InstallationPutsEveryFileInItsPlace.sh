@@ -114,6 +114,7 @@ lib/deskloom/gleanery-tabs
 lib/mozilla/$host
 share/chromium/extensions/gleanery/companion.js
 share/chromium/extensions/gleanery/manifest.json
+share/chromium/extensions/gleanery/windows.js
 share/mozilla/extensions/{ec8030f7-c20a-464f-9b0e-13a3a9e97384}/gleanery@quillary.com.xpi"
 
 # By default, all five are installed.

@@ -32,7 +32,9 @@ archive=$(find "$stage/usr/share/mozilla" -name '*.xpi')
 expect "$(basename "$archive" .xpi)" gleanery@quillary.com
 manifest=$(cmake -E chdir "$scratch" cmake -E tar xf "$archive" && cat "$scratch/manifest.json")
 [[ $manifest == *'"id": "gleanery@quillary.com"'* ]] || fail "the archive has another id"
-cmp "$scratch/companion.js" "$stage/usr/share/chromium/extensions/gleanery/companion.js" || fail "the families have different scripts"
+for script in windows.js companion.js; do
+  cmp "$scratch/$script" "$stage/usr/share/chromium/extensions/gleanery/$script" || fail "the families have different scripts"
+done
 
 # No more than is needed.
 for file in "$stage/usr/share/chromium/extensions/gleanery/manifest.json" "$scratch/manifest.json"; do

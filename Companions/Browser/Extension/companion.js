@@ -1,15 +1,10 @@
-// Tells Gleanery's native messaging host which windows and tabs this profile of the browser has, whenever the host asks. Private
-// windows are never told of: the manifest says that the extension doesn't run there.
+// Tells Gleanery's native messaging host which windows and tabs this profile of the browser has, whenever the host asks.
 
-const api = globalThis.browser ?? globalThis.chrome;
+// Chromium's manifest names one script, Firefox's names both.
+globalThis.importScripts?.('windows.js');
 
 // The form of the messages. The host refuses an extension with another number.
 const version = 1;
-
-// In UTF-16 units. Longer titles are cut when they are listed; tabs with longer addresses are not listed, so that the rest of
-// such an address is of no use.
-const longestTitle = 4096;
-const longestAddress = 65537;
 
 // About the length of the texts in one message. A browser ends a host that it sends more than some megabytes at once.
 const messageSize = 256 * 1024;
@@ -17,34 +12,8 @@ const messageSize = 256 * 1024;
 const firstDelay = 1000;
 const longestDelay = 64 * 1000;
 
-// The ids of the windows, the one that was used last first, as far as they were used while this script runs.
-let used = [];
 let port = null;
 let delay = firstDelay;
-
-// As one line.
-function text(given, longest) {
-    return (given ?? '').slice(0, longest).replace(/[\0-\x1f]/g, ' ');
-}
-
-// A tab as three lines: letters for what it is, its title, its address. One text for all tabs of a window costs everybody much
-// less than an object for each.
-function describe(tab) {
-    const state = (tab.active ? 'a' : '') + (tab.pinned ? 'p' : '') + (tab.status === 'loading' ? 'l' : '');
-    return `${state}\n${text(tab.title, longestTitle)}\n${text(tab.url || tab.pendingUrl, longestAddress)}\n`;
-}
-
-// Adds the window that was used last before this script began, if there is one that is not private.
-const begun = api.windows.getLastFocused().then(({id}) => used.push(id), () => {});
-
-// The windows, the one that was used last first.
-async function openWindows() {
-    const all = {populate: true, windowTypes: ['normal', 'popup']};
-    await begun;
-    const windows = await api.windows.getAll(all);
-    const place = window => used.includes(window.id) ? used.indexOf(window.id) : used.length;
-    return windows.filter(window => !window.incognito).sort((a, b) => place(a) - place(b) || a.id - b.id);
-}
 
 // Sends the windows in messages of bearable length. A window may be divided; its parts have the same id.
 async function answer(number) {
@@ -57,8 +26,7 @@ async function answer(number) {
     };
     for (const {id, type, focused, tabs} of await openWindows()) {
         parts.push({id, type, focused, tabs: ''});
-        for (const tab of tabs.filter(tab => !tab.hidden && !tab.incognito)) {
-            const lines = describe(tab);
+        for (const lines of tabs) {
             parts.at(-1).tabs += lines;
             size += lines.length;
             if (size < messageSize)
@@ -80,7 +48,7 @@ async function receive(message) {
     try {
         await answer(message.list);
     } catch (error) {
-        port?.postMessage({answer: message.list, failed: text(String(error), longestTitle)});
+        port?.postMessage({answer: message.list, failed: line(String(error), longestTitle)});
     }
 }
 
@@ -102,13 +70,6 @@ function connect() {
     port.postMessage({version});
 }
 
-api.windows.onFocusChanged.addListener(id => {
-    if (id !== api.windows.WINDOW_ID_NONE)
-        used = [id, ...used.filter(other => other !== id)];
-});
-api.windows.onRemoved.addListener(id => {
-    used = used.filter(other => other !== id);
-});
 // These start a service worker, which connects when it runs.
 api.runtime.onStartup.addListener(connect);
 api.runtime.onInstalled.addListener(connect);
