@@ -97,7 +97,9 @@ TEST_F(ChromiumWithCompanion, ListsEachChangeAtOnce) {
         "Promise.all([tab('k'), windowOf('a')]).then(([id, windowId]) => chrome.tabs.move(id, {windowId, index: 1}))",
         "tab('e').then(tabId => chrome.windows.create({tabId}))",
         "tab('g').then(id => chrome.tabs.update(id, {active: true}))",
-        "windowOf('e').then(id => chrome.windows.remove(id))"}) {
+        "windowOf('e').then(id => chrome.windows.remove(id))", "openTab(pages + 'new', 0)",
+        "tab('b').then(id => chrome.tabs.update(id, {active: true}))",
+        "tab('a').then(id => chrome.tabs.update(id, {active: true}))"}) {
     browser_.run(change);
     expectReadNow();
   }
@@ -184,6 +186,11 @@ TEST_F(ChromiumWithCompanion, ListsTheAddressOfAPageThatIsBeingLoaded) {
   const TestSupport::SilentServer server;
   browser_.run("chrome.tabs.create({url: 'http://" + server.address() + "/slow', active: false})");
   EXPECT_THAT(textOfScript(TestSupport::listChromeTabs), testing::HasSubstr("http://" + server.address() + "/slow\n"));
+  browser_.run(
+      "chrome.tabs.query({}).then(tabs => tabs.find(({url}) => !url).id)"
+      ".then(id => chrome.tabs.update(id, {url: 'http://" +
+      server.address() + "/other'}))");
+  EXPECT_THAT(textOfScript(TestSupport::listChromeTabs), testing::HasSubstr("http://" + server.address() + "/other\n"));
 }
 
 TEST_F(ChromiumWithCompanion, StartsItsProgramAgainIfThatIsKilled) {

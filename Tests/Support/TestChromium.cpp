@@ -36,9 +36,10 @@ constexpr const char* worker = R"(
 const tab = async name => (await chrome.tabs.query({url: pages + name}))[0].id;
 const windowOf = async name => (await chrome.tabs.query({url: pages + name}))[0].windowId;
 
-// Opens a tab after the others and waits until its page is there. Before its first page a tab has no address.
-const openTab = url => new Promise(async isLoaded => {
-  const {id} = await chrome.tabs.create({active: false, url});
+// Opens a tab, after the others unless it is given a place, and waits until its page is there. Before its first page a tab has no
+// address.
+const openTab = (url, index) => new Promise(async isLoaded => {
+  const {id} = await chrome.tabs.create({active: false, url, index});
   const look = async () => {
     const tab = await chrome.tabs.get(id);
     if (tab.status !== 'complete' || !tab.url) return;
