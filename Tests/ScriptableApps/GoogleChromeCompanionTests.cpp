@@ -149,7 +149,7 @@ TEST_F(ChromiumWithCompanion, ListsNoOtherWindows) {
 TEST_F(ChromiumWithCompanion, IsInEachProfile) {
   openWindow(browser_, {"first"});
   TestChromium::ask({"--profile-directory=Profile 1", pages_.url("second")});
-  browser_.awaitPage(pages_.url("second"));
+  browser_.awaitPage(pages_.url("second"), "Page second");
   awaitCompanions(2);
   const std::string tabs = textOfScript(TestSupport::listChromeTabs);
   for (const char* name : {"first", "second"})

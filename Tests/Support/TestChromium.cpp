@@ -182,6 +182,13 @@ void TestChromium::awaitPage(const std::string& url) {
   awaitUntil([&] { return hasPage(url); });
 }
 
+void TestChromium::awaitPage(const std::string& url, const std::string& title) {
+  awaitUntil([&] {
+    const json found = page(url);
+    return !found.is_null() && found["title"] == title;
+  });
+}
+
 void TestChromium::runInPage(const std::string& url, const std::string& script) {
   const json session =
       call("Target.attachToTarget", {{"targetId", page(url).at("targetId")}, {"flatten", true}})["sessionId"];

@@ -54,6 +54,8 @@ class TestChromium {
 
   /// Waits until there is a page with this address.
   void awaitPage(const std::string& url);
+  /// Waits until it has this title too.
+  void awaitPage(const std::string& url, const std::string& title);
 
   /// Runs JavaScript in the page with this address, as if the user had just clicked there.
   void runInPage(const std::string& url, const std::string& script);
